@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace velna {
+
+/// A read that failed: end of file, a value that does not parse, an integer out of its type's
+/// range, or a count that no project can have. The reader of the file stops there.
+class ReadFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Reads the whole of a regular file into memory; throws ReadFailure when it cannot (no such file, a
+/// directory, no permission).
+std::string readWholeFile(const std::string& path);
+
+/// Reads lines and values from the bytes of a text file, in order. A value ends at a comma or at
+/// the line end, which is consumed with it; CR LF, LF and CR end a line. Every operation throws
+/// ReadFailure at the end of the file and on a value that does not fit.
+class ValueReader {
+public:
+    /// Reads from `bytes`, which must outlive the reader.
+    explicit ValueReader(std::string_view bytes) : rest_(bytes) {}
+
+    bool atEnd() const { return rest_.empty(); }
+
+    /// The rest of the current line without its end.
+    std::string_view line();
+
+    std::int16_t int16();
+    std::int32_t int32();
+
+    /// A decimal number; leading blanks are skipped; neither `nan`, `inf` nor hexadecimal.
+    double number();
+
+    /// "#TRUE#" or "#FALSE#".
+    bool boolean();
+
+    /// A text, in double quotes or bare; quotes protect a comma.
+    std::string text();
+
+    /// A 16-bit count of at least `least`; anything below is a ReadFailure.
+    std::int16_t count(std::int16_t least);
+
+private:
+    std::string_view value();
+
+    std::string_view rest_;
+};
+
+}  // namespace velna

@@ -1,0 +1,187 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "common/Point.h"
+#include "editor/Controls.h"
+#include "editor/Surface.h"
+#include "editor/Window.h"
+
+namespace velna {
+
+/// The four orthographic views, as `Main.mode` holds them.
+namespace ViewMode {
+inline constexpr int VTop = 1;
+inline constexpr int Front = 2;
+inline constexpr int Side = 3;
+inline constexpr int HTop = 4;
+}  // namespace ViewMode
+
+/// Tabs of `Parameters`.
+namespace PanelTab {
+inline constexpr int fuselage = 0;
+inline constexpr int wing = 1;
+inline constexpr int stabilizer = 2;
+inline constexpr int rudder = 3;
+inline constexpr int electronics = 4;
+}  // namespace PanelTab
+
+/// Modifier bits of a pointer or key event; the rules compare them whole.
+namespace ShiftState {
+inline constexpr int shift = 1;
+inline constexpr int ctrl = 2;
+inline constexpr int alt = 4;
+}  // namespace ShiftState
+
+/// The background picture of one view.
+struct BackgroundPicture {
+    bool shown = false;
+    std::string file;       ///< full path; read again at each paint
+    Point2D position;       ///< left and top, pixels
+    Point2D size;           ///< width and height, pixels
+    double scale = 100;     ///< percent of the natural size
+    Point2D grab;           ///< `position` at the press that starts a move
+};
+
+/// The main form: the view and pointer state, the panel's controls, and the procedures that the
+/// window's events call. It draws through its two surfaces and speaks to the window through a port.
+class MainForm {
+public:
+    // the ports, set once before anything else
+    Surface* DrawArea = nullptr;
+    Surface* DrawSectionArea = nullptr;
+    Window* window = nullptr;
+
+    // the view
+    std::int32_t mode = ViewMode::VTop;
+    std::string buffer_filename;  ///< reserved
+    double r = 1;                 ///< printer units per surface unit while printing
+    double zoom = 0.2;            ///< pixels per model unit
+    double xoff = 0;              ///< pixel column of model coordinate 0
+    double yoff = 0;              ///< pixel row of model coordinate 0
+    std::int16_t xloc = 0;        ///< pixel of the last press
+    std::int16_t yloc = 0;
+    double initval = 0;           ///< reserved
+    bool selected = false;        ///< reserved
+    bool focusZoom = false;       ///< the next fit goes to the active section
+    bool centerUpdate = false;    ///< toggled by the key `Centering`; nothing else reads it
+    bool firstPictureRefresh = false;  ///< the next redraw erases nothing
+
+    // pointer and keys
+    bool shiftkey = false;
+    bool ctrlkey = false;
+    bool altkey = false;
+    bool ctrlkey_tab = false;
+    bool mousedown = false;       ///< reserved
+    CursorShape cursor = CursorShape::Default;
+    CursorIcon cursorIcon = CursorIcon::None;
+    DrawMode drawMode = DrawMode::Copy;
+
+    bool savedProject = true;     ///< the model has been saved since its last change
+    ControlStates controls;       ///< what every control shows
+    std::array<BackgroundPicture, 5> pictures;  ///< by `mode`, 1 to 4 used
+
+    /// Back to the state before start-up; the ports stay.
+    void reset();
+
+    // Views.cpp
+    void initVTopView();
+    void initFrontView();
+    void initSideView();
+    void initHTopView();
+    void initDrawArea();
+    /// Enters the current view again and, with `Render` pressed, renders: what every committed edit does.
+    void refreshDrawingArea();
+    /// A number as the panel shows it: whole millimetres rounded down, or inches with two decimals.
+    std::string Formatter(double x) const;
+
+    // Pointer.cpp: x and y in pixels of `DrawArea`
+    void DrawArea_MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
+    void DrawArea_MouseMove(std::int16_t button, std::int16_t shift, float x, float y);
+    void DrawArea_MouseUp(std::int16_t button, std::int16_t shift, float x, float y);
+    /// A grab lost, a window in front, a release outside: the gesture ends in Hover, nothing stays armed.
+    void cancelGesture();
+
+    // KeyCommands.cpp: virtual key codes, letters by their capital
+    void DrawArea_keydown(std::int16_t keyCode, std::int16_t shift);
+    void DrawArea_keyup();
+    void Form_keyup();
+
+    // CursorRules.cpp
+    void updateCursor();
+    void setCursor(CursorShape shape, CursorIcon icon = CursorIcon::None);
+
+    // Popup menu entries (KeyCommands.cpp and BackgroundPicture.cpp)
+    void menuClicked(Control entry);
+
+    // ParameterPanel.cpp: fillers touch nothing in the model
+    void updateWingInterface();
+    void updateStabilizerInterface();
+    void updateFuselageInterface();
+    void updateRudderInterface();
+    void updateEquipmentInterface();
+    /// All fillers and the section editor's scale, in the order of the toolbar commands.
+    void refreshPanels();
+    /// A key goes down in a text box that shows `text`.
+    void textKeyDown(Control box, const std::string& text);
+    /// The text of `NbCrossFuselageText` has changed.
+    void nbCrossChanged(const std::string& text);
+    void scrollChanged(Control bar, int value);
+    void checkClicked(Control check, bool on);
+    void optionClicked(Control option);
+    void comboClicked(Control combo, int index);
+    /// A press on a push button of the panel, with the modifiers held.
+    void buttonPressed(Control button, std::int16_t shift);
+    void tabClicked(int tab);
+    /// Fills the catalogue combo boxes in the project's unit.
+    void fillCatalogues();
+
+    // SectionEditor.cpp
+    void sliderChanged(Control slider, int value);
+    void zoomSectionSet();
+
+    // BackgroundPicture.cpp
+    bool pictureShownHere() const { return pictures[static_cast<std::size_t>(mode)].shown; }
+    BackgroundPicture& pictureHere() { return pictures[static_cast<std::size_t>(mode)]; }
+    void paintPicture();
+    void setDrawMode(DrawMode drawMode);
+    void loadBitmapAction();
+    void moveBitmapAction();
+    void sizeBitmapAction();
+    void lockZoomAction();
+    void clearBitmapAction();
+
+    // FuselageManager.cpp: `ObjectList`'s commands, on the rows selected there
+    void showCommand();
+    void hideCommand();
+    /// A click on the check mark of row `i`.
+    void rowChecked(int i, bool on);
+    void showAll();
+    /// Close, also by a double click; `focusedRow` 0 for none.
+    void closeManager(int focusedRow);
+
+    // Controls.cpp: change a control's state and show it
+    void setText(Control control, const std::string& text);
+    void setVisible(Control control, bool visible);
+    void setEnabled(Control control, bool enabled);
+    void setChecked(Control control, bool checked);
+    void setSlider(Control control, int value);
+    /// Maximum and value together; the change event runs once if the value has changed.
+    void setScroll(Control bar, int maximum, int value);
+    /// The new maximum clips the value; that runs the change event.
+    void setScrollMaximum(Control bar, int maximum);
+    void selectTab(int tab);
+    int tab() const { return controls[Control::Parameters].value; }
+    bool renderPressed() const { return controls[Control::RenderButton].checked; }
+    bool checked(Control control) const { return controls[control].checked; }
+
+private:
+    float lastMouseX = 0;
+    float lastMouseY = 0;
+};
+
+extern MainForm Main;
+
+}  // namespace velna

@@ -1,0 +1,181 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "common/List.h"
+#include "common/Palette.h"
+#include "common/Point.h"
+
+namespace velna {
+
+class DxfDrawing;
+class PrinterSurface;
+class ReplacedFile;
+class ValueReader;
+
+/// Parts of a fuselage, in `paint` during a drag and in `selected_part` while hovering.
+namespace FuselagePart {
+inline constexpr int bar = 0;       ///< bar of a section; in VTop the first section's line
+inline constexpr int top = 1;       ///< Side: top point of a section
+inline constexpr int bottom = 2;    ///< Side: bottom point of a section
+inline constexpr int gap = 3;       ///< between two sections, only with Ctrl
+inline constexpr int none = 4;
+inline constexpr int plusEnd = 5;   ///< HTop: end at +width / 2
+inline constexpr int minusEnd = 6;  ///< HTop: end at -width / 2
+}  // namespace FuselagePart
+
+/// One fuselage: a chain of cross-sections of seven numbers each, and the straight surface between
+/// them. Storage index k is where a section's values lie; ordered position i, nose to tail, is what
+/// the user sees; `sectionOrder(i)` gives k.
+class MeshSections {
+public:
+    double initval = 0;
+    double initval2 = 0;
+    double szoom = 0;               ///< scale of the section editor, pixels per length unit
+    std::int16_t nb_sections = 3;
+    std::int16_t nb_cross = 8;      ///< outline points a section; 0: no shape yet
+    double curv = 0;                ///< exponent in use during an outline computation
+    bool cut = false;
+    bool transparent = false;
+    double shift = 0;               ///< sideways offset; not 0 means a twin on the other side
+    double pos_offset = 0;          ///< added to every `pos`
+    double elevation_offset = 0;    ///< added to every `elevation`
+    bool uniqueCurvature = true;    ///< the shape setters act on all sections
+    bool linkedCurvatures = true;   ///< the two exponents follow each other
+    std::int32_t paint = FuselagePart::none;
+    std::int16_t sel_sec = 1;       ///< selected section, an ordered position
+    bool selected = false;
+    std::int32_t selected_part = 0;
+    std::string texture_filename;
+    std::string qualified_texture_filename;
+    bool texture_loaded = false;
+    std::int32_t xtex = 0;
+    std::int32_t ytex = 0;
+    Array2<Point3D> points;         ///< surface mesh, valid after `create`
+    Array1<double> height;          ///< lowest to highest point
+    Array1<double> width;           ///< full width
+    Array1<double> pos;             ///< x before `pos_offset`
+    Array1<double> elevation;       ///< z of the lowest point before `elevation_offset`
+    Array1<double> curvature;       ///< exponent of the upper half
+    Array1<double> curvature2;      ///< exponent of the lower half
+    Array1<double> bias_curve;      ///< share of `height` above the widest line
+    Array1<std::int16_t> sectionOrder;  ///< ordered position to storage index
+
+    /// The default shape in the project's unit.
+    MeshSections();
+    /// A copy of the shape of `source` on the centre line, with its storage in order and no picture;
+    /// leaves `source.sel_sec` at its last section.
+    explicit MeshSections(MeshSections& source);
+
+    // model/
+    /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents.
+    void initArrays();
+    void fillCurvatureArrays();
+    double widthGet() const;
+    double heightGet() const;
+    double elevationGet() const;
+    double posGet() const;
+    double curvatureGet() const;
+    double curvature2Get() const;
+    double bias_curveGet() const;
+    void widthSet(double w);
+    void heightSet(double h);
+    void elevationSet(double e);
+    void posSet(double e);
+    void curvatureSet(double e);
+    void curvature2Set(double e);
+    void bias_curveSet(double e);
+    const Point3D& color() const { return color_; }
+    void set_color(const Point3D& c) { color_ = c; }
+    void switchToInches();
+    void switchToMillimeters();
+    void rescale(double k);
+    /// sgn(cos t) |cos t|^p: the super-ellipse's coordinate; |0| to a power of 0 or below is 0.
+    static double outlineCos(double t, double p);
+    /// sgn(sin t) |sin t|^p + 1: callers take the 1 off again, which stays in the arithmetic.
+    static double outlineSin(double t, double p);
+    /// Builds `points` and the texture coordinates; below 2 outline points it leaves all as it is.
+    void create();
+    /// Point j of section i of the mesh; `mirrored` gives the twin's (y less 2 * `shift`). The origin
+    /// where the mesh has no such point.
+    Point3D meshPoint(int j, int i, bool mirrored) const;
+    /// (u, v) of that point, v once round the section.
+    Point2D texCoordAt(int j, int i) const;
+    double lengthPoint() const;
+    double startpoint() const;
+    double maxElevationPoint() const;
+    double minElevationPoint() const;
+    double maxWidthPoint() const;
+    /// Puts a section at `position` (x before `pos_offset`) into ordered place `sel_sec`, on the
+    /// surface that was there. Does nothing at 32767 sections or with `nb_cross` 0.
+    void insertSection(double position);
+    void removeSection();
+    void smoothTop();
+    void smoothDown();
+    void SmoothWidth();
+    /// Front outlines of all sections at any scale; pixels, y down.
+    void computeFrontPoints(double zoom, double xoff, double yoff);
+    void computeSidePoints(double zoom, double xoff, double yoff);
+    void computeVTopPoints(double zoom, double xoff, double yoff);
+    void computeHTopPoints(double zoom, double xoff, double yoff);
+    /// Whether entry j of the front outline is written by its loops; an odd `nb_cross` leaves some out.
+    bool frontPointUsed(int j) const;
+    /// Whether `sel_sec` is an ordered position.
+    bool sectionSelected() const { return 0 < sel_sec && sel_sec <= nb_sections; }
+
+    // persistence/
+    void save(ReplacedFile& file) const;
+    void read(ValueReader& file);
+    void readV120(ValueReader& file);
+    void readV101(ValueReader& file);
+    void readV030(ValueReader& file);
+    void readV0212(ValueReader& file);
+    void readV026(ValueReader& file);
+
+    // preview/
+    void textureMap();
+
+    // editor/
+    void drawSide(double zoom, double xoff, double yoff, int selected1, int which);
+    void drawFront(double zoom, double xoff, double yoff);
+    void drawVTop(int which);
+    void drawHTop(double zoom, double xoff, double yoff, int selected1, int which);
+    void drawSection();
+    /// Fits the section editor of `w` x `h` pixels to the selected section.
+    void zoomSectionSet(int w, int h);
+    std::int32_t testPositionSide(float x, float y);
+    std::int32_t testPositionHTop(float x, float y);
+    std::int32_t testPositionVTop(float x, float y);
+    void initMouseValSide();
+    void initMouseValHTop();
+    void initMouseValVTop();
+    void selectsSide(float x, float y);
+    void selectsHTop(float x, float y);
+    void selectsVTop(float x, float y);
+
+    // output/
+    void printSide(PrinterSurface& printer, double zoom, double xoff, double yoff);
+    void printHTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
+    void printFront(PrinterSurface& printer, int i_sections, double zoom, double xoff, double yoff);
+    void printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
+    void saveDXF_vtop(DxfDrawing& drawing, int fuselageId);
+    void saveDXF_front(DxfDrawing& drawing, int fuselageId);
+    void saveDXF_side(DxfDrawing& drawing, int fuselageId);
+    void saveDXF_htop(DxfDrawing& drawing);
+
+    Array1<Point2D> bottomPoints;
+    Array1<Point2D> topPoints;
+    Array2<Point2D> frontPoints;
+    Array1<Point2D> vtopPoints;
+    Array1<Point2D> htopPlus;
+    Array1<Point2D> htopMinus;
+
+private:
+    Array2<Point2D> texCoords;
+    Point3D color_;
+    std::vector<unsigned char> texels;
+};
+
+}  // namespace velna
