@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "common/Palette.h"
+
+namespace velna {
+
+/// The paper, in the project's unit, origin at the upper left of the printable area, y down.
+class PrinterSurface {
+public:
+    virtual ~PrinterSurface() = default;
+
+    /// 6 millimetres, 5 inches: the unit of everything below.
+    virtual void setScaleMode(int mode) = 0;
+    virtual double ScaleWidth() const = 0;
+    virtual double ScaleHeight() const = 0;
+    /// A line 0.25 mm wide; lines beyond the paper are clipped.
+    virtual void Line(double x1, double y1, double x2, double y2, Rgb colour) = 0;
+    /// A text with its lower left corner at (x, y), for sheets that are taped together.
+    virtual void Text(double x, double y, const std::string& text) = 0;
+    /// Ends the page; the next one begins with its first line.
+    virtual void NewPage() = 0;
+    /// Ends the job. False, with the reason in `error()`, when it could not be printed.
+    virtual bool EndDoc() = 0;
+    virtual std::string error() const = 0;
+};
+
+}  // namespace velna

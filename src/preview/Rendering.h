@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+
+#include "preview/RenderContext.h"
+
+namespace velna::Rendering {
+
+extern RenderContext* context;  ///< the port, set once at start
+
+extern bool contextCreated;     ///< a context is current: GL may be called
+extern bool renderListBuilt;    ///< display list 1 is valid
+extern double renderSpin;       ///< tenths of a degree
+extern double renderTilt;
+extern double renderPanX;       ///< pointer units
+extern double renderPanY;
+extern double renderDistance;
+
+/// Pointer buttons over the picture.
+inline constexpr int leftButton = 1;
+inline constexpr int rightButton = 2;
+
+/// Back to the state before start-up; the port stays.
+void reset();
+
+// Rendering.cpp
+/// Full set-up of the context with a frustum of half-width 100.
+void createRenderContext();
+void createRenderContextWide(double halfWidth);
+void destroyRenderContext();
+/// A new size of `Render`: viewport and frustum follow, the list is replayed.
+void resized();
+
+// Scene.cpp
+/// Shows the picture; with `rebuild` the solids and display list 1 are made anew.
+void renderScene(bool rebuild);
+
+// ViewTransform.cpp
+void setViewTransform(double panX, double panY, double distance, double spin, double tilt);
+/// The last view transform again, with the same arguments: after a change of the unit or the model.
+void reapplyViewTransform();
+
+// ViewMouse.cpp: the mouse over `Render`, in its own units; `shift` the modifier mask
+void mouseDown(int button, int shift, double x, double y);
+void mouseMove(double x, double y);
+void mouseUp(int button, double x, double y);
+/// A wheel step or a pinch: `change` is added to the distance within the limits of a drag.
+void zoomBy(double change);
+
+}  // namespace velna::Rendering

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/Point.h"
+#include "editor/Window.h"
+
+namespace velna {
+
+/// What a dialog remembers its folder by.
+enum class FilePurpose { Project, Airfoil, Texture, Export, Background };
+
+/// The answer of a file dialog. A cancel has an empty `file`, and still tells the chosen filter.
+struct FileAnswer {
+    std::string file;     ///< full path
+    int filterIndex = 1;  ///< 1-based, as the user left it
+};
+
+/// The common dialogs of the desktop. `filter` is a list "caption|patterns|caption|patterns".
+class Dialogs {
+public:
+    virtual ~Dialogs() = default;
+
+    virtual FileAnswer openFile(const std::string& filter) = 0;
+    /// Asks before overwriting; appends the chosen kind's extension when none is typed.
+    virtual FileAnswer saveFile(const std::string& filter) = 0;
+    /// Nothing when cancelled. Components from 0 to 255.
+    virtual std::optional<Point3D> pickColour(const Point3D& preset) = 0;
+    virtual bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) = 0;
+    /// A message with an OK button.
+    virtual void message(const std::string& title, const std::string& text, BoxIcon icon) = 0;
+    virtual std::optional<std::string> askText(const std::string& prompt, const std::string& title,
+                                               const std::string& preset) = 0;
+    /// The modal forms. Each fills its record and returns when it closes.
+    virtual void showPreferences() = 0;
+    virtual void showManager() = 0;
+    virtual void showPrintSelect() = 0;
+};
+
+}  // namespace velna
