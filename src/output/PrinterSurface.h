@@ -19,6 +19,9 @@ public:
     virtual void Line(double x1, double y1, double x2, double y2, Rgb colour) = 0;
     /// A text with its lower left corner at (x, y), for sheets that are taped together.
     virtual void Text(double x, double y, const std::string& text) = 0;
+    /// Begins a job of its own; `name` ("side", "sections", "vtop", "front", "htop") also names its file
+    /// where a file is the target.
+    virtual void StartDoc(const std::string& name) = 0;
     /// Ends the page; the next one begins with its first line.
     virtual void NewPage() = 0;
     /// Ends the job. False, with the reason in `error()`, when it could not be printed.

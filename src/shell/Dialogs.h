@@ -9,6 +9,8 @@
 
 namespace velna {
 
+class PrinterSurface;
+
 /// What a dialog remembers its folder by.
 enum class FilePurpose { Project, Airfoil, Texture, Export, Background };
 
@@ -33,7 +35,10 @@ public:
     virtual void message(const std::string& title, const std::string& text, BoxIcon icon) = 0;
     virtual std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                                const std::string& preset) = 0;
-    /// The modal forms. Each fills its record and returns when it closes.
+    /// The system's printer dialog for the named jobs; with files as the target it asks once before
+    /// replacing any. Null when cancelled; the printer is valid until the next call.
+    virtual PrinterSurface* askPrinter(const std::vector<std::string>& jobs) = 0;
+    /// The modal forms. Each works on its own record and returns when it closes.
     virtual void showPreferences() = 0;
     virtual void showManager() = 0;
     virtual void showPrintSelect() = 0;
