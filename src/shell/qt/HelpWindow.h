@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QPointer>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <vector>
+
+class QLineEdit;
+class QListWidget;
+class QTextBrowser;
+class QToolButton;
+
+namespace velna {
+
+/// The help: contents, search, back and forward in a window of its own, all read from one file,
+/// `Velna.HLP` beside the program. A missing or damaged file gives a plain message in the window.
+///
+/// F1: a widget names its page by the dynamic property "helpPage" (a page name, such as
+/// "tab-wing"). The search goes from the widget with the focus up through its parents, so a dialog
+/// names its page once on itself, and the main window changes its own property with the open tab.
+class HelpWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The one help window, made at the first use.
+    static HelpWindow& instance();
+
+    /// Names another help file than `Velna.HLP` beside the program.
+    void setHelpFile(const QString& file);
+    /// Place and size of the window, in screen pixels; taken at the next showing.
+    void setPlace(const QRect& place);
+    /// From now on F1 anywhere in the program opens the page of the widget in use.
+    void answerF1();
+
+    /// Shows the window with the first page, the contents.
+    void showContents();
+    /// Shows a page by its name, without folder and ".html"; an unknown name shows the contents.
+    void showPage(const QString& page);
+    /// Shows the page of a context number; 300 is the main window's.
+    void showContext(int contextId);
+
+    /// The page shown now, by its name; empty when the help file cannot be read.
+    QString currentPage() const;
+
+    /// Closes the window and drops it; the next `instance()` starts anew.
+    static void quit();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    HelpWindow();
+    ~HelpWindow() override;
+    void build();
+    bool load();
+    void readContents();
+    void search(const QString& words);
+    void markFound();
+    void pageShown();
+    void bringUp();
+    void showMessage(const QString& text);
+
+    struct Page {
+        QString name;
+        QString title;
+        QString text;  ///< the plain text that is searched, in lower case
+        int level = 0;
+    };
+
+    QString file_;
+    QByteArray data_;  ///< the registered resource lives here
+    bool loaded_ = false;
+    std::vector<Page> pages_;
+    QTextBrowser* browser_ = nullptr;
+    QListWidget* contents_ = nullptr;
+    QLineEdit* search_ = nullptr;
+    QToolButton* back_ = nullptr;
+    QToolButton* forward_ = nullptr;
+};
+
+/// The page that a widget, or the nearest parent that names one, has set; empty if none has.
+QString helpPageOf(const QWidget* widget);
+
+}  // namespace velna
