@@ -124,6 +124,9 @@ public:
     void updateEquipmentInterface();
     /// All fillers and the section editor's scale, in the order of the toolbar commands.
     void refreshPanels();
+    /// The user has changed the text of a box: nothing is stored in the model, but for
+    /// `NbCrossFuselageText`, whose changes commit.
+    void textEdited(Control box, const std::string& text);
     /// A key goes down in a text box that shows `text`.
     void textKeyDown(Control box, const std::string& text);
     /// The text of `NbCrossFuselageText` has changed.
@@ -161,6 +164,14 @@ public:
     void showAll();
     /// Close, also by a double click; `focusedRow` 0 for none.
     void closeManager(int focusedRow);
+
+    // PreferencesClose.cpp
+    /// What closing the preferences does to the project and the views: unit, catalogues, panel, top
+    /// view, picture, and last the scale, which the views show at their next redraw only.
+    void closePreferences();
+    /// A key goes down in `ScaleText` that shows `text`: percent of the present size. Anything that is
+    /// not a finite factor above 0 leaves the model alone.
+    void scaleTextKeyDown(const std::string& text);
 
     // Controls.cpp: change a control's state and show it
     void setText(Control control, const std::string& text);

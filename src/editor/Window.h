@@ -39,6 +39,10 @@ public:
     /// Shows the picture in three dimensions again; `rebuild` makes its list anew.
     virtual void renderScene(bool rebuild) = 0;
 
+    /// Sets the place of the eye for the pictures to come: pan, distance, spin and tilt.
+    virtual void setViewTransform(double panX, double panY, double distance, double spin,
+                                  double tilt) = 0;
+
     /// The hidden prompt for the picture's frustum.
     virtual void promptFrustum() = 0;
 
