@@ -11,6 +11,10 @@ class PrinterSurface {
 public:
     virtual ~PrinterSurface() = default;
 
+    /// Begins a job by one of the names given to the printer dialog ("side", "sections", "vtop", "front",
+    /// "htop"), which is also the last part of a file's name ("plan-side.pdf"). Nothing is printed before
+    /// the first line or `NewPage`. False, with the reason in `error()`, when it cannot begin.
+    virtual bool StartDoc(const std::string& job) = 0;
     /// 6 millimetres, 5 inches: the unit of everything below.
     virtual void setScaleMode(int mode) = 0;
     virtual double ScaleWidth() const = 0;
@@ -26,6 +30,8 @@ public:
     virtual void NewPage() = 0;
     /// Ends the job. False, with the reason in `error()`, when it could not be printed.
     virtual bool EndDoc() = 0;
+    /// Drops the job in place of `EndDoc`: what is not yet printed never is, an unfinished file goes.
+    virtual void KillDoc() = 0;
     virtual std::string error() const = 0;
 };
 

@@ -1,0 +1,14 @@
+#include "output/Progress.h"
+
+#include <algorithm>
+
+namespace velna {
+
+Progress* progress = nullptr;
+
+void Work::ask() {
+    nextQuestion_ = done_ + unitsBetweenQuestions;
+    if (progress && !cancelled_) cancelled_ = !progress->step(std::min(done_, total_), total_);
+}
+
+}  // namespace velna
