@@ -11,10 +11,6 @@ class PrinterSurface {
 public:
     virtual ~PrinterSurface() = default;
 
-    /// Begins a job by one of the names given to the printer dialog ("side", "sections", "vtop", "front",
-    /// "htop"), which is also the last part of a file's name ("plan-side.pdf"). Nothing is printed before
-    /// the first line or `NewPage`. False, with the reason in `error()`, when it cannot begin.
-    virtual bool StartDoc(const std::string& job) = 0;
     /// 6 millimetres, 5 inches: the unit of everything below.
     virtual void setScaleMode(int mode) = 0;
     virtual double ScaleWidth() const = 0;
@@ -24,7 +20,7 @@ public:
     /// A text with its lower left corner at (x, y), for sheets that are taped together.
     virtual void Text(double x, double y, const std::string& text) = 0;
     /// Begins a job of its own; `name` ("side", "sections", "vtop", "front", "htop") also names its file
-    /// where a file is the target.
+    /// where a file is the target. A job that cannot begin says so in `error()` at its `EndDoc`.
     virtual void StartDoc(const std::string& name) = 0;
     /// Ends the page; the next one begins with its first line.
     virtual void NewPage() = 0;
