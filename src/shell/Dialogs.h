@@ -1,10 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "common/Point.h"
 #include "editor/Window.h"
 
 namespace velna {
@@ -28,11 +28,11 @@ public:
     virtual FileAnswer openFile(const std::string& filter) = 0;
     /// Asks before overwriting; appends the chosen kind's extension when none is typed.
     virtual FileAnswer saveFile(const std::string& filter) = 0;
-    /// Nothing when cancelled. Components from 0 to 255.
-    virtual std::optional<Point3D> pickColour(const Point3D& preset) = 0;
+    /// Nothing when cancelled. A colour is a 24-bit value with red in the low byte.
+    virtual std::optional<std::uint32_t> pickColour(std::uint32_t preset) = 0;
     virtual bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) = 0;
-    /// A message with an OK button.
-    virtual void message(const std::string& title, const std::string& text, BoxIcon icon) = 0;
+    /// A message with an OK button; false when it was dismissed with Escape.
+    virtual bool message(const std::string& title, const std::string& text, BoxIcon icon) = 0;
     virtual std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                                const std::string& preset) = 0;
     /// The system's printer dialog for the named jobs; with files as the target it asks once before

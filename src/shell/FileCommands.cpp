@@ -1,0 +1,127 @@
+#include "shell/FileCommands.h"
+
+#include <string>
+
+#include "common/ReplacedFile.h"
+#include "editor/Main.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "preview/Rendering.h"
+#include "shell/Failure.h"
+#include "shell/Ports.h"
+#include "shell/Preferences.h"
+#include "shell/TabElement.h"
+
+namespace velna::FileCommands {
+
+namespace {
+
+constexpr const char* openFilter =
+    "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|";
+constexpr const char* saveFilter =
+    "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf";
+
+enum Kind { project = 1, second = 2, third = 3 };
+
+/// A fresh list, all fuselages shown, on the model as it stands.
+void resetModel() {
+    ObjectList.clear();
+    Plane::setDefaultPlane();
+}
+
+/// False when the user would rather keep the current project.
+bool openProject(const std::string& file) {
+    if (!Main.savedProject &&
+        !Shell.dialogs->askYesNo("The current project has not been saved and will be lost\n"
+                                 "Do you want to proceed ?",
+                                 BoxIcon::Exclamation, false))
+        return false;
+    resetModel();
+    const std::string message = Plane::readProject(file);
+    if (!message.empty())
+        Shell.dialogs->message(applicationTitle, message, BoxIcon::Information);
+    ObjectList.update();
+    return true;
+}
+
+void openAirfoil(const std::string& file) {
+    Plane::loadAirfoil(file);
+    Main.savedProject = false;
+}
+
+void openTexture(const std::string& file, const std::string& title) {
+    if (TabElement::setTexture(file, title)) Main.savedProject = false;
+}
+
+void saveProjectAs(const std::string& file) {
+    const std::string reason = Plane::saveProject(file);
+    if (reason.empty())
+        Main.savedProject = true;
+    else
+        reportFailure("The project could not be saved.", reason);
+}
+
+/// The drawing of the view on screen.
+std::string exportView(const std::string& file) {
+    switch (Main.mode) {
+        case ViewMode::VTop: return Plane::exportDXFVTop(file);
+        case ViewMode::Front: return Plane::exportDXFFront(file);
+        case ViewMode::Side: return Plane::exportDXFSide(file);
+        default: return Plane::exportDXFHTop(file);
+    }
+}
+
+/// The panels, the top view, and the picture with the view transform of the new unit.
+void showModel() {
+    Main.refreshPanels();
+    Main.initVTopView();
+    Rendering::reapplyViewTransform();
+}
+
+}  // namespace
+
+void newProject() {
+    if (!Shell.dialogs->askYesNo("Do you really want to reset your project ?", BoxIcon::Exclamation,
+                                 false))
+        return;
+    ObjectList.clear();
+    Main.clearBitmapAction();
+    Prefs.units = millimetres;
+    resetModel();
+    ObjectList.update();
+    Main.refreshPanels();
+    // The default aircraft is in millimetres.
+    if (Prefs.InchesOption) Preferences::CloseCommand_Click();
+    showModel();
+    Rendering::renderScene(true);
+}
+
+void open() {
+    Main.clearBitmapAction();
+    const FileAnswer answer = Shell.dialogs->openFile(openFilter);
+    if (!answer.file.empty()) {
+        if (answer.filterIndex == project && !openProject(answer.file)) return;
+        if (answer.filterIndex == second) openAirfoil(answer.file);
+        if (answer.filterIndex == third) openTexture(answer.file, titleOf(answer.file));
+    } else if (answer.filterIndex == third) {
+        openTexture({}, {});
+    }
+    showModel();
+    Rendering::renderScene(true);
+    Rendering::renderScene(true);
+}
+
+void save() {
+    const FileAnswer answer = Shell.dialogs->saveFile(saveFilter);
+    if (answer.file.empty()) return;
+    if (answer.filterIndex == project) {
+        saveProjectAs(answer.file);
+        return;
+    }
+    const std::string reason =
+        answer.filterIndex == second ? Plane::exportVRML(answer.file) : exportView(answer.file);
+    if (!reason.empty()) reportFailure("The export failed.", reason);
+}
+
+}  // namespace velna::FileCommands

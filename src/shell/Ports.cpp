@@ -1,0 +1,7 @@
+#include "shell/Ports.h"
+
+namespace velna {
+
+ShellPorts Shell;
+
+}  // namespace velna

@@ -1,0 +1,101 @@
+#include "shell/Preferences.h"
+
+#include <cstdio>
+#include <filesystem>
+
+#include "common/ReplacedFile.h"
+#include "common/ValueReader.h"
+#include "editor/Main.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "preview/Rendering.h"
+#include "shell/Ports.h"
+
+namespace velna::Preferences {
+
+namespace {
+
+constexpr const char* fileTitle = "prefs.txt";
+
+std::string sharedFile() { return Shell.desktop->programFolder() + fileTitle; }
+std::string ownFile() { return Shell.desktop->configurationFolder() + fileTitle; }
+
+/// Runs one record's reading; a failure skips it and those behind it, for they have no place of their own.
+template <class Statement>
+bool read(Statement statement) {
+    try {
+        statement();
+        return true;
+    } catch (const ReadFailure&) {
+        return false;
+    }
+}
+
+const char* record(bool on) { return on ? "#TRUE#" : "#FALSE#"; }
+
+/// Returns the reason of a failure, empty for none.
+std::string writeTo(const std::string& path) {
+    ReplacedFile file(path);
+    file.line("\"Done\"");
+    file.line(record(Prefs.InchesOption));
+    file.line(record(Prefs.MillimetersOption));
+    return file.commit() ? std::string() : file.error();
+}
+
+}  // namespace
+
+std::string firstUseState;
+
+std::string fileToRead() {
+    std::error_code ignored;
+    const std::string own = ownFile();
+    return std::filesystem::exists(own, ignored) ? own : sharedFile();
+}
+
+void readAll() {
+    std::string bytes;
+    if (!read([&] { bytes = readWholeFile(fileToRead()); })) return;
+    ValueReader file(bytes);
+    bool inchesOn = Prefs.InchesOption;
+    bool millimetresOn = Prefs.MillimetersOption;
+    read([&] {
+        firstUseState = file.text();
+        inchesOn = file.boolean();
+        if (inchesOn) millimetresOn = false;
+        millimetresOn = file.boolean();
+        if (millimetresOn) inchesOn = false;
+    });
+    Prefs.InchesOption = inchesOn;
+    Prefs.MillimetersOption = millimetresOn;
+}
+
+void writeAll() {
+    std::string reason = writeTo(sharedFile());
+    if (reason.empty()) return;
+    std::error_code ignored;
+    std::filesystem::create_directories(Shell.desktop->configurationFolder(), ignored);
+    reason = writeTo(ownFile());
+    if (!reason.empty())
+        std::fprintf(stderr, "velna: the settings could not be saved: %s\n", reason.c_str());
+}
+
+void formLoad() {
+    Prefs.selectUnit(Prefs.units);
+    Prefs.modelScaleFactor = 1.0;
+    Prefs.ScaleText = "100";
+}
+
+std::string spanText() {
+    auto& wing = Wings(currentWing);
+    return Main.Formatter((wing.span + wing.shift) * 2 * Prefs.modelScaleFactor);
+}
+
+void CloseCommand_Click() { Main.closePreferences(); }
+
+void CancelCommand_Click() {
+    // A project is saved under the option's unit: an option that was clicked and then cancelled
+    // would give it the wrong one.
+    formLoad();
+}
+
+}  // namespace velna::Preferences

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+
+namespace velna::Startup {
+
+extern bool smallFontsVariable;
+
+/// Brings the program up, in the one order in which each step finds what it reads; returns when the
+/// window stands, the preferences are read and a demonstration that was asked for is over.
+void run();
+
+/// Full initialisation of the main form on the default aircraft.
+void initMain();
+
+/// Whether the desktop's text is small (16 pixels or less). The compact layout is for an installation
+/// that has its settings file: without one the call fails and the answer is false.
+bool smallFontsMode();
+
+/// Appends a line to the diagnostic log beside the program. Nothing calls it in the finished flows.
+void monitorLoad(const std::string& text);
+
+/// `Timer1`: one tick that gives the picture its first view and applies a stored inch setting.
+void timer1Tick();
+
+/// `Timer2`: one step of the cursor's glide in the demonstration.
+void timer2Tick();
+
+/// The question before the window closes; false keeps it open. A flight or a demonstration under way is
+/// ended first, and the window then closes itself with its question.
+bool queryUnload();
+
+/// Releases everything and writes the settings, which happens nowhere else.
+void unload();
+
+/// To be called when a flight or a demonstration has ended: closes the window if that was asked for.
+void closeIfAsked();
+
+}  // namespace velna::Startup

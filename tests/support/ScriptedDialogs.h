@@ -1,0 +1,54 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "shell/Dialogs.h"
+
+namespace velna::test {
+
+/// Dialogs that answer from a script and keep what they were asked. A question that the script does not
+/// expect fails the test.
+class ScriptedDialogs : public Dialogs {
+public:
+    struct Asked {
+        std::string kind;  ///< "open", "save", "colour", "yesno", "message", "text", "printer", a form's name
+        std::string text;  ///< filter, question, prompt
+        std::string title;
+        BoxIcon icon = BoxIcon::Information;
+        bool defaultYes = false;
+        std::uint32_t colour = 0;
+    };
+
+    std::vector<Asked> asked;
+
+    // the script, used from the front
+    std::deque<FileAnswer> files;
+    std::deque<std::optional<std::uint32_t>> colours;
+    std::deque<bool> yesNo;
+    std::deque<std::optional<std::string>> texts;
+    std::deque<PrinterSurface*> printers;
+    /// What the user does in a form while it is open.
+    std::function<void()> inPreferences, inManager, inPrintSelect, inMessage;
+    /// What a message box returns; false stands for Escape.
+    std::deque<bool> dismissals;
+
+    FileAnswer openFile(const std::string& filter) override;
+    FileAnswer saveFile(const std::string& filter) override;
+    std::optional<std::uint32_t> pickColour(std::uint32_t preset) override;
+    bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
+    bool message(const std::string& title, const std::string& text, BoxIcon icon) override;
+    std::optional<std::string> askText(const std::string& prompt, const std::string& title,
+                                       const std::string& preset) override;
+    PrinterSurface* askPrinter(const std::vector<std::string>& jobs) override;
+    void showPreferences() override;
+    void showManager() override;
+    void showPrintSelect() override;
+
+    /// The kinds asked so far, in order, joined by blanks.
+    std::string story() const;
+};
+
+}  // namespace velna::test
