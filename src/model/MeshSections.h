@@ -33,6 +33,7 @@ class MeshSections {
 public:
     double initval = 0;
     double initval2 = 0;
+    double initval3 = 0;            ///< `height` at the press on a bottom point
     double szoom = 0;               ///< scale of the section editor, pixels per length unit
     std::int16_t nb_sections = 3;
     std::int16_t nb_cross = 8;      ///< outline points a section; 0: no shape yet
