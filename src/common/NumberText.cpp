@@ -1,0 +1,141 @@
+#include "common/NumberText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <system_error>
+
+namespace velna {
+namespace {
+
+/// The digits that a number keeps in a file.
+constexpr int significantDigits = 15;
+/// Below this, `%.15G` writes a whole number without an exponent.
+constexpr double wholeNumberLimit = 1e15;
+/// The longest text: sign, 15 digits, point, four leading zeros ("-0.000123...") or an exponent.
+constexpr std::size_t longestNumber = 32;
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+std::string_view withoutLeadingBlanks(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t");
+    return first == std::string_view::npos ? std::string_view{} : text.substr(first);
+}
+
+/// The place of the first digit that is not 0 before the point (units are 1), 0 or below behind it.
+long long leadingPlace(std::string_view mantissa) {
+    const auto point = std::min(mantissa.find_first_of(".eE"), mantissa.size());
+    const auto first = mantissa.find_first_of("123456789");
+    if (first < point) return static_cast<long long>(point - first);
+    return static_cast<long long>(point) - static_cast<long long>(first) + 1;
+}
+
+/// What a number stands for that no double can hold: an infinity, or 0 when it is too small.
+double outOfRange(std::string_view number) {
+    const bool negative = number.front() == '-';
+    if (negative) number.remove_prefix(1);
+    const auto letter = std::min(number.find_first_of("eE"), number.size());
+    long long exponent = 0;
+    bool negativeExponent = false;
+    for (const char c : number.substr(letter)) {
+        if (c == '-') negativeExponent = true;
+        if (isDigit(c)) exponent = std::min(exponent * 10 + (c - '0'), 1LL << 40);
+    }
+    const long long size =
+        leadingPlace(number.substr(0, letter)) + (negativeExponent ? -exponent : exponent);
+    const double magnitude = size > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+    return negative && size > 0 ? -magnitude : magnitude;
+}
+
+/// Parses the number at the start of `text`; `rest` is what stands behind it.
+std::optional<double> parsePrefix(std::string_view text, std::string_view& rest) {
+    text = withoutLeadingBlanks(text);
+    if (!text.empty() && text.front() == '+') {
+        text.remove_prefix(1);
+        if (!text.empty() && text.front() == '-') return {};
+    }
+    const std::string_view digits = text.substr(!text.empty() && text.front() == '-' ? 1 : 0);
+    // `inf` and `nan`, which from_chars would take, start with a letter.
+    if (digits.empty() || !(isDigit(digits.front()) || digits.front() == '.')) return {};
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::invalid_argument) return {};
+    const auto length = static_cast<std::size_t>(end - text.data());
+    rest = text.substr(length);
+    if (error == std::errc::result_out_of_range) return outOfRange(text.substr(0, length));
+    return value;
+}
+
+}  // namespace
+
+std::string numberText(double value) {
+    std::string text;
+    appendNumber(text, value);
+    return text;
+}
+
+void appendNumber(std::string& out, double value) {
+    if (value > -wholeNumberLimit && value < wholeNumberLimit) {
+        const auto whole = static_cast<long long>(value);
+        if (static_cast<double>(whole) == value) {
+            appendInteger(out, whole);
+            return;
+        }
+    }
+    char text[longestNumber];
+    auto* const end = std::to_chars(text, text + longestNumber, value, std::chars_format::general,
+                                    significantDigits)
+                          .ptr;
+    std::replace(text, end, 'e', 'E');
+    out.append(text, end);
+}
+
+void appendInteger(std::string& out, long long value) {
+    char text[longestNumber];
+    out.append(text, std::to_chars(text, text + longestNumber, value).ptr);
+}
+
+std::optional<double> numericPrefix(std::string_view text) {
+    std::string_view rest;
+    return parsePrefix(text, rest);
+}
+
+double leadingNumber(std::string_view text) {
+    return numericPrefix(text).value_or(0.0);
+}
+
+std::optional<double> wholeNumber(std::string_view text) {
+    std::string_view rest;
+    const auto value = parsePrefix(text, rest);
+    if (!value || !rest.empty() || !std::isfinite(*value)) return {};
+    return value;
+}
+
+int roundToInt(double value) {
+    if (std::isnan(value)) return 0;
+    constexpr double least = std::numeric_limits<int>::min();
+    constexpr double most = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(roundHalfEven(value), least, most));
+}
+
+std::int16_t roundToInt16(double value) {
+    constexpr int least = std::numeric_limits<std::int16_t>::min();
+    constexpr int most = std::numeric_limits<std::int16_t>::max();
+    return static_cast<std::int16_t>(std::clamp(roundToInt(value), least, most));
+}
+
+// The rounding mode of the process is never changed from its default, to nearest and even.
+double roundHalfEven(double value) {
+    return std::nearbyint(value);
+}
+
+std::string threeDigits(int value) {
+    std::string text = std::to_string(value);
+    if (text.size() < 3) text.insert(0, 3 - text.size(), '0');
+    return text;
+}
+
+}  // namespace velna
