@@ -10,7 +10,8 @@ class RenderContext {
 public:
     virtual ~RenderContext() = default;
 
-    /// Finds a format: double-buffered, at least 16 depth bits, OpenGL 1.1 compatible. False when the
+    /// Finds a format: double-buffered, at least 16 depth bits, OpenGL 1.1 compatible, without alpha
+    /// (materials have an alpha of 0.7, and the desktop must not shine through them). False when the
     /// toolkit can make no GL context at all, which is fatal.
     virtual bool chooseFormat() = 0;
 
@@ -28,7 +29,8 @@ public:
     virtual double height() const = 0;
     virtual double devicePixelRatio() const = 0;
 
-    /// The message box of a failure that ends the program, then the end of the program.
+    /// The message box of a failure that ends the program, then the end of the program. `text` is the
+    /// whole message; the title is "Fatal Error In " followed by the program's name.
     virtual void fatal(const std::string& text) = 0;
 
     // the flight

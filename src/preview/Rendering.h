@@ -16,6 +16,11 @@ extern double renderPanX;       ///< pointer units
 extern double renderPanY;
 extern double renderDistance;
 
+// The drags that run; each button held has its own, with its own grab point.
+extern bool rotating;
+extern bool zooming;
+extern bool panning;
+
 /// Pointer buttons over the picture.
 inline constexpr int leftButton = 1;
 inline constexpr int rightButton = 2;
@@ -28,6 +33,9 @@ void reset();
 void createRenderContext();
 void createRenderContextWide(double halfWidth);
 void destroyRenderContext();
+/// The toolkit has lost or replaced the context: a new one with the frustum and the view of the old,
+/// and the list made anew.
+void recreateRenderContext();
 /// A new size of `Render`: viewport and frustum follow, the list is replayed.
 void resized();
 
@@ -40,11 +48,13 @@ void setViewTransform(double panX, double panY, double distance, double spin, do
 /// The last view transform again, with the same arguments: after a change of the unit or the model.
 void reapplyViewTransform();
 
-// ViewMouse.cpp: the mouse over `Render`, in its own units; `shift` the modifier mask
+// ViewMouse.cpp: the mouse over `Render`, in its own units; `shift` the modifier mask (Shift 1, Ctrl
+// 2, Alt 4). During a flight these hand on to it, or do nothing.
 void mouseDown(int button, int shift, double x, double y);
 void mouseMove(double x, double y);
 void mouseUp(int button, double x, double y);
-/// A wheel step or a pinch: `change` is added to the distance within the limits of a drag.
+/// A wheel step or a pinch: `change` is added to the distance; a step that would leave the limits of
+/// a drag does nothing.
 void zoomBy(double change);
 
 }  // namespace velna::Rendering
