@@ -136,6 +136,10 @@ public:
     void readV026(ValueReader& file);
 
     // preview/
+    /// Converts the picture once, before a display list is begun, since a failure may open a message
+    /// box; a failed one is tried again at the next call.
+    void convertPicture();
+    /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
 
     // editor/
