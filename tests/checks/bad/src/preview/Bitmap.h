@@ -1,0 +1,2 @@
+#pragma once
+#include <GL/gl.h>  // bad: the core links this file
