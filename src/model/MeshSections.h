@@ -71,8 +71,13 @@ public:
     explicit MeshSections(MeshSections& source);
 
     // model/
-    /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents.
+    /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents. The front outlines
+    /// are dropped (with `nb_cross` above 0) and stand at 0 until they are computed.
     void initArrays();
+    /// How many sections there are to work on: `nb_sections`, or fewer where the arrays hold fewer.
+    int sectionCount() const;
+    /// `sectionOrder(i)`, or 0, the entry that holds nothing, where that is no entry of the arrays.
+    int storageIndex(int i) const;
     void fillCurvatureArrays();
     double widthGet() const;
     double heightGet() const;
@@ -123,6 +128,8 @@ public:
     void computeHTopPoints(double zoom, double xoff, double yoff);
     /// Whether entry j of the front outline is written by its loops; an odd `nb_cross` leaves some out.
     bool frontPointUsed(int j) const;
+    /// Entry (i, j) of the front outlines as last computed, (0, 0) where there is none.
+    Point2D frontPoint(int i, int j) const;
     /// Whether `sel_sec` is an ordered position.
     bool sectionSelected() const { return 0 < sel_sec && sel_sec <= nb_sections; }
 
@@ -172,12 +179,17 @@ public:
 
     Array1<Point2D> bottomPoints;
     Array1<Point2D> topPoints;
-    Array2<Point2D> frontPoints;
+    Array2<Point2D> frontPoints;  ///< has its bounds only after `computeFrontPoints`
     Array1<Point2D> vtopPoints;
     Array1<Point2D> htopPlus;
     Array1<Point2D> htopMinus;
 
 private:
+    void changeLengths(double (*change)(double, double), double operand);
+    void setOnShape(Array1<double>& values, double value);
+    void computeFrontOutline(int i, double zoom, double xoff, double yoff);
+    void createTexCoords();
+
     Array2<Point2D> texCoords;
     Point3D color_;
     std::vector<unsigned char> texels;

@@ -1,0 +1,207 @@
+#include "model/MeshSections.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "common/Finite.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+
+namespace velna {
+
+namespace {
+
+/// The seven numbers of a section.
+constexpr Array1<double> MeshSections::*sectionArrays[] = {
+    &MeshSections::height,    &MeshSections::width,     &MeshSections::pos,
+    &MeshSections::elevation, &MeshSections::curvature, &MeshSections::curvature2,
+    &MeshSections::bias_curve};
+
+/// Those of them that are lengths.
+constexpr Array1<double> MeshSections::*sectionLengths[] = {
+    &MeshSections::height, &MeshSections::width, &MeshSections::pos, &MeshSections::elevation};
+
+constexpr double MeshSections::*bodyLengths[] = {&MeshSections::shift, &MeshSections::pos_offset,
+                                                 &MeshSections::elevation_offset};
+
+/// The default shape, a row for each of `sectionArrays`.
+constexpr double defaultShape[][3] = {
+    {20, 100, 10}, {20, 100, 10}, {0, 200, 800},   {10, 10, 30},
+    {1, 1, 1},     {1, 1, 1},     {0.5, 0.5, 0.5},
+};
+static_assert(std::size(defaultShape) == std::size(sectionArrays));
+
+constexpr std::int16_t defaultSections = 3;
+constexpr std::int16_t defaultCross = 8;
+constexpr double defaultEditorScale = 10;
+
+double divided(double value, double by) {
+    return value / by;
+}
+
+double multiplied(double value, double by) {
+    return value * by;
+}
+
+}  // namespace
+
+MeshSections::MeshSections() {
+    nb_sections = defaultSections;
+    nb_cross = defaultCross;
+    initArrays();
+    for (std::int16_t i = 1; i <= defaultSections; ++i) {
+        sectionOrder(i) = i;
+        for (std::size_t array = 0; array < std::size(sectionArrays); ++array)
+            (this->*sectionArrays[array])(i) = defaultShape[array][i - 1];
+    }
+    szoom = defaultEditorScale;
+    color_ = defaultColor;
+    if (Prefs.units == inches) switchToInches();
+}
+
+MeshSections::MeshSections(MeshSections& source)
+    : nb_sections(source.nb_sections), nb_cross(source.nb_cross) {
+    initArrays();
+    // The values are read as the panel reads them, by the selected section; the source's selection
+    // stays at its last section.
+    for (std::int16_t i = 1; i <= sectionCount(); ++i) {
+        source.sel_sec = i;
+        sectionOrder(i) = i;
+        height(i) = source.heightGet();
+        width(i) = source.widthGet();
+        pos(i) = source.posGet();
+        elevation(i) = source.elevationGet();
+        curvature(i) = source.curvatureGet();
+        curvature2(i) = source.curvature2Get();
+        bias_curve(i) = source.bias_curveGet();
+    }
+    // Offsets, editor scale and picture are not taken over: the copy lies on the centre line and is
+    // meant to be reshaped.
+    transparent = source.transparent;
+    color_ = source.color_;
+    uniqueCurvature = source.uniqueCurvature;
+    linkedCurvatures = source.linkedCurvatures;
+}
+
+void MeshSections::initArrays() {
+    const int sections = std::max<int>(nb_sections, 0);
+    for (auto array : sectionArrays) (this->*array).resize(sections);
+    sectionOrder.resize(sections);
+    bottomPoints.resize(sections);
+    topPoints.resize(sections);
+    htopPlus.resize(sections);
+    htopMinus.resize(sections);
+    vtopPoints.resize(2 * sections);
+    // The grid is made when it is first computed: a file may promise many sections and hold none.
+    if (nb_cross > 0) frontPoints = {};
+}
+
+int MeshSections::sectionCount() const {
+    int count = std::min<int>(nb_sections, sectionOrder.upper());
+    for (auto array : sectionArrays) count = std::min(count, (this->*array).upper());
+    return std::max(count, 0);
+}
+
+int MeshSections::storageIndex(int i) const {
+    if (i < 0 || i > sectionOrder.upper()) return 0;
+    const int k = sectionOrder(i);
+    return 0 <= k && k <= height.upper() ? k : 0;
+}
+
+void MeshSections::fillCurvatureArrays() {
+    for (int k = 1; k <= sectionCount(); ++k) {
+        curvature2(k) = curvature(k);
+        bias_curve(k) = 0.5;
+    }
+}
+
+double MeshSections::widthGet() const {
+    return sectionSelected() ? width(storageIndex(sel_sec)) : 0;
+}
+
+double MeshSections::heightGet() const {
+    return sectionSelected() ? height(storageIndex(sel_sec)) : 0;
+}
+
+double MeshSections::elevationGet() const {
+    return sectionSelected() ? elevation(storageIndex(sel_sec)) : 0;
+}
+
+double MeshSections::posGet() const {
+    return sectionSelected() ? pos(storageIndex(sel_sec)) : 0;
+}
+
+double MeshSections::curvatureGet() const {
+    return sectionSelected() ? curvature(storageIndex(sel_sec)) : 0;
+}
+
+double MeshSections::curvature2Get() const {
+    return sectionSelected() ? curvature2(storageIndex(sel_sec)) : 0;
+}
+
+double MeshSections::bias_curveGet() const {
+    return sectionSelected() ? bias_curve(storageIndex(sel_sec)) : 0;
+}
+
+void MeshSections::widthSet(double w) {
+    if (sectionSelected()) assignFinite(width(storageIndex(sel_sec)), w);
+}
+
+void MeshSections::heightSet(double h) {
+    if (sectionSelected()) assignFinite(height(storageIndex(sel_sec)), h);
+}
+
+void MeshSections::elevationSet(double e) {
+    if (sectionSelected()) assignFinite(elevation(storageIndex(sel_sec)), e);
+}
+
+void MeshSections::posSet(double e) {
+    if (sectionSelected()) assignFinite(pos(storageIndex(sel_sec)), e);
+}
+
+/// The shape setters: all sections together, or the selected one.
+void MeshSections::setOnShape(Array1<double>& values, double value) {
+    if (!sectionSelected()) return;
+    if (!uniqueCurvature) {
+        assignFinite(values(storageIndex(sel_sec)), value);
+        return;
+    }
+    for (int k = 1; k <= sectionCount(); ++k) assignFinite(values(k), value);
+}
+
+void MeshSections::curvatureSet(double e) {
+    setOnShape(curvature, e);
+}
+
+void MeshSections::curvature2Set(double e) {
+    setOnShape(curvature2, e);
+}
+
+void MeshSections::bias_curveSet(double e) {
+    setOnShape(bias_curve, e);
+}
+
+void MeshSections::changeLengths(double (*change)(double, double), double operand) {
+    for (auto field : bodyLengths) assignFinite(this->*field, change(this->*field, operand));
+    for (int i = 1; i <= sectionCount(); ++i) {
+        const int k = storageIndex(i);
+        for (auto array : sectionLengths) {
+            double& value = (this->*array)(k);
+            assignFinite(value, change(value, operand));
+        }
+    }
+}
+
+void MeshSections::switchToInches() {
+    changeLengths(divided, Plane::millimetresPerInch);
+}
+
+void MeshSections::switchToMillimeters() {
+    changeLengths(multiplied, Plane::millimetresPerInch);
+}
+
+void MeshSections::rescale(double k) {
+    changeLengths(multiplied, k);
+}
+
+}  // namespace velna

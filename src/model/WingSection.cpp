@@ -1,0 +1,97 @@
+#include "model/WingSection.h"
+
+#include <algorithm>
+
+#include "model/Lengths.h"
+#include "model/SymWingSections.h"
+
+namespace velna {
+
+namespace {
+
+/// Copies the airfoil's points that `source` holds, at most `nb` of them.
+template <class Source>
+void copyAirfoil(Array1<Point3D>& airfoil, const Source& source, int count) {
+    airfoil.allocate(count);
+    for (int i = 1; i <= count; ++i) airfoil(i) = source.airfoilPoint(i);
+}
+
+}  // namespace
+
+int WingSection::pointCount() const {
+    return std::max(0, std::min<int>(nb, airfoil.upper()));
+}
+
+void WingSection::init(SymWingSections& wg) {
+    span = wg.span;
+    shift = wg.shift;
+    length1 = wg.length1;
+    thickness1 = wg.thickness1;
+    elevation1 = wg.elevation1;
+    pos1 = wg.pos1;
+    length2 = wg.length2;
+    thickness2 = wg.thickness2;
+    elevation2 = wg.elevation2;
+    pos2 = wg.pos2;
+    nb = wg.nb;
+    airfoil_filename = wg.airfoil_filename;
+    copyAirfoil(airfoil, wg, wg.pointCount());
+}
+
+void WingSection::create() {
+    assignFinite(rootOrigin, pos1, shift, elevation1);
+    assignFinite(tipOrigin, pos1 + pos2, shift + span, elevation1 + elevation2);
+    rootPoints.allocate(pointCount());
+    buildSection(rootPoints, rootOrigin, length1, thickness1);
+    tipPoints.allocate(pointCount());
+    buildSection(tipPoints, tipOrigin, length2, thickness2);
+    // The picture was converted for another number of points: its places follow the new ones.
+    if (rootTexCoords.upper() >= 0 && rootTexCoords.upper() != pointCount()) create_texcoords();
+}
+
+void WingSection::buildSection(Array1<Point3D>& points, const Point3D& origin, double length,
+                               double thickness) const {
+    for (int i = 1; i <= points.upper(); ++i) {
+        Point3D& point = points(i);
+        assignFinite(point, airfoil(i).x * length, 0, (airfoil(i).z * length) * thickness);
+        assignFinite(point, point.x + origin.x, point.y + origin.y, point.z + origin.z);
+    }
+}
+
+void WingSection::createSymmetrical(WingSection& lwg) {
+    span = -lwg.span;
+    shift = -lwg.shift;
+    length1 = lwg.length1;
+    thickness1 = lwg.thickness1;
+    elevation1 = lwg.elevation1;
+    pos1 = lwg.pos1;
+    length2 = lwg.length2;
+    thickness2 = lwg.thickness2;
+    elevation2 = lwg.elevation2;
+    pos2 = lwg.pos2;
+    nb = lwg.nb;
+    airfoil_filename = lwg.airfoil_filename;
+    copyAirfoil(airfoil, lwg, lwg.pointCount());
+    create();
+}
+
+void WingSection::create_texcoords() {
+    if (xtex == 0) return;
+    const int count = std::min(pointCount(), std::max(0, rootPoints.upper()));
+    rootTexCoords.allocate(count);
+    tipTexCoords.allocate(count);
+    // The tip is measured from the root's leading edge and by the span too, so it carries the
+    // sweep: the picture then lies undistorted in plan.
+    for (int i = 1; i <= count / 2; ++i) {
+        assignFinite(rootTexCoords(i), ((rootPoints(i).x - pos1) / span) * ytex / xtex);
+        assignFinite(tipTexCoords(i), ((tipPoints(i).x - pos1) / span) * ytex / xtex);
+    }
+    // The upper surface takes the places of the lower one, so the picture stands the same way on
+    // both.
+    for (int i = count / 2 + 1; i <= count; ++i) {
+        rootTexCoords(i) = rootTexCoords(count + 1 - i);
+        tipTexCoords(i) = tipTexCoords(count + 1 - i);
+    }
+}
+
+}  // namespace velna
