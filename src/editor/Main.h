@@ -104,6 +104,10 @@ public:
     void DrawArea_MouseUp(std::int16_t button, std::int16_t shift, float x, float y);
     /// A grab lost, a window in front, a release outside: the gesture ends in Hover, nothing stays armed.
     void cancelGesture();
+    /// Some object is being dragged.
+    bool anyBusy() const;
+    /// The pointer rests on some object.
+    bool anySelected() const;
 
     // KeyCommands.cpp: virtual key codes, letters by their capital
     void DrawArea_keydown(std::int16_t keyCode, std::int16_t shift);

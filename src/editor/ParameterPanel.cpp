@@ -1,0 +1,126 @@
+#include <algorithm>
+#include <string>
+
+#include "common/NumberText.h"
+#include "editor/Main.h"
+#include "editor/ModelChange.h"
+#include "editor/PanelTable.h"
+#include "model/Fuselage.h"
+#include "model/Plane.h"
+
+namespace velna {
+namespace {
+
+void fillTexts(int tab) {
+    for (const PanelField& field : panelFields())
+        if (field.tab == tab) Main.setText(field.control, panelText(field));
+}
+
+/// A fuselage without outline points has no shape that a number could change: until it gets some,
+/// their number is all that can be typed on the whole form.
+void enableTexts() {
+    const bool shaped = Fuselage::current().nb_cross != 0;
+    for (const PanelField& field : panelFields())
+        Main.setEnabled(field.control, shaped || field.control == Control::NbCrossFuselageText);
+}
+
+/// The one commit: takes the number at the start of the text, stores it, and redraws.
+void commit(const PanelField& field, double value) {
+    changeModel(field.get, [&] { field.set(value); });
+    switch (field.after) {
+        case AfterCommit::Redraw:
+            Main.refreshDrawingArea();
+            break;
+        case AfterCommit::RefillWing:
+            Main.refreshDrawingArea();
+            Main.updateWingInterface();
+            break;
+        case AfterCommit::MovePlan:
+            Fuselage::current().drawVTop(8);
+            Fuselage::current().computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
+            Main.refreshDrawingArea();
+            break;
+        case AfterCommit::BuildOutline:
+            Main.updateFuselageInterface();
+            Main.refreshDrawingArea();
+            break;
+    }
+}
+
+}  // namespace
+
+void MainForm::updateWingInterface() {
+    fillTexts(PanelTab::wing);
+    setText(Control::IdWingLabel, std::to_string(currentWing));
+    setScroll(Control::IndexWingsScroll, nbWings, currentWing);
+}
+
+void MainForm::updateStabilizerInterface() {
+    fillTexts(PanelTab::stabilizer);
+}
+
+void MainForm::updateRudderInterface() {
+    fillTexts(PanelTab::rudder);
+}
+
+void MainForm::updateFuselageInterface() {
+    enableTexts();
+    fillTexts(PanelTab::fuselage);
+    for (const PanelSlider& slider : panelSliders())
+        setSlider(slider.control,
+                  std::clamp(roundToInt(slider.get() * 100.0), slider.lowest, slider.highest));
+    for (const PanelCheck& check : panelChecks()) setChecked(check.control, check.get());
+    const MeshSections& fuselage = Fuselage::current();
+    setText(Control::FuselageSectionLabel, std::to_string(fuselage.sel_sec));
+    setScroll(Control::FuselageScroll, fuselage.nb_sections, fuselage.sel_sec);
+    setText(Control::IdFusLabel, std::to_string(currentFuselage));
+    setScroll(Control::IndexFusScroll, nbFuselages, currentFuselage);
+    Fuselage::current().drawSection();
+}
+
+void MainForm::refreshPanels() {
+    updateWingInterface();
+    updateStabilizerInterface();
+    zoomSectionSet();
+    updateFuselageInterface();
+    updateRudderInterface();
+    updateEquipmentInterface();
+}
+
+void MainForm::textEdited(Control box, const std::string& text) {
+    if (box == Control::NbCrossFuselageText)
+        nbCrossChanged(text);
+    else
+        controls[box].text = text;
+}
+
+void MainForm::textKeyDown(Control box, const std::string& text) {
+    const PanelField* field = panelField(box);
+    if (!field || !controls[box].enabled || field->after == AfterCommit::BuildOutline) return;
+    controls[box].text = text;
+    commit(*field, leadingNumber(text));
+}
+
+void MainForm::nbCrossChanged(const std::string& text) {
+    controls[Control::NbCrossFuselageText].text = text;
+    // An empty box is on its way to the next number: the fuselage must not vanish meanwhile.
+    const auto number = numericPrefix(text);
+    if (!number || !(0 <= *number && *number <= 100)) return;
+    commit(*panelField(Control::NbCrossFuselageText), *number);
+}
+
+void MainForm::checkClicked(Control control, bool on) {
+    const PanelCheck* check = panelCheck(control);
+    if (!check) return;
+    controls[control].checked = on;
+    changeModel(check->get, [&] { check->set(on); });
+    if (check->renders) window->renderScene(true);
+}
+
+void MainForm::tabClicked(int newTab) {
+    selectTab(newTab);
+    if (newTab == PanelTab::wing || newTab == PanelTab::stabilizer)
+        Fuselage::current().selected = false;
+}
+
+}  // namespace velna

@@ -1,0 +1,40 @@
+#include <algorithm>
+
+#include "common/NumberText.h"
+#include "editor/Main.h"
+#include "editor/PanelTable.h"
+#include "model/Fuselage.h"
+
+namespace velna {
+namespace {
+
+/// Moves a linked slider as the user would: its own change event runs if the value differs.
+void moveSlider(Control slider, int value) {
+    if (Main.controls[slider].value == value) return;
+    Main.setSlider(slider, value);
+    Main.sliderChanged(slider, value);
+}
+
+}  // namespace
+
+void MainForm::sliderChanged(Control slider, int value) {
+    const PanelSlider* row = panelSlider(slider);
+    if (!row) return;
+    value = std::clamp(value, row->lowest, row->highest);
+    controls[slider].value = value;
+    savedProject = false;
+    if (row->linked && checked(Control::LinkedCurvaturesCheck)) {
+        panelSlider(*row->linked)->set(value / 100.0);
+        moveSlider(*row->linked, value);
+    }
+    row->set(value / 100.0);
+    Fuselage::current().drawSection();
+    refreshDrawingArea();
+}
+
+void MainForm::zoomSectionSet() {
+    Fuselage::current().zoomSectionSet(roundToInt16(DrawSectionArea->width()),
+                                       roundToInt16(DrawSectionArea->height()));
+}
+
+}  // namespace velna
