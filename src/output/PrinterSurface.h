@@ -19,14 +19,16 @@ public:
     virtual void Line(double x1, double y1, double x2, double y2, Rgb colour) = 0;
     /// A text with its lower left corner at (x, y), for sheets that are taped together.
     virtual void Text(double x, double y, const std::string& text) = 0;
-    /// Begins a job of its own; `name` ("side", "sections", "vtop", "front", "htop") also names its file
-    /// where a file is the target. A job that cannot begin says so in `error()` at its `EndDoc`.
+    /// Begins a job of its own; `name` ("side", "sections", "vtop", "front", "htop") also names its
+    /// file where a file is the target. A job that cannot begin says so in `error()` at its
+    /// `EndDoc`.
     virtual void StartDoc(const std::string& name) = 0;
     /// Ends the page; the next one begins with its first line.
     virtual void NewPage() = 0;
     /// Ends the job. False, with the reason in `error()`, when it could not be printed.
     virtual bool EndDoc() = 0;
-    /// Drops the job in place of `EndDoc`: what is not yet printed never is, an unfinished file goes.
+    /// Drops the job in place of `EndDoc`: what is not yet printed never is, an unfinished file
+    /// goes.
     virtual void KillDoc() = 0;
     virtual std::string error() const = 0;
 };

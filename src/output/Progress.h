@@ -17,7 +17,8 @@ public:
 /// The watcher in use; null when nobody watches, and the work then runs to its end.
 extern Progress* progress;
 
-/// The reason that a cancelled export or print job returns. It is no failure: no message follows it.
+/// The reason that a cancelled export or print job returns. It is no failure: no message follows
+/// it.
 inline const std::string cancelledReason = "Cancelled";
 
 /// Counts the units of one export or job and asks the watcher now and then, so that neither a small

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "common/Point.h"
+#include "common/ReplacedFile.h"
+#include "output/Progress.h"
+
+namespace velna {
+
+/// The signs that view coordinates get on their way into a drawing. View y grows downward; the
+/// drawing's grows upward.
+struct DxfSigns {
+    double x = 1;
+    double y = -1;
+};
+
+inline constexpr DxfSigns dxfUpright{1, -1};
+/// The other half of the aircraft.
+inline constexpr DxfSigns dxfMirrored{-1, -1};
+
+/// A DXF drawing being written: one ENTITIES section of lines, nothing else. A layer exists by
+/// being named on a line. All coordinates in the project's unit.
+class DxfDrawing {
+public:
+    /// Opens the drawing; `expectedLines` is for who watches the work.
+    DxfDrawing(const std::string& fileName, long long expectedLines);
+
+    Point3D dxfPen;  ///< current point between `dxfLineTo` calls
+
+    /// The head of the frame.
+    void dxfBegin();
+    /// The end of the frame; the drawing takes the place of the old file. Returns the reason of a
+    /// failure or `cancelledReason`, empty for none.
+    std::string dxfEnd();
+    void dxfLine(const Point3D& from, const Point3D& to, std::string_view layer);
+    /// With `draw` a line from `dxfPen`; in any case `dxfPen` becomes `to`.
+    void dxfLineTo(const Point3D& to, bool draw, std::string_view layer);
+    /// The lines along `points`, z 0.
+    void polyline(std::span<const Point2D> points, DxfSigns signs, std::string_view layer);
+    /// The same and back to the first point; no points give no line.
+    void closedPolyline(std::span<const Point2D> points, DxfSigns signs, std::string_view layer);
+
+    /// Neither cancelled nor failed: what is drawn from now on still matters.
+    bool wanted() const { return !work_.cancelled() && file_.error().empty(); }
+
+private:
+    void text(std::string_view code, std::string_view value);
+    void coordinate(std::string_view code, double value);
+
+    ReplacedFile file_;
+    Work work_;
+};
+
+}  // namespace velna

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "common/Point.h"
+#include "common/ReplacedFile.h"
+#include "output/Progress.h"
+
+namespace velna {
+
+class MeshSections;
+class VertWingSection;
+class WingSection;
+
+/// The writers of a VRML 2.0 file's pieces. Points stand in model coordinates; a mirrored geometry
+/// is the twin on the other side of the aircraft. Every line ends in CR LF.
+namespace IO_VRMl {
+
+/// The file being written and the count of its lines; a piece ends early once the user has
+/// cancelled.
+struct Target {
+    ReplacedFile& file;
+    Work& work;
+};
+
+/// The sides of a wing, whose texture coordinates have opposite signs.
+enum class Side { left, right };
+
+void writeVrmlHeader(Target& target);
+/// Comment and opening of a Transform.
+void writeVrmlNodeName(Target& target, std::string_view name);
+/// Translation, and opening of the Shape.
+void writeVrmlTranslation(Target& target, const Point3D& t);
+/// The band between root and tip; its ends stay open.
+void writeVrmlWing(Target& target, const WingSection& wing, Side side);
+void writeVrmlRudder(Target& target, const VertWingSection& rudder, bool mirrored);
+/// The mesh as the last rebuild left it.
+void writeVrmlFuselage(Target& target, const MeshSections& fuselage, bool mirrored);
+void writeVrmlBox(Target& target, const Point3D& size);
+/// `colour` is 0 to 255; `url` the bare name of a picture beside the file, empty for none.
+void writeVrmlAppearance(Target& target, const Point3D& colour, std::string_view url, bool repeat);
+/// Closes Shape and Transform.
+void writeVrmlNodeEnd(Target& target);
+void writeVrmlFooter(Target& target);
+
+}  // namespace IO_VRMl
+}  // namespace velna

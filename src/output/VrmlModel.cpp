@@ -1,0 +1,121 @@
+#include <cstdint>
+#include <string>
+
+#include "common/ReplacedFile.h"
+#include "editor/Main.h"
+#include "model/Plane.h"
+#include "output/IO_VRMl.h"
+#include "output/Progress.h"
+#include "preview/Bitmap.h"
+
+namespace velna::Plane {
+
+namespace {
+
+using IO_VRMl::Side;
+using IO_VRMl::Target;
+
+/// How a body looks: its colour, its picture, and what becomes of the picture.
+struct Look {
+    Point3D color;
+    const std::string& picture;
+    const std::string& title;
+    bool unturned;  ///< the wings' pictures are turned, so that their long side runs along the span
+    bool repeat;
+};
+
+template <class Geometry>
+void writeNode(Target& target, const std::string& folder, const char* name, const Look& look,
+               Geometry writeGeometry) {
+    IO_VRMl::writeVrmlNodeName(target, name);
+    IO_VRMl::writeVrmlTranslation(target, zeroTranslation);
+    writeGeometry();
+    const std::string url = Bitmap::convertJPG(look.picture, look.title, folder, look.unturned);
+    IO_VRMl::writeVrmlAppearance(target, look.color, url, look.repeat);
+    IO_VRMl::writeVrmlNodeEnd(target);
+}
+
+void writeWing(Target& target, const std::string& folder, const SymWingSections& wing,
+               const char* leftName, const char* rightName) {
+    const Look look{wing.color(), wing.texture_filename(), wing.qualified_texture_filename, false,
+                    false};
+    writeNode(target, folder, leftName, look,
+              [&] { IO_VRMl::writeVrmlWing(target, *wing.Left, Side::left); });
+    writeNode(target, folder, rightName, look,
+              [&] { IO_VRMl::writeVrmlWing(target, *wing.Right, Side::right); });
+}
+
+void writeFuselages(Target& target, const std::string& folder) {
+    for (int i = 1; i <= nbFuselages && !target.work.cancelled(); ++i) {
+        currentFuselage = static_cast<std::int16_t>(i);
+        const MeshSections& fuselage = Fuselages(i);
+        const Look look{fuselage.color(), fuselage.texture_filename,
+                        fuselage.qualified_texture_filename, true, true};
+        for (bool mirrored : {false, true})
+            if (!mirrored || fuselage.shift != 0)
+                writeNode(target, folder, "Fuselage", look,
+                          [&] { IO_VRMl::writeVrmlFuselage(target, fuselage, mirrored); });
+    }
+}
+
+void writeRudder(Target& target, const std::string& folder) {
+    const Look look{Rudder.color(), Rudder.texture_filename, Rudder.qualified_texture_filename,
+                    true, false};
+    for (bool mirrored : {false, true})
+        if (!mirrored || Rudder.mirrored())
+            writeNode(target, folder, "Rudder", look,
+                      [&] { IO_VRMl::writeVrmlRudder(target, Rudder, mirrored); });
+}
+
+void writeBoxes(Target& target) {
+    for (int i = 1; i <= nbEquipments; ++i) {
+        const ElectroBox& box = Equipments(i);
+        IO_VRMl::writeVrmlNodeName(target, "Equipment");
+        IO_VRMl::writeVrmlTranslation(target, box.centre());
+        IO_VRMl::writeVrmlBox(target, box.solidSize());
+        IO_VRMl::writeVrmlAppearance(target, box.kindColor(), "", false);
+        IO_VRMl::writeVrmlNodeEnd(target);
+    }
+}
+
+/// Points and faces of all bodies, about.
+long long expectedLines() {
+    long long total = 0;
+    for (int i = 1; i <= nbFuselages; ++i) {
+        const MeshSections& fuselage = Fuselages(i);
+        const long long points = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
+        total +=
+            points * (fuselage.texture_filename.empty() ? 3 : 6) * (fuselage.shift != 0 ? 2 : 1);
+    }
+    for (int i = 1; i <= nbWings; ++i) total += 8LL * Wings(i).pointCount();
+    return total + 8LL * Stabilizer.pointCount() + 8LL * Rudder.pointCount();
+}
+
+}  // namespace
+
+std::string exportVRML(const std::string& file) {
+    // A hidden fuselage has no solid. Showing all of them rebuilds every solid with the picture, so
+    // that the file holds the aircraft as it is now, and whole.
+    Main.showAll();
+    ReplacedFile output(file);
+    if (!output.error().empty()) return output.error();
+    Work work(expectedLines());
+    Target target{output, work};
+    const std::string folder = folderOf(file);
+    Bitmap::beginExport();
+
+    IO_VRMl::writeVrmlHeader(target);
+    vrmlUnitScale = {1, 1, 1};
+    for (int i = 1; i <= nbWings && !work.cancelled(); ++i)
+        writeWing(target, folder, Wings(i), "WingLeft", "WingRight");
+    writeWing(target, folder, Stabilizer, "StabLeft", "StabRight");
+    writeFuselages(target, folder);
+    if (!work.cancelled()) writeRudder(target, folder);
+    writeBoxes(target);
+    IO_VRMl::writeVrmlFooter(target);
+
+    if (work.cancelled()) return cancelledReason;
+    return output.commit() ? std::string() : output.error();
+}
+
+}  // namespace velna::Plane

@@ -1,0 +1,37 @@
+#include <cstddef>
+#include <span>
+
+#include "model/SymWingSections.h"
+#include "output/DxfDrawing.h"
+
+namespace velna {
+
+namespace {
+constexpr const char* wingLayer = "Wing";
+
+/// Points 1 to 5 of an outline; the fifth closes it.
+std::span<const Point2D> closedOutline(const Outline& outline) {
+    return std::span(outline).subspan(1);
+}
+}  // namespace
+
+void SymWingSections::saveDXF_vtop(DxfDrawing& drawing) {
+    computeVTopPoints(1, 0, 0);
+    drawing.polyline(closedOutline(vtopPoints), dxfUpright, wingLayer);
+    drawing.polyline(closedOutline(vtopPoints), dxfMirrored, wingLayer);
+}
+
+void SymWingSections::saveDXF_front(DxfDrawing& drawing) {
+    computeFrontPoints(1, 0, 0);
+    drawing.polyline(closedOutline(frontPoints), dxfUpright, wingLayer);
+    drawing.polyline(closedOutline(frontPoints), dxfMirrored, wingLayer);
+}
+
+/// The root section alone: seen from the side, the halves cover each other.
+void SymWingSections::saveDXF_side(DxfDrawing& drawing) {
+    computeSidePoints(1, 0, 0);
+    const auto count = static_cast<std::size_t>(pointCount());
+    drawing.closedPolyline({sidePoints.data() + 1, count}, dxfUpright, wingLayer);
+}
+
+}  // namespace velna
