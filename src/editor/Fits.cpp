@@ -1,0 +1,186 @@
+#include <cmath>
+#include <initializer_list>
+#include <limits>
+
+#include "common/Finite.h"
+#include "editor/Main.h"
+#include "model/Fuselage.h"
+#include "model/Plane.h"
+
+namespace velna {
+namespace {
+
+// A model that reaches further than this is fitted as if it ended here.
+constexpr double farthest = 100000;
+
+// Where a search over the wings starts; any wing is expected to lie nearer.
+constexpr double beyondWings = 10000000;
+
+void lower(double& least, double value) {
+    if (std::isfinite(value) && value < least) least = value;
+}
+
+void raise(double& most, double value) {
+    if (std::isfinite(value) && value > most) most = value;
+}
+
+double minOf(std::initializer_list<double> list) {
+    double least = farthest;
+    for (double value : list) lower(least, value);
+    return least;
+}
+
+double maxOf(std::initializer_list<double> list) {
+    double most = -farthest;
+    for (double value : list) raise(most, value);
+    return most;
+}
+
+template <class Value>
+double lowestOfWings(double start, Value value) {
+    for (int i = 1; i <= nbWings; ++i) lower(start, value(Wings(i)));
+    return start;
+}
+
+template <class Value>
+double highestOfWings(double start, Value value) {
+    for (int i = 1; i <= nbWings; ++i) raise(start, value(Wings(i)));
+    return start;
+}
+
+double tipStart(const SymWingSections& wing) {
+    return wing.pos1 + wing.pos2;
+}
+double tipEnd(const SymWingSections& wing) {
+    return wing.pos1 + wing.pos2 + wing.length2;
+}
+double rootEnd(const SymWingSections& wing) {
+    return wing.pos1 + wing.length1;
+}
+
+double tipBottom(const SymWingSections& wing) {
+    return wing.elevation1 + wing.elevation2 - wing.length2 * wing.thickness2 / 2;
+}
+
+double tipTop(const SymWingSections& wing) {
+    return wing.elevation1 + wing.elevation2 + wing.length2 * wing.thickness2 / 2;
+}
+
+double halfSpan() {
+    const auto reach = [](const SymWingSections& wing) { return wing.span + wing.shift; };
+    return maxOf({highestOfWings(-beyondWings, reach), reach(Stabilizer)});
+}
+
+/// Where the aircraft begins along its length, seen from the fuselage, the wings' tips and the
+/// tail.
+double startOfAircraft() {
+    return minOf({Fuselage::current().startpoint(), lowestOfWings(beyondWings, tipStart),
+                  tipStart(Stabilizer), rootEnd(Stabilizer)});
+}
+
+/// Pixels per model unit; NaN where the division fails, because there is no extent or it is beyond
+/// all numbers.
+double scale(double pixels, double extent) {
+    const double quotient = pixels / extent;
+    return std::isfinite(extent) && std::isfinite(quotient)
+               ? quotient
+               : std::numeric_limits<double>::quiet_NaN();
+}
+
+/// `zoom` such that `across` by `upright` model units fill 95 % of the surface. One failing
+/// division fails the whole: `zoom` then stands as it is.
+void fitExtents(int width, double across, int height, double upright, double& zoom) {
+    const double byWidth = scale(width, across);
+    const double byHeight = scale(height, upright);
+    if (std::isnan(byWidth) || std::isnan(byHeight)) return;
+    zoom = 0.95 * minOf({byWidth, byHeight});
+}
+
+/// An extent of the model on one axis.
+struct Extent {
+    double low;
+    double high;
+    double size() const { return high - low; }
+    double sum() const { return low + high; }
+};
+
+/// Offsets that put the middle of `along` and `upright` in the middle of the surface, the second
+/// axis upward.
+void centre(int width, Extent along, int height, Extent upright, double zoom, double& xoff,
+            double& yoff) {
+    assignFinite(xoff, (width - zoom * along.sum()) / 2);
+    assignFinite(yoff, (height + zoom * upright.sum()) / 2);
+}
+
+void fitBoth(int width, Extent along, int height, Extent upright, double& zoom, double& xoff,
+             double& yoff) {
+    fitExtents(width, along.size(), height, upright.size(), zoom);
+    centre(width, along, height, upright, zoom, xoff, yoff);
+}
+
+/// The key A: the selected section fills nine tenths of the height, once.
+void fitSection(int width, int height, Extent upright, double& zoom, double& xoff, double& yoff) {
+    const MeshSections& body = Fuselage::current();
+    assignFinite(zoom, scale(0.9 * height, upright.size()));
+    const double position = body.posGet() + body.pos_offset;
+    centre(width, {position, position}, height, upright, zoom, xoff, yoff);
+    Main.focusZoom = false;
+}
+
+}  // namespace
+
+namespace Plane {
+
+void fitVTop(int width, int height, double& zoom, double& yoff) {
+    const double start = startOfAircraft();
+    const double end =
+        maxOf({Fuselage::current().lengthPoint(), highestOfWings(-beyondWings, tipStart),
+               tipEnd(Stabilizer), rootEnd(Stabilizer)});
+    fitExtents(width, 2 * halfSpan(), height, end - start, zoom);
+    assignFinite(yoff, (height - zoom * (start + end)) / 2);
+}
+
+void fitFront(int width, int height, double& zoom, double& yoff) {
+    const SymWingSections& first = Wings(1);
+    const double lowest =
+        lowestOfWings(first.elevation1 - first.length1 * first.thickness1 / 2, tipBottom);
+    const double highest =
+        highestOfWings(first.elevation1 + first.length1 * first.thickness1 / 2, tipTop);
+    const double bottom = minOf(
+        {Fuselage::current().minElevationPoint(), lowest, tipBottom(Stabilizer), Rudder.shift});
+    const double top = maxOf({Fuselage::current().maxElevationPoint(), highest, tipTop(Stabilizer),
+                              Rudder.shift + Rudder.span});
+    fitExtents(width, 2 * halfSpan(), height, top - bottom, zoom);
+    assignFinite(yoff, (height + zoom * (bottom + top)) / 2);
+}
+
+void fitSide(int width, int height, double& zoom, double& xoff, double& yoff) {
+    const MeshSections& body = Fuselage::current();
+    if (Main.focusZoom) {
+        const double bottom = body.elevationGet();
+        return fitSection(width, height, {bottom, bottom + body.heightGet()}, zoom, xoff, yoff);
+    }
+    Extent along{body.startpoint(), body.lengthPoint()};
+    Extent upright{body.minElevationPoint(), body.maxElevationPoint()};
+    if (Main.tab() == PanelTab::rudder) {
+        along = {startOfAircraft(), maxOf({body.lengthPoint(), highestOfWings(-beyondWings, tipEnd),
+                                           tipEnd(Stabilizer), Rudder.pos1 + Rudder.length1,
+                                           Rudder.pos1 + Rudder.pos2 + Rudder.length2})};
+        upright = {minOf({body.minElevationPoint(), Rudder.shift}),
+                   maxOf({body.maxElevationPoint(), Rudder.shift + Rudder.span})};
+    }
+    fitBoth(width, along, height, upright, zoom, xoff, yoff);
+}
+
+void fitHTop(int width, int height, double& zoom, double& xoff, double& yoff) {
+    const MeshSections& body = Fuselage::current();
+    const auto across = [&](double bodyWidth) {
+        return Extent{body.shift - bodyWidth / 2, body.shift + bodyWidth / 2};
+    };
+    if (Main.focusZoom) return fitSection(width, height, across(body.widthGet()), zoom, xoff, yoff);
+    fitBoth(width, {body.startpoint(), body.lengthPoint()}, height, across(body.maxWidthPoint()),
+            zoom, xoff, yoff);
+}
+
+}  // namespace Plane
+}  // namespace velna
