@@ -7,7 +7,7 @@ namespace velna {
 Progress* progress = nullptr;
 
 void Work::ask() {
-    nextQuestion_ = done_ + unitsBetweenQuestions;
+    nextQuestion_ = done_ + interval_;
     if (progress && !cancelled_) cancelled_ = !progress->step(std::min(done_, total_), total_);
 }
 

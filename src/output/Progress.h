@@ -25,8 +25,10 @@ inline const std::string cancelledReason = "Cancelled";
 /// model pays for the question nor a large one runs on after a cancel.
 class Work {
 public:
-    /// `total` is an estimate; more units than that count as all of them.
-    explicit Work(long long total) : total_(total) {}
+    /// `total` is an estimate; more units than that count as all of them. The watcher is asked
+    /// every `interval` units.
+    explicit Work(long long total, long long interval = 4096)
+        : total_(total), interval_(interval), nextQuestion_(interval) {}
 
     /// `units` more are done. False once the user has cancelled.
     bool did(long long units) {
@@ -38,13 +40,12 @@ public:
     bool cancelled() const { return cancelled_; }
 
 private:
-    static constexpr long long unitsBetweenQuestions = 4096;
-
     void ask();
 
     long long total_;
+    long long interval_;
     long long done_ = 0;
-    long long nextQuestion_ = unitsBetweenQuestions;
+    long long nextQuestion_;
     bool cancelled_ = false;
 };
 

@@ -1,0 +1,296 @@
+#include "output/Plans.h"
+
+#include <cmath>
+
+#include "editor/Main.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "output/FuselagePlans.h"
+#include "output/PlanLines.h"
+#include "output/Progress.h"
+#include "output/SheetMarks.h"
+
+namespace velna {
+
+PrintSelectRecord PrintSelect;
+
+namespace Plans {
+
+namespace {
+
+constexpr int scaleMillimetres = 6;
+constexpr int scaleInches = 5;
+constexpr double trueScale = 1;
+
+/// A watcher counts sheets, or sections where one sheet holds all of them.
+constexpr long long everySheet = 1;
+constexpr long long sectionsBetweenQuestions = 50;
+
+/// A job that cannot be printed at all.
+std::string refuse(PrinterSurface& printer, const std::string& reason) {
+    printer.KillDoc();
+    return reason;
+}
+
+/// Ends a job that ran to its end, was cancelled, or has lost its printer.
+std::string endJob(PrinterSurface& printer, const Work& work) {
+    if (work.cancelled()) {
+        printer.KillDoc();
+        return cancelledReason;
+    }
+    return printer.EndDoc() ? std::string() : printer.error();
+}
+
+/// Prints `count` sheets, each begun by `draw(number)`; none when `count` is 0 or below.
+template <class Draw>
+std::string printSheets(PrinterSurface& printer, double count, Draw draw) {
+    if (!(count <= static_cast<double>(mostSheets)))
+        return refuse(printer,
+                      "The plan needs more than " + std::to_string(mostSheets) + " sheets.");
+    const auto sheets = static_cast<long long>(std::max(count, 0.0));
+    Work work(sheets, everySheet);
+    for (long long sheet = 1; sheet <= sheets; ++sheet) {
+        if (!printer.error().empty()) break;
+        draw(sheet);
+        printer.NewPage();
+        if (!work.did(1)) break;
+    }
+    return endJob(printer, work);
+}
+
+bool printable(const PrinterSurface& printer) {
+    return printer.ScaleWidth() > 0 && printer.ScaleHeight() > 0;
+}
+
+/// A true-scale plan in sheets side by side: plain tiles as far as the current fuselage reaches,
+/// or, for taping, sheets that overlap and hold the whole plan.
+std::string printTiles(PrinterSurface& printer, double yoff, const PlanDrawing& draw) {
+    const double width = printer.ScaleWidth();
+    if (!PrintSelect.overlap) {
+        const double sheets = std::floor(Fuselage::current().lengthPoint() / width) + 1;
+        return printSheets(printer, sheets, [&](long long sheet) {
+            draw(printer, -static_cast<double>(sheet - 1) * width, yoff);
+        });
+    }
+    const SheetGrid grid = SheetMarks::cut(draw, yoff, width, printer.ScaleHeight());
+    if (grid.columns == 0) return refuse(printer, "The sheet is too small to overlap.");
+    const double sheets = static_cast<double>(grid.rows) * static_cast<double>(grid.columns);
+    return printSheets(printer, sheets, [&](long long sheet) {
+        const long long row = (sheet - 1) / grid.columns;
+        const long long column = (sheet - 1) % grid.columns;
+        draw(printer, -(grid.left + static_cast<double>(column) * grid.stepX),
+             yoff - (grid.top + static_cast<double>(row) * grid.stepY));
+        SheetMarks::drawMarks(printer, row + 1, column + 1);
+    });
+}
+
+/// Only the first wing appears, as in the side view.
+std::string printSideJob(PrinterSurface& printer) {
+    const double yoff = printer.ScaleHeight() + Fuselage::current().minElevationPoint();
+    return printTiles(printer, yoff, [](PrinterSurface& sheet, double x, double y) {
+        Fuselage::current().printSide(sheet, trueScale, x, y);
+        Wings(1).computeSidePoints(trueScale, x, y);
+        Wings(1).printSide(sheet);
+        Stabilizer.computeSidePoints(trueScale, x, y);
+        Stabilizer.printSide(sheet);
+        Rudder.printSide(sheet, trueScale, x, y);
+    });
+}
+
+std::string printHTopJob(PrinterSurface& printer) {
+    return printTiles(printer, printer.ScaleHeight() / 2,
+                      [](PrinterSurface& sheet, double x, double y) {
+                          Fuselage::current().printHTop(sheet, trueScale, x, y);
+                      });
+}
+
+/// Each section lies at its true place to the middle of the fuselage's height, so that all sheets
+/// can be stacked on the cross hair.
+std::string printSectionsJob(PrinterSurface& printer) {
+    MeshSections& fuselage = Fuselage::current();
+    const double width = printer.ScaleWidth();
+    const double height = printer.ScaleHeight();
+    const double middle = (fuselage.maxElevationPoint() + fuselage.minElevationPoint()) / 2;
+    const double xoff = width / 2 + fuselage.shift;
+    if (fuselage.nb_cross != 0) fuselage.computeFrontPoints(trueScale, xoff, height / 2 + middle);
+    return printSheets(printer, fuselage.nb_sections, [&](long long section) {
+        printer.Line(width / 2, 0, width / 2, height, black);
+        printer.Line(0, height / 2, width, height / 2, black);
+        if (fuselage.nb_cross != 0)
+            printComputedSection(printer, fuselage, static_cast<int>(section), xoff);
+        if (PrintSelect.overlap) SheetMarks::drawRuler(printer);
+    });
+}
+
+/// The transform of a view fitted to the sheet.
+struct Fit {
+    double zoom = 0;
+    double xoff = 0;
+    double yoff = 0;
+};
+
+/// Fits the view to `DrawArea` and that to the sheet. A plan shows the whole aircraft, also while
+/// the screen's scale is locked, and the lock finds its scale again afterwards.
+Fit fitToSheet(int mode, const PrinterSurface& printer) {
+    const Fit before{Main.zoom, Main.xoff, Main.yoff};
+    const bool locked = Main.checked(Control::LockZoom);
+    Main.controls[Control::LockZoom].checked = false;
+    Main.mode = mode;
+    Main.initDrawArea();
+    Main.controls[Control::LockZoom].checked = locked;
+    Main.r = printer.ScaleWidth() / Main.DrawArea->width();
+    const Fit fit{Main.zoom * Main.r, Main.xoff * Main.r, Main.yoff * Main.r};
+    if (locked) {
+        Main.zoom = before.zoom;
+        Main.xoff = before.xoff;
+        Main.yoff = before.yoff;
+    }
+    return fit;
+}
+
+std::string printVTopJob(PrinterSurface& printer) {
+    const Fit fit = fitToSheet(ViewMode::VTop, printer);
+    // The nose lies at the paper's upper edge, whatever room the screen leaves above it.
+    const double yoff = 0;
+    Fuselage::printVTop(printer, fit.zoom, fit.xoff, yoff);
+    MainWing::printVTop(printer, fit.zoom, fit.xoff, yoff);
+    Stabilizer.printVTop(printer, fit.zoom, fit.xoff, yoff);
+    printer.NewPage();
+    return endJob(printer, Work(1));
+}
+
+long long allSections() {
+    long long total = 0;
+    for (int n = 1; n <= nbFuselages; ++n) total += Fuselages(n).nb_sections;
+    return total;
+}
+
+/// All sections of all fuselages; the last fuselage is current afterwards.
+void printAllSections(PrinterSurface& printer, const Fit& fit, Work& work) {
+    for (int n = 1; n <= nbFuselages; ++n) {
+        currentFuselage = static_cast<std::int16_t>(n);
+        MeshSections& fuselage = Fuselages(n);
+        if (fuselage.nb_cross == 0) continue;
+        fuselage.computeFrontPoints(fit.zoom, fit.xoff, fit.yoff);
+        for (int i = 1; i <= fuselage.nb_sections && work.did(1); ++i)
+            printComputedSection(printer, fuselage, i, fit.xoff);
+    }
+}
+
+std::string printFrontJob(PrinterSurface& printer) {
+    const Fit fit = fitToSheet(ViewMode::Front, printer);
+    Work work(allSections(), sectionsBetweenQuestions);
+    printAllSections(printer, fit, work);
+    MainWing::printFront(printer, fit.zoom, fit.xoff, fit.yoff);
+    Stabilizer.printFront(printer, fit.zoom, fit.xoff, fit.yoff);
+    Rudder.printFront(printer, fit.zoom, fit.xoff, fit.yoff);
+    printer.NewPage();
+    return endJob(printer, work);
+}
+
+/// What belongs to each job, in the order of the jobs.
+struct JobRow {
+    PlanJob job;
+    std::string_view name;
+    bool PrintSelectRecord::*tick;
+    std::string (*print)(PrinterSurface&);
+};
+
+constexpr std::array<JobRow, 5> jobTable{{
+    {PlanJob::Side, "side", &PrintSelectRecord::Side, printSideJob},
+    {PlanJob::frontSections, "sections", &PrintSelectRecord::frontSections, printSectionsJob},
+    {PlanJob::vtop, "vtop", &PrintSelectRecord::vtop, printVTopJob},
+    {PlanJob::front, "front", &PrintSelectRecord::front, printFrontJob},
+    {PlanJob::htop, "htop", &PrintSelectRecord::htop, printHTopJob},
+}};
+
+const JobRow& rowOf(PlanJob job) {
+    return jobTable[static_cast<std::size_t>(job)];
+}
+
+void setUnit(PrinterSurface& printer) {
+    printer.setScaleMode(Prefs.units == millimetres ? scaleMillimetres : scaleInches);
+}
+
+/// A surface of the size of `DrawArea` on which nothing is drawn.
+class BlankArea : public Surface {
+public:
+    explicit BlankArea(const Surface& area) : width_(area.width()), height_(area.height()) {}
+    double width() const override { return width_; }
+    double height() const override { return height_; }
+    void clear() override {}
+    void line(double, double, double, double, Rgb) override {}
+    void setDrawMode(DrawMode) override {}
+    std::optional<Point2D> pictureSize(const std::string&) override { return std::nullopt; }
+    void paintPicture(const std::string&, Point2D, Point2D) override {}
+    void refresh() override {}
+    void setFocus() override {}
+
+private:
+    double width_;
+    double height_;
+};
+
+/// The objects keep the points of what they drew last, and those are now the paper's: the view is
+/// drawn again, so that the pointer finds its handles and erases the right lines.
+void redrawAtSameScale() {
+    using View = void (MainForm::*)();
+    constexpr std::array<View, 4> views{&MainForm::initVTopView, &MainForm::initFrontView,
+                                        &MainForm::initSideView, &MainForm::initHTopView};
+    bool& locked = Main.controls[Control::LockZoom].checked;
+    const bool before = locked;
+    locked = true;
+    (Main.*views[static_cast<std::size_t>(Main.mode) - 1])();
+    locked = before;
+}
+
+}  // namespace
+
+std::string_view jobName(PlanJob job) {
+    return rowOf(job).name;
+}
+
+bool ticked(PlanJob job) {
+    return PrintSelect.*rowOf(job).tick;
+}
+
+std::vector<std::string> tickedNames() {
+    std::vector<std::string> names;
+    for (const JobRow& row : jobTable)
+        if (PrintSelect.*row.tick) names.emplace_back(row.name);
+    return names;
+}
+
+std::string printJob(PlanJob job, PrinterSurface& printer) {
+    if (!printable(printer)) return "The sheet has no printable area.";
+    printer.StartDoc(std::string(jobName(job)));
+    return rowOf(job).print(printer);
+}
+
+std::string printPlans(PrinterSurface& printer) {
+    setUnit(printer);
+    std::string reason;
+    for (const PlanJob job : allJobs)
+        if (reason.empty() && ticked(job)) reason = printJob(job, printer);
+    Main.initVTopView();
+    Main.updateFuselageInterface();
+    return reason;
+}
+
+std::string previewJob(PlanJob job, PrinterSurface& printer) {
+    const MainForm before = Main;
+    const std::int16_t fuselageBefore = currentFuselage;
+    BlankArea blank(*Main.DrawArea);
+    Main.DrawArea = &blank;
+    setUnit(printer);
+    const std::string reason = printJob(job, printer);
+    Main = before;
+    currentFuselage = fuselageBefore;
+    redrawAtSameScale();
+    return reason;
+}
+
+}  // namespace Plans
+}  // namespace velna
