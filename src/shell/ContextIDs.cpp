@@ -22,8 +22,12 @@ void setHelpWindow(Point2D position, Point2D size) {
     Shell.desktop->placeHelpWindow(helpWindow.x, helpWindow.y, helpWindow.width, helpWindow.height);
 }
 
-void showHelpContents() { Shell.desktop->showHelpContents(); }
+void showHelpContents() {
+    Shell.desktop->showHelpContents();
+}
 
-void quitHelp() { Shell.desktop->closeHelp(); }
+void quitHelp() {
+    Shell.desktop->closeHelp();
+}
 
 }  // namespace velna

@@ -43,8 +43,8 @@ public:
     virtual Point2D screenCentre() const = 0;
     /// The place in the window of a pixel of `DrawArea`.
     virtual Point2D drawAreaToWindow(Point2D pixel) const = 0;
-    /// Moves the real cursor to a place in the window, or, where the platform lets no program do that, a
-    /// drawn one, the moves then being given to `DrawArea` directly.
+    /// Moves the real cursor to a place in the window, or, where the platform lets no program do
+    /// that, a drawn one, the moves then being given to `DrawArea` directly.
     virtual void setCursorPosition(int x, int y) = 0;
     /// `ShiftButton` as a floating sign at a place in the window.
     virtual void placeSign(int left, int top) = 0;

@@ -7,6 +7,7 @@
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
+#include "output/Progress.h"
 #include "preview/Rendering.h"
 #include "shell/Failure.h"
 #include "shell/Ports.h"
@@ -39,8 +40,7 @@ bool openProject(const std::string& file) {
         return false;
     resetModel();
     const std::string message = Plane::readProject(file);
-    if (!message.empty())
-        Shell.dialogs->message(applicationTitle, message, BoxIcon::Information);
+    if (!message.empty()) Shell.dialogs->message(applicationTitle, message, BoxIcon::Information);
     ObjectList.update();
     return true;
 }
@@ -65,10 +65,14 @@ void saveProjectAs(const std::string& file) {
 /// The drawing of the view on screen.
 std::string exportView(const std::string& file) {
     switch (Main.mode) {
-        case ViewMode::VTop: return Plane::exportDXFVTop(file);
-        case ViewMode::Front: return Plane::exportDXFFront(file);
-        case ViewMode::Side: return Plane::exportDXFSide(file);
-        default: return Plane::exportDXFHTop(file);
+        case ViewMode::VTop:
+            return Plane::exportDXFVTop(file);
+        case ViewMode::Front:
+            return Plane::exportDXFFront(file);
+        case ViewMode::Side:
+            return Plane::exportDXFSide(file);
+        default:
+            return Plane::exportDXFHTop(file);
     }
 }
 
@@ -121,7 +125,10 @@ void save() {
     }
     const std::string reason =
         answer.filterIndex == second ? Plane::exportVRML(answer.file) : exportView(answer.file);
-    if (!reason.empty()) reportFailure("The export failed.", reason);
+    // The export of the model leaves the last fuselage current: the panel must not edit it under
+    // the numbers of another.
+    if (answer.filterIndex == second) Main.updateFuselageInterface();
+    if (!reason.empty() && reason != cancelledReason) reportFailure("The export failed.", reason);
 }
 
 }  // namespace velna::FileCommands

@@ -38,10 +38,12 @@ void showSign(const std::string& caption, double left, double top) {
     Main.setVisible(Control::ShiftButton, true);
 }
 
-void hideSign() { Main.setVisible(Control::ShiftButton, false); }
+void hideSign() {
+    Main.setVisible(Control::ShiftButton, false);
+}
 
-// Press and release carry button 0: the moves between them are real ones without a button held, and a
-// drag works whatever the button once a part is grabbed.
+// Press and release carry button 0: the moves between them are real ones without a button held, and
+// a drag works whatever the button once a part is grabbed.
 void press(Point2D target) {
     if (stopped) return;
     Main.DrawArea_MouseDown(0, 0, static_cast<float>(target.x), static_cast<float>(target.y));
@@ -60,8 +62,9 @@ void approach(Point2D place) {
 
 /// One demonstration: nothing of it is left behind when it was stopped on the way.
 void runScript() {
-    tell("The following demonstration shows how to use\nthe Mouse, the Shift and the Control key\n"
-         "The cursor will move AUTOMATICALLY");
+    tell(
+        "The following demonstration shows how to use\nthe Mouse, the Shift and the Control key\n"
+        "The cursor will move AUTOMATICALLY");
     tell("MOUSE edits ...");
     if (!stopped) demoDragWing(Main.zoom, Main.xoff, Main.yoff);
     tell("SHIFT button for horizontal moves ...");
@@ -131,9 +134,8 @@ void demoInsertSection(double zoom, double xoff, double yoff) {
     auto& fuselage = Fuselage::current();
     fuselage.sel_sec = 2;
     Main.selectTab(PanelTab::fuselage);
-    const Point2D target{
-        fuselage.posGet() * zoom + xoff - 20,
-        -(fuselage.elevationGet() + fuselage.heightGet() / 2) * zoom + yoff};
+    const Point2D target{fuselage.posGet() * zoom + xoff - 20,
+                         -(fuselage.elevationGet() + fuselage.heightGet() / 2) * zoom + yoff};
     const Point2D place = Shell.desktop->drawAreaToWindow(target);
     approach(place);
     if (stopped) return;

@@ -11,15 +11,15 @@ extern Point2D cursorTarget;  ///< where it goes
 /// Back to the state before start-up.
 void reset();
 
-/// The guided demonstration of a first use: it shows the mouse, Shift and Ctrl on the real aircraft,
-/// with the real cursor and through the real events. The user keeps what it has edited.
+/// The guided demonstration of a first use: it shows the mouse, Shift and Ctrl on the real
+/// aircraft, with the real cursor and through the real events. The user keeps what it has edited.
 void run();
 
 /// Ends it at its present step (Escape, a closed window): nothing stays pressed, armed or floating.
 void stop();
 
-/// One tick of the glide: a tenth of the way, and the picture follows. It ends closer than 3 pixels on
-/// both axes, at once when none is under way.
+/// One tick of the glide: a tenth of the way, and the picture follows. It ends closer than 3 pixels
+/// on both axes, at once when none is under way.
 void glideStep();
 
 /// The steps of the script; each takes the transform of the view that it works in.

@@ -17,10 +17,15 @@ namespace {
 
 constexpr const char* fileTitle = "prefs.txt";
 
-std::string sharedFile() { return Shell.desktop->programFolder() + fileTitle; }
-std::string ownFile() { return Shell.desktop->configurationFolder() + fileTitle; }
+std::string sharedFile() {
+    return Shell.desktop->programFolder() + fileTitle;
+}
+std::string ownFile() {
+    return Shell.desktop->configurationFolder() + fileTitle;
+}
 
-/// Runs one record's reading; a failure skips it and those behind it, for they have no place of their own.
+/// Runs one record's reading; a failure skips it and those behind it, for they have no place of
+/// their own.
 template <class Statement>
 bool read(Statement statement) {
     try {
@@ -31,7 +36,9 @@ bool read(Statement statement) {
     }
 }
 
-const char* record(bool on) { return on ? "#TRUE#" : "#FALSE#"; }
+const char* record(bool on) {
+    return on ? "#TRUE#" : "#FALSE#";
+}
 
 /// Returns the reason of a failure, empty for none.
 std::string writeTo(const std::string& path) {
@@ -90,7 +97,9 @@ std::string spanText() {
     return Main.Formatter((wing.span + wing.shift) * 2 * Prefs.modelScaleFactor);
 }
 
-void CloseCommand_Click() { Main.closePreferences(); }
+void CloseCommand_Click() {
+    Main.closePreferences();
+}
 
 void CancelCommand_Click() {
     // A project is saved under the option's unit: an option that was clicked and then cancelled

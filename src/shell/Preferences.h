@@ -10,18 +10,19 @@ extern std::string firstUseState;
 /// The settings file that is read: the user's own once it exists, else the one beside the program.
 std::string fileToRead();
 
-/// Reads `prefs.txt` as far as it goes: a record that fails leaves its option as it was. `Prefs.units`
-/// is not touched. A missing file changes nothing.
+/// Reads `prefs.txt` as far as it goes: a record that fails leaves its option as it was.
+/// `Prefs.units` is not touched. A missing file changes nothing.
 void readAll();
 
-/// Replaces `prefs.txt`: beside the program where that folder can be written, otherwise in the user's
-/// configuration folder. A failure leaves the old file and one line on standard error.
+/// Replaces `prefs.txt`: beside the program where that folder can be written, otherwise in the
+/// user's configuration folder. A failure leaves the old file and one line on standard error.
 void writeAll();
 
 /// The form opens: the options from the unit in use, the factor 1.
 void formLoad();
 
-/// The line beside the factor: the current wing's full span at the factor typed, as the panel shows it.
+/// The line beside the factor: the current wing's full span at the factor typed, as the panel shows
+/// it.
 std::string spanText();
 
 /// The form's two buttons. Closing it by its window button is Cancel.

@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <string>
 
-#include "common/Version.h"
 #include "common/ValueReader.h"
+#include "common/Version.h"
 #include "editor/Main.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
@@ -25,10 +25,12 @@ namespace {
 
 bool closeAsked = false;
 
-std::string logFile() { return Shell.desktop->programFolder() + "log.txt"; }
+std::string logFile() {
+    return Shell.desktop->programFolder() + "log.txt";
+}
 
-/// The project in inches, where the stored option asks for it. The file on disk is not behind: what the
-/// start itself converts is no change by the user.
+/// The project in inches, where the stored option asks for it. The file on disk is not behind: what
+/// the start itself converts is no change by the user.
 void applyStoredUnit() {
     const bool saved = Main.savedProject;
     Preferences::CloseCommand_Click();
@@ -122,7 +124,9 @@ void timer1Tick() {
     Rendering::renderScene(true);
 }
 
-void timer2Tick() { Helper::glideStep(); }
+void timer2Tick() {
+    Helper::glideStep();
+}
 
 bool queryUnload() {
     // Both loops run inside an event of the window: it can only close once they have returned.
@@ -132,7 +136,8 @@ bool queryUnload() {
         closeAsked = true;
         return false;
     }
-    return Shell.dialogs->askYesNo("Do you really want to quit Velna ?", BoxIcon::Exclamation, false);
+    return Shell.dialogs->askYesNo("Do you really want to quit Velna ?", BoxIcon::Exclamation,
+                                   false);
 }
 
 void closeIfAsked() {

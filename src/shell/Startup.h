@@ -13,8 +13,8 @@ void run();
 /// Full initialisation of the main form on the default aircraft.
 void initMain();
 
-/// Whether the desktop's text is small (16 pixels or less). The compact layout is for an installation
-/// that has its settings file: without one the call fails and the answer is false.
+/// Whether the desktop's text is small (16 pixels or less). The compact layout is for an
+/// installation that has its settings file: without one the call fails and the answer is false.
 bool smallFontsMode();
 
 /// Appends a line to the diagnostic log beside the program. Nothing calls it in the finished flows.
@@ -26,14 +26,15 @@ void timer1Tick();
 /// `Timer2`: one step of the cursor's glide in the demonstration.
 void timer2Tick();
 
-/// The question before the window closes; false keeps it open. A flight or a demonstration under way is
-/// ended first, and the window then closes itself with its question.
+/// The question before the window closes; false keeps it open. A flight or a demonstration under
+/// way is ended first, and the window then closes itself with its question.
 bool queryUnload();
 
 /// Releases everything and writes the settings, which happens nowhere else.
 void unload();
 
-/// To be called when a flight or a demonstration has ended: closes the window if that was asked for.
+/// To be called when a flight or a demonstration has ended: closes the window if that was asked
+/// for.
 void closeIfAsked();
 
 }  // namespace velna::Startup

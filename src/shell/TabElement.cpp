@@ -12,11 +12,20 @@ namespace {
 template <class Visit>
 bool onElement(Visit visit) {
     switch (Main.tab()) {
-        case PanelTab::fuselage: visit(Fuselage::current()); return true;
-        case PanelTab::wing: visit(Wings(currentWing)); return true;
-        case PanelTab::stabilizer: visit(Stabilizer); return true;
-        case PanelTab::rudder: visit(Rudder); return true;
-        default: return false;
+        case PanelTab::fuselage:
+            visit(Fuselage::current());
+            return true;
+        case PanelTab::wing:
+            visit(Wings(currentWing));
+            return true;
+        case PanelTab::stabilizer:
+            visit(Stabilizer);
+            return true;
+        case PanelTab::rudder:
+            visit(Rudder);
+            return true;
+        default:
+            return false;
     }
 }
 

@@ -7,15 +7,15 @@
 
 namespace velna::TabElement {
 
-/// The element that the open tab edits, as far as colour and picture go: the current fuselage (tab 0),
-/// the current wing (1), the stabiliser (2), the fin (3). The electronics tab has none.
+/// The element that the open tab edits, as far as colour and picture go: the current fuselage (tab
+/// 0), the current wing (1), the stabiliser (2), the fin (3). The electronics tab has none.
 
 /// Its colour, nothing on the electronics tab.
 std::optional<Point3D> color();
 /// Stores its colour; the electronics tab stores nothing.
 void setColor(const Point3D& color);
-/// Gives it a picture by full path and title; both empty take the picture away. It is converted at its
-/// next use. Returns whether the tab has such an element.
+/// Gives it a picture by full path and title; both empty take the picture away. It is converted at
+/// its next use. Returns whether the tab has such an element.
 bool setTexture(const std::string& file, const std::string& title);
 
 }  // namespace velna::TabElement

@@ -25,12 +25,21 @@ void showView(std::optional<int> tab, void (MainForm::*enter)()) {
     (Main.*enter)();
 }
 
-void vtop() { showView(PanelTab::wing, &MainForm::initVTopView); }
-void front() { showView(PanelTab::wing, &MainForm::initFrontView); }
-void side() { showView(PanelTab::fuselage, &MainForm::initSideView); }
-void htop() { showView(std::nullopt, &MainForm::initHTopView); }
+void vtop() {
+    showView(PanelTab::wing, &MainForm::initVTopView);
+}
+void front() {
+    showView(PanelTab::wing, &MainForm::initFrontView);
+}
+void side() {
+    showView(PanelTab::fuselage, &MainForm::initSideView);
+}
+void htop() {
+    showView(std::nullopt, &MainForm::initHTopView);
+}
 
-/// The colour dialog starts from the element's colour, or, on the electronics tab, from its own last one.
+/// The colour dialog starts from the element's colour, or, on the electronics tab, from its own
+/// last one.
 void pickElementColour() {
     static std::uint32_t dialogValue = 0;
     if (const auto color = TabElement::color()) dialogValue = dialogColour(*color);
@@ -59,8 +68,8 @@ void preferences() {
     Rendering::renderScene(true);
 }
 
-/// The button goes down and the flight runs inside this event; its next click, which comes while the
-/// flight lets events run, lets it up and ends it.
+/// The button goes down and the flight runs inside this event; its next click, which comes while
+/// the flight lets events run, lets it up and ends it.
 void flyingPreview() {
     Main.setChecked(Control::FlyingPreviewButton, !Main.checked(Control::FlyingPreviewButton));
     if (!Main.checked(Control::FlyingPreviewButton)) {

@@ -10,10 +10,23 @@
 namespace velna::Toolbar {
 
 enum class Key {
-    New, Open, Save, Print, VTop, Front, Side, HTop, Palette, Render, Prefs, Manager, FlyingPreview,
+    New,
+    Open,
+    Save,
+    Print,
+    VTop,
+    Front,
+    Side,
+    HTop,
+    Palette,
+    Render,
+    Prefs,
+    Manager,
+    FlyingPreview,
     Help,
     // without a button of their own
-    Exit, Centering
+    Exit,
+    Centering
 };
 
 enum class ButtonKind { Push, View, Toggle };
@@ -35,7 +48,6 @@ void click(Key key);
 
 /// The hidden prompt for the picture's frustum: a number above 0 makes the context anew.
 void frustumPrompt();
-
 
 /// A colour record as the colour dialog's 24-bit value (red in the low byte), and back.
 std::uint32_t dialogColour(const Point3D& color);

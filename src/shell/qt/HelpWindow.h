@@ -1,16 +1,15 @@
 #pragma once
 
-#include <QPointer>
 #include <QRect>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
-#include <vector>
+
+#include "shell/qt/HelpFile.h"
 
 class QLineEdit;
 class QListWidget;
 class QTextBrowser;
-class QToolButton;
 
 namespace velna {
 
@@ -26,6 +25,8 @@ class HelpWindow : public QWidget {
 public:
     /// The one help window, made at the first use.
     static HelpWindow& instance();
+    /// Closes the window and drops it; the next `instance()` starts anew.
+    static void quit();
 
     /// Names another help file than `Velna.HLP` beside the program.
     void setHelpFile(const QString& file);
@@ -44,40 +45,26 @@ public:
     /// The page shown now, by its name; empty when the help file cannot be read.
     QString currentPage() const;
 
-    /// Closes the window and drops it; the next `instance()` starts anew.
-    static void quit();
-
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     HelpWindow();
-    ~HelpWindow() override;
     void build();
-    bool load();
-    void readContents();
-    void search(const QString& words);
-    void markFound();
+    void fillContents();
+    void search(const QString& text);
+    void markWords();
     void pageShown();
     void bringUp();
-    void showMessage(const QString& text);
-
-    struct Page {
-        QString name;
-        QString title;
-        QString text;  ///< the plain text that is searched, in lower case
-        int level = 0;
-    };
 
     QString file_;
-    QByteArray data_;  ///< the registered resource lives here
-    bool loaded_ = false;
-    std::vector<Page> pages_;
+    QRect place_;
+    HelpFile help_;
+    bool readable_ = false;
+    QStringList words_;  ///< what is searched, marked in the page shown
     QTextBrowser* browser_ = nullptr;
     QListWidget* contents_ = nullptr;
     QLineEdit* search_ = nullptr;
-    QToolButton* back_ = nullptr;
-    QToolButton* forward_ = nullptr;
 };
 
 /// The page that a widget, or the nearest parent that names one, has set; empty if none has.

@@ -1,0 +1,26 @@
+#include "shell/PrintCommand.h"
+
+#include <string>
+
+#include "editor/Main.h"
+#include "output/Plans.h"
+#include "output/Progress.h"
+#include "shell/Failure.h"
+#include "shell/Ports.h"
+
+namespace velna::PrintCommand {
+
+void run() {
+    Shell.dialogs->showPrintSelect();
+    if (PrintSelect.cancel) return;
+    PrinterSurface* printer = Shell.dialogs->askPrinter(Plans::tickedNames());
+    if (!printer) {
+        Main.initVTopView();
+        return;
+    }
+    const std::string reason = Plans::printPlans(*printer);
+    if (!reason.empty() && reason != cancelledReason)
+        reportFailure("The plans could not be printed.", reason);
+}
+
+}  // namespace velna::PrintCommand

@@ -1,0 +1,82 @@
+#include "shell/qt/DrawArea.h"
+
+#include <QCursor>
+
+#include "editor/Main.h"
+#include "shell/qt/Drawings.h"
+#include "shell/qt/EventArguments.h"
+
+namespace velna {
+namespace {
+
+float x(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
+float y(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
+
+// The double arrows of a change of shape, which no desktop has.
+QCursor iconCursor(CursorIcon icon, double density) {
+    constexpr int size = 32;
+    const char* name = icon == CursorIcon::EWShapeIcon ? "cursors/EWShapeIcon" : "cursors/NSShapeIcon";
+    return QCursor(Drawings::picture(name, {size, size}, density, Qt::black), size / 2, size / 2);
+}
+
+Qt::CursorShape toolkitShape(CursorShape shape) {
+    switch (shape) {
+        case CursorShape::Cross: return Qt::CrossCursor;
+        case CursorShape::FourWay: return Qt::SizeAllCursor;
+        case CursorShape::NorthSouth: return Qt::SizeVerCursor;
+        case CursorShape::WestEast: return Qt::SizeHorCursor;
+        default: return Qt::ArrowCursor;
+    }
+}
+
+}  // namespace
+
+DrawArea::DrawArea(QWidget* parent) : SurfaceWidget(parent) {
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName("DrawArea");
+}
+
+void DrawArea::setShape(CursorShape shape, CursorIcon icon) {
+    if (shape == CursorShape::Custom) setCursor(iconCursor(icon, devicePixelRatioF()));
+    else setCursor(toolkitShape(shape));
+}
+
+void DrawArea::mousePressEvent(QMouseEvent* event) {
+    Main.DrawArea_MouseDown(EventArguments::button(event->button()),
+                            EventArguments::shift(event->modifiers()), x(*event), y(*event));
+    surface().refresh();
+}
+
+void DrawArea::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void DrawArea::mouseMoveEvent(QMouseEvent* event) {
+    const std::int16_t held = EventArguments::buttons(event->buttons());
+    const std::int16_t shift = EventArguments::shift(event->modifiers());
+    Main.DrawArea_MouseMove(held, shift, x(*event), y(*event));
+    // A held modifier does not repeat on every desktop: it arms what the pointer has come to now.
+    if (held == 0 && shift != 0) Main.DrawArea_keydown(EventArguments::modifierKey(shift), shift);
+    surface().refresh();
+}
+
+void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
+    Main.DrawArea_MouseUp(EventArguments::button(event->button()),
+                          EventArguments::shift(event->modifiers()), x(*event), y(*event));
+    surface().refresh();
+}
+
+void DrawArea::keyPressEvent(QKeyEvent* event) {
+    Main.DrawArea_keydown(EventArguments::keyCode(event->key()), EventArguments::shift(*event));
+    surface().refresh();
+    // Keys that the editor does not know go on to the window.
+    if (EventArguments::keyCode(event->key()) == 0) event->ignore();
+}
+
+void DrawArea::keyReleaseEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat()) return;
+    Main.Form_keyup();  // the form sees a key before its control does
+    Main.DrawArea_keyup();
+    surface().refresh();
+}
+
+}  // namespace velna
