@@ -59,7 +59,6 @@ HelpWindow::HelpWindow()
 void HelpWindow::build() {
     browser_ = new QTextBrowser(this);
     browser_->setObjectName("HelpBrowser");
-    browser_->setOpenExternalLinks(false);
     contents_ = new QListWidget(this);
     contents_->setObjectName("HelpContents");
     search_ = new QLineEdit(this);
@@ -67,18 +66,6 @@ void HelpWindow::build() {
     search_->setPlaceholderText("Search");
     search_->setClearButtonEnabled(true);
 
-    auto* home = toolButton(this, "HelpHome", QStyle::SP_DirHomeIcon, "Contents");
-    auto* back = toolButton(this, "HelpBack", QStyle::SP_ArrowBack, "Back (Alt + Left)");
-    auto* forward =
-        toolButton(this, "HelpForward", QStyle::SP_ArrowForward, "Forward (Alt + Right)");
-    back->setEnabled(false);
-    forward->setEnabled(false);
-
-    auto* bar = new QHBoxLayout;
-    for (QWidget* item : {static_cast<QWidget*>(home), static_cast<QWidget*>(back),
-                          static_cast<QWidget*>(forward), static_cast<QWidget*>(search_)}) {
-        bar->addWidget(item);
-    }
     auto* halves = new QSplitter(this);
     halves->addWidget(contents_);
     halves->addWidget(browser_);
@@ -86,28 +73,42 @@ void HelpWindow::build() {
     halves->setSizes({180, 500});
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(4, 4, 4, 4);
-    column->addLayout(bar);
+    column->addLayout(buildBar());
     column->addWidget(halves, 1);
 
-    connect(home, &QToolButton::clicked, this, &HelpWindow::showContents);
-    connect(back, &QToolButton::clicked, browser_, &QTextBrowser::backward);
-    connect(forward, &QToolButton::clicked, browser_, &QTextBrowser::forward);
-    connect(new QShortcut(QKeySequence::Back, this), &QShortcut::activated, browser_,
-            &QTextBrowser::backward);
-    connect(new QShortcut(QKeySequence::Forward, this), &QShortcut::activated, browser_,
-            &QTextBrowser::forward);
+    connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::pageShown);
+    connect(search_, &QLineEdit::textChanged, this, &HelpWindow::search);
+    const auto open = [this](const QListWidgetItem* item) {
+        const QString page = item->data(pageRole).toString();
+        if (!page.isEmpty()) browser_->setSource(QUrl(HelpFile::address(page)));
+    };
+    connect(contents_, &QListWidget::itemClicked, this, open);
+    connect(contents_, &QListWidget::itemActivated, this, open);
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
             [this] { search_->setFocus(); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::hide);
+}
+
+QLayout* HelpWindow::buildBar() {
+    auto* home = toolButton(this, "HelpHome", QStyle::SP_DirHomeIcon, "Contents");
+    auto* back = toolButton(this, "HelpBack", QStyle::SP_ArrowBack, "Back");
+    auto* forward = toolButton(this, "HelpForward", QStyle::SP_ArrowForward, "Forward");
+    back->setEnabled(false);
+    forward->setEnabled(false);
+    back->setShortcut(QKeySequence::Back);
+    forward->setShortcut(QKeySequence::Forward);
+    connect(home, &QToolButton::clicked, this, &HelpWindow::showContents);
+    connect(back, &QToolButton::clicked, browser_, &QTextBrowser::backward);
+    connect(forward, &QToolButton::clicked, browser_, &QTextBrowser::forward);
     connect(browser_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
     connect(browser_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
-    connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::pageShown);
-    connect(search_, &QLineEdit::textChanged, this, &HelpWindow::search);
-    connect(contents_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-        const QString page = item->data(pageRole).toString();
-        if (!page.isEmpty()) browser_->setSource(QUrl(HelpFile::address(page)));
-    });
-    connect(contents_, &QListWidget::itemActivated, contents_, &QListWidget::itemClicked);
+
+    auto* bar = new QHBoxLayout;
+    bar->addWidget(home);
+    bar->addWidget(back);
+    bar->addWidget(forward);
+    bar->addWidget(search_);
+    return bar;
 }
 
 void HelpWindow::setHelpFile(const QString& file) {

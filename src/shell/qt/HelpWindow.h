@@ -7,6 +7,7 @@
 
 #include "shell/qt/HelpFile.h"
 
+class QLayout;
 class QLineEdit;
 class QListWidget;
 class QTextBrowser;
@@ -51,6 +52,7 @@ protected:
 private:
     HelpWindow();
     void build();
+    QLayout* buildBar();
     void fillContents();
     void search(const QString& text);
     void markWords();
