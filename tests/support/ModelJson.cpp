@@ -1,0 +1,233 @@
+#include "support/ModelJson.h"
+
+#include "model/Equipment.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "model/ObjectList.h"
+#include "model/Prefs.h"
+
+namespace velna {
+
+using nlohmann::json;
+
+namespace {
+
+template <class Object, class Value>
+struct Field {
+    const char* name;
+    Value Object::*member;
+};
+
+template <class Object, class Value, std::size_t Count>
+void take(Object& object, const json& data, const Field<Object, Value> (&fields)[Count]) {
+    for (const auto& field : fields)
+        if (data.contains(field.name))
+            object.*field.member = data[field.name].template get<Value>();
+}
+
+Point3D point(const json& data) {
+    return {data[0].get<double>(), data[1].get<double>(), data[2].get<double>()};
+}
+
+using Wing = SymWingSections;
+constexpr Field<Wing, double> wingNumbers[] = {
+    {"initval", &Wing::initval},
+    {"initval2", &Wing::initval2},
+    {"initval3", &Wing::initval3},
+    {"span", &Wing::span},
+    {"length1", &Wing::length1},
+    {"length2", &Wing::length2},
+    {"thickness1", &Wing::thickness1},
+    {"thickness2", &Wing::thickness2},
+    {"pos1", &Wing::pos1},
+    {"pos2", &Wing::pos2},
+    {"elevation1", &Wing::elevation1},
+    {"elevation2", &Wing::elevation2},
+    {"shift", &Wing::shift},
+};
+constexpr Field<Wing, std::int32_t> wingCodes[] = {
+    {"paint", &Wing::paint},
+    {"selected_part", &Wing::selected_part},
+};
+constexpr Field<Wing, std::string> wingTexts[] = {
+    {"airfoil_filename", &Wing::airfoil_filename},
+    {"qualified_texture_filename", &Wing::qualified_texture_filename},
+};
+
+void takeWing(Wing& wing, const json& data) {
+    const json& airfoil = data["airfoil"];
+    wing.nb = static_cast<std::int16_t>(airfoil.size());
+    wing.allocate();
+    for (int i = 1; i <= wing.nb; ++i) {
+        const json& place = airfoil[static_cast<std::size_t>(i) - 1];
+        wing.setAirfoilPoint(i, place[0].get<double>(), place[1].get<double>());
+    }
+    wing.nb = data["nb"].get<std::int16_t>();
+    take(wing, data, wingNumbers);
+    take(wing, data, wingCodes);
+    take(wing, data, wingTexts);
+    wing.selected = data["selected"].get<bool>();
+    wing.set_texture_filename(data["texture_filename"].get<std::string>());
+    wing.Left->texture_loaded = data["texture_loaded"][0].get<bool>();
+    wing.Right->texture_loaded = data["texture_loaded"][1].get<bool>();
+    wing.set_color(point(data["color"]));
+}
+
+using Fin = VertWingSection;
+constexpr Field<Fin, double> finNumbers[] = {
+    {"initval", &Fin::initval},
+    {"initval2", &Fin::initval2},
+    {"initval3", &Fin::initval3},
+    {"span", &Fin::span},
+    {"length1", &Fin::length1},
+    {"length2", &Fin::length2},
+    {"thickness1", &Fin::thickness1},
+    {"thickness2", &Fin::thickness2},
+    {"pos1", &Fin::pos1},
+    {"pos2", &Fin::pos2},
+    {"shift", &Fin::shift},
+    {"offset1", &Fin::offset1},
+    {"offset2", &Fin::offset2},
+};
+constexpr Field<Fin, std::int32_t> finCodes[] = {
+    {"paint", &Fin::paint},
+    {"selected_part", &Fin::selected_part},
+    {"xtex", &Fin::xtex},
+    {"ytex", &Fin::ytex},
+};
+constexpr Field<Fin, std::string> finTexts[] = {
+    {"texture_filename", &Fin::texture_filename},
+    {"qualified_texture_filename", &Fin::qualified_texture_filename},
+};
+constexpr Field<Fin, bool> finFlags[] = {
+    {"selected", &Fin::selected},
+    {"texture_loaded", &Fin::texture_loaded},
+};
+
+void takeFin(const json& data) {
+    Rudder.nb = data["nb"].get<std::int16_t>();
+    take(Rudder, data, finNumbers);
+    take(Rudder, data, finCodes);
+    take(Rudder, data, finTexts);
+    take(Rudder, data, finFlags);
+    Rudder.set_color(point(data["color"]));
+}
+
+using Body = MeshSections;
+constexpr Field<Body, double> bodyNumbers[] = {
+    {"initval", &Body::initval},
+    {"initval2", &Body::initval2},
+    {"szoom", &Body::szoom},
+    {"curv", &Body::curv},
+    {"shift", &Body::shift},
+    {"pos_offset", &Body::pos_offset},
+    {"elevation_offset", &Body::elevation_offset},
+};
+constexpr Field<Body, std::int16_t> bodyCounts[] = {
+    {"nb_sections", &Body::nb_sections},
+    {"nb_cross", &Body::nb_cross},
+    {"sel_sec", &Body::sel_sec},
+};
+constexpr Field<Body, std::int32_t> bodyCodes[] = {
+    {"paint", &Body::paint},
+    {"selected_part", &Body::selected_part},
+    {"xtex", &Body::xtex},
+    {"ytex", &Body::ytex},
+};
+constexpr Field<Body, bool> bodyFlags[] = {
+    {"cut", &Body::cut},
+    {"transparent", &Body::transparent},
+    {"uniqueCurvature", &Body::uniqueCurvature},
+    {"linkedCurvatures", &Body::linkedCurvatures},
+    {"selected", &Body::selected},
+    {"texture_loaded", &Body::texture_loaded},
+};
+constexpr Field<Body, std::string> bodyTexts[] = {
+    {"texture_filename", &Body::texture_filename},
+    {"qualified_texture_filename", &Body::qualified_texture_filename},
+};
+constexpr Field<Body, Array1<double>> bodyArrays[] = {
+    {"height", &Body::height},
+    {"width", &Body::width},
+    {"pos", &Body::pos},
+    {"elevation", &Body::elevation},
+    {"curvature", &Body::curvature},
+    {"curvature2", &Body::curvature2},
+    {"bias_curve", &Body::bias_curve},
+};
+
+/// The arrays may hold more entries than there are sections.
+template <class T>
+void takeArray(Array1<T>& array, const json& data) {
+    array.allocate(static_cast<int>(data.size()));
+    for (int i = 1; i <= array.upper(); ++i)
+        array(i) = data[static_cast<std::size_t>(i) - 1].get<T>();
+}
+
+void takeBody(Body& body, const json& data) {
+    take(body, data, bodyNumbers);
+    take(body, data, bodyCounts);
+    take(body, data, bodyCodes);
+    take(body, data, bodyFlags);
+    take(body, data, bodyTexts);
+    body.set_color(point(data["color"]));
+    body.initArrays();
+    for (const auto& array : bodyArrays) takeArray(body.*array.member, data[array.name]);
+    takeArray(body.sectionOrder, data["sectionOrder"]);
+}
+
+constexpr Field<ElectroBox, double> boxNumbers[] = {
+    {"initval", &ElectroBox::initval},     {"length", &ElectroBox::length},
+    {"width", &ElectroBox::width},         {"height", &ElectroBox::height},
+    {"weight", &ElectroBox::weight},       {"pos", &ElectroBox::pos},
+    {"elevation", &ElectroBox::elevation}, {"shift", &ElectroBox::shift},
+};
+constexpr Field<ElectroBox, std::int32_t> boxCodes[] = {
+    {"orientation", &ElectroBox::orientation},
+    {"paint", &ElectroBox::paint},
+    {"box", &ElectroBox::box},
+};
+
+void takeBox(ElectroBox& box, const json& data) {
+    take(box, data, boxNumbers);
+    take(box, data, boxCodes);
+    box.selected = data["selected"].get<bool>();
+}
+
+void takeLists(const json& model) {
+    nbWings = model["nbWings"].get<std::int16_t>();
+    MainWing::allocateWings();
+    currentWing = model["currentWing"].get<std::int16_t>();
+    for (int i = 1; i <= nbWings; ++i)
+        takeWing(Wings(i), model["Wings"][static_cast<std::size_t>(i) - 1]);
+    nbFuselages = model["nbFuselages"].get<std::int16_t>();
+    Fuselage::resizeFuselages();
+    currentFuselage = model["currentFuselage"].get<std::int16_t>();
+    for (int i = 1; i <= nbFuselages; ++i)
+        takeBody(Fuselages(i), model["Fuselages"][static_cast<std::size_t>(i) - 1]);
+    nbEquipments = model["nbEquipments"].get<std::int16_t>();
+    Equipment::resizeEquipments(nbEquipments);
+    currentEquipment = model["currentEquipment"].get<std::int16_t>();
+    for (int i = 1; i <= nbEquipments; ++i)
+        takeBox(Equipments(i), model["Equipments"][static_cast<std::size_t>(i) - 1]);
+}
+
+}  // namespace
+
+void applyModel(const json& model) {
+    Prefs.units = model["Prefs"]["units"].get<int>();
+    Prefs.InchesOption = model["Prefs"]["InchesOption"].get<bool>();
+    Prefs.MillimetersOption = model["Prefs"]["MillimetersOption"].get<bool>();
+    defaultColor = point(model["defaultColor"]);
+    zeroTranslation = point(model["zeroTranslation"]);
+    projectDirectory = model["projectDirectory"].get<std::string>();
+    takeLists(model);
+    takeWing(Stabilizer, model["Stabilizer"]);
+    takeFin(model["Rudder"]);
+    ObjectList.clear();
+    for (const json& row : model["ObjectList"])
+        ObjectList.rows.push_back({row["text"].get<std::string>(), row["status"].get<std::string>(),
+                                   row["sections"].get<std::string>(), row["checked"].get<bool>()});
+}
+
+}  // namespace velna
