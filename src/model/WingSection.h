@@ -50,6 +50,8 @@ public:
     double tipTexCoord(int i) const { return i <= tipTexCoords.upper() ? tipTexCoords(i) : 0; }
     /// How many airfoil points there are to draw: `nb`, or fewer where the airfoil holds fewer.
     int pointCount() const;
+    /// How many points of each section `create` has built.
+    int builtCount() const { return rootPoints.upper() < 0 ? 0 : rootPoints.upper(); }
 
     // preview/
     /// Converts the picture once, before a display list is begun, since a failure may open a message

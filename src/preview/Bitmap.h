@@ -8,10 +8,10 @@ namespace velna::Bitmap {
 int roundedSize(int size);
 
 /// Converts picture `tex` to a JPEG file in folder `dirout` (with its "/"), sizes rounded, turned a
-/// quarter clockwise when `rot` is false. Returns the new file's name without folder: `titlename` with
-/// its last three characters exchanged for "jpg", or with "-model.jpg" where that would be the source
-/// itself; empty when `tex` is empty or cannot be read or written. The same picture asked for again
-/// with the same arguments during one export is converted once; see `beginExport`.
+/// quarter clockwise when `rot` is false. Returns the new file's name without folder: `titlename`
+/// with its last three characters exchanged for "jpg", or with "-model.jpg" where that would be the
+/// source itself; empty when `tex` is empty or cannot be read or written. The same picture asked
+/// for again with the same arguments during one export is converted once; see `beginExport`.
 std::string convertJPG(const std::string& tex, const std::string& titlename,
                        const std::string& dirout, bool rot);
 
@@ -19,8 +19,8 @@ std::string convertJPG(const std::string& tex, const std::string& titlename,
 void beginExport();
 
 /// Writes the side file of a project: picture `tex`, sizes rounded, as 24-bit BMP under the name
-/// `titlename` in folder `dirout`. Does nothing for an empty `tex`, and leaves the source alone where
-/// the target is the source itself. Returns the reason of a failure, empty for none.
+/// `titlename` in folder `dirout`. Does nothing for an empty `tex`, and leaves the source alone
+/// where the target is the source itself. Returns the reason of a failure, empty for none.
 std::string saveTarget(const std::string& tex, const std::string& titlename,
                        const std::string& dirout);
 

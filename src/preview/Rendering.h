@@ -8,11 +8,11 @@ namespace velna::Rendering {
 
 extern RenderContext* context;  ///< the port, set once at start
 
-extern bool contextCreated;     ///< a context is current: GL may be called
-extern bool renderListBuilt;    ///< display list 1 is valid
-extern double renderSpin;       ///< tenths of a degree
+extern bool contextCreated;   ///< a context is current: GL may be called
+extern bool renderListBuilt;  ///< display list 1 is valid
+extern double renderSpin;     ///< tenths of a degree
 extern double renderTilt;
-extern double renderPanX;       ///< pointer units
+extern double renderPanX;  ///< pointer units
 extern double renderPanY;
 extern double renderDistance;
 
@@ -33,8 +33,8 @@ void reset();
 void createRenderContext();
 void createRenderContextWide(double halfWidth);
 void destroyRenderContext();
-/// The toolkit has lost or replaced the context: a new one with the frustum and the view of the old,
-/// and the list made anew.
+/// The toolkit has lost or replaced the context: a new one with the frustum and the view of the
+/// old, and the list made anew.
 void recreateRenderContext();
 /// A new size of `Render`: viewport and frustum follow, the list is replayed.
 void resized();
@@ -48,13 +48,13 @@ void setViewTransform(double panX, double panY, double distance, double spin, do
 /// The last view transform again, with the same arguments: after a change of the unit or the model.
 void reapplyViewTransform();
 
-// ViewMouse.cpp: the mouse over `Render`, in its own units; `shift` the modifier mask (Shift 1, Ctrl
-// 2, Alt 4). During a flight these hand on to it, or do nothing.
+// ViewMouse.cpp: the mouse over `Render`, in its own units; `shift` the modifier mask (Shift 1,
+// Ctrl 2, Alt 4). During a flight these hand on to it, or do nothing.
 void mouseDown(int button, int shift, double x, double y);
 void mouseMove(double x, double y);
 void mouseUp(int button, double x, double y);
-/// A wheel step or a pinch: `change` is added to the distance; a step that would leave the limits of
-/// a drag does nothing.
+/// A wheel step or a pinch: `change` is added to the distance; a step that would leave the limits
+/// of a drag does nothing.
 void zoomBy(double change);
 
 }  // namespace velna::Rendering

@@ -1,0 +1,104 @@
+#include "preview/Scene.h"
+
+#include <algorithm>
+
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "preview/Rendering.h"
+
+namespace velna::Rendering {
+namespace {
+
+constexpr GLuint sceneList = 1;
+
+/// Solids and pictures are being made. A message box about a picture lets window events through,
+/// and one of them may ask for the picture again.
+bool preparing = false;
+
+template <class Visit>
+void forEachPanel(Visit visit) {
+    for (int i = 1; i <= std::min<int>(nbWings, Wings.size()); ++i) visit(Wings(i));
+    visit(Stabilizer);
+}
+
+template <class Visit>
+void forEachShownFuselage(Visit visit) {
+    for (int i = 1; i <= std::min<int>(nbFuselages, Fuselages.size()); ++i)
+        if (ObjectList.shown(i)) visit(Fuselages(i));
+}
+
+/// Everything that the list will need, so that nothing inside it opens a box or lets events
+/// through.
+void prepareScene() {
+    preparing = true;
+    Plane::createAllSolids();
+    forEachPanel([](SymWingSections& panel) {
+        if (panel.Left) panel.Left->convertPicture();
+        if (panel.Right) panel.Right->convertPicture();
+    });
+    Rudder.convertPicture();
+    forEachShownFuselage([](MeshSections& fuselage) { fuselage.convertPicture(); });
+    preparing = false;
+}
+
+void drawPanel(SymWingSections& panel) {
+    setMaterialColor(panel.color());
+    if (panel.Left) drawWingLeft(*panel.Left);
+    if (panel.Right) drawWingRight(*panel.Right);
+}
+
+void drawBlended(MeshSections& fuselage) {
+    setMaterialColor(fuselage.color());
+    if (fuselage.transparent) {
+        glEnable(GL_BLEND);
+    } else {
+        glDisable(GL_BLEND);
+        glHint(GL_LINE_SMOOTH_HINT, GL_NICEST);
+    }
+    drawFuselage(fuselage);
+}
+
+// The fuselages come last: a transparent one blends over what already stands behind it.
+void buildList() {
+    glNewList(sceneList, GL_COMPILE_AND_EXECUTE);
+    glDisable(GL_BLEND);
+    drawEquipments();
+    forEachPanel(drawPanel);
+    setMaterialColor(Rudder.color());
+    drawRudder(Rudder);
+    forEachShownFuselage(drawBlended);
+    glEndList();
+    renderListBuilt = true;
+}
+
+}  // namespace
+
+void setMaterialColor(const Point3D& color) {
+    const GLfloat material[] = {static_cast<GLfloat>(color.x / 255),
+                                static_cast<GLfloat>(color.y / 255),
+                                static_cast<GLfloat>(color.z / 255), 0.7F};
+    glMaterialfv(GL_FRONT_AND_BACK, GL_AMBIENT_AND_DIFFUSE, material);
+}
+
+void renderScene(bool rebuild) {
+    if (preparing) {
+        if (!renderListBuilt) return;
+        rebuild = false;
+    }
+    if (!contextCreated) {
+        // The solids are wanted by more than the picture.
+        if (rebuild) Plane::createAllSolids();
+        return;
+    }
+    const bool replay = !rebuild && renderListBuilt;
+    if (!replay) prepareScene();
+    if (!contextCreated) return;
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    if (replay)
+        glCallList(sceneList);
+    else
+        buildList();
+    context->swapBuffers();
+}
+
+}  // namespace velna::Rendering

@@ -1,0 +1,113 @@
+#include <vector>
+
+#include "common/NumberText.h"
+#include "model/WingSection.h"
+#include "preview/Normals.h"
+#include "preview/Scene.h"
+
+namespace velna::Rendering {
+namespace {
+
+/// Numbers of one wing half, 1-based, kept from one to the next so that a rebuild allocates
+/// nothing. Normals start as zeros, which an airfoil without inner points leaves them at.
+struct WingArrays {
+    std::vector<Point3D> root;
+    std::vector<Point3D> tip;
+    std::vector<Point3D> ahead;   ///< normal of the face towards the next point
+    std::vector<Point3D> behind;  ///< normal of the face towards the one before
+
+    void take(const WingSection& section, int n) {
+        const auto size = static_cast<std::size_t>(n) + 3;
+        root.resize(size);
+        tip.resize(size);
+        ahead.assign(size, {});
+        behind.assign(size, {});
+        for (int i = 1; i <= n; ++i) {
+            root[static_cast<std::size_t>(i)] = section.rootPoint(i);
+            tip[static_cast<std::size_t>(i)] = section.tipPoint(i);
+        }
+    }
+};
+
+WingArrays arrays;
+
+/// What is mirrored between the two halves.
+struct WingSide {
+    bool left;
+    double textureSense;  ///< the right half's places are negative, as its span is
+    Point3D capNormal;
+};
+
+constexpr WingSide leftSide{true, 1, {0, 1, 0}};
+constexpr WingSide rightSide{false, -1, {0, -1, 0}};
+
+/// Both halves number their points alike, so the sense of the right one's surface is reversed: root
+/// and tip change their roles to keep the normals outward.
+void computeNormals(const WingSide& side, std::size_t n) {
+    const Point3D* p = side.left ? arrays.tip.data() : arrays.root.data();
+    const Point3D* q = side.left ? arrays.root.data() : arrays.tip.data();
+    auto& a = arrays.ahead;
+    auto& b = arrays.behind;
+    for (std::size_t i = 2; i + 1 <= n; ++i) {
+        a[i] = faceNormal(p[i], q[i], p[i + 1]);
+        b[i] = faceNormal(q[i], p[i], q[i - 1]);
+    }
+    a[1] = a[2];
+    b[1] = b[2];
+    a[n] = a[n - 1];
+    b[n] = b[n - 1];
+}
+
+void drawSkin(const WingSection& section, const WingSide& side, int n) {
+    glBegin(GL_TRIANGLE_STRIP);
+    for (int i = 1; i <= n; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const Point3D normal = averageNormal(arrays.ahead[k], arrays.behind[k]);
+        if (section.texture_loaded) {
+            emitVertex(arrays.root[k], normal, side.textureSense * section.rootTexCoord(i), 0);
+            emitVertex(arrays.tip[k], normal, side.textureSense * section.tipTexCoord(i), 1);
+        } else {
+            emitVertex(arrays.root[k], normal);
+            emitVertex(arrays.tip[k], normal);
+        }
+    }
+    // Closes the trailing edge.
+    emitVertex(arrays.root[1], {1, 0, 0});
+    emitVertex(arrays.tip[1], {1, 0, 0});
+    glEnd();
+}
+
+void drawTipCap(const WingSide& side, int n) {
+    glBegin(GL_TRIANGLE_STRIP);
+    glNormal3dv(&side.capNormal.x);
+    const int pairs = roundToInt(n / 2.0);
+    for (int i = 1; i <= pairs; ++i) {
+        glVertex3dv(&arrays.tip[static_cast<std::size_t>(n - i + 1)].x);
+        glVertex3dv(&arrays.tip[static_cast<std::size_t>(i)].x);
+    }
+    glEnd();
+}
+
+void drawWing(WingSection& section, const WingSide& side) {
+    const int n = section.builtCount();
+    if (n < 1) return;
+    section.textureMap();
+    arrays.take(section, n);
+    computeNormals(side, static_cast<std::size_t>(n));
+    drawSkin(section, side, n);
+    drawTipCap(side, n);
+    glDisable(GL_TEXTURE_2D);
+}
+
+}  // namespace
+
+// The root end is left open: it lies against the fuselage or the other half.
+void drawWingLeft(WingSection& section) {
+    drawWing(section, leftSide);
+}
+
+void drawWingRight(WingSection& section) {
+    drawWing(section, rightSide);
+}
+
+}  // namespace velna::Rendering
