@@ -1,0 +1,146 @@
+"""A screen in memory with a window manager, and the hands that work on it."""
+
+import os
+import pathlib
+import subprocess
+import tempfile
+import time
+
+HERE = pathlib.Path(__file__).resolve().parent
+WIDTH, HEIGHT = 1280, 1024
+MOVE_PAUSE = 0.012  # a person's pointer is seen by the program at several places on its way
+
+
+class Screen:
+    """An X server of our own with software OpenGL and openbox; `with Screen() as screen:` ends both."""
+
+    def __init__(self, size=(WIDTH, HEIGHT)):
+        self.size = size
+        self.processes = []
+        self.env = dict(os.environ)
+        for name in ("WAYLAND_DISPLAY", "XAUTHORITY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"):
+            self.env.pop(name, None)
+        self.env.update(LIBGL_ALWAYS_SOFTWARE="1", LC_ALL="C.UTF-8", QT_STYLE_OVERRIDE="Fusion")
+
+    def __enter__(self):
+        read, write = os.pipe()
+        command = ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{self.size[0]}x{self.size[1]}x24",
+                   "+extension", "GLX", "+extension", "RANDR", "-nolisten", "tcp", "-noreset"]
+        self._start(command, pass_fds=[write])
+        os.close(write)
+        with os.fdopen(read) as told:
+            number = told.readline().strip()
+        if not number:
+            raise RuntimeError("Xvfb did not start")
+        self.env["DISPLAY"] = f":{number}"
+        self._start(["openbox", "--config-file", str(HERE / "openbox.xml")])
+        wait_for(self._managed, "the window manager")
+        return self
+
+    def __exit__(self, *unused):
+        for process in reversed(self.processes):
+            process.terminate()
+            try:
+                process.wait(5)
+            except subprocess.TimeoutExpired:
+                process.kill()
+
+    def _start(self, command, **options):
+        # The window manager keeps what it notes in a folder of its own.
+        home = tempfile.gettempdir()
+        env = dict(self.env, XDG_CACHE_HOME=home, XDG_CONFIG_HOME=home)
+        self.processes.append(
+            subprocess.Popen(command, env=env, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                             stderr=subprocess.DEVNULL, **options)
+        )
+
+    def _managed(self):
+        told = subprocess.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"], env=self.env,
+                              capture_output=True, text=True)
+        return "window id" in told.stdout
+
+    def tool(self, *words):
+        """One call of xdotool."""
+        told = subprocess.run(["xdotool", *map(str, words)], env=self.env, capture_output=True, text=True)
+        if told.returncode:
+            raise RuntimeError(f"xdotool {words}: {told.stderr}")
+        return told.stdout
+
+    def move(self, x, y):
+        self.tool("mousemove", round(x), round(y))
+
+    def click(self, x, y, button=1, keys=(), times=1):
+        self.tool("mousemove", round(x), round(y), "sleep", MOVE_PAUSE)
+        with self.held(keys):
+            for _ in range(times):
+                self.tool("click", button)
+
+    def press(self, x, y, button=1):
+        """The pointer comes from beside, so that the program sees it hover first."""
+        x, y = round(x), round(y)
+        self.tool("mousemove", x - 1, y + 1, "sleep", MOVE_PAUSE, "mousemove", x, y, "sleep", 0.05,
+                  "mousedown", button)
+
+    def drag_to(self, start, end, steps=6):
+        words = []
+        for step in range(1, steps + 1):
+            x = start[0] + (end[0] - start[0]) * step / steps
+            y = start[1] + (end[1] - start[1]) * step / steps
+            words += ["mousemove", round(x), round(y), "sleep", MOVE_PAUSE]
+        self.tool(*words)
+
+    def drag(self, start, end, button=1, keys=(), steps=6):
+        """Press at `start`, move to `end`, release; `keys` are held from before the press to after the release."""
+        with self.held(keys):
+            self.press(*start, button=button)
+            self.drag_to(start, end, steps)
+            time.sleep(0.05)
+            self.tool("mouseup", button)
+
+    def held(self, keys):
+        return Held(self, keys)
+
+    def key(self, *names):
+        for name in names:
+            self.tool("key", name)
+
+    def type(self, text):
+        self.tool("type", "--delay", 8, text)
+
+    def picture(self, file, place=None):
+        """Writes the screen, or the part at (x, y, width, height), as PNG."""
+        command = ["import", "-silent", "-window", "root"]
+        if place:
+            x, y, width, height = place
+            command += ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
+        subprocess.run(command + [str(file)], env=self.env, check=True)
+        return file
+
+
+class Held:
+    """Keys that are down inside a `with`."""
+
+    def __init__(self, screen, keys):
+        self.screen, self.keys = screen, keys
+
+    def __enter__(self):
+        for key in self.keys:
+            self.screen.tool("keydown", key)
+        if self.keys:
+            time.sleep(0.1)
+
+    def __exit__(self, *unused):
+        for key in self.keys:
+            self.screen.tool("keyup", key)
+
+
+def wait_for(condition, what, seconds=10.0):
+    """The condition's first true answer; looks again and again, since a program answers when it can."""
+    end = time.monotonic() + seconds
+    while True:
+        answer = condition()
+        if answer:
+            return answer
+        if time.monotonic() > end:
+            raise AssertionError(f"waited {seconds:g} s for {what}")
+        time.sleep(0.03)
