@@ -1,22 +1,16 @@
 #include "support/EditorBench.h"
 
-#include "model/Fuselage.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
+#include "support/FreshModel.h"
 
 namespace velna::test {
 
 EditorBench::EditorBench() {
-    Prefs = {};
-    ObjectList.clear();
     Main.DrawArea = &area;
     Main.DrawSectionArea = &sectionArea;
     Main.window = &window;
     Main.reset();
-    Plane::setDefaultPlane();
-    ObjectList.clear();
-    ObjectList.update();
+    resetModel();
     Main.zoomSectionSet();
     Plane::createAllSolids();
     Main.updateWingInterface();

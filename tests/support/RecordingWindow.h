@@ -28,7 +28,7 @@ public:
                           double tilt) override {
         viewTransforms.push_back({panX, panY, distance, spin, tilt});
     }
-    void promptFrustum() override { prompts.push_back("frustum"); }
+    void promptFrustum() override { prompts.push_back("frustum prompt"); }
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     std::string askPictureFile() override;
     std::optional<std::string> askText(const std::string& question, const std::string& title,
