@@ -62,14 +62,14 @@ struct BodyPicture {
 };
 
 BodyPicture sidePicture(const Body& body) {
-    const auto top = pointsOf(body.topPoints, body.nb_sections);
-    const auto bottom = pointsOf(body.bottomPoints, body.nb_sections);
+    const auto top = pointsOf(body.topPoints, body.sectionCount());
+    const auto bottom = pointsOf(body.bottomPoints, body.sectionCount());
     return {top, bottom, bottom, top};
 }
 
 BodyPicture htopPicture(const Body& body) {
-    const auto plus = pointsOf(body.htopPlus, body.nb_sections);
-    const auto minus = pointsOf(body.htopMinus, body.nb_sections);
+    const auto plus = pointsOf(body.htopPlus, body.sectionCount());
+    const auto minus = pointsOf(body.htopMinus, body.sectionCount());
     return {plus, minus, plus, minus};
 }
 
@@ -98,7 +98,7 @@ void erasePicture(const BodyPicture& picture) {
 /// Sections whose end is under the pointer. The last one wins, since it is the one on top.
 void testEnds(Body& body, const Array1<Point2D>& ends, float x, float y, int part,
               std::int32_t& found) {
-    const auto points = pointsOf(ends, body.nb_sections);
+    const auto points = pointsOf(ends, body.sectionCount());
     for (std::size_t i = 0; i < points.size(); ++i) {
         if (!near(points[i], x, y)) continue;
         found = part;
@@ -111,8 +111,8 @@ void testEnds(Body& body, const Array1<Point2D>& ends, float x, float y, int par
 void testGaps(Body& body, const Array1<Point2D>& upper, const Array1<Point2D>& lower, float x,
               float y, std::int32_t& found) {
     if (!Main.ctrlkey) return;
-    const auto above = pointsOf(upper, body.nb_sections);
-    const auto below = pointsOf(lower, body.nb_sections);
+    const auto above = pointsOf(upper, body.sectionCount());
+    const auto below = pointsOf(lower, body.sectionCount());
     const auto beside = [&](std::size_t i) { return above[i].y < y && below[i].y > y; };
     for (std::size_t i = 0; i + 1 < below.size() && i + 1 < above.size(); ++i) {
         if (!(x > below[i].x + hitDistance && x < below[i + 1].x - hitDistance)) continue;
@@ -153,7 +153,7 @@ void MeshSections::drawVTop(int which) {
                        : which == otherFuselage ? dimColor
                        : which == eraseState    ? white
                                                 : black;
-    const auto contour = pointsOf(vtopPoints, 2 * nb_sections);
+    const auto contour = pointsOf(vtopPoints, 2 * sectionCount());
     closedPolyline(*Main.DrawArea, contour, colour);
     if (shift != 0) mirroredClosedPolyline(*Main.DrawArea, contour, Main.xoff, colour);
 }
@@ -180,8 +180,8 @@ void MeshSections::drawFront(double, double xoff, double) {
 std::int32_t MeshSections::testPositionSide(float x, float y) {
     std::int32_t part = FuselagePart::none;
     if (nb_cross == 0) return part;
-    const auto top = pointsOf(topPoints, nb_sections);
-    const auto bottom = pointsOf(bottomPoints, nb_sections);
+    const auto top = pointsOf(topPoints, sectionCount());
+    const auto bottom = pointsOf(bottomPoints, sectionCount());
     for (std::size_t i = 0; i < top.size() && i < bottom.size(); ++i) {
         if (!(near(x, bottom[i].x) && top[i].y < y && bottom[i].y > y)) continue;
         part = FuselagePart::bar;
@@ -196,7 +196,7 @@ std::int32_t MeshSections::testPositionSide(float x, float y) {
 std::int32_t MeshSections::testPositionHTop(float x, float y) {
     std::int32_t part = FuselagePart::none;
     if (nb_cross == 0) return part;
-    const auto plus = pointsOf(htopPlus, nb_sections);
+    const auto plus = pointsOf(htopPlus, sectionCount());
     for (std::size_t i = 0; i < plus.size(); ++i) {
         // Compared with the plain negative of the edge and not with the other edge, so that a bar
         // can be caught well above its minus end too, where small bodies leave room for the
@@ -212,7 +212,7 @@ std::int32_t MeshSections::testPositionHTop(float x, float y) {
 }
 
 std::int32_t MeshSections::testPositionVTop(float x, float y) {
-    const auto contour = pointsOf(vtopPoints, 2 * nb_sections);
+    const auto contour = pointsOf(vtopPoints, 2 * sectionCount());
     if (nb_cross == 0 || contour.empty()) return FuselagePart::none;
     const bool onFirstSection =
         near(y, contour.front().y) && x > contour.back().x && x < contour.front().x;
@@ -283,7 +283,7 @@ void holdTop(Body& body) {
     if (!body.sectionSelected()) return;
     const double elevation = body.elevationGet();
     const double height = elevation == body.initval ? body.initval3 : body.initval2 - elevation;
-    assignFinite(body.height(body.sectionOrder(body.sel_sec)), height);
+    assignFinite(body.height(body.storageIndex(body.sel_sec)), height);
 }
 
 }  // namespace

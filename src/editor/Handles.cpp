@@ -9,9 +9,7 @@ float pixelsFromPress(Axis axis, float x, float y) {
 
 double* valueOf(MeshSections& fuselage, Array1<double> MeshSections::*values) {
     if (!fuselage.sectionSelected()) return nullptr;
-    Array1<double>& array = fuselage.*values;
-    const int k = fuselage.sectionOrder(fuselage.sel_sec);
-    return k <= array.upper() ? &array(k) : nullptr;
+    return &(fuselage.*values)(fuselage.storageIndex(fuselage.sel_sec));
 }
 
 }  // namespace velna

@@ -40,7 +40,7 @@ void MeshSections::drawSection() {
     Surface& surface = *Main.DrawSectionArea;
     surface.clear();
     if (sectionSelected()) {
-        const int k = sectionOrder(sel_sec);
+        const int k = storageIndex(sel_sec);
         const double w = width(k);
         const double h = height(k);
         const double b = bias_curve(k);
