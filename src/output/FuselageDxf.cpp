@@ -25,7 +25,7 @@ std::string layerOf(int fuselageId) {
 void collectSection(const MeshSections& fuselage, int i, std::vector<Point2D>& points) {
     points.clear();
     for (int j = 1; j <= fuselage.nb_cross; ++j)
-        if (fuselage.frontPointUsed(j)) points.push_back(fuselage.frontPoints(i, j));
+        if (fuselage.frontPointUsed(j)) points.push_back(fuselage.frontPoint(i, j));
 }
 
 void barBetween(DxfDrawing& drawing, const Point2D& from, const Point2D& to,
@@ -38,10 +38,10 @@ void barBetween(DxfDrawing& drawing, const Point2D& from, const Point2D& to,
 void MeshSections::saveDXF_side(DxfDrawing& drawing, int fuselageId) {
     const std::string layer = layerOf(fuselageId);
     computeSidePoints(1, 0, 0);
-    const auto count = static_cast<std::size_t>(nb_sections);
+    const auto count = static_cast<std::size_t>(sectionCount());
     drawing.polyline({topPoints.data() + 1, count}, dxfUpright, layer);
     drawing.polyline({bottomPoints.data() + 1, count}, dxfUpright, layer);
-    for (int i = 1; i <= nb_sections; ++i)
+    for (int i = 1; i <= sectionCount(); ++i)
         barBetween(drawing, bottomPoints(i), topPoints(i), layer);
 }
 
@@ -52,7 +52,7 @@ void MeshSections::saveDXF_front(DxfDrawing& drawing, int fuselageId) {
     std::vector<Point2D> section;
     for (const DxfSigns& signs : {dxfUpright, dxfMirrored}) {
         if (signs.x < 0 && shift == 0) continue;
-        for (int i = 1; i <= nb_sections && drawing.wanted(); ++i) {
+        for (int i = 1; i <= sectionCount() && drawing.wanted(); ++i) {
             collectSection(*this, i, section);
             drawing.closedPolyline(section, signs, layer);
         }
@@ -63,13 +63,13 @@ void MeshSections::saveDXF_front(DxfDrawing& drawing, int fuselageId) {
 void MeshSections::saveDXF_vtop(DxfDrawing& drawing, int fuselageId) {
     const std::string layer = layerOf(fuselageId);
     std::vector<Point2D> contour;
-    contour.reserve(2 * static_cast<std::size_t>(nb_sections));
+    contour.reserve(2 * static_cast<std::size_t>(sectionCount()));
     const auto add = [&](int i, double side) {
-        const int k = sectionOrder(i);
+        const int k = storageIndex(i);
         contour.push_back({shift + side * (width(k) / 2), pos(k) + pos_offset});
     };
-    for (int i = 1; i <= nb_sections; ++i) add(i, -1);
-    for (int i = nb_sections; i >= 1; --i) add(i, 1);
+    for (int i = 1; i <= sectionCount(); ++i) add(i, -1);
+    for (int i = sectionCount(); i >= 1; --i) add(i, 1);
     drawing.closedPolyline(contour, dxfUpright, layer);
     if (shift != 0) drawing.closedPolyline(contour, dxfMirrored, layer);
 }
@@ -78,8 +78,8 @@ void MeshSections::saveDXF_htop(DxfDrawing& drawing) {
     // The plan lies on the centre line whatever the shift: it is a building plan of this one body.
     std::vector<Point2D> plus;
     std::vector<Point2D> minus;
-    for (int i = 1; i <= nb_sections; ++i) {
-        const int k = sectionOrder(i);
+    for (int i = 1; i <= sectionCount(); ++i) {
+        const int k = storageIndex(i);
         plus.push_back({pos(k) + pos_offset, width(k) / 2});
         minus.push_back({pos(k) + pos_offset, -(width(k) / 2)});
     }
@@ -95,8 +95,8 @@ void MeshSections::saveDXF_htop(DxfDrawing& drawing) {
     double distance = 0;
     double before = 0;
     std::vector<Point2D> section;
-    for (int i = 1; i <= nb_sections && drawing.wanted(); ++i) {
-        const double here = width(sectionOrder(i));
+    for (int i = 1; i <= sectionCount() && drawing.wanted(); ++i) {
+        const double here = width(storageIndex(i));
         distance = distance + before / 2 + here / 2 + gapInRow;
         before = here;
         collectSection(*this, i, section);

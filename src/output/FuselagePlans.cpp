@@ -29,8 +29,8 @@ double topOfBar(const MeshSections& fuselage, int k) {
 void MeshSections::printSide(PrinterSurface& printer, double zoom, double xoff, double yoff) {
     std::vector<Point2D> tops;
     std::vector<Point2D> bottoms;
-    for (int i = 1; i <= nb_sections; ++i) {
-        const int k = sectionOrder(i);
+    for (int i = 1; i <= sectionCount(); ++i) {
+        const int k = storageIndex(i);
         const double x = (pos(k) + pos_offset) * zoom + xoff;
         bottoms.push_back({x, -(elevation(k) + elevation_offset) * zoom + yoff});
         tops.push_back({x, -topOfBar(*this, k) * zoom + yoff});
@@ -44,8 +44,8 @@ void MeshSections::printSide(PrinterSurface& printer, double zoom, double xoff, 
 /// The edge on the +width / 2 side, and its image about the centre line.
 void MeshSections::printHTop(PrinterSurface& printer, double zoom, double xoff, double yoff) {
     std::vector<Point2D> edge;
-    for (int i = 1; i <= nb_sections; ++i) {
-        const int k = sectionOrder(i);
+    for (int i = 1; i <= sectionCount(); ++i) {
+        const int k = storageIndex(i);
         edge.push_back({(pos(k) + pos_offset) * zoom + xoff, width(k) / 2 * zoom + yoff});
     }
     printPolyline(printer, edge, black);
@@ -64,14 +64,14 @@ void MeshSections::printFront(PrinterSurface& printer, int i_sections, double zo
 void MeshSections::printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff) {
     std::vector<Point2D> contour;
     const auto add = [&](int i, double side) {
-        const int k = sectionOrder(i);
+        const int k = storageIndex(i);
         contour.push_back(
             {(side * width(k) / 2 + shift) * zoom + xoff, (pos(k) + pos_offset) * zoom + yoff});
     };
-    for (int i = 1; i <= nb_sections; ++i) add(i, 1);
-    for (int i = nb_sections; i >= 1; --i) add(i, -1);
+    for (int i = 1; i <= sectionCount(); ++i) add(i, 1);
+    for (int i = sectionCount(); i >= 1; --i) add(i, -1);
     const std::span all(contour);
-    const auto half = static_cast<std::size_t>(nb_sections);
+    const auto half = static_cast<std::size_t>(sectionCount());
     for (const auto& side : {all.first(half), all.last(half)}) printPolyline(printer, side, black);
     if (shift == 0) return;
     for (const auto& side : {all.first(half), all.last(half)})
@@ -84,7 +84,7 @@ void printComputedSection(PrinterSurface& printer, const MeshSections& fuselage,
     // section.
     std::vector<Point2D> section;
     for (int j = 1; j <= fuselage.nb_cross; ++j)
-        if (fuselage.frontPointUsed(j)) section.push_back(fuselage.frontPoints(i, j));
+        if (fuselage.frontPointUsed(j)) section.push_back(fuselage.frontPoint(i, j));
     if (section.empty()) return;
     section.push_back(section.front());
     printPolyline(printer, section, dimColor);

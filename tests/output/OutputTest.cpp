@@ -1,0 +1,114 @@
+#include "output/OutputTest.h"
+
+#include <fstream>
+#include <utility>
+
+#include "common/ReplacedFile.h"
+#include "model/Plane.h"
+#include "preview/Bitmap.h"
+#include "support/ModelJson.h"
+
+namespace velna::test {
+
+namespace {
+
+const std::string dataFolder = std::string(VELNA_TEST_DATA) + "/";
+
+/// The pictures' sizes in the textured aircraft.
+std::pair<int, int> sizeOfPicture(const std::string& title) {
+    if (title == "tex_wing2.bmp") return {32, 256};
+    if (title == "tex_stab.BMP") return {64, 32};
+    if (title == "tex_fus.bmp") return {100, 50};
+    if (title == "tex_fin.bmp") return {64, 128};
+    return {128, 64};
+}
+
+/// What the 3D picture does once for a wing's picture, which it turns.
+void takeIn(SymWingSections& wing) {
+    if (wing.texture_filename().empty()) return;
+    const auto [width, height] = sizeOfPicture(wing.qualified_texture_filename);
+    for (WingSection* half : {wing.Left.get(), wing.Right.get()}) {
+        half->xtex = Bitmap::roundedSize(height);
+        half->ytex = Bitmap::roundedSize(width);
+        half->texture_loaded = true;
+        half->create_texcoords();
+    }
+}
+
+void replaceFolder(nlohmann::json& value) {
+    if (value.is_structured())
+        for (auto& entry : value) replaceFolder(entry);
+    if (!value.is_string()) return;
+    auto text = value.get<std::string>();
+    const auto at = text.find("{DIR}");
+    if (at != std::string::npos) value = text.replace(at, 5, dataFolder);
+}
+
+}  // namespace
+
+bool NamedPictures::load(const std::string& file, std::string& reason) {
+    loaded.push_back(file);
+    title_ = titleOf(file);
+    if (title_.starts_with("unreadable")) {
+        reason = "no picture";
+        return false;
+    }
+    std::tie(width_, height_) = sizeOfPicture(title_);
+    turns_ = 0;
+    return true;
+}
+
+void NamedPictures::rotateQuarter() {
+    std::swap(width_, height_);
+    ++turns_;
+}
+
+void NamedPictures::resize(int width, int height) {
+    width_ = width;
+    height_ = height;
+}
+
+bool NamedPictures::save(const std::string& file, PictureFormat format, std::string&) {
+    writeBytes(file, title_ + " " + std::to_string(width_) + " x " + std::to_string(height_) +
+                         (turns_ == 1 ? " turned" : "") +
+                         (format == PictureFormat::Jpeg ? " jpeg" : " bmp"));
+    return true;
+}
+
+bool ScriptedProgress::step(long long done, long long total) {
+    lastDone = done;
+    lastTotal = total;
+    return ++questions != cancelAt;
+}
+
+OutputTest::OutputTest() {
+    imaging = &pictures;
+    progress = nullptr;
+    PrintSelect = {};
+    vrmlUnitScale = {};
+}
+
+OutputTest::~OutputTest() {
+    imaging = nullptr;
+    progress = nullptr;
+    PrintSelect = {};
+}
+
+void OutputTest::load(const std::string& name) {
+    std::ifstream file(dataFolder + "solids/" + name + ".json");
+    auto model = nlohmann::json::parse(file)["model"];
+    replaceFolder(model);
+    applyModel(model);
+    Plane::createAllSolids();
+    for (int i = 1; i <= nbWings; ++i) takeIn(Wings(i));
+    takeIn(Stabilizer);
+    if (Rudder.texture_filename.empty()) return;
+    std::tie(Rudder.xtex, Rudder.ytex) = sizeOfPicture(Rudder.qualified_texture_filename);
+    Rudder.texture_loaded = true;
+}
+
+std::string expectedExport(const std::string& name) {
+    return bytesOf(dataFolder + "exports/" + name);
+}
+
+}  // namespace velna::test

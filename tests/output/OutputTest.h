@@ -1,0 +1,71 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "output/Plans.h"
+#include "output/Progress.h"
+#include "preview/Imaging.h"
+#include "support/EditorBench.h"
+#include "support/TemporaryFolder.h"
+
+namespace velna::test {
+
+/// Pictures by their file's name, none of which is really decoded: a saved picture is a line that
+/// tells its source, size and turn.
+class NamedPictures : public Imaging {
+public:
+    bool load(const std::string& file, std::string& reason) override;
+    int width() const override { return width_; }
+    int height() const override { return height_; }
+    void rotateQuarter() override;
+    void resize(int width, int height) override;
+    PictureBytes pixels() override { return {}; }
+    bool save(const std::string& file, PictureFormat format, std::string& reason) override;
+    void showProgress(int) override {}
+    void hideProgress() override {}
+    void showError(const std::string&) override {}
+
+    std::vector<std::string> loaded;
+
+private:
+    std::string title_;
+    int width_ = 0;
+    int height_ = 0;
+    int turns_ = 0;
+};
+
+/// A watcher that cancels at its `cancelAt`th question, or never.
+class ScriptedProgress : public Progress {
+public:
+    bool step(long long done, long long total) override;
+
+    int cancelAt = 0;
+    int questions = 0;
+    long long lastDone = 0;
+    long long lastTotal = 0;
+};
+
+/// A test of what leaves the program: the editor on recorders, a folder to write to, no watcher,
+/// and nothing ticked in the Print dialog.
+class OutputTest : public ::testing::Test {
+protected:
+    OutputTest();
+    ~OutputTest() override;
+
+    /// The aircraft `name` of the test data as it stands after its project was opened, its pictures
+    /// taken in by the 3D picture.
+    void load(const std::string& name);
+
+    EditorBench bench;
+    TemporaryFolder folder;
+    NamedPictures pictures;
+};
+
+/// The expected bytes of an export in the test data.
+std::string expectedExport(const std::string& name);
+
+}  // namespace velna::test
