@@ -50,25 +50,6 @@ double outOfRange(std::string_view number) {
     return negative && size > 0 ? -magnitude : magnitude;
 }
 
-/// Parses the number at the start of `text`; `rest` is what stands behind it.
-std::optional<double> parsePrefix(std::string_view text, std::string_view& rest) {
-    text = withoutLeadingBlanks(text);
-    if (!text.empty() && text.front() == '+') {
-        text.remove_prefix(1);
-        if (!text.empty() && text.front() == '-') return {};
-    }
-    const std::string_view digits = text.substr(!text.empty() && text.front() == '-' ? 1 : 0);
-    // `inf` and `nan`, which from_chars would take, start with a letter.
-    if (digits.empty() || !(isDigit(digits.front()) || digits.front() == '.')) return {};
-    double value = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error == std::errc::invalid_argument) return {};
-    const auto length = static_cast<std::size_t>(end - text.data());
-    rest = text.substr(length);
-    if (error == std::errc::result_out_of_range) return outOfRange(text.substr(0, length));
-    return value;
-}
-
 }  // namespace
 
 std::string numberText(double value) {
@@ -98,9 +79,26 @@ void appendInteger(std::string& out, long long value) {
     out.append(text, std::to_chars(text, text + longestNumber, value).ptr);
 }
 
+std::optional<double> takeNumber(std::string_view& text) {
+    std::string_view number = withoutLeadingBlanks(text);
+    if (!number.empty() && number.front() == '+') {
+        number.remove_prefix(1);
+        if (!number.empty() && number.front() == '-') return {};
+    }
+    const std::string_view digits = number.substr(number.starts_with('-') ? 1 : 0);
+    // `inf` and `nan`, which from_chars would take, start with a letter.
+    if (digits.empty() || !(isDigit(digits.front()) || digits.front() == '.')) return {};
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+    if (error == std::errc::invalid_argument) return {};
+    const auto length = static_cast<std::size_t>(end - number.data());
+    text = number.substr(length);
+    if (error == std::errc::result_out_of_range) return outOfRange(number.substr(0, length));
+    return value;
+}
+
 std::optional<double> numericPrefix(std::string_view text) {
-    std::string_view rest;
-    return parsePrefix(text, rest);
+    return takeNumber(text);
 }
 
 double leadingNumber(std::string_view text) {
@@ -108,9 +106,8 @@ double leadingNumber(std::string_view text) {
 }
 
 std::optional<double> wholeNumber(std::string_view text) {
-    std::string_view rest;
-    const auto value = parsePrefix(text, rest);
-    if (!value || !rest.empty() || !std::isfinite(*value)) return {};
+    const auto value = takeNumber(text);
+    if (!value || !text.empty() || !std::isfinite(*value)) return {};
     return value;
 }
 

@@ -23,6 +23,10 @@ void appendInteger(std::string& out, long long value);
 /// that the assignment that follows fails.
 std::optional<double> numericPrefix(std::string_view text);
 
+/// `numericPrefix`, and takes what it read, blanks included, off the front of `text`. Without a
+/// number `text` is left alone.
+std::optional<double> takeNumber(std::string_view& text);
+
 /// `numericPrefix`, with 0 for a text that starts with no number.
 double leadingNumber(std::string_view text);
 

@@ -122,8 +122,10 @@ std::int32_t ValueReader::int32() {
 }
 
 double ValueReader::number() {
-    const auto number = wholeNumber(value());
-    if (!number) throw ReadFailure("a number expected");
+    const auto number = takeNumber(rest_);
+    const bool ended = rest_.empty() || rest_.front() == ',' || isLineEnd(rest_.front());
+    if (!number || !ended || !std::isfinite(*number)) throw ReadFailure("a number expected");
+    dropValueEnd(rest_);
     return *number;
 }
 

@@ -1,0 +1,97 @@
+#include "persistence/PictureFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "common/ReplacedFile.h"
+#include "common/ValueReader.h"
+#include "model/Plane.h"
+#include "persistence/RecordFields.h"
+#include "preview/Bitmap.h"
+
+namespace velna::PictureFiles {
+
+namespace {
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool equalIgnoringCase(std::string_view one, std::string_view other) {
+    return std::ranges::equal(one, other, {}, lower, lower);
+}
+
+/// The entry of `folder` that is `title` in other letters, or `title` itself.
+std::string titleAsItStands(const std::string& folder, const std::string& title) {
+    namespace fs = std::filesystem;
+    std::error_code failure;
+    const fs::path place = folder.empty() ? fs::path(".") : fs::path(folder);
+    if (fs::exists(place / title, failure)) return title;
+    // Of several the first by name, so that it does not depend on the order in the folder.
+    std::string found;
+    fs::directory_iterator entry(place, failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        const std::string name = entry->path().filename().string();
+        if (equalIgnoringCase(name, title) && (found.empty() || name < found)) found = name;
+    }
+    return found.empty() ? title : found;
+}
+
+const std::string& textureName(const SymWingSections& panel) {
+    return panel.texture_filename();
+}
+
+template <class Object>
+const std::string& textureName(const Object& object) {
+    return object.texture_filename;
+}
+
+void setTextureName(SymWingSections& panel, const std::string& name) {
+    panel.set_texture_loaded(false);
+    panel.set_texture_filename(name);
+}
+
+template <class Object>
+void setTextureName(Object& object, const std::string& name) {
+    object.texture_loaded = false;
+    object.texture_filename = name;
+}
+
+/// Every object that can carry a picture, in the order of the names in a file.
+template <class Visit>
+void forEachObject(Visit visit) {
+    for (int i = 1; i <= nbWings; ++i) visit(Wings(i));
+    visit(Stabilizer);
+    for (int i = 1; i <= nbFuselages; ++i) visit(Fuselages(i));
+    visit(Rudder);
+}
+
+}  // namespace
+
+std::string saveTextureNames(ReplacedFile& file, const std::string& folder) {
+    std::string reason;
+    forEachObject([&](const auto& object) {
+        saveText(file, object.qualified_texture_filename);
+        const std::string failure =
+            Bitmap::saveTarget(textureName(object), object.qualified_texture_filename, folder);
+        if (reason.empty() && !failure.empty())
+            reason = object.qualified_texture_filename + ": " + failure;
+    });
+    return reason;
+}
+
+void readTextureNames(ValueReader& file) {
+    forEachObject([&](auto& object) {
+        const std::string title = file.text();
+        setTextureName(object, qualifyTextureName(projectDirectory, title));
+        object.qualified_texture_filename = title;
+    });
+}
+
+std::string qualifyTextureName(const std::string& folder, const std::string& title) {
+    if (title.empty()) return {};
+    return folder + titleAsItStands(folder, title);
+}
+
+}  // namespace velna::PictureFiles

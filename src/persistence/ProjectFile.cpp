@@ -1,0 +1,62 @@
+#include <cstdio>
+#include <string>
+
+#include "common/ReplacedFile.h"
+#include "common/ValueReader.h"
+#include "common/Version.h"
+#include "model/Equipment.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "persistence/PictureFiles.h"
+#include "persistence/ProjectFormats.h"
+#include "persistence/RecordFields.h"
+
+namespace velna::Plane {
+
+namespace {
+
+constexpr const char* firstLinePrefix = "# VELNA File Format V ";
+constexpr const char* refusedVersion = "The vln file version 0.1.x is not any more supported";
+
+/// A failed read is no matter for a message box; whoever runs the program from a terminal sees it.
+void complain(const std::string& file, const char* reason) {
+    std::fprintf(stderr, "velna: %s: %s\n", file.c_str(), reason);
+}
+
+}  // namespace
+
+std::string saveProject(const std::string& file) {
+    ReplacedFile target(file);
+    if (!target.error().empty()) return target.error();
+    target.line(std::string(firstLinePrefix) + versionText);
+    MainWing::saveWings(target);
+    Stabilizer.save(target);
+    Fuselage::saveFuselages(target);
+    Rudder.save(target);
+    Equipment::saveEquipments(target);
+    saveFlag(target, Prefs.InchesOption);
+    ObjectList.save(target);
+    MainWing::saveWingAirfoils(target);
+    // A picture that cannot be copied is told of, but must not keep the aircraft from being saved.
+    const std::string pictureFailure = PictureFiles::saveTextureNames(target, folderOf(file));
+    return target.commit() ? pictureFailure : target.error();
+}
+
+std::string readProject(const std::string& file) {
+    projectDirectory = folderOf(file);
+    try {
+        const std::string bytes = readWholeFile(file);
+        ValueReader reader(bytes);
+        const ProjectFormat& format = formatOf(reader.line());
+        if (!format.readWings) return refusedVersion;
+        readBlocks(reader, format);
+    } catch (const ReadFailure& failure) {
+        complain(file, failure.what());
+    }
+    return {};
+}
+
+}  // namespace velna::Plane
