@@ -1,0 +1,136 @@
+#include <algorithm>
+
+#include "model/Equipment.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "preview/Flying.h"
+#include "preview/Rendering.h"
+#include "shell/Preferences.h"
+#include "shell/Startup.h"
+#include "shell/ToolbarCommands.h"
+#include "support/ShellFixture.h"
+
+namespace velna::test {
+namespace {
+
+class Startup : public ShellFixture {};
+
+TEST_F(Startup, OpensInTheTopViewInMillimetresWithoutPrefs) {
+    velna::Startup::run();
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.tab(), PanelTab::wing);
+    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_TRUE(Main.savedProject);
+    EXPECT_TRUE(dialogs.asked.empty());
+    EXPECT_EQ(Main.controls[Control::SpanText].text, "1400");
+    EXPECT_EQ(ObjectList.rows.size(), 1u);
+}
+
+TEST_F(Startup, ShowsSplashLayoutAndWindowInOrder) {
+    velna::Startup::run();
+    const std::vector<std::string> expected{"splash Version 2.2.1",
+                                            "help file " + desktop.program + "Velna.HLP",
+                                            "caption Velna V2.2.1",
+                                            "layout",
+                                            "help at 100 400 900 500",
+                                            "show main",
+                                            "hide splash"};
+    EXPECT_EQ(desktop.calls, expected);
+}
+
+TEST_F(Startup, DeletesTheLogBesideTheProgramOnly) {
+    velna::Startup::monitorLoad("a line");
+    EXPECT_EQ(contentOf(programFile("log.txt")), "a line\r\n");
+    velna::Startup::run();
+    EXPECT_FALSE(std::filesystem::exists(programFile("log.txt")));
+}
+
+TEST_F(Startup, SmallFontsNeedASettingsFile) {
+    desktop.textHeight = 16;
+    EXPECT_FALSE(velna::Startup::smallFontsMode());
+    writeFile(programFile("prefs.txt"), "");
+    EXPECT_TRUE(velna::Startup::smallFontsMode());
+    desktop.textHeight = 17;
+    EXPECT_FALSE(velna::Startup::smallFontsMode());
+    desktop.textHeight.reset();
+    EXPECT_TRUE(velna::Startup::smallFontsMode());
+}
+
+TEST_F(Startup, TheOneTickGivesTheFirstViewAndStops) {
+    velna::Startup::run();
+    ASSERT_TRUE(desktop.timer1);
+    EXPECT_EQ(Rendering::renderDistance, 100);
+    velna::Startup::timer1Tick();
+    EXPECT_FALSE(desktop.timer1);
+    EXPECT_EQ(Rendering::renderDistance, 0);
+    EXPECT_EQ(Rendering::renderSpin, 900);
+    EXPECT_EQ(Rendering::renderTilt, 450);
+    EXPECT_EQ(Prefs.units, millimetres);
+}
+
+TEST_F(Startup, AStoredInchSettingConvertsAtTheFirstTick) {
+    writeFile(programFile("prefs.txt"), "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
+    velna::Startup::run();
+    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_DOUBLE_EQ(Wings(1).span, 700);
+    velna::Startup::timer1Tick();
+    EXPECT_EQ(Prefs.units, inches);
+    EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
+    EXPECT_DOUBLE_EQ(Equipment::servoTypes.front().length, 25 / 25.4);
+    // All five tabs show the new unit, not only the wing's.
+    EXPECT_EQ(Main.controls[Control::LengthBStabText].text, "5.12");
+    EXPECT_EQ(Main.controls[Control::PosServoText].text, "7.87");
+    EXPECT_TRUE(Main.savedProject);
+}
+
+TEST_F(Startup, TheGlideTimerStopsAtItsFirstTickWithoutAGlide) {
+    velna::Startup::run();
+    ASSERT_TRUE(desktop.timer2);
+    velna::Startup::timer2Tick();
+    EXPECT_FALSE(desktop.timer2);
+    EXPECT_TRUE(desktop.cursorPath.empty());
+}
+
+TEST_F(Startup, QuittingAsksWithNoAsTheDefault) {
+    velna::Startup::run();
+    dialogs.yesNo = {false, true};
+    EXPECT_FALSE(velna::Startup::queryUnload());
+    EXPECT_TRUE(velna::Startup::queryUnload());
+    EXPECT_EQ(dialogs.asked[0].text, "Do you really want to quit Velna ?");
+    EXPECT_EQ(dialogs.asked[0].icon, BoxIcon::Exclamation);
+    EXPECT_FALSE(dialogs.asked[0].defaultYes);
+}
+
+TEST_F(Startup, TheFirstProperQuitWritesTheSettings) {
+    velna::Startup::run();
+    velna::Startup::unload();
+    EXPECT_EQ(contentOf(programFile("prefs.txt")), "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
+    EXPECT_FALSE(Rendering::contextCreated);
+    EXPECT_FALSE(desktop.timer1 || desktop.timer2);
+    EXPECT_EQ(desktop.calls.back(), "close help");
+}
+
+TEST_F(Startup, TheKeyExitEndsAtOnceAndWritesNothing) {
+    velna::Startup::run();
+    Toolbar::click(Toolbar::Key::Exit);
+    EXPECT_EQ(desktop.calls.back(), "end");
+    EXPECT_FALSE(std::filesystem::exists(programFile("prefs.txt")));
+    EXPECT_TRUE(dialogs.asked.empty());
+}
+
+TEST_F(Startup, AQuitDuringAFlightEndsItFirstAndThenAsks) {
+    velna::Startup::run();
+    Flying::flying = true;
+    EXPECT_FALSE(velna::Startup::queryUnload());
+    EXPECT_FALSE(Flying::flying);
+    EXPECT_TRUE(dialogs.asked.empty());
+    velna::Startup::closeIfAsked();
+    EXPECT_EQ(desktop.calls.back(), "close main");
+    desktop.calls.clear();
+    velna::Startup::closeIfAsked();
+    EXPECT_TRUE(desktop.calls.empty());
+}
+
+}  // namespace
+}  // namespace velna::test

@@ -1,0 +1,367 @@
+#include <fstream>
+
+#include "model/Fuselage.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "output/Plans.h"
+#include "preview/Flying.h"
+#include "preview/Rendering.h"
+#include "shell/ToolbarCommands.h"
+#include "support/ShellFixture.h"
+
+namespace velna::test {
+namespace {
+
+using Toolbar::Key;
+
+class ToolbarCommands : public ShellFixture {
+protected:
+    void SetUp() override {
+        ShellFixture::SetUp();
+        start();
+    }
+    std::string file(const std::string& title) const { return (folder / title).string(); }
+    void answerFile(const std::string& path, int filterIndex) {
+        dialogs.files.push_back({path, filterIndex});
+    }
+};
+
+TEST_F(ToolbarCommands, TheBarHasItsFourteenButtonsInOrder) {
+    std::string names;
+    for (const auto& button : Toolbar::buttons) {
+        names += std::string(button.name) + " ";
+        EXPECT_STRNE(button.tip, "");
+    }
+    EXPECT_EQ(names,
+              "New Open Save Print VTop Front Side HTop Palette Render Prefs Manager FlyingPreview "
+              "Help ");
+}
+
+TEST_F(ToolbarCommands, TheViewButtonsSetTheirTabs) {
+    Toolbar::click(Key::Side);
+    EXPECT_EQ(Main.mode, ViewMode::Side);
+    EXPECT_EQ(Main.tab(), PanelTab::fuselage);
+    Main.selectTab(PanelTab::electronics);
+    Toolbar::click(Key::HTop);
+    EXPECT_EQ(Main.mode, ViewMode::HTop);
+    EXPECT_EQ(Main.tab(), PanelTab::electronics);
+    Toolbar::click(Key::Front);
+    EXPECT_EQ(Main.mode, ViewMode::Front);
+    EXPECT_EQ(Main.tab(), PanelTab::wing);
+    Main.selectTab(PanelTab::rudder);
+    Toolbar::click(Key::VTop);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.tab(), PanelTab::wing);
+}
+
+TEST_F(ToolbarCommands, NewAsksAndNoKeepsTheProject) {
+    Wings(1).span = 1;
+    dialogs.yesNo = {false};
+    Toolbar::click(Key::New);
+    EXPECT_EQ(dialogs.asked[0].text, "Do you really want to reset your project ?");
+    EXPECT_EQ(dialogs.asked[0].icon, BoxIcon::Exclamation);
+    EXPECT_FALSE(dialogs.asked[0].defaultYes);
+    EXPECT_EQ(Wings(1).span, 1);
+}
+
+TEST_F(ToolbarCommands, NewResetsEverythingButTheSavedState) {
+    Wings(1).span = 1;
+    Rudder.offset1 = 9;
+    Main.savedProject = false;
+    ObjectList.setShown(1, false);
+    dialogs.yesNo = {true};
+    Toolbar::click(Key::New);
+    EXPECT_EQ(Wings(1).span, 700);
+    EXPECT_EQ(Rudder.offset1, 0);
+    EXPECT_TRUE(ObjectList.shown(1));
+    EXPECT_FALSE(Main.savedProject);
+    EXPECT_EQ(Main.controls[Control::SpanText].text, "1400");
+}
+
+TEST_F(ToolbarCommands, NewOnAnInchProjectConvertsTheMillimetreDefault) {
+    Prefs.selectUnit(inches);
+    Prefs.units = inches;
+    dialogs.yesNo = {true};
+    Toolbar::click(Key::New);
+    EXPECT_EQ(Prefs.units, inches);
+    EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
+    EXPECT_DOUBLE_EQ(Fuselages(1).pos(3), 800 / 25.4);
+    EXPECT_DOUBLE_EQ(Equipments(1).length, 30 / 25.4);
+    EXPECT_EQ(Main.controls[Control::SpanStabText].text, "19.69");
+}
+
+TEST_F(ToolbarCommands, SavedAndOpenedAgainIsTheSameAircraft) {
+    Wings(1).span = 650;
+    Main.savedProject = false;
+    answerFile(file("a.vln"), 1);
+    Toolbar::click(Key::Save);
+    EXPECT_TRUE(Main.savedProject);
+    Wings(1).span = 1;
+    answerFile(file("a.vln"), 1);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(Wings(1).span, 650);
+    EXPECT_EQ(Main.controls[Control::SpanText].text, "1300");
+    EXPECT_EQ(projectDirectory, folder.string() + "/");
+}
+
+TEST_F(ToolbarCommands, OpeningOverAnUnsavedProjectAsks) {
+    answerFile(file("a.vln"), 1);
+    Toolbar::click(Key::Save);
+    Main.savedProject = false;
+    Wings(1).span = 1;
+    answerFile(file("a.vln"), 1);
+    dialogs.yesNo = {false, true};
+    Main.initSideView();
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(dialogs.asked.back().text,
+              "The current project has not been saved and will be lost\nDo you want to proceed ?");
+    EXPECT_EQ(Wings(1).span, 1);
+    // No ends the whole command: the view stays.
+    EXPECT_EQ(Main.mode, ViewMode::Side);
+    answerFile(file("a.vln"), 1);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(Wings(1).span, 700);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+TEST_F(ToolbarCommands, ACancelledOpenStillEntersTheTopViewAndRendersTwice) {
+    Main.initFrontView();
+    const int swaps = GlTape::count("SwapBuffers");
+    answerFile("", 1);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(GlTape::count("SwapBuffers"), swaps + 2);
+}
+
+TEST_F(ToolbarCommands, OpenDropsTheBackgroundPictureOfTheViewEvenWhenCancelled) {
+    Main.pictures[ViewMode::VTop].shown = true;
+    Main.pictures[ViewMode::Side].shown = true;
+    answerFile("", 1);
+    Toolbar::click(Key::Open);
+    EXPECT_FALSE(Main.pictures[ViewMode::VTop].shown);
+    EXPECT_TRUE(Main.pictures[ViewMode::Side].shown);
+}
+
+TEST_F(ToolbarCommands, ARefusedVersionShowsItsMessage) {
+    writeFile(file("old.vln"), "# VELNA File Format V0.1\r\n1\r\n");
+    answerFile(file("old.vln"), 1);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(dialogs.asked.back().text, "The vln file version 0.1.x is not any more supported");
+    EXPECT_EQ(Wings(1).span, 700);
+}
+
+TEST_F(ToolbarCommands, AnAirfoilGoesToTheCurrentWingWithEitherLineEnd) {
+    for (const char* end : {"\r\n", "\n"}) {
+        std::string points = "title";
+        for (const char* point : {"1 0", "0.5 -0.05", "0 0", "0.5 0.05", "1 0"})
+            points += end + std::string(point);
+        writeFile(file("a.xy"), points + end);
+        Wings(1).init();
+        Main.savedProject = true;
+        answerFile(file("a.xy"), 2);
+        Toolbar::click(Key::Open);
+        EXPECT_EQ(Wings(1).nb, 5);
+        EXPECT_EQ(Wings(1).thickness1, 0.1);
+        EXPECT_FALSE(Main.savedProject);
+    }
+}
+
+TEST_F(ToolbarCommands, ATextureGoesToTheElementOfTheTabAndACancelTakesItAway) {
+    struct Row {
+        int tab;
+        std::function<std::string()> path, title;
+    };
+    const Row rows[] = {
+        {PanelTab::fuselage, [] { return Fuselages(1).texture_filename; },
+         [] { return Fuselages(1).qualified_texture_filename; }},
+        {PanelTab::wing, [] { return Wings(1).texture_filename(); },
+         [] { return Wings(1).qualified_texture_filename; }},
+        {PanelTab::stabilizer, [] { return Stabilizer.texture_filename(); },
+         [] { return Stabilizer.qualified_texture_filename; }},
+        {PanelTab::rudder, [] { return Rudder.texture_filename; },
+         [] { return Rudder.qualified_texture_filename; }},
+    };
+    pictures.pictures[file("p.bmp")] = {2, 2, std::vector<unsigned char>(12, 7)};
+    for (const Row& row : rows) {
+        Main.selectTab(row.tab);
+        answerFile(file("p.bmp"), 3);
+        Toolbar::click(Key::Open);
+        EXPECT_EQ(row.path(), file("p.bmp"));
+        EXPECT_EQ(row.title(), "p.bmp");
+        Main.selectTab(row.tab);
+        answerFile("", 3);
+        Toolbar::click(Key::Open);
+        EXPECT_EQ(row.path(), "");
+        EXPECT_EQ(row.title(), "");
+    }
+}
+
+TEST_F(ToolbarCommands, TheElectronicsTabHasNoTexture) {
+    Main.selectTab(PanelTab::electronics);
+    answerFile(file("p.bmp"), 3);
+    Toolbar::click(Key::Open);
+    EXPECT_TRUE(Main.savedProject);
+    EXPECT_EQ(Fuselages(1).texture_filename, "");
+    EXPECT_EQ(Wings(1).texture_filename(), "");
+}
+
+TEST_F(ToolbarCommands, AFailedSaveTellsTheReasonAndLeavesTheStateAsItWas) {
+    Main.savedProject = false;
+    answerFile(folder.string(), 1);  // a directory
+    Toolbar::click(Key::Save);
+    EXPECT_FALSE(Main.savedProject);
+    EXPECT_EQ(dialogs.story(), "save message");
+    EXPECT_EQ(dialogs.asked.back().icon, BoxIcon::Exclamation);
+}
+
+TEST_F(ToolbarCommands, AFailedExportTellsTheReasonToo) {
+    for (const int kind : {2, 3}) {
+        dialogs.asked.clear();
+        answerFile(file("missing/folder/x"), kind);
+        Toolbar::click(Key::Save);
+        EXPECT_EQ(dialogs.story(), "save message") << kind;
+    }
+}
+
+TEST_F(ToolbarCommands, AnExportLeavesTheSavedStateAlone) {
+    Main.savedProject = false;
+    answerFile(file("a.wrl"), 2);
+    Toolbar::click(Key::Save);
+    EXPECT_FALSE(Main.savedProject);
+    EXPECT_TRUE(contentOf(file("a.wrl")).starts_with("#VRML V2.0 utf8\r\n"));
+}
+
+TEST_F(ToolbarCommands, TheModelExportRefillsThePanelWithTheFuselageItLeavesCurrent) {
+    ++nbFuselages;
+    Fuselage::resizeFuselages();
+    Fuselage::addFuselage();
+    Fuselages(2).height(1) = 77;
+    currentFuselage = 1;
+    answerFile(file("a.wrl"), 2);
+    Toolbar::click(Key::Save);
+    EXPECT_EQ(currentFuselage, 2);
+    EXPECT_EQ(Main.controls[Control::HeightFuselageText].text, "77");
+}
+
+TEST_F(ToolbarCommands, TheDrawingIsOfTheViewOnScreen) {
+    std::vector<std::string> drawings;
+    for (const Key view : {Key::VTop, Key::Front, Key::Side, Key::HTop}) {
+        Toolbar::click(view);
+        answerFile(file("a.dxf"), 3);
+        Toolbar::click(Key::Save);
+        drawings.push_back(contentOf(file("a.dxf")));
+    }
+    for (std::size_t i = 0; i < drawings.size(); ++i)
+        for (std::size_t j = 0; j < i; ++j) EXPECT_NE(drawings[i], drawings[j]);
+}
+
+TEST_F(ToolbarCommands, ACancelledSaveDoesNothing) {
+    answerFile("", 2);
+    Toolbar::click(Key::Save);
+    EXPECT_EQ(dialogs.story(), "save");
+}
+
+TEST_F(ToolbarCommands, TheColourDialogStartsFromTheElementsColour) {
+    Main.selectTab(PanelTab::rudder);
+    Rudder.set_color({127.5, 128.5, 0.5});
+    dialogs.colours = {1122867};
+    Toolbar::click(Key::Palette);
+    EXPECT_EQ(dialogs.asked.back().colour, 32896u);
+    EXPECT_EQ(Rudder.color(), (Point3D{51, 34, 17}));
+    EXPECT_FALSE(Main.savedProject);
+}
+
+TEST_F(ToolbarCommands, ACancelledColourDialogChangesNothing) {
+    Main.selectTab(PanelTab::stabilizer);
+    Stabilizer.set_color({0.25, 0.5, 0.75});
+    dialogs.colours = {std::nullopt};
+    Toolbar::click(Key::Palette);
+    EXPECT_EQ(Stabilizer.color(), (Point3D{0.25, 0.5, 0.75}));
+    EXPECT_TRUE(Main.savedProject);
+}
+
+TEST_F(ToolbarCommands, TheElectronicsTabPicksAColourForNothing) {
+    Main.selectTab(PanelTab::wing);
+    dialogs.colours = {8453889, 65280};
+    Toolbar::click(Key::Palette);
+    EXPECT_EQ(Wings(1).color(), (Point3D{1, 255, 128}));
+    Main.selectTab(PanelTab::electronics);
+    const int swaps = GlTape::count("SwapBuffers");
+    Toolbar::click(Key::Palette);
+    EXPECT_EQ(dialogs.asked.back().colour, 8453889u);
+    EXPECT_EQ(Wings(1).color(), (Point3D{1, 255, 128}));
+    EXPECT_EQ(GlTape::count("SwapBuffers"), swaps + 1);
+}
+
+TEST_F(ToolbarCommands, RenderTogglesAndBuildsEitherWay) {
+    const int swaps = GlTape::count("SwapBuffers");
+    Toolbar::click(Key::Render);
+    EXPECT_TRUE(Main.renderPressed());
+    Toolbar::click(Key::Render);
+    EXPECT_FALSE(Main.renderPressed());
+    EXPECT_EQ(GlTape::count("SwapBuffers"), swaps + 2);
+}
+
+TEST_F(ToolbarCommands, CenteringTogglesItsFlagAndNothingElse) {
+    Toolbar::click(Key::Centering);
+    EXPECT_TRUE(Main.centerUpdate);
+    Toolbar::click(Key::Centering);
+    EXPECT_FALSE(Main.centerUpdate);
+}
+
+TEST_F(ToolbarCommands, CommandsAreDeafDuringAFlight) {
+    Flying::flying = true;
+    for (const Key key : {Key::New, Key::Open, Key::Save, Key::Print, Key::Prefs, Key::Palette})
+        Toolbar::click(key);
+    EXPECT_TRUE(dialogs.asked.empty());
+    Flying::flying = false;
+}
+
+TEST_F(ToolbarCommands, TheFlightsButtonStartsAndEndsIt) {
+    context.events = [] { Toolbar::click(Key::FlyingPreview); };
+    Toolbar::click(Key::FlyingPreview);
+    EXPECT_FALSE(Flying::flying);
+    EXPECT_FALSE(Main.checked(Control::FlyingPreviewButton));
+    EXPECT_EQ(Wings(1).span, 700);
+}
+
+TEST_F(ToolbarCommands, TheFrustumPromptTakesANumberAboveZeroOnly) {
+    const int created = GlTape::count("create");
+    dialogs.texts = {std::nullopt, "", "0", "-5", "abc", "1e999", "50"};
+    for (int i = 0; i < 7; ++i) Toolbar::frustumPrompt();
+    EXPECT_EQ(GlTape::count("create"), created + 1);
+    EXPECT_EQ(dialogs.asked[0].text, "Enter max frustrum value [100]|100");
+    EXPECT_EQ(dialogs.asked[0].title, "Special feature for the members of Velna Expert Group");
+}
+
+TEST_F(ToolbarCommands, CancelInPrintSelectLeavesTheViewAsItWas) {
+    Main.initSideView();
+    dialogs.inPrintSelect = [] { PrintSelect.cancel = true; };
+    Toolbar::click(Key::Print);
+    EXPECT_EQ(dialogs.story(), "printselect");
+    EXPECT_EQ(Main.mode, ViewMode::Side);
+}
+
+TEST_F(ToolbarCommands, ACancelledPrinterDialogPrintsNothingAndEndsInTheTopView) {
+    Main.initSideView();
+    dialogs.inPrintSelect = [] {
+        PrintSelect = {};
+        PrintSelect.cancel = false;
+        PrintSelect.Side = PrintSelect.front = true;
+    };
+    dialogs.printers = {nullptr};
+    Toolbar::click(Key::Print);
+    EXPECT_EQ(dialogs.asked.back().text, "side front ");
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+TEST_F(ToolbarCommands, ManagerAndHelpOpen) {
+    Toolbar::click(Key::Manager);
+    EXPECT_EQ(dialogs.story(), "manager");
+    Toolbar::click(Key::Help);
+    EXPECT_EQ(desktop.calls.back(), "help");
+}
+
+}  // namespace
+}  // namespace velna::test
