@@ -2,12 +2,14 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
 #include <QShortcut>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -25,7 +27,42 @@ struct Context {
 };
 constexpr Context contexts[] = {{300, "main-window"}};
 
+// The pages of the panel's tabs, by their numbers.
+constexpr const char* tabPages[] = {"tab-fuselage", "tab-wing", "tab-stabiliser", "tab-rudder",
+                                    "tab-electronics"};
+
+// The pages of the dialogs: ours by name, the toolkit's by class.
+struct DialogPage {
+    const char* dialog;
+    const char* page;
+};
+constexpr DialogPage dialogPages[] = {
+    {"Prefs", "preferences"},  {"ObjectList", "manager"},        {"PrintSelect", "print"},
+    {"QPrintDialog", "print"}, {"QPrintPreviewDialog", "print"}, {"QColorDialog", "palette"},
+};
+
 constexpr int pageRole = Qt::UserRole;
+
+QString pageOfTab(const QWidget& tabs) {
+    const auto* strip = qobject_cast<const QTabWidget*>(&tabs);
+    const int tab = strip ? strip->currentIndex() : -1;
+    return tab >= 0 && tab < static_cast<int>(std::size(tabPages)) ? tabPages[tab] : "";
+}
+
+// What the widget itself stands for: a page that it names, a tab of the panel, or a dialog.
+QString ownPage(const QWidget& widget) {
+    const QString named = widget.property("helpPage").toString();
+    if (!named.isEmpty()) return named;
+    if (widget.objectName() == "Parameters") return pageOfTab(widget);
+    if (const auto* panel = widget.findChild<QTabWidget*>("Parameters")) return pageOfTab(*panel);
+    if (const auto* files = qobject_cast<const QFileDialog*>(&widget)) {
+        return files->acceptMode() == QFileDialog::AcceptSave ? "save" : "open";
+    }
+    for (const DialogPage& row : dialogPages) {
+        if (widget.objectName() == row.dialog || widget.inherits(row.dialog)) return row.page;
+    }
+    return {};
+}
 
 QToolButton* toolButton(QWidget* parent, const char* name, QStyle::StandardPixmap icon,
                         const QString& tip) {
@@ -245,8 +282,9 @@ void HelpWindow::markWords() {
 
 QString helpPageOf(const QWidget* widget) {
     for (; widget; widget = widget->parentWidget()) {
-        const QString page = widget->property("helpPage").toString();
+        const QString page = ownPage(*widget);
         if (!page.isEmpty()) return page;
+        if (widget->isWindow()) break;
     }
     return {};
 }

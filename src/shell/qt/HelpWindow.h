@@ -69,7 +69,7 @@ private:
     QLineEdit* search_ = nullptr;
 };
 
-/// The page that a widget, or the nearest parent that names one, has set; empty if none has.
+/// The page about a widget, or about the nearest parent that has one; empty if none has.
 QString helpPageOf(const QWidget* widget);
 
 }  // namespace velna
