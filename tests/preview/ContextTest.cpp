@@ -1,0 +1,203 @@
+#include <set>
+
+#include "PreviewFixture.h"
+#include "support/GlCompare.h"
+
+namespace velna::test {
+namespace {
+
+using nlohmann::json;
+using ContextTest = PreviewTest;
+
+/// Equal up to the single precision of OpenGL's `f` procedures.
+void expectAlike(const json& expected, const json& actual, const std::string& where) {
+    ASSERT_EQ(expected.size(), actual.size()) << where << actual;
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        if (expected[i].is_array())
+            expectAlike(expected[i], actual[i], where);
+        else if (expected[i].is_number())
+            EXPECT_NEAR(expected[i].get<double>(), actual[i].get<double>(), 1e-6) << where;
+        else
+            EXPECT_EQ(expected[i], actual[i]) << where;
+    }
+}
+
+/// The calls of a context's set-up that are OpenGL's, up to the view.
+std::vector<json> setUpCalls(const std::vector<json>& calls) {
+    std::vector<json> wanted;
+    for (const json& call : calls) {
+        if (call[0] == "setViewTransform") break;
+        if (call[0].get<std::string>().starts_with("gl")) wanted.push_back(call);
+    }
+    return wanted;
+}
+
+TEST_F(ContextTest, IsSetUpStepByStep) {
+    for (const json& row : sceneCases("context")) {
+        context.areaWidth = row["width"].get<double>();
+        context.areaHeight = row["height"].get<double>();
+        GlTape::clear();
+        Rendering::renderSpin = 1;
+        Rendering::renderTilt = 2;
+        Rendering::createRenderContextWide(row["h"].get<double>());
+        const std::vector<json> expected = setUpCalls(row["calls"]);
+        const std::vector<json> actual = GlTape::calls();
+        ASSERT_GT(actual.size(), expected.size() + 3);
+        EXPECT_EQ(actual[0], json::array({"chooseFormat"}));
+        EXPECT_EQ(actual[1], json::array({"create"}));
+        for (std::size_t i = 0; i < expected.size(); ++i)
+            expectAlike(expected[i], actual[i + 2], expected[i].dump());
+        // Then the view of five zeros and the first picture.
+        EXPECT_EQ(actual[expected.size() + 2][0], "glLoadIdentity");
+        EXPECT_EQ(GlTape::count("glNewList"), 1);
+        EXPECT_EQ(actual.back()[0], "SwapBuffers");
+        EXPECT_EQ(Rendering::renderSpin, row["after"]["renderSpin"].get<double>());
+        EXPECT_EQ(Rendering::renderTilt, row["after"]["renderTilt"].get<double>());
+    }
+}
+
+TEST_F(ContextTest, UsualFrustumIsAHundredWide) {
+    Rendering::createRenderContext();
+    const json frustum = GlTape::named("glFrustum").at(0);
+    EXPECT_EQ(frustum[1].get<double>(), -100);
+    EXPECT_EQ(frustum[2].get<double>(), 100);
+}
+
+TEST_F(ContextTest, ViewportIsInDevicePixels) {
+    context.areaWidth = 823.5;
+    context.areaHeight = 400.25;
+    context.pixelRatio = 2;
+    Rendering::createRenderContext();
+    EXPECT_EQ(GlTape::named("glViewport").at(0), json::array({"glViewport", 0, 0, 1647, 800}));
+}
+
+TEST_F(ContextTest, WithoutAFormatTheProgramSaysSoAndCallsNoGl) {
+    context.formatFound = false;
+    Rendering::createRenderContext();
+    EXPECT_EQ(GlTape::calls(),
+              (std::vector<json>{
+                  json::array({"chooseFormat"}),
+                  json::array({"fatal", "Fatal Error: Could not retrieve pixel format!"})}));
+    EXPECT_FALSE(Rendering::contextCreated);
+}
+
+TEST_F(ContextTest, ThatCannotBeCreatedLeavesThePictureDarkAndTheRestAtWork) {
+    context.creationWorks = false;
+    Rendering::createRenderContext();
+    EXPECT_EQ(Rendering::renderSpin, 900);
+    EXPECT_EQ(Rendering::renderTilt, 450);
+    GlTape::calls().clear();
+    Wings(1).span = 500;
+    Rendering::renderScene(true);
+    Rendering::renderScene(false);
+    Rendering::setViewTransform(1, 2, 3, 4, 5);
+    Rendering::mouseDown(Rendering::leftButton, 0, 0, 0);
+    Rendering::mouseMove(5, 5);
+    Rendering::mouseUp(Rendering::leftButton, 5, 5);
+    Rendering::zoomBy(10);
+    Rendering::resized();
+    Rendering::destroyRenderContext();
+    EXPECT_TRUE(GlTape::calls().empty());
+    EXPECT_EQ(Rendering::renderSpin, 905);
+    // The solids stand all the same: the exports read them.
+    EXPECT_EQ(Wings(1).Left->tipPoint(1).y, 500);
+}
+
+TEST_F(ContextTest, NothingIsCalledBeforeThereIsAContext) {
+    Rendering::renderScene(true);
+    Rendering::setViewTransform(0, 0, 0, 0, 0);
+    Rendering::resized();
+    Rendering::destroyRenderContext();
+    EXPECT_TRUE(GlTape::calls().empty());
+    Rendering::context = nullptr;
+    Rendering::createRenderContext();
+    EXPECT_FALSE(Rendering::contextCreated);
+}
+
+TEST_F(ContextTest, EndsOnce) {
+    openPicture();
+    Rendering::destroyRenderContext();
+    Rendering::destroyRenderContext();
+    EXPECT_EQ(GlTape::count("destroy"), 1);
+    EXPECT_FALSE(Rendering::contextCreated);
+    EXPECT_FALSE(Rendering::renderListBuilt);
+}
+
+TEST_F(ContextTest, NewSizeMovesViewportAndFrustumAndReplaysTheList) {
+    Rendering::createRenderContextWide(50);
+    GlTape::calls().clear();
+    context.areaWidth = 400;
+    context.areaHeight = 200;
+    Rendering::resized();
+    EXPECT_EQ(GlTape::named("glFrustum").at(0),
+              json::array({"glFrustum", -50.0, 50.0, -25.0, 25.0, 100.0, 10000.0}));
+    EXPECT_EQ(GlTape::named("glViewport").at(0), json::array({"glViewport", 0, 0, 400, 200}));
+    EXPECT_EQ(GlTape::named("glMatrixMode").at(1), json::array({"glMatrixMode", "GL_MODELVIEW"}));
+    EXPECT_EQ(GlTape::count("glCallList"), 1);
+    EXPECT_EQ(GlTape::count("glNewList"), 0);
+}
+
+TEST_F(ContextTest, AreaWithoutExtentMakesNoFrustum) {
+    for (const auto& [width, height] : {std::pair{0.0, 300.0}, {300.0, 0.0}, {0.0, 0.0}}) {
+        context.areaWidth = width;
+        context.areaHeight = height;
+        GlTape::clear();
+        Rendering::createRenderContext();
+        EXPECT_EQ(GlTape::count("glFrustum"), 0);
+        EXPECT_EQ(GlTape::count("glNewList"), 1);
+    }
+}
+
+TEST_F(ContextTest, LostOneComesBackWithTheSameView) {
+    Rendering::createRenderContextWide(60);
+    Rendering::setViewTransform(1, 2, 3, 40, 50);
+    const GlView before = runMatrix(GlTape::calls());
+    Rendering::renderSpin = 77;
+    GlTape::calls().clear();
+    Rendering::recreateRenderContext();
+    EXPECT_EQ(GlTape::count("create"), 1);
+    EXPECT_EQ(GlTape::count("glNewList"), 1);
+    EXPECT_EQ(GlTape::named("glFrustum").at(0)[2].get<double>(), 60);
+    EXPECT_EQ(runMatrix(GlTape::calls()).matrix, before.matrix);
+    EXPECT_EQ(Rendering::renderSpin, 77);
+    context.creationWorks = false;
+    GlTape::calls().clear();
+    Rendering::recreateRenderContext();
+    EXPECT_EQ(GlTape::calls().size(), 2u);
+}
+
+/// The frame calls of a tape, as the table tells them.
+std::vector<json> frameCalls(const std::vector<json>& calls) {
+    const std::set<std::string> frame{"glClear", "glNewList", "glEndList", "glCallList",
+                                      "SwapBuffers"};
+    std::vector<json> wanted;
+    for (const json& call : calls)
+        if (frame.contains(call[0].get<std::string>())) wanted.push_back(call);
+    return wanted;
+}
+
+TEST_F(ContextTest, ListIsBuiltWhenItMustAndReplayedOtherwise) {
+    for (const json& row : sceneCases("list")) {
+        Rendering::reset();
+        GlTape::clear();
+        // A context without its own first picture, for the rows that begin with a call.
+        Rendering::createRenderContext();
+        if (row["sequence"][0] != "context") {
+            Rendering::renderListBuilt = false;
+            GlTape::calls().clear();
+        }
+        bool first = true;
+        for (const json& step : row["sequence"]) {
+            if (step == "context" && !first) Rendering::createRenderContext();
+            if (step.is_boolean()) Rendering::renderScene(step.get<bool>());
+            first = false;
+        }
+        std::vector<json> expected;
+        for (const json& calls : row["calls"])
+            expected.insert(expected.end(), calls.begin(), calls.end());
+        EXPECT_EQ(frameCalls(GlTape::calls()), expected) << row["name"];
+    }
+}
+
+}  // namespace
+}  // namespace velna::test

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "preview/Bitmap.h"
+#include "preview/Flying.h"
+#include "preview/Imaging.h"
+#include "preview/Rendering.h"
+#include "support/FakeImaging.h"
+#include "support/FakeJoystick.h"
+#include "support/FakeRenderContext.h"
+#include "support/FreshModel.h"
+#include "support/GlTape.h"
+
+namespace velna::test {
+
+/// The default aircraft, every port recorded, and no context yet.
+class PreviewTest : public FreshModel {
+protected:
+    FakeRenderContext context;
+    FakeImaging pictures;
+    FakeJoystick stick;
+
+    void SetUp() override {
+        FreshModel::SetUp();
+        Rendering::reset();
+        Flying::reset();
+        Bitmap::beginExport();
+        GlTape::clear();
+        GlTape::hasContext = false;
+        GlTape::largestTexture = 4096;
+        Rendering::context = &context;
+        Flying::joystick = &stick;
+        imaging = &pictures;
+    }
+
+    void TearDown() override {
+        EXPECT_EQ(GlTape::faults(), std::vector<std::string>{});
+        EXPECT_FALSE(GlTape::insideList());
+        Rendering::context = nullptr;
+        Flying::joystick = nullptr;
+        imaging = nullptr;
+        resetModel();
+    }
+
+    /// A context with an empty tape behind it.
+    void openPicture() {
+        Rendering::createRenderContext();
+        GlTape::calls().clear();
+    }
+
+    /// The calls of one rebuild.
+    static std::vector<nlohmann::json> rebuild() {
+        GlTape::calls().clear();
+        Rendering::renderScene(true);
+        return GlTape::calls();
+    }
+};
+
+/// A file of tests/data/scene.
+inline std::string sceneFile(const std::string& name) {
+    return std::string(VELNA_TEST_DATA) + "/scene/" + name;
+}
+
+inline nlohmann::json sceneJson(const std::string& name) {
+    std::ifstream file(sceneFile(name));
+    return nlohmann::json::parse(file);
+}
+
+/// A table of tests/data/scene/cases.json.
+inline const nlohmann::json& sceneCases(const std::string& table) {
+    static const nlohmann::json cases = sceneJson("cases.json");
+    return cases.at(table);
+}
+
+}  // namespace velna::test
