@@ -8,6 +8,7 @@
 #include "model/Plane.h"
 #include "model/Prefs.h"
 #include "output/Progress.h"
+#include "persistence/AirfoilFiles.h"
 #include "preview/Rendering.h"
 #include "shell/Failure.h"
 #include "shell/Ports.h"
@@ -45,8 +46,8 @@ bool openProject(const std::string& file) {
     return true;
 }
 
-void openAirfoil(const std::string& file) {
-    Plane::loadAirfoil(file);
+void openWingAirfoil(const std::string& file) {
+    openAirfoil(file);
     Main.savedProject = false;
 }
 
@@ -106,7 +107,7 @@ void open() {
     const FileAnswer answer = Shell.dialogs->openFile(openFilter);
     if (!answer.file.empty()) {
         if (answer.filterIndex == project && !openProject(answer.file)) return;
-        if (answer.filterIndex == second) openAirfoil(answer.file);
+        if (answer.filterIndex == second) openWingAirfoil(answer.file);
         if (answer.filterIndex == third) openTexture(answer.file, titleOf(answer.file));
     } else if (answer.filterIndex == third) {
         openTexture({}, {});

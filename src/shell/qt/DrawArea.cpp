@@ -9,8 +9,8 @@
 namespace velna {
 namespace {
 
-float x(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
-float y(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
+float column(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
+float row(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
 
 // The double arrows of a change of shape, which no desktop has.
 QCursor iconCursor(CursorIcon icon, double density) {
@@ -44,7 +44,7 @@ void DrawArea::setShape(CursorShape shape, CursorIcon icon) {
 
 void DrawArea::mousePressEvent(QMouseEvent* event) {
     Main.DrawArea_MouseDown(EventArguments::button(event->button()),
-                            EventArguments::shift(event->modifiers()), x(*event), y(*event));
+                            EventArguments::shift(event->modifiers()), column(*event), row(*event));
     surface().refresh();
 }
 
@@ -53,7 +53,7 @@ void DrawArea::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event
 void DrawArea::mouseMoveEvent(QMouseEvent* event) {
     const std::int16_t held = EventArguments::buttons(event->buttons());
     const std::int16_t shift = EventArguments::shift(event->modifiers());
-    Main.DrawArea_MouseMove(held, shift, x(*event), y(*event));
+    Main.DrawArea_MouseMove(held, shift, column(*event), row(*event));
     // A held modifier does not repeat on every desktop: it arms what the pointer has come to now.
     if (held == 0 && shift != 0) Main.DrawArea_keydown(EventArguments::modifierKey(shift), shift);
     surface().refresh();
@@ -61,7 +61,7 @@ void DrawArea::mouseMoveEvent(QMouseEvent* event) {
 
 void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
     Main.DrawArea_MouseUp(EventArguments::button(event->button()),
-                          EventArguments::shift(event->modifiers()), x(*event), y(*event));
+                          EventArguments::shift(event->modifiers()), column(*event), row(*event));
     surface().refresh();
 }
 

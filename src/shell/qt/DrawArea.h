@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/Window.h"
 #include "shell/qt/SurfaceWidget.h"
 
 class QKeyEvent;

@@ -26,12 +26,14 @@ bool paintable(Point2D position, Point2D size) {
 }  // namespace
 
 void QtSurface::fitToWidget() {
-    density_ = widget_.devicePixelRatioF();
-    const auto inPixels = [this](int n) {
-        return std::max(1, static_cast<int>(std::lround(n * density_)));
+    const double density = widget_.devicePixelRatioF();
+    const auto inPixels = [density](int n) {
+        return std::max(1, static_cast<int>(std::lround(n * density)));
     };
     const QSize size(inPixels(widget_.width()), inPixels(widget_.height()));
-    if (size != image_.size()) image_ = QImage(size, QImage::Format_RGB32);
+    if (size == image_.size() && density == density_) return;
+    density_ = density;
+    image_ = QImage(size, QImage::Format_RGB32);
     image_.setDevicePixelRatio(density_);
     clear();
 }

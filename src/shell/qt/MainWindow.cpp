@@ -1,0 +1,206 @@
+#include "shell/qt/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+
+#include "editor/Main.h"
+#include "preview/Flying.h"
+#include "preview/Rendering.h"
+#include "shell/Helper.h"
+#include "shell/Startup.h"
+#include "shell/ToolbarCommands.h"
+#include "shell/qt/Bar.h"
+#include "shell/qt/DrawArea.h"
+#include "shell/qt/Drawings.h"
+#include "shell/qt/PanelWidgets.h"
+#include "shell/qt/PopupMenu.h"
+#include "shell/qt/RenderWindow.h"
+#include "shell/qt/WindowLayout.h"
+
+namespace velna {
+namespace {
+
+void put(QWidget& widget, const Place& place) {
+    widget.setGeometry(place.left, place.top, place.width, place.height);
+}
+
+constexpr const char* mouseHints =
+    "<b>Mouse</b><table cellspacing='3'>"
+    "<tr><td>Drag</td><td>edits a handle</td></tr>"
+    "<tr><td>Shift + drag</td><td>the other direction</td></tr>"
+    "<tr><td>Ctrl + click</td><td>inserts or removes a section</td></tr>"
+    "<tr><td>Right click</td><td>menu</td></tr></table>"
+    "<b>Keys over the drawing</b><table cellspacing='3'>"
+    "<tr><td>Z &nbsp; X &nbsp; C &nbsp; V</td><td>top, front, side, fuselage</td></tr>"
+    "<tr><td>A</td><td>fits the section</td></tr>"
+    "<tr><td>S</td><td>renders</td></tr></table>";
+
+}  // namespace
+
+MainWindow::MainWindow() {
+    setObjectName("Main");
+    setWindowIcon(Drawings::icon("icons/VTop", QColor("#2f80d0")));
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::build(bool smallFonts) {
+    smallFonts_ = smallFonts;
+    setGeometry(screen()->availableGeometry());
+    winId();  // the native window that the picture's own window becomes a child of
+    panel_ = new PanelWidgets(smallFonts, mirrors_, this);
+    buildSurfaces();
+    bar_ = new Bar(mirrors_, this);
+    buildSigns();
+    popup_ = new PopupMenu(mirrors_, this);
+    layOut(size());
+    connect(windowHandle(), &QWindow::screenChanged, this, [this] { followScreen(); });
+}
+
+void MainWindow::buildSurfaces() {
+    drawArea_ = new DrawArea(this);
+    renderWindow_ = new RenderWindow;
+    render_ = QWidget::createWindowContainer(renderWindow_, this);
+    render_->setFocusPolicy(Qt::NoFocus);
+    // Black until the first picture, and where the picture stays dark.
+    QPalette dark = render_->palette();
+    dark.setColor(QPalette::Window, Qt::black);
+    render_->setPalette(dark);
+    render_->setAutoFillBackground(true);
+}
+
+void MainWindow::buildSigns() {
+    hints_ = new QLabel(mouseHints, this);
+    hints_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    hints_->setMargin(12);
+    hints_->setWordWrap(true);
+    logo_ = new QLabel(this);
+    logo_->setObjectName("Logo");
+
+    flyingInfo_ = new QLabel(this);
+    flyingInfo_->setObjectName("FlyingInfo");
+    flyingInfo_->setAttribute(Qt::WA_NativeWindow);  // else the native picture would hide it
+    flyingInfo_->setAutoFillBackground(true);
+    flyingInfo_->setMargin(6);
+    flyingInfo_->hide();
+
+    shiftButton_ = new QPushButton(this);
+    shiftButton_->setObjectName(controlName(Control::ShiftButton));
+    shiftButton_->setAttribute(Qt::WA_NativeWindow);
+    shiftButton_->setFocusPolicy(Qt::NoFocus);
+    shiftButton_->hide();
+    mirrors_.add(Control::ShiftButton, [this](const ControlState& state) {
+        shiftButton_->setText(QString::fromStdString(state.text));
+        shiftButton_->adjustSize();
+        shiftButton_->setVisible(state.visible);
+        shiftButton_->raise();
+    });
+}
+
+void MainWindow::layOut(QSize client) {
+    const int barHeight = bar_->sizeHint().height();
+    const WindowLayout l = layOutWindow({client.width(), client.height(), barHeight, smallFonts_});
+    put(*bar_, l.bar);
+    put(*panel_, l.parameters);
+    put(*drawArea_, l.drawArea);
+    drawArea_->surface().fitToWidget();
+    put(*hints_, l.hints);
+    hints_->setVisible(hints_->heightForWidth(l.hints.width) <= l.hints.height);
+
+    const QSize logo(l.foot.height * 3, l.foot.height - 8);
+    logo_->setPixmap(Drawings::picture("Logo", logo, devicePixelRatioF(),
+                                       palette().color(QPalette::WindowText)));
+    logo_->setGeometry(l.logoLeft, l.foot.top + 4, logo.width(), logo.height());
+    logo_->setVisible(l.logoVisible);
+
+    if (flight_) render_->setGeometry(rect());
+    else put(*render_, l.render);
+    if (flight_) bar_->raise();
+    flyingInfo_->adjustSize();
+    flyingInfo_->move(render_->x() + 8, render_->geometry().bottom() - flyingInfo_->height() - 8);
+}
+
+QSize MainWindow::renderSize() const { return render_->size(); }
+
+void MainWindow::setFlight(bool on) {
+    flight_ = on;
+    if (on) {
+        bar_->setAttribute(Qt::WA_NativeWindow);  // to stand above the native picture
+        showFullScreen();
+    } else {
+        showMaximized();
+    }
+    layOut(size());
+}
+
+void MainWindow::setFlyingInfo(bool visible, const QString& text) {
+    flyingInfo_->setText(text);
+    flyingInfo_->adjustSize();
+    flyingInfo_->setVisible(visible);
+    flyingInfo_->raise();
+}
+
+void MainWindow::placeSign(int left, int top) { shiftButton_->move(left, top); }
+
+void MainWindow::start() {
+    started_ = true;
+    mirrors_.showAll();
+    if (size() != QSize()) redraw();
+}
+
+void MainWindow::redraw() {
+    if (!started_ || flight_) return;
+    Main.zoomSectionSet();
+    Main.refreshDrawingArea();
+    Main.updateFuselageInterface();
+    drawArea_->surface().refresh();
+    panel_->update();
+}
+
+void MainWindow::followScreen() {
+    panel_->sectionArea().surface().fitToWidget();
+    layOut(size());
+    redraw();
+    Rendering::resized();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+    if (!bar_) return;
+    layOut(event->size());
+    redraw();
+    Rendering::resized();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (!started_) return;
+    // The window is always as large as the desktop lets it be.
+    if (event->type() == QEvent::WindowStateChange && windowState() == Qt::WindowNoState)
+        QTimer::singleShot(0, this, [this] { showMaximized(); });
+    // Another window has come up: what was being dragged is let go.
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !Helper::running)
+        Main.cancelGesture();
+    if (event->type() == QEvent::PaletteChange) layOut(size());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (!started_) return;
+    if (!Startup::queryUnload()) {
+        event->ignore();
+        return;
+    }
+    stop();
+    Startup::unload();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
+    if (Flying::flying) Toolbar::click(Toolbar::Key::FlyingPreview);
+    else Helper::stop();
+}
+
+}  // namespace velna

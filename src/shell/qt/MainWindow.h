@@ -1,0 +1,80 @@
+#pragma once
+
+#include <memory>
+
+#include <QWidget>
+
+#include "shell/qt/Mirrors.h"
+
+class QLabel;
+class QPushButton;
+
+namespace velna {
+
+class Bar;
+class DrawArea;
+class PanelWidgets;
+class PopupMenu;
+class RenderWindow;
+struct Place;
+
+/// The main window: toolbar, panel, picture and drawing area, laid out by the window's formulas. It is
+/// always maximised. It holds no logic: what happens is told to `Main`, the toolbar and the start-up.
+class MainWindow : public QWidget {
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Makes all controls and lays them out for the screen that the window will fill.
+    void build(bool smallFonts);
+
+    Mirrors& mirrors() { return mirrors_; }
+    DrawArea& drawArea() { return *drawArea_; }
+    PanelWidgets& panel() { return *panel_; }
+    PopupMenu& popup() { return *popup_; }
+    RenderWindow& renderWindow() { return *renderWindow_; }
+
+    /// Size that the layout gives to `Render`.
+    QSize renderSize() const;
+    /// The flight: the picture fills the screen, with the toolbar above it.
+    void setFlight(bool on);
+    void setFlyingInfo(bool visible, const QString& text);
+    /// `ShiftButton` at a place in the window.
+    void placeSign(int left, int top);
+    /// From now on the window's events reach the program.
+    void start();
+    /// Events have nothing to reach any more.
+    void stop() { started_ = false; }
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildSurfaces();
+    void buildSigns();
+    /// Applies the formulas to the present client area.
+    void layOut(QSize client);
+    /// What was drawn for another size is drawn anew.
+    void redraw();
+    void followScreen();
+
+    Mirrors mirrors_;
+    Bar* bar_ = nullptr;
+    PanelWidgets* panel_ = nullptr;
+    DrawArea* drawArea_ = nullptr;
+    RenderWindow* renderWindow_ = nullptr;
+    QWidget* render_ = nullptr;  // holds the native window
+    PopupMenu* popup_ = nullptr;
+    QLabel* hints_ = nullptr;
+    QLabel* logo_ = nullptr;
+    QLabel* flyingInfo_ = nullptr;
+    QPushButton* shiftButton_ = nullptr;
+    bool smallFonts_ = false;
+    bool started_ = false;
+    bool flight_ = false;
+};
+
+}  // namespace velna

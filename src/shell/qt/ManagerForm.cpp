@@ -1,0 +1,96 @@
+#include "shell/qt/ManagerForm.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "editor/Main.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "shell/qt/Drawings.h"
+
+namespace velna {
+
+ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidget) {
+    setObjectName("ObjectList");
+    setWindowTitle("Fuselage Manager");
+    setProperty("helpPage", "manager");
+    list_->setObjectName("ListView");
+    list_->setHeaderLabels({"Id", "Status", "Sections"});
+    list_->setRootIsDecorated(false);
+    list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    list_->setUniformRowHeights(true);
+    list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    list_->setMinimumSize(380, 220);
+
+    const QColor ink = palette().color(QPalette::ButtonText);
+    const auto command = [this](const char* name, const char* caption) {
+        auto* button = new QPushButton(caption);
+        button->setObjectName(name);
+        button->setAutoDefault(false);
+        return button;
+    };
+    QPushButton* show = command("ShowCommand", "Show");
+    show->setIcon(Drawings::icon("icons/Show", ink));
+    QPushButton* hide = command("HideCommand", "Hide");
+    hide->setIcon(Drawings::icon("icons/Hide", ink));
+    QPushButton* close = command("CloseCommand", "Close");
+    close->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(show);
+    buttons->addWidget(hide);
+    buttons->addStretch();
+    buttons->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(list_);
+    layout->addLayout(buttons);
+
+    ObjectList.update();
+    showRows();
+    if (QTreeWidgetItem* current = list_->topLevelItem(currentFuselage - 1))
+        list_->setCurrentItem(current);
+    keepSelection();
+    connect(show, &QPushButton::clicked, this, [] { Main.showCommand(); });
+    connect(hide, &QPushButton::clicked, this, [] { Main.hideCommand(); });
+    connect(close, &QPushButton::clicked, this, [this] { reject(); });
+    connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { reject(); });
+    connect(list_, &QTreeWidget::itemSelectionChanged, this, [this] { keepSelection(); });
+    connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
+        if (column == 0)
+            Main.rowChecked(list_->indexOfTopLevelItem(item) + 1, item->checkState(0) == Qt::Checked);
+    });
+}
+
+void ManagerForm::showRows() {
+    const QSignalBlocker silent(list_);
+    const int count = static_cast<int>(ObjectList.rows.size());
+    while (list_->topLevelItemCount() > count)
+        delete list_->takeTopLevelItem(list_->topLevelItemCount() - 1);
+    while (list_->topLevelItemCount() < count) list_->addTopLevelItem(new QTreeWidgetItem);
+    for (int i = 0; i < count; ++i) {
+        const FuselageRow& row = ObjectList.rows[static_cast<std::size_t>(i)];
+        QTreeWidgetItem& item = *list_->topLevelItem(i);
+        item.setText(0, QString::fromStdString(row.text));
+        item.setText(1, QString::fromStdString(row.status));
+        item.setText(2, QString::fromStdString(row.sections));
+        item.setCheckState(0, row.checked ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
+void ManagerForm::keepSelection() {
+    for (int i = 0; i < list_->topLevelItemCount(); ++i)
+        ObjectList.rows[static_cast<std::size_t>(i)].selected = list_->topLevelItem(i)->isSelected();
+}
+
+void ManagerForm::reject() {
+    // With several rows selected the focused one counts; with none, nothing changes.
+    const bool any = !list_->selectedItems().isEmpty();
+    const int focused = any ? list_->indexOfTopLevelItem(list_->currentItem()) + 1 : 0;
+    QDialog::reject();
+    Main.closeManager(focused);
+}
+
+}  // namespace velna

@@ -1,0 +1,23 @@
+#include "shell/qt/Mirrors.h"
+
+#include <QWidget>
+
+#include "editor/Main.h"
+
+namespace velna {
+
+void Mirrors::show(Control control) const {
+    const Show& show = shows_[static_cast<std::size_t>(control)];
+    if (show) show(Main.controls[control]);
+}
+
+void Mirrors::showAll() const {
+    for (std::size_t i = 0; i < controlCount; ++i) show(static_cast<Control>(i));
+}
+
+void showPresence(QWidget& widget, const ControlState& state) {
+    widget.setEnabled(state.enabled);
+    widget.setVisible(state.visible);
+}
+
+}  // namespace velna

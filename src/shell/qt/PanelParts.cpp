@@ -1,0 +1,196 @@
+// The single controls of the panel: each sends its event to `Main` and shows `Main`'s state.
+#include <algorithm>
+#include <cmath>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QSlider>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "editor/Main.h"
+#include "editor/PanelTable.h"
+#include "model/Equipment.h"
+#include "shell/qt/Drawings.h"
+#include "shell/qt/EventArguments.h"
+#include "shell/qt/Mirrors.h"
+#include "shell/qt/PanelWidgets.h"
+#include "shell/qt/SurfaceWidget.h"
+
+namespace velna {
+namespace {
+
+const std::vector<CatalogueEntry>& catalogueOf(Control combo) {
+    if (combo == Control::ServosCombo) return Equipment::servoTypes;
+    return combo == Control::ReceiverCombo ? Equipment::receiverTypes : Equipment::accuTypes;
+}
+
+void fillCombo(QComboBox& box, Control combo) {
+    const QSignalBlocker silent(&box);
+    box.clear();
+    for (const CatalogueEntry& entry : catalogueOf(combo))
+        box.addItem(QString::fromStdString(entry.name));
+    box.setCurrentIndex(std::clamp(Main.controls[combo].value, 0, box.count() - 1));
+}
+
+}  // namespace
+
+QHBoxLayout* PanelWidgets::listRow(const char* caption, Control label, Control bar,
+                                   const Control* plus, const Control* minus) {
+    auto* row = new QHBoxLayout;
+    row->setSpacing(4);
+    row->addWidget(new QLabel(caption));
+    auto* number = new QLabel;
+    number->setObjectName(controlName(label));
+    number->setMinimumWidth(fontMetrics().horizontalAdvance("00"));
+    number->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    mirrors_.add(label, [number](const ControlState& state) {
+        number->setText(QString::fromStdString(state.text));
+    });
+    row->addWidget(number);
+
+    auto* scroll = new QScrollBar(Qt::Horizontal);
+    scroll->setObjectName(controlName(bar));
+    scroll->setAccessibleName(caption);
+    scroll->setMinimum(1);
+    scroll->setPageStep(1);
+    scroll->setMinimumWidth(50);
+    mirrors_.add(bar, [scroll](const ControlState& state) {
+        const QSignalBlocker silent(scroll);
+        scroll->setMaximum(state.maximum);
+        scroll->setValue(state.value);
+    });
+    connect(scroll, &QScrollBar::valueChanged, this,
+            [bar](int value) { Main.scrollChanged(bar, value); });
+    row->addWidget(scroll, 1);
+    if (plus) row->addWidget(button(*plus, "icons/Plus", "Adds one"));
+    if (minus) row->addWidget(button(*minus, "icons/Minus", "Removes the last one"));
+    return row;
+}
+
+QWidget* PanelWidgets::button(Control control, const char* icon, const char* tip) {
+    auto* result = new QToolButton;
+    result->setObjectName(controlName(control));
+    result->setAccessibleName(tip);
+    result->setIcon(Drawings::icon(icon, palette().color(QPalette::ButtonText)));
+    result->setIconSize(compact_ ? QSize(16, 16) : QSize(20, 20));
+    result->setToolTip(tip);
+    result->setFocusPolicy(Qt::TabFocus);
+    // A new fuselage asks for the modifiers at the press. The others act when the button is let go.
+    const auto act = [control] {
+        Main.buttonPressed(control, EventArguments::shift(QGuiApplication::queryKeyboardModifiers()));
+    };
+    if (control == Control::IndexFusPlusButton) connect(result, &QToolButton::pressed, this, act);
+    else connect(result, &QToolButton::clicked, this, act);
+    mirrors_.add(control, [result](const ControlState& state) { showPresence(*result, state); });
+    return result;
+}
+
+QWidget* PanelWidgets::checkBox(Control control, const char* caption) {
+    auto* box = new QCheckBox(caption);
+    box->setObjectName(controlName(control));
+    box->setToolTip(panelCheck(control)->quantity);
+    connect(box, &QCheckBox::clicked, this, [control](bool on) { Main.checkClicked(control, on); });
+    mirrors_.add(control, [box](const ControlState& state) {
+        showPresence(*box, state);
+        box->setChecked(state.checked);
+    });
+    return box;
+}
+
+QAbstractButton* PanelWidgets::option(Control control, const char* caption) {
+    auto* result = new QRadioButton(caption);
+    result->setObjectName(controlName(control));
+    connect(result, &QRadioButton::clicked, this, [control] { Main.optionClicked(control); });
+    mirrors_.add(control, [result](const ControlState& state) {
+        if (state.checked) result->setChecked(true);
+    });
+    return result;
+}
+
+QWidget* PanelWidgets::catalogue(Control control) {
+    auto* box = new QComboBox;
+    box->setObjectName(controlName(control));
+    box->setToolTip("Commercial models: sets the size of the box");
+    box->setMinimumContentsLength(10);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    connect(box, &QComboBox::activated, this,
+            [control](int index) { Main.comboClicked(control, index); });
+    mirrors_.add(control, [box, control](const ControlState& state) {
+        showPresence(*box, state);
+        fillCombo(*box, control);
+    });
+    return box;
+}
+
+QWidget* PanelWidgets::slider(Control control) {
+    const PanelSlider& row = *panelSlider(control);
+    auto* result = new QSlider(Qt::Vertical);
+    result->setObjectName(controlName(control));
+    result->setAccessibleName(row.quantity);
+    result->setToolTip(row.quantity);
+    result->setRange(row.lowest, row.highest);
+    result->setSingleStep(1);
+    result->setPageStep(row.largeStep);
+    // The smallest value at the top, as the section's widest line counts from its top.
+    result->setInvertedAppearance(true);
+    result->setInvertedControls(true);
+    connect(result, &QSlider::valueChanged, this,
+            [control](int value) { Main.sliderChanged(control, value); });
+    const int tallest = sectionArea_->height();
+    const bool stretched = control == Control::BiasSlider;
+    mirrors_.add(control, [result, tallest, stretched](const ControlState& state) {
+        const QSignalBlocker silent(result);
+        result->setValue(state.value);
+        // Stands beside the section as tall as it is, as far as there is room.
+        if (stretched && std::isfinite(state.height))
+            result->setFixedHeight(static_cast<int>(std::clamp(state.height, 30.0, 1.0 * tallest)));
+    });
+    if (!stretched) result->setFixedHeight(tallest);
+    return result;
+}
+
+QWidget* PanelWidgets::sectionEditor() {
+    auto* editor = new QWidget;
+    const int side = compact_ ? 100 : 132;
+    sectionArea_ = new SurfaceWidget(editor);
+    sectionArea_->setObjectName("DrawSectionArea");
+    sectionArea_->setFixedSize(side, side);
+
+    auto* shape = new QHBoxLayout;
+    shape->setSpacing(compact_ ? 0 : 4);
+    shape->addWidget(sectionArea_);
+    shape->addWidget(slider(Control::BiasSlider), 0, Qt::AlignTop);
+    shape->addWidget(slider(Control::CurvatureSlider), 0, Qt::AlignTop);
+    shape->addWidget(slider(Control::Curvature2Slider), 0, Qt::AlignTop);
+
+    auto* flags = new QVBoxLayout;
+    flags->setSpacing(compact_ ? 0 : 4);
+    flags->addWidget(checkBox(Control::UniqueCurvatureCheck, "All sections"));
+    flags->addWidget(checkBox(Control::LinkedCurvaturesCheck, "Linked"));
+    flags->addWidget(checkBox(Control::TransparentCheck, "Transparent"));
+    auto* smooth = new QHBoxLayout;
+    smooth->setSpacing(2);
+    smooth->addWidget(button(Control::SmoothTopCommand, "icons/SmoothTop", "Smooths the upper edge"));
+    smooth->addWidget(button(Control::SmoothDownCommand, "icons/SmoothDown", "Smooths the lower edge"));
+    smooth->addWidget(button(Control::SmoothWidthCommand, "icons/SmoothWidth", "Smooths the width"));
+    smooth->addStretch();
+    flags->addLayout(smooth);
+    flags->addStretch();
+
+    // Beside the sliders where there is room, else below them.
+    auto* layout = compact_ ? static_cast<QBoxLayout*>(new QVBoxLayout(editor)) : new QHBoxLayout(editor);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(compact_ ? 2 : 6);
+    layout->addLayout(shape);
+    layout->addLayout(flags, 1);
+    return editor;
+}
+
+}  // namespace velna

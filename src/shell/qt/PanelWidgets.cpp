@@ -1,0 +1,204 @@
+#include "shell/qt/PanelWidgets.h"
+
+#include <QAbstractButton>
+#include <QButtonGroup>
+#include <QEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QScrollArea>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+#include "editor/Main.h"
+#include "editor/PanelTable.h"
+#include "shell/qt/Drawings.h"
+#include "shell/qt/Mirrors.h"
+#include "shell/qt/ParameterBox.h"
+#include "shell/qt/SurfaceWidget.h"
+
+namespace velna {
+namespace {
+
+struct TabRow {
+    const char* name;
+    const char* icon;
+};
+
+// By tab number.
+constexpr TabRow tabs[] = {
+    {"Fuselage", "icons/TabFuselage"},       {"Wing", "icons/TabWing"},
+    {"Stabilizer", "icons/TabStabilizer"},   {"Rudder", "icons/TabRudder"},
+    {"Electronics", "icons/TabElectronics"},
+};
+
+constexpr int allRows = 100;
+
+// A frame that keeps its room while it is hidden, so that nothing jumps.
+void keepRoom(QWidget& widget) {
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+}
+
+}  // namespace
+
+PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
+    : QTabWidget(parent), compact_(compact), mirrors_(mirrors) {
+    setObjectName("Parameters");
+    setDocumentMode(true);
+    setIconSize(compact ? QSize(20, 20) : QSize(24, 24));
+    tabBar()->setExpanding(true);
+    tabBar()->setUsesScrollButtons(false);
+    buildFuselagePage();
+    buildWingPage();
+    buildStabilizerPage();
+    buildRudderPage();
+    buildElectronicsPage();
+    drawTabIcons();
+
+    mirrors_.add(Control::Parameters, [this](const ControlState& state) {
+        const QSignalBlocker silent(this);
+        setCurrentIndex(state.value);
+    });
+    connect(tabBar(), &QTabBar::tabBarClicked, this, [](int tab) {
+        if (tab >= 0) Main.tabClicked(tab);
+    });
+    // The keyboard changes a tab as a click does.
+    connect(this, &QTabWidget::currentChanged, this, [](int tab) {
+        if (tab != Main.tab()) Main.tabClicked(tab);
+    });
+}
+
+void PanelWidgets::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) drawTabIcons();
+    QTabWidget::changeEvent(event);
+}
+
+void PanelWidgets::drawTabIcons() {
+    for (int i = 0; i < count(); ++i)
+        setTabIcon(i, Drawings::icon(tabs[i].icon, palette().color(QPalette::WindowText)));
+}
+
+QVBoxLayout* PanelWidgets::addPage(int tab) {
+    auto* page = new QWidget;
+    auto* layout = new QVBoxLayout(page);
+    const int margin = compact_ ? 4 : 10;
+    layout->setContentsMargins(margin, compact_ ? 2 : 8, margin, 2);
+    layout->setSpacing(compact_ ? 3 : 8);
+
+    // Where the window is lower than the page, the page scrolls.
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(page);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    addTab(scroll, QString());
+    setTabToolTip(tab, tabs[tab].name);
+    tabBar()->setAccessibleTabName(tab, tabs[tab].name);
+
+    auto* title = new QLabel(tabs[tab].name);
+    QFont bold = font();
+    bold.setBold(true);
+    title->setFont(bold);
+    layout->addWidget(title);
+    return layout;
+}
+
+QGridLayout* PanelWidgets::fieldGrid(int tab, int firstRow, int lastRow) {
+    const QSize picture = compact_ ? QSize(26, 20) : QSize(44, 30);
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(compact_ ? 6 : 14);
+    grid->setVerticalSpacing(compact_ ? 2 : 6);
+    for (const PanelPlace& place : panelPlaces()) {
+        if (panelField(place.control)->tab != tab || place.row < firstRow || place.row > lastRow)
+            continue;
+        grid->addWidget(new ParameterCell(place, picture, mirrors_, this), place.row, place.column);
+    }
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+void PanelWidgets::buildFuselagePage() {
+    constexpr Control plus = Control::IndexFusPlusButton, minus = Control::IndexFusMinusButton;
+    QVBoxLayout* page = addPage(PanelTab::fuselage);
+    page->addLayout(listRow("Fuselage", Control::IdFusLabel, Control::IndexFusScroll, &plus, &minus));
+
+    auto* section = new QGroupBox("Section properties");
+    auto* inside = new QVBoxLayout(section);
+    inside->setContentsMargins(compact_ ? 2 : 8, 2, compact_ ? 2 : 8, 4);
+    inside->setSpacing(compact_ ? 2 : 6);
+    inside->addLayout(listRow("Section", Control::FuselageSectionLabel, Control::FuselageScroll,
+                              nullptr, nullptr));
+    inside->addLayout(fieldGrid(PanelTab::fuselage, 0, 2));
+    inside->addWidget(sectionEditor());
+    page->addWidget(section);
+
+    auto* offsets = new QGroupBox("Place in the aircraft");
+    offsets->setObjectName(controlName(Control::FuselageVTopFrame));
+    offsets->setLayout(fieldGrid(PanelTab::fuselage, 3, 3));
+    offsets->layout()->setContentsMargins(compact_ ? 2 : 8, 2, compact_ ? 2 : 8, 4);
+    keepRoom(*offsets);
+    mirrors_.add(Control::FuselageVTopFrame,
+                 [offsets](const ControlState& state) { showPresence(*offsets, state); });
+    page->addWidget(offsets);
+    page->addStretch();
+}
+
+void PanelWidgets::buildWingPage() {
+    constexpr Control plus = Control::IndexWingPlusButton, minus = Control::IndexWingMinusButton;
+    QVBoxLayout* page = addPage(PanelTab::wing);
+    page->addLayout(
+        listRow("Panel", Control::IdWingLabel, Control::IndexWingsScroll, &plus, &minus));
+    page->addLayout(fieldGrid(PanelTab::wing, 0, allRows));
+    page->addStretch();
+}
+
+void PanelWidgets::buildStabilizerPage() {
+    QVBoxLayout* page = addPage(PanelTab::stabilizer);
+    page->addLayout(fieldGrid(PanelTab::stabilizer, 0, allRows));
+    page->addStretch();
+}
+
+void PanelWidgets::buildRudderPage() {
+    QVBoxLayout* page = addPage(PanelTab::rudder);
+    page->addLayout(fieldGrid(PanelTab::rudder, 0, allRows));
+    page->addStretch();
+}
+
+void PanelWidgets::buildElectronicsPage() {
+    constexpr Control plus = Control::IndexServosPlusButton, minus = Control::IndexServosMinusButton;
+    QVBoxLayout* page = addPage(PanelTab::electronics);
+    page->addLayout(listRow("Box", Control::IdEquipLabel, Control::IndexServosScroll, &plus, &minus));
+
+    auto* frame = new QGroupBox("Electronics");
+    auto* inside = new QVBoxLayout(frame);
+    inside->setContentsMargins(compact_ ? 2 : 8, 2, compact_ ? 2 : 8, 4);
+    const auto optionRow = [&](std::initializer_list<std::pair<Control, const char*>> options) {
+        auto* row = compact_ ? static_cast<QBoxLayout*>(new QVBoxLayout) : new QHBoxLayout;
+        row->setSpacing(compact_ ? 0 : 8);
+        auto* group = new QButtonGroup(frame);
+        for (const auto& [control, caption] : options) {
+            QAbstractButton* button = option(control, caption);
+            group->addButton(button);
+            row->addWidget(button);
+        }
+        row->addStretch();
+        inside->addLayout(row);
+    };
+    optionRow({{Control::ServoOption, "Servo"},
+               {Control::ReceiverOption, "Receiver"},
+               {Control::AccuOption, "Accumulator"}});
+    for (const Control combo : {Control::ServosCombo, Control::ReceiverCombo, Control::AccuCombo})
+        inside->addWidget(catalogue(combo));
+    optionRow({{Control::HorizontalServoOption, "Horizontal"},
+               {Control::VerticalServoOption, "Vertical"}});
+    inside->addLayout(fieldGrid(PanelTab::electronics, 0, allRows));
+    page->addWidget(frame);
+    page->addStretch();
+}
+
+}  // namespace velna

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QTabWidget>
+
+#include "editor/Controls.h"
+
+class QAbstractButton;
+class QGridLayout;
+class QHBoxLayout;
+class QVBoxLayout;
+
+namespace velna {
+
+class Mirrors;
+class SurfaceWidget;
+
+/// The tab control `Parameters` with all its fields. The compact form is for small fonts.
+class PanelWidgets : public QTabWidget {
+public:
+    PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent);
+
+    SurfaceWidget& sectionArea() { return *sectionArea_; }
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    // the pages, each on a scroll area of its own
+    void buildFuselagePage();
+    void buildWingPage();
+    void buildStabilizerPage();
+    void buildRudderPage();
+    void buildElectronicsPage();
+    QVBoxLayout* addPage(int tab);
+    void drawTabIcons();
+
+    // their parts
+    QGridLayout* fieldGrid(int tab, int firstRow, int lastRow);
+    QHBoxLayout* listRow(const char* caption, Control label, Control bar, const Control* plus,
+                         const Control* minus);
+    QWidget* sectionEditor();
+    QWidget* slider(Control control);
+    QWidget* checkBox(Control control, const char* caption);
+    QWidget* button(Control control, const char* icon, const char* tip);
+    QAbstractButton* option(Control control, const char* caption);
+    QWidget* catalogue(Control control);
+
+    bool compact_;
+    Mirrors& mirrors_;
+    SurfaceWidget* sectionArea_ = nullptr;
+};
+
+}  // namespace velna

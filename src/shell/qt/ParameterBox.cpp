@@ -1,0 +1,91 @@
+#include "shell/qt/ParameterBox.h"
+
+#include <algorithm>
+#include <string>
+
+#include <QEvent>
+#include <QGridLayout>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QSignalBlocker>
+#include <QToolTip>
+
+#include "editor/Main.h"
+#include "editor/PanelTable.h"
+#include "shell/qt/Drawings.h"
+#include "shell/qt/Mirrors.h"
+
+namespace velna {
+
+ParameterBox::ParameterBox(Control control, QWidget* parent) : QLineEdit(parent), control_(control) {
+    setObjectName(controlName(control));
+    setAccessibleName(panelField(control)->quantity);
+    setMinimumWidth(40);
+    connect(this, &QLineEdit::textEdited, this,
+            [this](const QString& text) { Main.textEdited(control_, text.toStdString()); });
+}
+
+bool ParameterBox::event(QEvent* event) {
+    // Before the toolkit takes Tab and Enter for its own: they commit too.
+    if (event->type() == QEvent::KeyPress) Main.textKeyDown(control_, text().toStdString());
+    return QLineEdit::event(event);
+}
+
+void ParameterBox::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) Main.Form_keyup();
+    QLineEdit::keyReleaseEvent(event);
+}
+
+ParameterCell::ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors& mirrors,
+                             QWidget* parent)
+    : QWidget(parent), place_(place), pictureSize_(pictureSize), picture_(new QLabel(this)) {
+    auto* caption = new QLabel(place.caption, this);
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * 0.85);
+    caption->setFont(small);
+    auto* box = new ParameterBox(place.control, this);
+    caption->setBuddy(box);
+    picture_->setFixedSize(pictureSize);
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(4);
+    grid->setVerticalSpacing(0);
+    grid->addWidget(caption, 0, 0, 1, 2);
+    grid->addWidget(picture_, 1, 0);
+    grid->addWidget(box, 1, 1);
+    grid->setColumnStretch(1, 1);
+    drawPicture();
+
+    mirrors.add(place.control, [box](const ControlState& state) {
+        box->setEnabled(state.enabled);
+        const QString text = QString::fromStdString(state.text);
+        if (box->text() == text) return;
+        const QSignalBlocker silent(box);
+        const int cursor = box->cursorPosition();
+        box->setText(text);
+        box->setCursorPosition(std::min(cursor, static_cast<int>(text.size())));
+    });
+}
+
+bool ParameterCell::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+    // Asked for now, since the unit can change.
+    const std::string tip = panelTip(*panelField(place_.control));
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), QString::fromStdString(tip), this);
+    return true;
+}
+
+void ParameterCell::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) drawPicture();
+    QWidget::changeEvent(event);
+}
+
+void ParameterCell::drawPicture() {
+    const std::string name = std::string("measures/") + place_.drawing;
+    picture_->setPixmap(Drawings::picture(name.c_str(), pictureSize_, devicePixelRatioF(),
+                                          palette().color(QPalette::WindowText), place_.measure));
+}
+
+}  // namespace velna

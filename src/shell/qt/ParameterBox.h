@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QWidget>
+
+#include "shell/qt/PanelPlaces.h"
+
+class QLabel;
+
+namespace velna {
+
+class Mirrors;
+
+/// A text box of the panel. Every key that goes down in it commits the text as it stands before the
+/// key takes effect; losing the focus commits nothing.
+class ParameterBox : public QLineEdit {
+public:
+    ParameterBox(Control control, QWidget* parent);
+
+protected:
+    bool event(QEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    Control control_;
+};
+
+/// A text box with its caption and its drawing.
+class ParameterCell : public QWidget {
+public:
+    ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors& mirrors, QWidget* parent);
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void drawPicture();
+
+    const PanelPlace& place_;
+    QSize pictureSize_;
+    QLabel* picture_;
+};
+
+}  // namespace velna

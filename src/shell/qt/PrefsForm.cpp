@@ -1,0 +1,115 @@
+#include "shell/qt/PrefsForm.h"
+
+#include <functional>
+#include <utility>
+
+#include <QDialogButtonBox>
+#include <QEvent>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "editor/Main.h"
+#include "model/Prefs.h"
+#include "shell/Preferences.h"
+
+namespace velna {
+namespace {
+
+// Shows the span that the factor would give, with each key that goes down.
+class ScaleText : public QLineEdit {
+public:
+    explicit ScaleText(std::function<void()> committed) : committed_(std::move(committed)) {}
+
+protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            Main.scaleTextKeyDown(text().toStdString());
+            committed_();
+        }
+        return QLineEdit::event(event);
+    }
+
+private:
+    std::function<void()> committed_;
+};
+
+QRadioButton* unitOption(const char* name, const char* caption, int unit, bool chosen) {
+    auto* option = new QRadioButton(caption);
+    option->setObjectName(name);
+    option->setChecked(chosen);
+    QObject::connect(option, &QRadioButton::clicked, option, [unit] { Prefs.selectUnit(unit); });
+    return option;
+}
+
+}  // namespace
+
+PrefsForm::PrefsForm(QWidget* parent) : QDialog(parent) {
+    setObjectName("Prefs");
+    setWindowTitle("Preferences");
+    setProperty("helpPage", "preferences");
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(unitFrame());
+    layout->addWidget(scaleFrame());
+
+    auto* buttons = new QDialogButtonBox;
+    auto* close = buttons->addButton("Close", QDialogButtonBox::AcceptRole);
+    close->setObjectName("CloseCommand");
+    auto* cancel = buttons->addButton("Cancel", QDialogButtonBox::RejectRole);
+    cancel->setObjectName("CancelCommand");
+    connect(close, &QPushButton::clicked, this, [this] { closeCommand(); });
+    connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
+    layout->addWidget(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    showSpan();
+}
+
+QWidget* PrefsForm::unitFrame() {
+    auto* frame = new QGroupBox("Units");
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(unitOption("InchesOption", "Inches", inches, Prefs.InchesOption));
+    layout->addWidget(
+        unitOption("MillimetersOption", "Millimeters", millimetres, Prefs.MillimetersOption));
+    return frame;
+}
+
+QWidget* PrefsForm::scaleFrame() {
+    auto* frame = new QGroupBox("Scale");
+    auto* grid = new QGridLayout(frame);
+    scaleText_ = new ScaleText([this] { showSpan(); });
+    scaleText_->setObjectName("ScaleText");
+    scaleText_->setText(QString::fromStdString(Prefs.ScaleText));
+    auto* caption = new QLabel("Size of the whole model");
+    caption->setBuddy(scaleText_);
+    spanLabel_ = new QLabel;
+    spanLabel_->setObjectName("SpanLabel");
+    spanLabel_->setMinimumWidth(80);
+    grid->addWidget(caption, 0, 0);
+    grid->addWidget(scaleText_, 0, 1);
+    grid->addWidget(new QLabel("%"), 0, 2);
+    grid->addWidget(new QLabel("Full span of the wing"), 1, 0);
+    grid->addWidget(spanLabel_, 1, 1);
+    grid->addWidget(new QLabel(Prefs.units == inches ? "in" : "mm"), 1, 2);
+    return frame;
+}
+
+void PrefsForm::showSpan() { spanLabel_->setText(QString::fromStdString(Preferences::spanText())); }
+
+void PrefsForm::closeCommand() {
+    // A factor typed last has had no key behind it.
+    Prefs.ScaleText = scaleText_->text().toStdString();
+    hide();
+    Preferences::CloseCommand_Click();
+    accept();
+}
+
+void PrefsForm::reject() {
+    Preferences::CancelCommand_Click();
+    QDialog::reject();
+}
+
+}  // namespace velna

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+
+class QLabel;
+class QLineEdit;
+
+namespace velna {
+
+/// The form `Prefs`: the unit and a one-off scale. Closing it by its window button is Cancel.
+class PrefsForm : public QDialog {
+public:
+    explicit PrefsForm(QWidget* parent);
+
+protected:
+    void reject() override;
+
+private:
+    QWidget* unitFrame();
+    QWidget* scaleFrame();
+    void showSpan();
+    void closeCommand();
+
+    QLineEdit* scaleText_ = nullptr;
+    QLabel* spanLabel_ = nullptr;
+};
+
+}  // namespace velna

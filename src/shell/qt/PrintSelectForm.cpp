@@ -1,0 +1,118 @@
+#include "shell/qt/PrintSelectForm.h"
+
+#include <memory>
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "output/Plans.h"
+#include "shell/qt/QtPrinterSurface.h"
+#include "shell/qt/QtProgress.h"
+
+namespace velna {
+namespace {
+
+struct BoxRow {
+    const char* name;
+    const char* caption;
+    const char* title;  // of its preview, null for none
+    bool PrintSelectRecord::*field;
+    PlanJob job;
+};
+
+constexpr BoxRow boxes[] = {
+    {"CheckSide", "Side view, true scale, on as many sheets as needed", "Side view",
+     &PrintSelectRecord::Side, PlanJob::Side},
+    {"CheckHtop", "Plan of the fuselage, true scale, on as many sheets as needed",
+     "Plan of the fuselage", &PrintSelectRecord::htop, PlanJob::htop},
+    {"CheckSections", "Sections of the fuselage, true scale, a sheet each", "Sections of the fuselage",
+     &PrintSelectRecord::frontSections, PlanJob::frontSections},
+    {"CheckVtop", "Whole aircraft from above, fitted to the sheet", "Aircraft from above",
+     &PrintSelectRecord::vtop, PlanJob::vtop},
+    {"CheckFront", "Whole aircraft from the front, fitted to the sheet", "Aircraft from the front",
+     &PrintSelectRecord::front, PlanJob::front},
+};
+
+constexpr const char* overlapName = "CheckOverlap";
+
+}  // namespace
+
+PrintSelectForm::PrintSelectForm(QWidget* parent) : QDialog(parent) {
+    setObjectName("PrintSelect");
+    setWindowTitle("Select Views for Print Out");
+    setProperty("helpPage", "print");
+    new QVBoxLayout(this);
+    addBoxes();
+    addButtons();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void PrintSelectForm::addBoxes() {
+    const auto add = [this](const char* name, const char* caption, bool on) {
+        auto* box = new QCheckBox(caption, this);
+        box->setObjectName(name);
+        box->setChecked(on);
+        layout()->addWidget(box);
+    };
+    for (const BoxRow& row : boxes) add(row.name, row.caption, PrintSelect.*row.field);
+    static_cast<QVBoxLayout*>(layout())->addSpacing(8);
+    add(overlapName, "Sheets to tape together: 10 mm overlap, marks and a ruler", PrintSelect.overlap);
+}
+
+void PrintSelectForm::addButtons() {
+    auto* buttons = new QDialogButtonBox(this);
+    const auto add = [&](const char* name, const char* caption, QDialogButtonBox::ButtonRole role,
+                         void (PrintSelectForm::*act)()) {
+        QPushButton* button = buttons->addButton(caption, role);
+        button->setObjectName(name);
+        connect(button, &QPushButton::clicked, this, [this, act] { (this->*act)(); });
+    };
+    add("PrintCommand", "Print", QDialogButtonBox::AcceptRole, &PrintSelectForm::print);
+    add("PreviewCommand", "Preview", QDialogButtonBox::ActionRole, &PrintSelectForm::preview);
+    add("CancelCommand", "Cancel", QDialogButtonBox::RejectRole, &PrintSelectForm::reject);
+    layout()->addWidget(buttons);
+}
+
+void PrintSelectForm::keepBoxes() {
+    for (const BoxRow& row : boxes)
+        PrintSelect.*row.field = findChild<QCheckBox*>(row.name)->isChecked();
+    PrintSelect.overlap = findChild<QCheckBox*>(overlapName)->isChecked();
+}
+
+void PrintSelectForm::print() {
+    keepBoxes();
+    PrintSelect.cancel = false;
+    accept();
+}
+
+void PrintSelectForm::reject() {
+    PrintSelect.cancel = true;
+    QDialog::reject();
+}
+
+void PrintSelectForm::preview() {
+    // A look is no choice: Cancel afterwards leaves the record as it was.
+    const PrintSelectRecord before = PrintSelect;
+    keepBoxes();
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setFullPage(true);
+    for (const BoxRow& row : boxes) {
+        if (!Plans::ticked(row.job)) continue;
+        QPrintPreviewDialog look(&printer, this);
+        look.setWindowTitle(row.title);
+        look.resize(parentWidget()->size() * 3 / 4);
+        connect(&look, &QPrintPreviewDialog::paintRequested, this, [&row](QPrinter* paper) {
+            QtPrinterSurface surface(*paper);
+            Plans::previewJob(row.job, surface);
+            QtProgress::finish();
+        });
+        look.exec();
+    }
+    PrintSelect = before;
+}
+
+}  // namespace velna

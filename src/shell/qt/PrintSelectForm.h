@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+
+class QCheckBox;
+class QPushButton;
+
+namespace velna {
+
+/// The form `PrintSelect`: which plans are printed, with a look at them before paper is used. Closing
+/// it by its window button is Cancel.
+class PrintSelectForm : public QDialog {
+public:
+    explicit PrintSelectForm(QWidget* parent);
+
+protected:
+    void reject() override;
+
+private:
+    void addBoxes();
+    void addButtons();
+    /// The boxes as they stand, into the record.
+    void keepBoxes();
+    void print();
+    void preview();
+};
+
+}  // namespace velna

@@ -1,0 +1,121 @@
+#include "shell/qt/QtDesktop.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QEventLoop>
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStandardPaths>
+
+#include "editor/Main.h"
+#include "shell/Startup.h"
+#include "shell/qt/DrawArea.h"
+#include "shell/qt/GlideCursor.h"
+#include "shell/qt/HelpWindow.h"
+#include "shell/qt/MainWindow.h"
+#include "shell/qt/PanelWidgets.h"
+#include "shell/qt/PopupMenu.h"
+#include "shell/qt/Splash.h"
+
+namespace velna {
+namespace {
+
+std::string folderText(const QString& folder) {
+    const std::string text = folder.toStdString();
+    return text.ends_with('/') ? text : text + '/';
+}
+
+}  // namespace
+
+QtDesktop::QtDesktop(MainWindow& window) : window_(window) {
+    timer1_.setInterval(10);
+    timer2_.setInterval(30);
+    QObject::connect(&timer1_, &QTimer::timeout, [] { Startup::timer1Tick(); });
+    QObject::connect(&timer2_, &QTimer::timeout, [] { Startup::timer2Tick(); });
+}
+
+QtDesktop::~QtDesktop() = default;
+
+std::string QtDesktop::programFolder() const {
+    return folderText(QCoreApplication::applicationDirPath());
+}
+
+std::string QtDesktop::configurationFolder() const {
+    return folderText(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+}
+
+std::optional<int> QtDesktop::characterHeight() const {
+    if (!QGuiApplication::primaryScreen()) return std::nullopt;
+    return QFontMetrics(window_.font()).height();
+}
+
+void QtDesktop::layOutWindow(bool smallFonts) {
+    window_.build(smallFonts);
+    Main.DrawArea = &window_.drawArea().surface();
+    Main.DrawSectionArea = &window_.panel().sectionArea().surface();
+    window_.panel().sectionArea().surface().fitToWidget();
+}
+
+void QtDesktop::setCaption(const std::string& caption) {
+    window_.setWindowTitle(QString::fromStdString(caption));
+}
+
+void QtDesktop::showSplash(const std::string& version, bool smallFonts) {
+    splash_ = std::make_unique<Splash>(QString::fromStdString(version), smallFonts);
+    splash_->show();
+    splash_->repaint();
+    QCoreApplication::processEvents();
+}
+
+void QtDesktop::hideSplash() { splash_.reset(); }
+
+void QtDesktop::showMainWindow() {
+    window_.showMaximized();
+    QCoreApplication::processEvents();
+    window_.start();
+}
+
+void QtDesktop::closeMainWindow() { window_.close(); }
+
+void QtDesktop::endProcess() { std::_Exit(EXIT_SUCCESS); }
+
+void QtDesktop::enableTimer1(bool on) { on ? timer1_.start() : timer1_.stop(); }
+
+void QtDesktop::enableTimer2(bool on) { on ? timer2_.start() : timer2_.stop(); }
+
+bool QtDesktop::timer2Enabled() const { return timer2_.isActive(); }
+
+void QtDesktop::pumpEvents() { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }
+
+Point2D QtDesktop::screenCentre() const {
+    const QPointF centre = window_.mapFromGlobal(QPointF(window_.screen()->geometry().center()));
+    return {centre.x(), centre.y()};
+}
+
+Point2D QtDesktop::drawAreaToWindow(Point2D pixel) const {
+    return {pixel.x + window_.drawArea().x(), pixel.y + window_.drawArea().y()};
+}
+
+void QtDesktop::setCursorPosition(int x, int y) { GlideCursor::moveTo(window_, {x, y}); }
+
+void QtDesktop::placeSign(int left, int top) { window_.placeSign(left, top); }
+
+void QtDesktop::openPopupAtCursor() { window_.popup().popup(GlideCursor::position(window_)); }
+
+void QtDesktop::setHelpFile(const std::string& file) {
+    HelpWindow::instance().setHelpFile(QString::fromStdString(file));
+}
+
+void QtDesktop::placeHelpWindow(int x, int y, int width, int height) {
+    HelpWindow::instance().setPlace({window_.mapToGlobal(QPoint(x, y)), QSize(width, height)});
+}
+
+void QtDesktop::showHelpContents() { HelpWindow::instance().showContents(); }
+
+void QtDesktop::closeHelp() { HelpWindow::quit(); }
+
+}  // namespace velna

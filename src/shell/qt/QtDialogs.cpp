@@ -1,0 +1,199 @@
+#include "shell/qt/QtDialogs.h"
+
+#include <algorithm>
+
+#include <QAbstractButton>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "shell/Ports.h"
+#include "shell/qt/ManagerForm.h"
+#include "shell/qt/PrefsForm.h"
+#include "shell/qt/PrintSelectForm.h"
+#include "shell/qt/QtPrinterSurface.h"
+
+namespace velna {
+namespace {
+
+// A kind of file in a dialog.
+struct FileKind {
+    QString caption;
+    QStringList patterns;
+};
+
+QList<FileKind> fileKinds(const std::string& filter) {
+    const QStringList parts = QString::fromStdString(filter).split('|', Qt::SkipEmptyParts);
+    QList<FileKind> kinds;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns = parts[i + 1].split(';', Qt::SkipEmptyParts);
+        for (QString& pattern : patterns) pattern = pattern.trimmed();
+        kinds.append({parts[i], patterns});
+    }
+    // A picture is known by its content: the dialogs offer what the program can read, whatever the
+    // caption names.
+    for (FileKind& kind : kinds)
+        if (kind.patterns.contains("*.bmp"))
+            for (const char* more : {"*.png", "*.gif", "*.tif", "*.jpeg"})
+                if (!kind.patterns.contains(more)) kind.patterns.append(more);
+    return kinds;
+}
+
+// The dialog takes its patterns from the last brackets and shows what stands before them.
+QString nameFilter(const FileKind& kind) {
+    return QString("%1 (%2)").arg(kind.caption, kind.patterns.join(' '));
+}
+
+FilePurpose purposeOf(const FileKind& kind, bool saving) {
+    if (kind.patterns.contains("*.vln")) return FilePurpose::Project;
+    if (kind.patterns.contains("*.xy")) return FilePurpose::Airfoil;
+    return saving ? FilePurpose::Export : FilePurpose::Texture;
+}
+
+QMessageBox::Icon sign(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::Question: return QMessageBox::Question;
+        case BoxIcon::Information: return QMessageBox::Information;
+        case BoxIcon::Stop: return QMessageBox::Critical;
+        default: return QMessageBox::Warning;
+    }
+}
+
+// With one button the toolkit takes Escape for that button; here it means "enough of this".
+class Message : public QMessageBox {
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape) reject();
+        else QMessageBox::keyPressEvent(event);
+    }
+};
+
+}  // namespace
+
+QtDialogs::QtDialogs(QWidget& owner) : owner_(owner) {}
+
+QtDialogs::~QtDialogs() = default;
+
+FileAnswer QtDialogs::openFile(const std::string& filter) { return openFile(filter, FilePurpose::Project); }
+
+FileAnswer QtDialogs::openFile(const std::string& filter, FilePurpose purpose) {
+    QFileDialog dialog(&owner_, "Open");
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return ask(dialog, filter, false, purpose);
+}
+
+FileAnswer QtDialogs::saveFile(const std::string& filter) {
+    QFileDialog dialog(&owner_, "Save");
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    return ask(dialog, filter, true, FilePurpose::Project);
+}
+
+FileAnswer QtDialogs::ask(QFileDialog& dialog, const std::string& filter, bool saving,
+                          FilePurpose purpose) {
+    const QList<FileKind> kinds = fileKinds(filter);
+    QStringList names;
+    for (const FileKind& kind : kinds) names.append(nameFilter(kind));
+    // The toolkit's own dialog: others do not tell the filter of a cancelled one.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(names);
+    const auto chosen = [&] {
+        return std::max(qsizetype{0}, names.indexOf(dialog.selectedNameFilter()));
+    };
+    const auto purposeNow = [&] {
+        return purpose == FilePurpose::Background ? purpose : purposeOf(kinds[chosen()], saving);
+    };
+    // Another kind of file has another folder, and a typed name gets its extension.
+    const auto follow = [&] {
+        const QString& folder = folders_[purposeNow()];
+        if (!folder.isEmpty()) dialog.setDirectory(folder);
+        if (saving) dialog.setDefaultSuffix(kinds[chosen()].patterns.first().mid(2));
+    };
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString&) { follow(); });
+    if (dialog.directory().path().isEmpty()) dialog.setDirectory(QDir::homePath());
+    follow();
+
+    const bool accepted = dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty();
+    FileAnswer answer{{}, static_cast<int>(chosen()) + 1};
+    if (!accepted) return answer;
+    const QString file = dialog.selectedFiles().first();
+    answer.file = file.toStdString();
+    folders_[purposeNow()] = QFileInfo(file).absolutePath();
+    return answer;
+}
+
+std::optional<std::uint32_t> QtDialogs::pickColour(std::uint32_t preset) {
+    const QColor before(static_cast<int>(preset & 0xff), static_cast<int>(preset >> 8 & 0xff),
+                        static_cast<int>(preset >> 16 & 0xff));
+    const QColor colour = QColorDialog::getColor(before, &owner_, {}, QColorDialog::DontUseNativeDialog);
+    if (!colour.isValid()) return std::nullopt;
+    return static_cast<std::uint32_t>(colour.red() | colour.green() << 8 | colour.blue() << 16);
+}
+
+bool QtDialogs::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) {
+    QMessageBox box(sign(icon), applicationTitle, QString::fromStdString(text),
+                    QMessageBox::Yes | QMessageBox::No, &owner_);
+    box.setDefaultButton(defaultYes ? QMessageBox::Yes : QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}
+
+bool QtDialogs::message(const std::string& title, const std::string& text, BoxIcon icon) {
+    Message box(sign(icon), QString::fromStdString(title), QString::fromStdString(text),
+                QMessageBox::Ok, &owner_);
+    bool pressed = false;
+    QObject::connect(&box, &QMessageBox::buttonClicked, &box, [&] { pressed = true; });
+    box.exec();
+    return pressed;
+}
+
+std::optional<std::string> QtDialogs::askText(const std::string& prompt, const std::string& title,
+                                              const std::string& preset) {
+    bool accepted = false;
+    const QString text =
+        QInputDialog::getText(&owner_, QString::fromStdString(title), QString::fromStdString(prompt),
+                              QLineEdit::Normal, QString::fromStdString(preset), &accepted);
+    if (!accepted) return std::nullopt;
+    return text.toStdString();
+}
+
+PrinterSurface* QtDialogs::askPrinter(const std::vector<std::string>& jobs) {
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setFullPage(true);
+    printer->setDocName(applicationTitle);
+    QPrintDialog dialog(printer.get(), &owner_);
+    if (dialog.exec() != QDialog::Accepted) return nullptr;
+    const QStringList replaced = QtPrinterSurface::existingFiles(*printer, jobs);
+    if (!replaced.isEmpty() &&
+        !askYesNo(("These files will be replaced:\n" + replaced.join('\n') + "\nDo you want to proceed ?")
+                      .toStdString(),
+                  BoxIcon::Exclamation, false))
+        return nullptr;
+    printer_ = std::make_unique<QtPrinterSurface>(std::move(printer));
+    return printer_.get();
+}
+
+void QtDialogs::showPreferences() { PrefsForm(&owner_).exec(); }
+
+void QtDialogs::showManager() {
+    ManagerForm form(&owner_);
+    manager_ = &form;
+    form.exec();
+}
+
+void QtDialogs::showFuselageRows() {
+    if (manager_) manager_->showRows();
+}
+
+void QtDialogs::showPrintSelect() { PrintSelectForm(&owner_).exec(); }
+
+}  // namespace velna

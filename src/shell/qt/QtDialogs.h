@@ -1,0 +1,51 @@
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include <QPointer>
+#include <QString>
+
+#include "shell/Dialogs.h"
+
+class QFileDialog;
+class QWidget;
+
+namespace velna {
+
+class ManagerForm;
+class QtPrinterSurface;
+
+/// The dialogs of the program, each over the main window.
+class QtDialogs : public Dialogs {
+public:
+    explicit QtDialogs(QWidget& owner);
+    ~QtDialogs() override;
+
+    FileAnswer openFile(const std::string& filter) override;
+    FileAnswer saveFile(const std::string& filter) override;
+    std::optional<std::uint32_t> pickColour(std::uint32_t preset) override;
+    bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
+    bool message(const std::string& title, const std::string& text, BoxIcon icon) override;
+    std::optional<std::string> askText(const std::string& prompt, const std::string& title,
+                                       const std::string& preset) override;
+    PrinterSurface* askPrinter(const std::vector<std::string>& jobs) override;
+    void showPreferences() override;
+    void showManager() override;
+    void showPrintSelect() override;
+
+    /// The open dialog that starts in the folder of one purpose.
+    FileAnswer openFile(const std::string& filter, FilePurpose purpose);
+    /// The rows of the manager have changed: it shows them where it is open.
+    void showFuselageRows();
+
+private:
+    FileAnswer ask(QFileDialog& dialog, const std::string& filter, bool saving, FilePurpose purpose);
+
+    QWidget& owner_;
+    std::map<FilePurpose, QString> folders_;  // where each purpose was last served
+    QPointer<ManagerForm> manager_;
+    std::unique_ptr<QtPrinterSurface> printer_;
+};
+
+}  // namespace velna

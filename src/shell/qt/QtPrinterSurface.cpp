@@ -1,0 +1,181 @@
+#include "shell/qt/QtPrinterSurface.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QPageLayout>
+#include <QPageSize>
+
+namespace velna {
+namespace {
+
+constexpr double millimetresPerInch = 25.4;
+constexpr double penWidth = 0.25;   // millimetres: the toolkit's own width makes files five times larger
+constexpr double textHeight = 3.5;  // millimetres
+constexpr int inchMode = 5;
+
+// Printers tell their paper in hundredths of a millimetre at best.
+double hundredths(double millimetres) { return std::round(millimetres * 100) / 100; }
+
+// "plan.pdf" and "side" give "plan-side.pdf".
+QString jobFile(const QString& target, const std::string& job) {
+    const QFileInfo info(target);
+    const QString suffix = info.suffix().isEmpty() ? QString("pdf") : info.suffix();
+    return QString("%1/%2-%3.%4")
+        .arg(info.path(), info.completeBaseName(), QString::fromStdString(job), suffix);
+}
+
+// Cuts a line to a rectangle from (0, 0); false when nothing is left. Every double is allowed.
+bool cutLine(QPointF& a, QPointF& b, QSizeF size) {
+    const auto cutAxis = [](double& a1, double& b1, double& a2, double& b2, double low, double high) {
+        for (const auto& [side, limit] : {std::pair{-1.0, -low}, std::pair{1.0, high}}) {
+            const double over1 = a1 / 2 * side - limit / 2, over2 = a2 / 2 * side - limit / 2;
+            if (over1 > 0 && over2 > 0) return false;
+            if (over1 <= 0 && over2 <= 0) continue;
+            const double t = over1 / (over1 - over2);
+            const double other = b1 * (1 - t) + b2 * t;
+            (over1 > 0 ? a1 : a2) = side * limit;
+            (over1 > 0 ? b1 : b2) = other;
+        }
+        return true;
+    };
+    return cutAxis(a.rx(), a.ry(), b.rx(), b.ry(), 0, size.width()) &&
+           cutAxis(a.ry(), a.rx(), b.ry(), b.rx(), 0, size.height());
+}
+
+}  // namespace
+
+QtPrinterSurface::QtPrinterSurface(std::unique_ptr<QPrinter> printer)
+    : owned_(std::move(printer)), printer_(*owned_), target_(printer_.outputFileName()) {
+    readPaper();
+}
+
+QtPrinterSurface::QtPrinterSurface(QPrinter& preview) : printer_(preview) { readPaper(); }
+
+QtPrinterSurface::~QtPrinterSurface() {
+    if (painter_.isActive()) KillDoc();
+}
+
+void QtPrinterSurface::readPaper() {
+    printer_.setFullPage(true);
+    const QPageLayout paper = printer_.pageLayout();
+    const QSizeF page = paper.fullRect(QPageLayout::Millimeter).size();
+    const QMarginsF wanted = paper.margins(QPageLayout::Millimeter);
+    margins_ = {hundredths(wanted.left()), hundredths(wanted.top()), hundredths(wanted.right()),
+                hundredths(wanted.bottom())};
+    printable_ = {std::max(0.0, hundredths(page.width()) - margins_.left() - margins_.right()),
+                  std::max(0.0, hundredths(page.height()) - margins_.top() - margins_.bottom())};
+    dots_ = printer_.resolution() / millimetresPerInch;
+}
+
+void QtPrinterSurface::setScaleMode(int mode) { unit_ = mode == inchMode ? millimetresPerInch : 1; }
+
+double QtPrinterSurface::ScaleWidth() const { return printable_.width() / unit_; }
+
+double QtPrinterSurface::ScaleHeight() const { return printable_.height() / unit_; }
+
+QPointF QtPrinterSurface::device(double x, double y) const {
+    return {(x + margins_.left()) * dots_, (y + margins_.top()) * dots_};
+}
+
+void QtPrinterSurface::StartDoc(const std::string& name) {
+    error_.clear();
+    pagesToTurn_ = 0;
+    if (!target_.isEmpty()) {
+        // Written beside the target, which stays whole until the job is complete.
+        finished_ = jobFile(target_, name);
+        unfinished_ = finished_ + ".new";
+        QFile file(unfinished_);
+        if (!file.open(QIODevice::WriteOnly)) {
+            error_ = (finished_ + ": " + file.errorString()).toStdString();
+            unfinished_.clear();
+            return;
+        }
+        file.close();
+        printer_.setOutputFormat(QPrinter::PdfFormat);
+        printer_.setOutputFileName(unfinished_);
+        printer_.setFullPage(true);
+    }
+    printer_.setDocName(QString("Velna %1").arg(QString::fromStdString(name)));
+    if (!painter_.begin(&printer_)) error_ = "The printer cannot be used";
+}
+
+bool QtPrinterSurface::beginPage() {
+    if (!painter_.isActive()) return false;
+    for (; pagesToTurn_ > 0; --pagesToTurn_)
+        if (!printer_.newPage()) {
+            error_ = "The printer takes no further page";
+            return false;
+        }
+    return true;
+}
+
+void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colour) {
+    if (!error_.empty() || !beginPage()) return;
+    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2)) return;
+    QPointF a(x1 * unit_, y1 * unit_), b(x2 * unit_, y2 * unit_);
+    if (!std::isfinite(a.x()) || !std::isfinite(a.y()) || !std::isfinite(b.x()) || !std::isfinite(b.y()))
+        return;
+    // What does not lie on this sheet never reaches the device.
+    if (!cutLine(a, b, printable_)) return;
+    painter_.setPen(QPen(QColor(colour.red, colour.green, colour.blue), penWidth * dots_, Qt::SolidLine,
+                         Qt::RoundCap));
+    a = device(a.x(), a.y());
+    b = device(b.x(), b.y());
+    if (a == b) painter_.drawPoint(a);
+    else painter_.drawLine(a, b);
+}
+
+void QtPrinterSurface::Text(double x, double y, const std::string& text) {
+    if (!error_.empty() || !beginPage()) return;
+    QFont font("DejaVu Sans");
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(textHeight * dots_))));
+    painter_.setFont(font);
+    painter_.setPen(Qt::black);
+    painter_.drawText(device(x * unit_, y * unit_), QString::fromStdString(text));
+}
+
+void QtPrinterSurface::NewPage() { ++pagesToTurn_; }
+
+bool QtPrinterSurface::EndDoc() {
+    if (painter_.isActive() && !painter_.end() && error_.empty()) error_ = "The job could not be ended";
+    if (printer_.printerState() == QPrinter::Error && error_.empty()) error_ = "The printer has failed";
+    if (!error_.empty()) {
+        dropFile();
+        return false;
+    }
+    if (unfinished_.isEmpty()) return true;
+    if (std::rename(QFile::encodeName(unfinished_).constData(), QFile::encodeName(finished_).constData()))
+        error_ = finished_.toStdString() + ": " + std::strerror(errno);
+    dropFile();
+    return error_.empty();
+}
+
+void QtPrinterSurface::KillDoc() {
+    printer_.abort();
+    if (painter_.isActive()) painter_.end();
+    dropFile();
+}
+
+void QtPrinterSurface::dropFile() {
+    if (!unfinished_.isEmpty()) QFile::remove(unfinished_);
+    unfinished_.clear();
+}
+
+QStringList QtPrinterSurface::existingFiles(const QPrinter& printer,
+                                            const std::vector<std::string>& jobs) {
+    QStringList files;
+    if (printer.outputFileName().isEmpty()) return files;
+    for (const std::string& job : jobs) {
+        const QString file = jobFile(printer.outputFileName(), job);
+        if (QFileInfo::exists(file)) files.append(file);
+    }
+    return files;
+}
+
+}  // namespace velna

@@ -1,0 +1,114 @@
+#include "shell/qt/QtRenderContext.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QOpenGLContext>
+#include <QScreen>
+#include <QThread>
+
+#include "shell/Ports.h"
+#include "shell/Startup.h"
+#include "shell/qt/MainWindow.h"
+#include "shell/qt/RenderWindow.h"
+
+namespace velna {
+namespace {
+
+constexpr int smoothEdges = 4;  // samples a pixel, where the driver has them
+
+QSurfaceFormat pictureFormat(int samples) {
+    QSurfaceFormat format;
+    format.setRenderableType(QSurfaceFormat::OpenGL);
+    format.setProfile(QSurfaceFormat::CompatibilityProfile);
+    format.setSwapBehavior(QSurfaceFormat::DoubleBuffer);
+    format.setDepthBufferSize(16);
+    format.setAlphaBufferSize(0);  // the compositor must never see through the picture
+    format.setSamples(samples);
+    format.setSwapInterval(1);
+    return format;
+}
+
+bool contextFor(const QSurfaceFormat& format) {
+    QOpenGLContext context;
+    context.setFormat(format);
+    return context.create();
+}
+
+}  // namespace
+
+QtRenderContext::QtRenderContext(MainWindow& window) : window_(window) {}
+
+QtRenderContext::~QtRenderContext() = default;
+
+bool QtRenderContext::chooseFormat() {
+    // The window keeps the format that it was created with.
+    if (window_.renderWindow().handle()) return true;
+    for (const int samples : {smoothEdges, 0}) {
+        format_ = pictureFormat(samples);
+        if (!contextFor(format_)) continue;
+        window_.renderWindow().setFormat(format_);
+        window_.renderWindow().create();
+        return true;
+    }
+    return false;
+}
+
+bool QtRenderContext::create() {
+    destroy();
+    context_ = std::make_unique<QOpenGLContext>();
+    context_->setFormat(format_);
+    if (!context_->create()) {
+        std::fprintf(stderr, "velna: the picture stays dark: no OpenGL context\n");
+    } else if (!context_->makeCurrent(&window_.renderWindow())) {
+        std::fprintf(stderr, "velna: the picture stays dark: its OpenGL context cannot be used\n");
+    } else {
+        return true;
+    }
+    context_.reset();
+    return false;
+}
+
+void QtRenderContext::destroy() {
+    if (context_) context_->doneCurrent();
+    context_.reset();
+}
+
+void QtRenderContext::swapBuffers() {
+    if (context_ && window_.renderWindow().isExposed()) context_->swapBuffers(&window_.renderWindow());
+}
+
+double QtRenderContext::width() const { return window_.renderSize().width(); }
+
+double QtRenderContext::height() const { return window_.renderSize().height(); }
+
+double QtRenderContext::devicePixelRatio() const { return window_.devicePixelRatioF(); }
+
+void QtRenderContext::fatal(const std::string& text) {
+    std::fprintf(stderr, "velna: %s\n", text.c_str());
+    QMessageBox::critical(&window_, QString("Fatal Error In %1").arg(applicationTitle),
+                          QString::fromStdString(text));
+    Startup::unload();
+    std::_Exit(EXIT_FAILURE);
+}
+
+void QtRenderContext::setFullScreen(bool on) { window_.setFlight(on); }
+
+double QtRenderContext::screenWidth() const { return window_.screen()->size().width(); }
+
+double QtRenderContext::screenHeight() const { return window_.screen()->size().height(); }
+
+void QtRenderContext::setFlyingInfo(bool visible, const std::string& text) {
+    window_.setFlyingInfo(visible, QString::fromStdString(text));
+}
+
+void QtRenderContext::pumpEvents() {
+    // Nothing paces the frames of a window that is not seen.
+    constexpr unsigned long unseenFrame = 16;
+    if (!window_.renderWindow().isExposed()) QThread::msleep(unseenFrame);
+    QCoreApplication::processEvents();
+}
+
+}  // namespace velna

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+
+#include <QSurfaceFormat>
+
+#include "preview/RenderContext.h"
+
+class QOpenGLContext;
+
+namespace velna {
+
+class MainWindow;
+
+/// The picture's OpenGL context on the native window inside the main window.
+class QtRenderContext : public RenderContext {
+public:
+    explicit QtRenderContext(MainWindow& window);
+    ~QtRenderContext() override;
+
+    bool chooseFormat() override;
+    bool create() override;
+    void destroy() override;
+    void swapBuffers() override;
+    double width() const override;
+    double height() const override;
+    double devicePixelRatio() const override;
+    void fatal(const std::string& text) override;
+    void setFullScreen(bool on) override;
+    double screenWidth() const override;
+    double screenHeight() const override;
+    void setFlyingInfo(bool visible, const std::string& text) override;
+    void pumpEvents() override;
+
+private:
+    MainWindow& window_;
+    QSurfaceFormat format_;
+    std::unique_ptr<QOpenGLContext> context_;
+};
+
+}  // namespace velna

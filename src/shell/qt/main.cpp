@@ -1,0 +1,47 @@
+#include <QApplication>
+
+#include "editor/Main.h"
+#include "preview/Flying.h"
+#include "preview/Rendering.h"
+#include "shell/Ports.h"
+#include "shell/Startup.h"
+#include "shell/qt/HelpWindow.h"
+#include "shell/qt/MainWindow.h"
+#include "shell/qt/QtDesktop.h"
+#include "shell/qt/QtDialogs.h"
+#include "shell/qt/QtImaging.h"
+#include "shell/qt/QtProgress.h"
+#include "shell/qt/QtRenderContext.h"
+#include "shell/qt/QtWindow.h"
+#include "shell/qt/SdlJoystick.h"
+
+using namespace velna;
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("velna");
+    QApplication::setApplicationDisplayName(applicationTitle);
+    QApplication::setStyle("Fusion");
+
+    // The window and what stands behind each port.
+    MainWindow mainWindow;
+    QtDialogs dialogs(mainWindow);
+    QtWindow window(mainWindow, dialogs);
+    QtDesktop desktop(mainWindow);
+    QtRenderContext context(mainWindow);
+    QtImaging pictures(mainWindow);
+    SdlJoystick joystick;
+    QtProgress watcher;
+
+    Main.window = &window;
+    Shell = {&desktop, &dialogs};
+    Rendering::context = &context;
+    Flying::joystick = &joystick;
+    imaging = &pictures;
+    progress = &watcher;
+
+    // Splash, default aircraft, views, picture, settings; then events until the window closes.
+    HelpWindow::instance().answerF1();
+    Startup::run();
+    return mainWindow.isVisible() ? QApplication::exec() : 0;
+}
