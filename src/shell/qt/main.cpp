@@ -1,6 +1,7 @@
+#include "editor/Main.h"
+
 #include <QApplication>
 
-#include "editor/Main.h"
 #include "preview/Flying.h"
 #include "preview/Rendering.h"
 #include "shell/Ports.h"
@@ -20,7 +21,6 @@ using namespace velna;
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("velna");
-    QApplication::setApplicationDisplayName(applicationTitle);
     QApplication::setStyle("Fusion");
 
     // The window and what stands behind each port.
