@@ -1,0 +1,312 @@
+#include <cmath>
+
+#include "editor/Main.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "output/OutputTest.h"
+#include "output/Plans.h"
+#include "support/RecordingPrinter.h"
+
+namespace velna::test {
+namespace {
+
+using Kind = PrinterCall::Kind;
+
+class PlansTest : public OutputTest {
+protected:
+    static void addFuselage() {
+        ++nbFuselages;
+        Fuselage::resizeFuselages();
+        Fuselage::addFuselage();
+        ObjectList.update();
+    }
+
+    /// The lines of the `n`th page, from 1.
+    std::vector<PrinterCall> page(int n) const {
+        std::vector<PrinterCall> lines;
+        int current = 1;
+        for (const PrinterCall& call : printer.calls) {
+            if (call.kind == Kind::NewPage) ++current;
+            if (call.kind == Kind::Line && current == n) lines.push_back(call);
+        }
+        return lines;
+    }
+
+    RecordingPrinter printer{190, 277};
+};
+
+TEST_F(PlansTest, LengthDecidesTheSheets) {
+    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printer.pages(), 5);
+}
+
+TEST_F(PlansTest, ExactMultipleOfThePaperHasALastSheetWithoutTheFuselage) {
+    Fuselages(1).pos(3) = 760;
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printer.pages(), 5);
+    for (const PrinterCall& line : page(5)) EXPECT_LE(line.at[2], 0);
+}
+
+TEST_F(PlansTest, SheetsAreTilesOfTheirWidth) {
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    for (int n = 1; n <= 5; ++n) EXPECT_EQ(page(n)[0].at[0], -190.0 * (n - 1));
+}
+
+TEST_F(PlansTest, SideIsTrueToScale) {
+    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    // The bar of the second section is 100 high and stands 200 from the first.
+    const auto bars = page(1);
+    EXPECT_EQ(bars[5].at[0] - bars[4].at[0], 200);
+    EXPECT_EQ(bars[5].at[1] - bars[5].at[3], 100);
+    EXPECT_EQ(bars[5].colour, black);
+}
+
+TEST_F(PlansTest, InchProjectPrintsInInches) {
+    Prefs.selectUnit(inches);
+    Prefs.units = inches;
+    Plane::switchAllToInches();
+    PrintSelect.Side = true;
+    RecordingPrinter inchPaper(7.5, 10);
+    EXPECT_EQ(Plans::printPlans(inchPaper), "");
+    EXPECT_EQ(inchPaper.scaleMode, 5);
+    EXPECT_EQ(inchPaper.pages(), 5);
+    double height = 0;
+    for (const PrinterCall& call : inchPaper.calls)
+        if (call.kind == Kind::Line) height = std::max(height, call.at[1] - call.at[3]);
+    EXPECT_DOUBLE_EQ(height, 150 / 25.4);  // the fin
+}
+
+TEST_F(PlansTest, MillimetreProjectPrintsInMillimetres) {
+    PrintSelect.htop = true;
+    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_EQ(printer.scaleMode, 6);
+}
+
+TEST_F(PlansTest, NothingTickedPrintsNothingAndShowsVTop) {
+    Main.initSideView();
+    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_TRUE(printer.calls.empty());
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_TRUE(Plans::tickedNames().empty());
+}
+
+TEST_F(PlansTest, JobsRunInTheirOrderEachByItself) {
+    PrintSelect.Side = PrintSelect.htop = PrintSelect.frontSections = true;
+    PrintSelect.vtop = PrintSelect.front = true;
+    EXPECT_EQ(Plans::printPlans(printer), "");
+    const std::vector<std::string> order{"side", "sections", "vtop", "front", "htop"};
+    EXPECT_EQ(printer.jobs(), order);
+    EXPECT_EQ(Plans::tickedNames(), order);
+    EXPECT_EQ(printer.count(Kind::EndDoc), 5);
+    EXPECT_EQ(printer.calls.back().kind, Kind::EndDoc);
+}
+
+TEST_F(PlansTest, FrontEndsAtTheLastFuselageAndThePanelShowsIt) {
+    addFuselage();
+    addFuselage();
+    currentFuselage = 1;
+    PrintSelect.front = true;
+    bench.forget();
+    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_EQ(currentFuselage, 3);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_FALSE(bench.window.changes.empty());
+}
+
+TEST_F(PlansTest, EachSectionHasItsSheetWithTheCrossHair) {
+    EXPECT_EQ(Plans::printJob(PlanJob::frontSections, printer), "");
+    EXPECT_EQ(printer.pages(), 3);
+    for (int n = 1; n <= 3; ++n) {
+        const auto lines = page(n);
+        ASSERT_EQ(lines.size(), 2U + 8);
+        EXPECT_EQ(lines[0].at, (std::array<double, 4>{95, 0, 95, 277}));
+        EXPECT_EQ(lines[1].at, (std::array<double, 4>{0, 138.5, 190, 138.5}));
+        EXPECT_EQ(lines[0].colour, black);
+        for (std::size_t i = 2; i < lines.size(); ++i) EXPECT_EQ(lines[i].colour, dimColor);
+    }
+}
+
+TEST_F(PlansTest, FuselageWithoutAShapeHasSheetsWithTheCrossHairAlone) {
+    Fuselages(1).nb_cross = 0;
+    EXPECT_EQ(Plans::printJob(PlanJob::frontSections, printer), "");
+    EXPECT_EQ(printer.pages(), 3);
+    EXPECT_EQ(printer.lines(), 6);
+}
+
+TEST_F(PlansTest, SectionMembersPrintOneSectionAlone) {
+    Fuselages(1).printFront(printer, 2, 1, 95, 138.5);
+    EXPECT_EQ(printer.lines(), 8);
+    Fuselages(1).nb_cross = 0;
+    Fuselages(1).printFront(printer, 2, 1, 95, 138.5);
+    EXPECT_EQ(printer.lines(), 8);
+}
+
+TEST_F(PlansTest, TopLineTakesTheOffsetAsASectionNumber) {
+    Fuselages(1).elevation_offset = 1.4;
+    Fuselages(1).printSide(printer, 1, 0, 0);
+    // Section 1 takes the elevation of section 2, section 2 that of section 3.
+    EXPECT_EQ(printer.calls[0].at[1], -(10 + 20));
+    EXPECT_EQ(printer.calls[0].at[3], -(30 + 100));
+    // Section 3 has none behind it: the offset counts as what it is.
+    EXPECT_EQ(printer.calls[1].at[3], -(30 + 10 + 1.4));
+}
+
+TEST_F(PlansTest, TopLineOffsetIsRoundedHalfToEven) {
+    Fuselages(1).elevation_offset = 0.5;
+    Fuselages(1).printSide(printer, 1, 0, 0);
+    // 1.5 is 2, 2.5 is 2, 3.5 is none.
+    EXPECT_EQ(printer.calls[0].at[1], -(10 + 20));
+    EXPECT_EQ(printer.calls[0].at[3], -(10 + 100));
+    EXPECT_EQ(printer.calls[1].at[3], -(30 + 10 + 0.5));
+}
+
+TEST_F(PlansTest, HugeOffsetsStayInsideTheArrays) {
+    for (double offset : {-1E+300, -50.0, 1E+300}) {
+        Fuselages(1).elevation_offset = offset;
+        printer.calls.clear();
+        Fuselages(1).printSide(printer, 1, 0, 0);
+        EXPECT_EQ(printer.calls[0].at[1], -(10 + 20 + offset));
+    }
+}
+
+TEST_F(PlansTest, FinFromAboveIsMirroredByTheHeightOfItsRoot) {
+    Rudder.printVTop(printer, 1, 100, 0);
+    EXPECT_EQ(printer.lines(), 8);
+    EXPECT_EQ(printer.calls[0].at[0] + printer.calls[4].at[0], 200);
+    Rudder.shift = 0;
+    Rudder.printVTop(printer, 1, 100, 0);
+    EXPECT_EQ(printer.lines(), 12);
+}
+
+TEST_F(PlansTest, WingsFromTheFrontEachHaveACentreLine) {
+    nbWings = 2;
+    MainWing::addWing();
+    MainWing::printFront(printer, 1, 95, 60);
+    ASSERT_EQ(printer.lines(), 2 * 9);
+    for (std::size_t at : {8U, 17U}) {
+        EXPECT_EQ(printer.calls[at].at, (std::array<double, 4>{95, 0, 95, 120}));
+        EXPECT_EQ(printer.calls[at].colour, dimColor);
+    }
+}
+
+TEST_F(PlansTest, FittedPlansShowTheWholeAircraftUnderALockedScale) {
+    RecordingPrinter fitted(190, 277);
+    EXPECT_EQ(Plans::printJob(PlanJob::vtop, fitted), "");
+    Main.controls[Control::LockZoom].checked = true;
+    Main.zoom = 3;
+    Main.xoff = 4;
+    Main.yoff = 5;
+    EXPECT_EQ(Plans::printJob(PlanJob::vtop, printer), "");
+    ASSERT_EQ(printer.calls.size(), fitted.calls.size());
+    for (std::size_t i = 0; i < printer.calls.size(); ++i)
+        EXPECT_EQ(printer.calls[i].at, fitted.calls[i].at);
+    // The lock finds its scale again, so that the picture behind the model stays aligned.
+    EXPECT_TRUE(Main.checked(Control::LockZoom));
+    EXPECT_EQ(Main.zoom, 3);
+    EXPECT_EQ(Main.xoff, 4);
+    EXPECT_EQ(Main.yoff, 5);
+}
+
+TEST_F(PlansTest, FittedPlansTakeTheirFactorFromTheDrawArea) {
+    EXPECT_EQ(Plans::printJob(PlanJob::vtop, printer), "");
+    EXPECT_DOUBLE_EQ(Main.r, 190.0 / 900);
+}
+
+TEST_F(PlansTest, FuselageOfNoLengthHasOneSheetOneOfNegativeLengthNone) {
+    for (int i = 1; i <= 3; ++i) Fuselages(1).pos(i) = 0;
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printer.pages(), 1);
+    for (int i = 1; i <= 3; ++i) Fuselages(1).pos(i) = -400.0 * i;
+    printer.calls.clear();
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printer.pages(), 0);
+    EXPECT_EQ(printer.calls.back().kind, Kind::EndDoc);
+}
+
+TEST_F(PlansTest, PaperSmallerThanItsMarginsIsRefused) {
+    for (double width : {0.0, -10.0}) {
+        RecordingPrinter none(width, 277);
+        EXPECT_NE(Plans::printJob(PlanJob::Side, none), "");
+        EXPECT_TRUE(none.calls.empty());
+    }
+}
+
+TEST_F(PlansTest, FuselageBeyondAllPaperIsRefusedAndTheViewStillReturns) {
+    Fuselages(1).pos(3) = 1E+300;
+    PrintSelect.Side = PrintSelect.htop = true;
+    Main.initSideView();
+    EXPECT_NE(Plans::printPlans(printer), "");
+    EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
+    EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+TEST_F(PlansTest, ThousandSheetsAreWatchedAndCancelled) {
+    Fuselages(1).pos(3) = 190 * 1000.5;
+    ScriptedProgress watcher;
+    progress = &watcher;
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printer.pages(), 1001);
+    EXPECT_EQ(watcher.questions, 1001);
+    EXPECT_EQ(watcher.lastDone, 1001);
+    EXPECT_EQ(watcher.lastTotal, 1001);
+
+    ScriptedProgress cancels;
+    cancels.cancelAt = 7;
+    progress = &cancels;
+    printer.calls.clear();
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), cancelledReason);
+    EXPECT_EQ(printer.pages(), 7);
+    EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
+    EXPECT_EQ(printer.count(Kind::EndDoc), 0);
+}
+
+TEST_F(PlansTest, CancelEndsTheJobsBehindItToo) {
+    ScriptedProgress cancels;
+    cancels.cancelAt = 2;
+    progress = &cancels;
+    PrintSelect.Side = PrintSelect.htop = true;
+    EXPECT_EQ(Plans::printPlans(printer), cancelledReason);
+    EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
+}
+
+TEST_F(PlansTest, VanishedPrinterEndsTheCommandWithItsReason) {
+    printer.failure = "The printer is gone";
+    PrintSelect.Side = PrintSelect.front = true;
+    EXPECT_EQ(Plans::printPlans(printer), "The printer is gone");
+    EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+TEST_F(PlansTest, PreviewLeavesTheWindowAsItIs) {
+    addFuselage();
+    currentFuselage = 1;
+    Main.initSideView();
+    const MainForm before = Main;
+    const auto drawn = bench.area.sinceClear();
+    for (PlanJob job : Plans::allJobs) EXPECT_EQ(Plans::previewJob(job, printer), "");
+    EXPECT_EQ(printer.jobs().size(), 5U);
+    EXPECT_EQ(Main.mode, before.mode);
+    EXPECT_EQ(Main.zoom, before.zoom);
+    EXPECT_EQ(Main.xoff, before.xoff);
+    EXPECT_EQ(Main.yoff, before.yoff);
+    EXPECT_EQ(Main.DrawArea, &bench.area);
+    EXPECT_FALSE(Main.checked(Control::LockZoom));
+    EXPECT_EQ(currentFuselage, 1);
+    EXPECT_EQ(bench.area.sinceClear(), drawn);
+}
+
+TEST_F(PlansTest, PreviewOfAJobPrintsWhatTheJobPrints) {
+    RecordingPrinter real(190, 277);
+    EXPECT_EQ(Plans::previewJob(PlanJob::vtop, printer), "");
+    EXPECT_EQ(Plans::printJob(PlanJob::vtop, real), "");
+    ASSERT_EQ(printer.calls.size(), real.calls.size());
+    for (std::size_t i = 0; i < real.calls.size(); ++i)
+        EXPECT_EQ(printer.calls[i].at, real.calls[i].at);
+}
+
+}  // namespace
+}  // namespace velna::test
