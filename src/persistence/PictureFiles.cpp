@@ -76,7 +76,9 @@ std::string saveTextureNames(ReplacedFile& file, const std::string& folder) {
         const std::string failure =
             Bitmap::saveTarget(textureName(object), object.qualified_texture_filename, folder);
         if (reason.empty() && !failure.empty())
-            reason = object.qualified_texture_filename + ": " + failure;
+            reason = "The picture " + object.qualified_texture_filename +
+                     " could not be put beside the project (" + failure +
+                     "). All else has been saved.";
     });
     return reason;
 }

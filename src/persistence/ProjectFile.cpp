@@ -48,11 +48,7 @@ std::string saveProject(const std::string& file) {
 std::string readProject(const std::string& file) {
     projectDirectory = folderOf(file);
     try {
-        const std::string bytes = readWholeFile(file);
-        ValueReader reader(bytes);
-        const ProjectFormat& format = formatOf(reader.line());
-        if (!format.readWings) return refusedVersion;
-        readBlocks(reader, format);
+        if (!readProjectBytes(readWholeFile(file))) return refusedVersion;
     } catch (const ReadFailure& failure) {
         complain(file, failure.what());
     }

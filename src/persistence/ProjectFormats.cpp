@@ -87,14 +87,7 @@ void readUnit(ValueReader& file) {
     Prefs.selectUnit(Prefs.units);
 }
 
-}  // namespace
-
-const ProjectFormat& formatOf(std::string_view firstLine) {
-    const auto* pattern = patterns.data();
-    while (!matches(firstLine, *pattern)) ++pattern;
-    return pattern->format;
-}
-
+/// All lines behind the first.
 void readBlocks(ValueReader& file, const ProjectFormat& format) {
     format.readWings(file);
     (Stabilizer.*format.readStabilizer)(file);
@@ -107,6 +100,22 @@ void readBlocks(ValueReader& file, const ProjectFormat& format) {
     if (format.lastBlock >= LastBlock::list) ObjectList.read(file);
     if (format.lastBlock >= LastBlock::airfoils) MainWing::readWingAirfoils(file);
     if (format.lastBlock >= LastBlock::textures) PictureFiles::readTextureNames(file);
+}
+
+}  // namespace
+
+const ProjectFormat& formatOf(std::string_view firstLine) {
+    const auto* pattern = patterns.data();
+    while (!matches(firstLine, *pattern)) ++pattern;
+    return pattern->format;
+}
+
+bool readProjectBytes(std::string_view bytes) {
+    ValueReader file(bytes);
+    const ProjectFormat& format = formatOf(file.line());
+    if (!format.readWings) return false;
+    readBlocks(file, format);
+    return true;
 }
 
 }  // namespace velna

@@ -25,8 +25,9 @@ struct ProjectFormat {
 /// The format that a project's first line names; the current one where it names none.
 const ProjectFormat& formatOf(std::string_view firstLine);
 
-/// Reads a project's blocks, all lines behind the first. Throws ReadFailure where the file fails;
-/// what was read before stands in the model.
-void readBlocks(ValueReader& file, const ProjectFormat& format);
+/// Reads a whole project from its bytes. Returns false, with nothing read, for a version that is
+/// not supported any more. Throws ReadFailure where the file fails; what was read before stands in
+/// the model.
+bool readProjectBytes(std::string_view bytes);
 
 }  // namespace velna

@@ -1,5 +1,7 @@
 #include "support/ModelJson.h"
 
+#include <gtest/gtest.h>
+
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -228,6 +230,140 @@ void applyModel(const json& model) {
     for (const json& row : model["ObjectList"])
         ObjectList.rows.push_back({row["text"].get<std::string>(), row["status"].get<std::string>(),
                                    row["sections"].get<std::string>(), row["checked"].get<bool>()});
+}
+
+namespace {
+
+template <class Object, class Value, std::size_t Count>
+void give(json& data, const Object& object, const Field<Object, Value> (&fields)[Count]) {
+    for (const auto& field : fields) data[field.name] = object.*field.member;
+}
+
+json triple(const Point3D& point) {
+    return {point.x, point.y, point.z};
+}
+
+/// Entries 1 to the upper bound.
+template <class T>
+json entries(const Array1<T>& array) {
+    json list = json::array();
+    for (int i = 1; i <= array.upper(); ++i) list.push_back(array(i));
+    return list;
+}
+
+json wingJson(const Wing& wing) {
+    json data;
+    give(data, wing, wingNumbers);
+    give(data, wing, wingCodes);
+    give(data, wing, wingTexts);
+    data["nb"] = wing.nb;
+    data["selected"] = wing.selected;
+    data["texture_filename"] = wing.texture_filename();
+    data["texture_loaded"] = {wing.Left->texture_loaded, wing.Right->texture_loaded};
+    data["color"] = triple(wing.color());
+    data["airfoil"] = json::array();
+    for (int i = 1; i <= wing.airfoilSize(); ++i)
+        data["airfoil"].push_back({wing.airfoilPoint(i).x, wing.airfoilPoint(i).z});
+    return data;
+}
+
+json finJson() {
+    json data;
+    give(data, Rudder, finNumbers);
+    give(data, Rudder, finCodes);
+    give(data, Rudder, finTexts);
+    give(data, Rudder, finFlags);
+    data["nb"] = Rudder.nb;
+    data["color"] = triple(Rudder.color());
+    return data;
+}
+
+json bodyJson(const Body& body) {
+    json data;
+    give(data, body, bodyNumbers);
+    give(data, body, bodyCounts);
+    give(data, body, bodyCodes);
+    give(data, body, bodyFlags);
+    give(data, body, bodyTexts);
+    for (const auto& array : bodyArrays) data[array.name] = entries(body.*array.member);
+    data["sectionOrder"] = entries(body.sectionOrder);
+    data["color"] = triple(body.color());
+    return data;
+}
+
+json boxJson(const ElectroBox& box) {
+    json data;
+    give(data, box, boxNumbers);
+    give(data, box, boxCodes);
+    data["selected"] = box.selected;
+    data["spec"] = nullptr;
+    return data;
+}
+
+/// Adds a line to `differences` for each place where `actual` is not what `expected` tells.
+void compare(const json& expected, const json& actual, const std::string& place,
+             std::string& differences) {
+    if (expected.is_object() && actual.is_object()) {
+        for (const auto& [key, value] : expected.items())
+            compare(value, actual.contains(key) ? actual[key] : json("missing"), place + "." + key,
+                    differences);
+        return;
+    }
+    if (expected.is_array() && actual.is_array() && expected.size() == actual.size()) {
+        for (std::size_t i = 0; i < expected.size(); ++i)
+            compare(expected[i], actual[i], place + "(" + std::to_string(i + 1) + ")", differences);
+        return;
+    }
+    if (expected != actual)
+        differences +=
+            place + ": expected " + expected.dump() + ", stands at " + actual.dump() + "\n";
+}
+
+json withFolder(const json& model, const std::string& folder) {
+    const std::string placeholder = "{DIR}";
+    std::string text = model.dump();
+    for (auto at = text.find(placeholder); at != std::string::npos;
+         at = text.find(placeholder, at + folder.size()))
+        text.replace(at, placeholder.size(), folder);
+    return json::parse(text);
+}
+
+}  // namespace
+
+json modelJson() {
+    json model{{"nbWings", nbWings},
+               {"currentWing", currentWing},
+               {"nbFuselages", nbFuselages},
+               {"currentFuselage", currentFuselage},
+               {"nbEquipments", nbEquipments},
+               {"currentEquipment", currentEquipment},
+               {"Stabilizer", wingJson(Stabilizer)},
+               {"Rudder", finJson()},
+               {"defaultColor", triple(defaultColor)},
+               {"zeroTranslation", triple(zeroTranslation)},
+               {"projectDirectory", projectDirectory},
+               {"Wings", json::array()},
+               {"Fuselages", json::array()},
+               {"Equipments", json::array()},
+               {"ObjectList", json::array()}};
+    model["Prefs"] = {{"units", Prefs.units},
+                      {"InchesOption", Prefs.InchesOption},
+                      {"MillimetersOption", Prefs.MillimetersOption}};
+    for (int i = 1; i <= nbWings; ++i) model["Wings"].push_back(wingJson(Wings(i)));
+    for (int i = 1; i <= nbFuselages; ++i) model["Fuselages"].push_back(bodyJson(Fuselages(i)));
+    for (int i = 1; i <= nbEquipments; ++i) model["Equipments"].push_back(boxJson(Equipments(i)));
+    for (const FuselageRow& row : ObjectList.rows)
+        model["ObjectList"].push_back({{"text", row.text},
+                                       {"status", row.status},
+                                       {"sections", row.sections},
+                                       {"checked", row.checked}});
+    return model;
+}
+
+void expectModelEquals(const json& model, const std::string& folder) {
+    std::string differences;
+    compare(withFolder(model, folder), modelJson(), "model", differences);
+    EXPECT_EQ(differences, "");
 }
 
 }  // namespace velna

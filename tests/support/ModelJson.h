@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include <nlohmann/json.hpp>
 
 namespace velna {
@@ -7,5 +9,12 @@ namespace velna {
 /// Puts the whole model, the unit settings and the manager's list as `model` tells them (the form
 /// of `model` in the data of the solids), on top of a default aircraft.
 void applyModel(const nlohmann::json& model);
+
+/// The whole model in the same form.
+nlohmann::json modelJson();
+
+/// Expects the model to be `model`, number for number; each difference is reported by its place.
+/// `{DIR}` in a text of `model` stands for `folder`.
+void expectModelEquals(const nlohmann::json& model, const std::string& folder = "{DIR}");
 
 }  // namespace velna

@@ -1,0 +1,81 @@
+#include "Projects.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+
+namespace velna::test {
+
+using FormatDispatch = ProjectTest;
+
+namespace {
+
+struct Expectation {
+    const char* line;
+    const char* sameAs;  ///< a line of the wanted format that is matched plainly
+};
+
+/// Plain lines, one for each format, each told apart by how its blocks are read.
+const ProjectFormat& plain(const std::string& version) {
+    return formatOf("# VELNA File Format V " + version);
+}
+
+}  // namespace
+
+TEST_F(FormatDispatch, EachRowOfTheTableIsReached) {
+    EXPECT_EQ(formatOf("# VELNA File Format V0.1").readWings, nullptr);
+    EXPECT_EQ(plain("0.2.12").readFuselages, Fuselage::readFuselageV0212);
+    EXPECT_EQ(plain("0.2.6").readFuselages, Fuselage::readFuselageV026);
+    EXPECT_EQ(plain("0.3.0").readRudder, &VertWingSection::readV030);
+    EXPECT_EQ(plain("0.3.1").readRudder, &VertWingSection::readV101);
+    EXPECT_EQ(plain("0.3.1").lastBlock, LastBlock::equipment);
+    EXPECT_EQ(plain("1.0.0").lastBlock, LastBlock::equipment);
+    EXPECT_EQ(plain("1.0.1").lastBlock, LastBlock::unit);
+    EXPECT_EQ(plain("1.1.0").readFuselages, Fuselage::readFuselagesV101);
+    EXPECT_EQ(plain("1.2.9").readFuselages, Fuselage::readFuselagesV120);
+    for (const char* version : {"1.3.0", "1.4.2", "1.5.9"}) {
+        EXPECT_EQ(plain(version).readFuselages, Fuselage::readFuselages);
+        EXPECT_EQ(plain(version).readWings, MainWing::readWingsV120);
+        EXPECT_EQ(plain(version).lastBlock, LastBlock::unit);
+    }
+    for (const char* version : {"1.6.0", "1.6.1", "1.6.2"})
+        EXPECT_EQ(plain(version).lastBlock, LastBlock::list);
+    EXPECT_EQ(plain("1.7.3").lastBlock, LastBlock::airfoils);
+    EXPECT_EQ(plain("2.2.1").readWings, MainWing::readWings);
+}
+
+TEST_F(FormatDispatch, TheFirstRowThatMatchesDecides) {
+    const Expectation lines[] = {
+        {"V0.1 and 0.2.12", "V0.1"}, {"# VELNA File Format V 1.7.0 was 0.2.12", "0.2.12"},
+        {"V 0.2.12", "0.2.12"},      {"V 0.2", "V 0.2"},
+        {"1.7.0 V 0.2", "V 0.2"},    {"1.0.0 0.3.0", "0.3.0"},
+        {"1.1.0 1.0.0", "1.0.0"},    {"1.7.1 1.2.", "1.2."},
+        {"1.7.1 1.6.2", "1.6.2"},
+    };
+    for (const auto& [line, sameAs] : lines) EXPECT_EQ(&formatOf(line), &formatOf(sameAs)) << line;
+}
+
+TEST_F(FormatDispatch, WhatNoRowKnowsIsCurrent) {
+    const ProjectFormat& current = formatOf("# VELNA File Format V 2.2.1");
+    const char* const lines[] = {"",
+                                 "a file without a version",
+                                 "# VELNA File Format V 0.1",
+                                 "# VELNA File Format V 1.6.3",
+                                 "# VELNA File Format V 1.6.2 ",
+                                 "# VELNA File Format V 1.6.20",
+                                 "# VELNA File Format v0.1",
+                                 "# VELNA File Format V 1x7x0",
+                                 "# VELNA File Format V  0.2.6",
+                                 "# VELNA File Format V 9.9.9"};
+    for (const char* line : lines) EXPECT_EQ(&formatOf(line), &current) << line;
+}
+
+TEST_F(FormatDispatch, AFirstLineOfAMegabyteIsRead) {
+    const std::string blanks(1'000'000, ' ');
+    EXPECT_EQ(&formatOf(blanks + "1.6.1"), &formatOf("1.6.1"));
+    EXPECT_EQ(&formatOf("1.6.1" + blanks), &formatOf("2.2.1"));
+    EXPECT_EQ(&formatOf(blanks + "0.2.12" + blanks), &formatOf("0.2.12"));
+    auto lines = linesOf(bytesOf(projectData + "current/default.vln"));
+    lines[0] += blanks;
+    EXPECT_TRUE(readBytes(joinedLines(lines)));
+}
+
+}  // namespace velna::test
