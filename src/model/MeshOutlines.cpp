@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include "common/NumberText.h"
 #include "model/Lengths.h"
 #include "model/MeshSections.h"
@@ -56,30 +54,32 @@ void MeshSections::computeFrontPoints(double zoom, double xoff, double yoff) {
     const int sections = sectionCount();
     if (frontPoints.rows() != sections || frontPoints.columns() != nb_cross)
         frontPoints.allocate(sections, nb_cross);
-    for (int i = 1; i <= sections; ++i) computeFrontOutline(i, zoom, xoff, yoff);
-}
-
-void MeshSections::computeFrontOutline(int i, double zoom, double xoff, double yoff) {
-    const int k = storageIndex(i);
-    const double base = (bias_curve(k) - 1) * height(k);
-    Point2D* row = frontPoints.row(i);
-    auto place = [&](int j, double y, double z) {
-        if (1 <= j && j <= nb_cross) assignFinite(row[j], y * zoom + xoff, -z * zoom + yoff);
-    };
-    auto placeAtAngle = [&](double j, double rise) {
-        const double t = outlineAngle(j, nb_cross);
-        place(roundToInt(j), (width(k) / 2) * outlineCos(t, curv) + shift,
-              (rise * (outlineSin(t, curv) - 1.0) - base) + elevation(k) + elevation_offset);
-    };
     const double middle = nb_cross / 2.0;
-    curv = curvature(k);
-    for (double j = 1; j <= middle; ++j) placeAtAngle(j, height(k) * bias_curve(k));
-    place(roundToInt(middle + 1), -width(k) / 2 + shift, elevation(k) + -base + elevation_offset);
+    SuperEllipse upper(1, middle, nb_cross);
     // An odd number of points runs on half-odd indices here: their angles keep the fraction, and
     // two of them fall on one entry, the later one staying.
-    curv = curvature2(k);
-    for (double j = middle + 1; j <= nb_cross; ++j)
-        placeAtAngle(j, (1.0 - bias_curve(k)) * height(k));
+    SuperEllipse lower(middle + 1, nb_cross, nb_cross);
+    for (int i = 1; i <= sections; ++i) {
+        const int k = storageIndex(i);
+        const double base = (bias_curve(k) - 1) * height(k);
+        Point2D* row = frontPoints.row(i);
+        auto place = [&](int j, double y, double z) {
+            assignFinite(row[j], y * zoom + xoff, -z * zoom + yoff);
+        };
+        auto placeHalf = [&](const SuperEllipse& ellipse, double rise) {
+            double j = ellipse.first();
+            for (const auto& at : ellipse.places())
+                place(roundToInt(j++), (width(k) / 2) * at.cosine + shift,
+                      (rise * at.sine - base) + elevation(k) + elevation_offset);
+        };
+        upper.setExponent(curvature(k));
+        placeHalf(upper, height(k) * bias_curve(k));
+        if (nb_cross > 1)
+            place(roundToInt(middle + 1), -width(k) / 2 + shift,
+                  elevation(k) + -base + elevation_offset);
+        lower.setExponent(curv = curvature2(k));
+        placeHalf(lower, (1.0 - bias_curve(k)) * height(k));
+    }
 }
 
 bool MeshSections::frontPointUsed(int j) const {

@@ -187,7 +187,6 @@ public:
 private:
     void changeLengths(double (*change)(double, double), double operand);
     void setOnShape(Array1<double>& values, double value);
-    void computeFrontOutline(int i, double zoom, double xoff, double yoff);
     void createTexCoords();
 
     Array2<Point2D> texCoords;

@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "common/Finite.h"
 #include "common/NumberText.h"
+#include "model/Lengths.h"
 #include "model/MeshSections.h"
 #include "model/SuperEllipse.h"
 
@@ -29,8 +29,9 @@ double MeshSections::outlineSin(double t, double p) {
 
 namespace {
 
-/// What the points of one half of a section have in common.
+/// What the points of one half of the section at storage index k have in common.
 struct HalfSection {
+    double x = 0;
     double halfWidth;
     double shift;
     double rise;  ///< height of the half, above or below the widest line
@@ -38,13 +39,37 @@ struct HalfSection {
     double elevation;
     double elevationOffset;
 
-    /// Writes the half's points into `row`; the values that are not finite stay 0.
+    HalfSection(const MeshSections& body, int k, double share)
+        : halfWidth(body.width(k) / 2),
+          shift(body.shift),
+          rise(share * body.height(k)),
+          base((body.bias_curve(k) - 1) * body.height(k)),
+          elevation(body.elevation(k)),
+          elevationOffset(body.elevation_offset) {
+        assignFinite(x, body.pos(k) + body.pos_offset);
+    }
+
+    double y(double cosine) const { return halfWidth * cosine + shift; }
+    double z(double sine) const { return (rise * sine - base) + elevation + elevationOffset; }
+
+    /// Whether every point of the half on `ellipse` is finite: none is larger than the sum of the
+    /// parts' sizes. So the rebuild's hot loop need not ask at each coordinate.
+    bool bounded(const SuperEllipse& ellipse) const {
+        return ellipse.withinUnit() && std::isfinite(std::abs(halfWidth) + std::abs(shift)) &&
+               std::isfinite(std::abs(rise) + std::abs(base) + std::abs(elevation) +
+                             std::abs(elevationOffset));
+    }
+
+    /// Writes the half's points into `row`; a coordinate that is not finite keeps what it was.
     void write(Point3D* row, const SuperEllipse& ellipse) const {
-        const SuperEllipse::Place* place = ellipse.places();
-        for (int j = ellipse.first(); j <= ellipse.last(); ++j, ++place) {
-            assignFinite(row[j].y, halfWidth * place->cosine + shift);
-            assignFinite(row[j].z, (rise * place->sine - base) + elevation + elevationOffset);
+        Point3D* point = row + static_cast<int>(ellipse.first());
+        if (bounded(ellipse)) {
+            for (const auto& place : ellipse.places())
+                *point++ = {x, y(place.cosine), z(place.sine)};
+            return;
         }
+        for (const auto& place : ellipse.places())
+            assignFinite(*point++, x, y(place.cosine), z(place.sine));
     }
 };
 
@@ -52,29 +77,27 @@ struct HalfSection {
 
 void MeshSections::create() {
     if (nb_cross < 2) return;
-    const int sections = sectionCount();
     const double middle = nb_cross / 2.0;
+    // With an odd number of points the rounding leaves one of each section out of all ranges, and
+    // lets others overlap, where the later one stays.
     const int opposite = roundToInt(middle + 1);
     SuperEllipse upper(1, roundToInt(middle), nb_cross);
     SuperEllipse lower(roundToInt(middle + 2), nb_cross, nb_cross);
-    sizeGrid(points, sections, nb_cross);
-    for (int i = 1; i <= sections; ++i) {
+    sizeGrid(points, sectionCount(), nb_cross);
+    for (int i = 1; i <= points.rows(); ++i) {
         const int k = storageIndex(i);
-        Point3D* row = points.row(i);
-        double x = 0;
-        assignFinite(x, pos(k) + pos_offset);
-        std::fill(row + 1, row + nb_cross + 1, Point3D{x, 0, 0});
-        const double base = (bias_curve(k) - 1) * height(k);
-        HalfSection half{width(k) / 2, shift,        height(k) * bias_curve(k),
-                         base,         elevation(k), elevation_offset};
-        upper.setExponent(curv = curvature(k));
-        half.write(row, upper);
-        // The same angle from the formula would leave a rounding error on the widest line.
-        assignFinite(row[opposite].y, -width(k) / 2 + shift);
-        assignFinite(row[opposite].z, elevation(k) + -base + elevation_offset);
-        half.rise = (1.0 - bias_curve(k)) * height(k);
+        upper.setExponent(curvature(k));
         lower.setExponent(curv = curvature2(k));
-        half.write(row, lower);
+        const HalfSection upperHalf(*this, k, bias_curve(k));
+        const HalfSection lowerHalf(*this, k, 1.0 - bias_curve(k));
+        Point3D* row = points.row(i);
+        if (nb_cross % 2 != 0 || !upperHalf.bounded(upper) || !lowerHalf.bounded(lower))
+            std::fill(row + 1, row + nb_cross + 1, Point3D{upperHalf.x, 0, 0});
+        upperHalf.write(row, upper);
+        // The same angle from the formula would leave a rounding error on the widest line.
+        assignFinite(row[opposite], upperHalf.x, -width(k) / 2 + shift,
+                     elevation(k) + -upperHalf.base + elevation_offset);
+        lowerHalf.write(row, lower);
     }
     createTexCoords();
 }
@@ -95,14 +118,14 @@ void MeshSections::createTexCoords() {
 }
 
 Point3D MeshSections::meshPoint(int j, int i, bool mirrored) const {
-    if (i < 0 || i > points.rows() || j < 0 || j > points.columns()) return {};
+    if (i < 1 || i > points.rows() || j < 1 || j > points.columns()) return {};
     Point3D point = points(i, j);
     if (mirrored) assignFinite(point.y, point.y - 2 * shift);
     return point;
 }
 
 Point2D MeshSections::texCoordAt(int j, int i) const {
-    if (i < 0 || i > texCoords.rows() || j < 0 || j > texCoords.columns()) return {};
+    if (i < 1 || i > texCoords.rows() || j < 1 || j > texCoords.columns()) return {};
     return texCoords(i, j);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 namespace velna {
@@ -13,9 +14,10 @@ double outlineAngle(double j, int nb);
 /// sgn(v) |v|^p, where |0| to any power counts as 0.
 double signedPower(double v, double p);
 
-/// The coordinates of one exponent on the angles of one section, for j from `first` to `last`. The
-/// sines and cosines are given, and the powers are computed only when the exponent changes: most
-/// bodies have one exponent on all sections.
+/// The coordinates of one exponent on the angles of one section, for j from `first` in steps of 1
+/// up to `last`; both may be half-odd, and then the angles lie between those of the whole numbers.
+/// The sines and cosines depend on the number of points alone, and the powers are computed only
+/// when the exponent changes: most bodies have one exponent on all sections.
 class SuperEllipse {
 public:
     struct Place {
@@ -23,23 +25,33 @@ public:
         double sine = 0;    ///< outlineSin - 1.0, with the rounding of that pair of operations
     };
 
-    /// Takes the points `first` to `last` of `nb` in the angles of the mesh.
-    SuperEllipse(int first, int last, int nb);
+    /// Takes the points `first` to `last` of a section of `nb` points.
+    SuperEllipse(double first, double last, int nb);
 
     /// Computes the powers for the exponent `p`, unless they stand already.
     void setExponent(double p);
 
-    int first() const { return first_; }
-    int last() const { return last_; }
-    /// The place of point `first()`; the others follow.
-    const Place* places() const { return places_.data(); }
+    double first() const { return first_; }
+    /// The place of point `first()`, and the others behind it.
+    const std::vector<Place>& places() const { return places_; }
+    /// Whether no coordinate of a place is larger than 1: an exponent below 0 has no such bound.
+    bool withinUnit() const { return exponent_ >= 0; }
 
 private:
-    int first_;
-    int last_;
+    /// A sine or cosine, and where the power of its size stands.
+    struct Direction {
+        double value;
+        std::size_t power;
+    };
+
+    Direction directionOf(double value) const;
+
+    double first_;
     bool computed_ = false;
     double exponent_ = 0;
-    std::vector<Place> directions_;
+    std::vector<double> sizes_;          ///< the sizes of all sines and cosines, each once
+    std::vector<double> powers_;         ///< their powers
+    std::vector<Direction> directions_;  ///< cosine and sine of each point in turn
     std::vector<Place> places_;
 };
 

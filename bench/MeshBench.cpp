@@ -1,0 +1,112 @@
+// The rebuild of a large fuselage beside the least work that any rebuild must do. A row's time
+// divided by its reference's is the figure that counts; milliseconds say more of the machine.
+
+#include <cmath>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+#include "model/MeshSections.h"
+#include "model/SuperEllipse.h"
+
+namespace velna {
+namespace {
+
+constexpr std::int16_t sections = 500;
+constexpr std::int16_t cross = 100;
+
+/// Exponents that no fast path of a power routine knows.
+double exponentOf(int section) {
+    return 0.61 + 0.003 * section;
+}
+
+void makeLarge(MeshSections& body, bool ownExponents) {
+    body.nb_sections = sections;
+    body.nb_cross = cross;
+    body.initArrays();
+    for (std::int16_t i = 1; i <= sections; ++i) {
+        body.sectionOrder(i) = i;
+        body.height(i) = 100 + i % 7;
+        body.width(i) = 80 + i % 5;
+        body.pos(i) = 2.0 * i;
+        body.elevation(i) = i % 3;
+        body.curvature(i) = ownExponents ? exponentOf(i) : 0.8;
+        body.curvature2(i) = ownExponents ? exponentOf(i) + 0.001 : 0.8;
+        body.bias_curve(i) = 0.4;
+    }
+}
+
+void create(benchmark::State& state, bool ownExponents) {
+    MeshSections body;
+    makeLarge(body, ownExponents);
+    for (auto _ : state) {
+        body.create();
+        benchmark::DoNotOptimize(body.points.row(0));
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations() * sections * cross);
+}
+
+void createOneExponent(benchmark::State& state) {
+    create(state, false);
+}
+BENCHMARK(createOneExponent);
+
+/// As many points from tables: one multiplication and one addition a coordinate.
+void writePointsFromTables(benchmark::State& state) {
+    std::vector<double> across(cross);
+    std::vector<double> up(cross);
+    for (std::size_t j = 0; j < cross; ++j) {
+        across[j] = std::cos(outlineAngle(static_cast<double>(j) + 1, cross));
+        up[j] = std::sin(outlineAngle(static_cast<double>(j) + 1, cross));
+    }
+    MeshSections body;
+    makeLarge(body, false);
+    std::vector<Point3D> points(static_cast<std::size_t>(sections) * cross);
+    for (auto _ : state) {
+        Point3D* point = points.data();
+        for (int i = 1; i <= sections; ++i)
+            for (std::size_t j = 0; j < cross; ++j)
+                *point++ = {body.pos(i), body.width(i) * across[j] + body.shift,
+                            body.height(i) * up[j] + body.elevation(i)};
+        benchmark::DoNotOptimize(points.data());
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations() * sections * cross);
+}
+BENCHMARK(writePointsFromTables);
+
+void createOwnExponents(benchmark::State& state) {
+    create(state, true);
+}
+BENCHMARK(createOwnExponents);
+
+/// The powers of the same sines and cosines alone: both halves, without the point between them.
+void powersAlone(benchmark::State& state) {
+    std::vector<double> across(cross + 1);
+    std::vector<double> up(cross + 1);
+    for (std::size_t j = 1; j <= cross; ++j) {
+        across[j] = std::abs(std::cos(outlineAngle(static_cast<double>(j), cross)));
+        up[j] = std::abs(std::sin(outlineAngle(static_cast<double>(j), cross)));
+    }
+    MeshSections body;
+    makeLarge(body, true);
+    auto half = [&](std::size_t first, std::size_t last, double exponent) {
+        double sum = 0;
+        for (std::size_t j = first; j <= last; ++j)
+            sum += std::pow(across[j], exponent) + std::pow(up[j], exponent);
+        return sum;
+    };
+    for (auto _ : state) {
+        double sum = 0;
+        for (int i = 1; i <= sections; ++i)
+            sum += half(1, cross / 2, body.curvature(i)) +
+                   half(cross / 2 + 2, cross, body.curvature2(i));
+        benchmark::DoNotOptimize(sum);
+    }
+    state.SetItemsProcessed(state.iterations() * sections * cross);
+}
+BENCHMARK(powersAlone);
+
+}  // namespace
+}  // namespace velna
