@@ -1,0 +1,146 @@
+// Exports projects as the program does, without a window: the model and the drawings of the four
+// views.
+//   velna_export_all FOLDER PROJECT...
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstdint>
+#include <fstream>
+#include <iostream>
+#include <string>
+#include <utility>
+
+#include "common/ReplacedFile.h"
+#include "editor/Main.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "preview/Bitmap.h"
+#include "preview/Imaging.h"
+
+namespace velna {
+namespace {
+
+class SilentWindow : public Window {
+public:
+    void changed(Control) override {}
+    void catalogueFilled(Control) override {}
+    void fuselageListChanged() override {}
+    void setCursor(CursorShape, CursorIcon) override {}
+    void openPopup(float, float) override {}
+    void renderScene(bool rebuild) override {
+        if (rebuild) Plane::createAllSolids();
+    }
+    void setViewTransform(double, double, double, double, double) override {}
+    void promptFrustum() override {}
+    bool askYesNo(const std::string&, BoxIcon, bool) override { return false; }
+    std::string askPictureFile() override { return {}; }
+    std::optional<std::string> askText(const std::string&, const std::string&,
+                                       const std::string&) override {
+        return {};
+    }
+};
+
+/// Sizes of BMP pictures; a picture written is the old one under its new name, which no reader
+/// decodes here: what is read is the model.
+class BmpSizes : public Imaging {
+public:
+    bool load(const std::string& file, std::string& reason) override {
+        std::ifstream stream(file, std::ios::binary);
+        std::array<char, 26> head{};
+        if (!stream.read(head.data(), head.size()) || head[0] != 'B' || head[1] != 'M') {
+            reason = "no BMP picture";
+            return false;
+        }
+        width_ = number(head, 18);
+        height_ = number(head, 22);
+        file_ = file;
+        return true;
+    }
+    int width() const override { return width_; }
+    int height() const override { return height_; }
+    void rotateQuarter() override { std::swap(width_, height_); }
+    void resize(int width, int height) override {
+        width_ = width;
+        height_ = height;
+    }
+    PictureBytes pixels() override { return {}; }
+    bool save(const std::string& file, PictureFormat, std::string&) override {
+        std::ofstream(file, std::ios::binary) << std::ifstream(file_, std::ios::binary).rdbuf();
+        return true;
+    }
+    void showProgress(int) override {}
+    void hideProgress() override {}
+    void showError(const std::string& text) override { std::cerr << text << '\n'; }
+
+private:
+    static int number(const std::array<char, 26>& head, std::size_t at) {
+        std::uint32_t value = 0;
+        for (std::size_t n = 4; n-- > 0;)
+            value = value << 8 | static_cast<unsigned char>(head[at + n]);
+        return static_cast<int>(value);
+    }
+
+    std::string file_;
+    int width_ = 0;
+    int height_ = 0;
+};
+
+/// What the picture in three dimensions does once: it measures the pictures and so gives the bodies
+/// their texture places. A wing's picture is turned.
+void takeIn(SymWingSections& wing) {
+    std::string reason;
+    if (wing.texture_filename().empty() || !imaging->load(wing.texture_filename(), reason)) return;
+    imaging->rotateQuarter();
+    for (WingSection* half : {wing.Left.get(), wing.Right.get()}) {
+        half->xtex = Bitmap::roundedSize(imaging->width());
+        half->ytex = Bitmap::roundedSize(imaging->height());
+        half->texture_loaded = true;
+        half->create_texcoords();
+    }
+}
+
+void takeInPictures() {
+    for (int i = 1; i <= nbWings; ++i) takeIn(Wings(i));
+    takeIn(Stabilizer);
+    std::string reason;
+    if (Rudder.texture_filename.empty() || !imaging->load(Rudder.texture_filename, reason)) return;
+    Rudder.xtex = Bitmap::roundedSize(imaging->width());
+    Rudder.ytex = Bitmap::roundedSize(imaging->height());
+    Rudder.texture_loaded = true;
+}
+
+/// The drawings come first: the model's export makes the last fuselage current.
+bool exportProject(const std::string& project, const std::string& folder) {
+    ObjectList.clear();
+    Plane::setDefaultPlane();
+    const std::string refusal = Plane::readProject(project);
+    ObjectList.update();
+    Plane::createAllSolids();
+    takeInPictures();
+    const std::string title = titleOf(project);
+    const std::string stem = folder + title.substr(0, title.rfind('.'));
+    std::string failure = refusal;
+    for (const std::string& reason :
+         {Plane::exportDXFVTop(stem + ".VTop.dxf"), Plane::exportDXFFront(stem + ".Front.dxf"),
+          Plane::exportDXFSide(stem + ".Side.dxf"), Plane::exportDXFHTop(stem + ".HTop.dxf"),
+          Plane::exportVRML(stem + ".wrl")})
+        if (failure.empty()) failure = reason;
+    if (!failure.empty()) std::cerr << project << ": " << failure << '\n';
+    return failure.empty();
+}
+
+}  // namespace
+}  // namespace velna
+
+int main(int count, char** arguments) {
+    if (count < 3) return 2;
+    velna::SilentWindow window;
+    velna::BmpSizes pictures;
+    velna::Main.window = &window;
+    velna::imaging = &pictures;
+    bool done = true;
+    for (int i = 2; i < count; ++i)
+        done = velna::exportProject(arguments[i], std::string(arguments[1]) + "/") && done;
+    return done ? 0 : 1;
+}
