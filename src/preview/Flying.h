@@ -24,7 +24,7 @@ void reset();
 /// lengths afterwards are exactly those before.
 void flyPreview();
 
-/// The pointer over `Render` during the flight.
+/// The pointer over `Render` during the flight (`Rendering::mouseMove` and `mouseDown` hand it on).
 void mouseMove(double x, double y);
 /// Left halves the speed, right makes it half as much again.
 void mouseDown(int button);

@@ -15,6 +15,11 @@ constexpr GLuint sceneList = 1;
 /// and one of them may ask for the picture again.
 bool preparing = false;
 
+struct Preparing {
+    Preparing() { preparing = true; }
+    ~Preparing() { preparing = false; }
+};
+
 template <class Visit>
 void forEachPanel(Visit visit) {
     for (int i = 1; i <= std::min<int>(nbWings, Wings.size()); ++i) visit(Wings(i));
@@ -30,7 +35,7 @@ void forEachShownFuselage(Visit visit) {
 /// Everything that the list will need, so that nothing inside it opens a box or lets events
 /// through.
 void prepareScene() {
-    preparing = true;
+    const Preparing whileThisRuns;
     Plane::createAllSolids();
     forEachPanel([](SymWingSections& panel) {
         if (panel.Left) panel.Left->convertPicture();
@@ -38,7 +43,6 @@ void prepareScene() {
     });
     Rudder.convertPicture();
     forEachShownFuselage([](MeshSections& fuselage) { fuselage.convertPicture(); });
-    preparing = false;
 }
 
 void drawPanel(SymWingSections& panel) {

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdint>
+#include <exception>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -97,6 +98,15 @@ std::string decode(Picture& picture, const TextureRules& rules) {
     return {};
 }
 
+/// As `decode`; memory that cannot be had is a failure like others.
+std::string tryDecode(Picture& picture, const TextureRules& rules) {
+    try {
+        return decode(picture, rules);
+    } catch (const std::exception& failure) {
+        return failure.what();
+    }
+}
+
 /// Converts `picture` unless that has been done; true when it was done now.
 bool convert(Picture picture, const TextureRules& rules) {
     if (picture.file.empty()) {
@@ -104,7 +114,7 @@ bool convert(Picture picture, const TextureRules& rules) {
         return false;
     }
     if (picture.loaded) return false;
-    const std::string failure = decode(picture, rules);
+    const std::string failure = tryDecode(picture, rules);
     if (failure.empty()) {
         picture.loaded = true;
         return true;

@@ -32,7 +32,7 @@ void show(double panX, double panY, double distance, double spin, double tilt) {
 }  // namespace
 
 void mouseDown(int button, int shift, double x, double y) {
-    if (Flying::flying) {
+    if (Flying::running()) {
         Flying::mouseDown(button);
         return;
     }
@@ -50,7 +50,7 @@ void mouseDown(int button, int shift, double x, double y) {
 
 // A move only shows: what it shows is stored at the release.
 void mouseMove(double x, double y) {
-    if (Flying::flying) {
+    if (Flying::running()) {
         Flying::mouseMove(x, y);
         return;
     }
@@ -62,7 +62,7 @@ void mouseMove(double x, double y) {
 // Any button's release ends all drags. A distance outside the limits is not taken over, although
 // the drag has shown it: the next drag starts from the old one.
 void mouseUp(int /*button*/, double x, double y) {
-    if (Flying::flying) return;
+    if (Flying::running()) return;
     if (rotating) {
         renderSpin = x - rotateGrab.x;
         renderTilt = y - rotateGrab.y;
@@ -81,7 +81,7 @@ void mouseUp(int /*button*/, double x, double y) {
 // picture that jumped at its first step would be lost to the user.
 void zoomBy(double change) {
     const double distance = renderDistance + change;
-    if (Flying::flying || !withinLimits(distance)) return;
+    if (Flying::running() || !withinLimits(distance)) return;
     renderDistance = distance;
     show(shownView.panX, shownView.panY, renderDistance, shownView.spin, shownView.tilt);
 }

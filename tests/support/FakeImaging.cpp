@@ -1,6 +1,7 @@
 #include "support/FakeImaging.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -60,7 +61,7 @@ bool FakeImaging::load(const std::string& file, std::string& reason) {
         current_ = known->second;
         return true;
     }
-    if (readBitmap(file, current_)) return true;
+    if (std::filesystem::is_regular_file(file) && readBitmap(file, current_)) return true;
     reason = "cannot be read";
     return false;
 }
