@@ -28,16 +28,27 @@ void put(QWidget& widget, const Place& place) {
     widget.setGeometry(place.left, place.top, place.width, place.height);
 }
 
+// What stands above the panel where there is room: the longest that fits.
 constexpr const char* mouseHints =
-    "<b>Mouse</b><table cellspacing='3'>"
-    "<tr><td>Drag</td><td>edits a handle</td></tr>"
-    "<tr><td>Shift + drag</td><td>the other direction</td></tr>"
-    "<tr><td>Ctrl + click</td><td>inserts or removes a section</td></tr>"
-    "<tr><td>Right click</td><td>menu</td></tr></table>"
-    "<b>Keys over the drawing</b><table cellspacing='3'>"
-    "<tr><td>Z &nbsp; X &nbsp; C &nbsp; V</td><td>top, front, side, fuselage</td></tr>"
-    "<tr><td>A</td><td>fits the section</td></tr>"
-    "<tr><td>S</td><td>renders</td></tr></table>";
+    "<b>Mouse</b><table cellspacing='2'>"
+    "<tr><td>Drag</td><td>edits what is lit</td></tr>"
+    "<tr><td>Shift + drag &nbsp;</td><td>the other direction</td></tr>"
+    "<tr><td>Ctrl + click</td><td>adds or removes a section</td></tr>"
+    "<tr><td>Right click</td><td>menu</td></tr></table>";
+constexpr const char* keyHints =
+    "<br><b>Keys over the drawing</b><table cellspacing='2'>"
+    "<tr><td>Z</td><td>top view</td></tr><tr><td>X</td><td>front view</td></tr>"
+    "<tr><td>C</td><td>side view</td></tr><tr><td>V</td><td>fuselage from above</td></tr>"
+    "<tr><td>A</td><td>fits the section</td></tr><tr><td>S</td><td>renders</td></tr>"
+    "<tr><td>F1 &nbsp; &nbsp;</td><td>help</td></tr></table>";
+
+void showHints(QLabel& label, const Place& room) {
+    for (const QString& text : {QString(mouseHints) + keyHints, QString(mouseHints)}) {
+        label.setText(text);
+        label.setVisible(label.heightForWidth(room.width) <= room.height);
+        if (!label.isHidden()) return;
+    }
+}
 
 }  // namespace
 
@@ -74,7 +85,7 @@ void MainWindow::buildSurfaces() {
 }
 
 void MainWindow::buildSigns() {
-    hints_ = new QLabel(mouseHints, this);
+    hints_ = new QLabel(this);
     hints_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     hints_->setMargin(12);
     hints_->setWordWrap(true);
@@ -109,7 +120,7 @@ void MainWindow::layOut(QSize client) {
     put(*drawArea_, l.drawArea);
     drawArea_->surface().fitToWidget();
     put(*hints_, l.hints);
-    hints_->setVisible(hints_->heightForWidth(l.hints.width) <= l.hints.height);
+    showHints(*hints_, l.hints);
 
     const QSize logo(l.foot.height * 3, l.foot.height - 8);
     logo_->setPixmap(Drawings::picture("Logo", logo, devicePixelRatioF(),
@@ -117,14 +128,18 @@ void MainWindow::layOut(QSize client) {
     logo_->setGeometry(l.logoLeft, l.foot.top + 4, logo.width(), logo.height());
     logo_->setVisible(l.logoVisible);
 
-    if (flight_) render_->setGeometry(rect());
-    else put(*render_, l.render);
+    if (flight_)
+        render_->setGeometry(rect());
+    else
+        put(*render_, l.render);
     if (flight_) bar_->raise();
     flyingInfo_->adjustSize();
     flyingInfo_->move(render_->x() + 8, render_->geometry().bottom() - flyingInfo_->height() - 8);
 }
 
-QSize MainWindow::renderSize() const { return render_->size(); }
+QSize MainWindow::renderSize() const {
+    return render_->size();
+}
 
 void MainWindow::setFlight(bool on) {
     flight_ = on;
@@ -144,7 +159,9 @@ void MainWindow::setFlyingInfo(bool visible, const QString& text) {
     flyingInfo_->raise();
 }
 
-void MainWindow::placeSign(int left, int top) { shiftButton_->move(left, top); }
+void MainWindow::placeSign(int left, int top) {
+    shiftButton_->move(left, top);
+}
 
 void MainWindow::start() {
     started_ = true;
@@ -199,8 +216,10 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
-    if (Flying::flying) Toolbar::click(Toolbar::Key::FlyingPreview);
-    else Helper::stop();
+    if (Flying::flying)
+        Toolbar::click(Toolbar::Key::FlyingPreview);
+    else
+        Helper::stop();
 }
 
 }  // namespace velna

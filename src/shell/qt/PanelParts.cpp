@@ -1,9 +1,7 @@
 // The single controls of the panel: each sends its event to `Main` and shows `Main`'s state.
-#include <algorithm>
-#include <cmath>
-
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -13,6 +11,8 @@
 #include <QSlider>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
 
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
@@ -84,10 +84,13 @@ QWidget* PanelWidgets::button(Control control, const char* icon, const char* tip
     result->setFocusPolicy(Qt::TabFocus);
     // A new fuselage asks for the modifiers at the press. The others act when the button is let go.
     const auto act = [control] {
-        Main.buttonPressed(control, EventArguments::shift(QGuiApplication::queryKeyboardModifiers()));
+        Main.buttonPressed(control,
+                           EventArguments::shift(QGuiApplication::queryKeyboardModifiers()));
     };
-    if (control == Control::IndexFusPlusButton) connect(result, &QToolButton::pressed, this, act);
-    else connect(result, &QToolButton::clicked, this, act);
+    if (control == Control::IndexFusPlusButton)
+        connect(result, &QToolButton::pressed, this, act);
+    else
+        connect(result, &QToolButton::clicked, this, act);
     mirrors_.add(control, [result](const ControlState& state) { showPresence(*result, state); });
     return result;
 }
@@ -158,7 +161,7 @@ QWidget* PanelWidgets::slider(Control control) {
 
 QWidget* PanelWidgets::sectionEditor() {
     auto* editor = new QWidget;
-    const int side = compact_ ? 100 : 132;
+    const int side = compact_ ? 100 : 116;
     sectionArea_ = new SurfaceWidget(editor);
     sectionArea_->setObjectName("DrawSectionArea");
     sectionArea_->setFixedSize(side, side);
@@ -170,22 +173,30 @@ QWidget* PanelWidgets::sectionEditor() {
     shape->addWidget(slider(Control::CurvatureSlider), 0, Qt::AlignTop);
     shape->addWidget(slider(Control::Curvature2Slider), 0, Qt::AlignTop);
 
-    auto* flags = new QVBoxLayout;
-    flags->setSpacing(compact_ ? 0 : 4);
-    flags->addWidget(checkBox(Control::UniqueCurvatureCheck, "All sections"));
-    flags->addWidget(checkBox(Control::LinkedCurvaturesCheck, "Linked"));
-    flags->addWidget(checkBox(Control::TransparentCheck, "Transparent"));
+    QWidget* unique = checkBox(Control::UniqueCurvatureCheck, "All sections");
+    QWidget* linked = checkBox(Control::LinkedCurvaturesCheck, "Linked");
+    QWidget* transparent = checkBox(Control::TransparentCheck, "Transparent");
     auto* smooth = new QHBoxLayout;
     smooth->setSpacing(2);
-    smooth->addWidget(button(Control::SmoothTopCommand, "icons/SmoothTop", "Smooths the upper edge"));
-    smooth->addWidget(button(Control::SmoothDownCommand, "icons/SmoothDown", "Smooths the lower edge"));
-    smooth->addWidget(button(Control::SmoothWidthCommand, "icons/SmoothWidth", "Smooths the width"));
+    smooth->addWidget(
+        button(Control::SmoothTopCommand, "icons/SmoothTop", "Smooths the upper edge"));
+    smooth->addWidget(
+        button(Control::SmoothDownCommand, "icons/SmoothDown", "Smooths the lower edge"));
+    smooth->addWidget(
+        button(Control::SmoothWidthCommand, "icons/SmoothWidth", "Smooths the width"));
     smooth->addStretch();
-    flags->addLayout(smooth);
-    flags->addStretch();
+
+    auto* flags = new QGridLayout;
+    flags->setSpacing(compact_ ? 0 : 4);
+    flags->addWidget(unique, 0, 0);
+    flags->addWidget(linked, compact_ ? 0 : 1, compact_ ? 1 : 0);
+    flags->addWidget(transparent, compact_ ? 1 : 2, 0);
+    flags->addLayout(smooth, compact_ ? 1 : 3, compact_ ? 1 : 0);
+    flags->setRowStretch(4, 1);
 
     // Beside the sliders where there is room, else below them.
-    auto* layout = compact_ ? static_cast<QBoxLayout*>(new QVBoxLayout(editor)) : new QHBoxLayout(editor);
+    auto* layout =
+        compact_ ? static_cast<QBoxLayout*>(new QVBoxLayout(editor)) : new QHBoxLayout(editor);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(compact_ ? 2 : 6);
     layout->addLayout(shape);

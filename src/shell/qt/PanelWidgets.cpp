@@ -11,6 +11,7 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <iterator>
 
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
@@ -36,6 +37,18 @@ constexpr TabRow tabs[] = {
 
 constexpr int allRows = 100;
 
+// Five tabs of one width: the style's own hints would push the last ones out of a narrow panel.
+class EvenTabBar : public QTabBar {
+protected:
+    QSize tabSizeHint(int index) const override {
+        const QSize hint = QTabBar::tabSizeHint(index);
+        const int room =
+            parentWidget() ? parentWidget()->width() / static_cast<int>(std::size(tabs)) : 0;
+        return room > 0 ? QSize(room, hint.height()) : hint;
+    }
+    QSize minimumTabSizeHint(int index) const override { return tabSizeHint(index); }
+};
+
 // A frame that keeps its room while it is hidden, so that nothing jumps.
 void keepRoom(QWidget& widget) {
     QSizePolicy policy = widget.sizePolicy();
@@ -48,6 +61,7 @@ void keepRoom(QWidget& widget) {
 PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
     : QTabWidget(parent), compact_(compact), mirrors_(mirrors) {
     setObjectName("Parameters");
+    setTabBar(new EvenTabBar);
     setDocumentMode(true);
     setIconSize(compact ? QSize(20, 20) : QSize(24, 24));
     tabBar()->setExpanding(true);
@@ -99,6 +113,10 @@ QVBoxLayout* PanelWidgets::addPage(int tab) {
     setTabToolTip(tab, tabs[tab].name);
     tabBar()->setAccessibleTabName(tab, tabs[tab].name);
 
+    // Where room is short, a list's own caption is the title.
+    const bool hasList =
+        tab == PanelTab::fuselage || tab == PanelTab::wing || tab == PanelTab::electronics;
+    if (compact_ && hasList) return layout;
     auto* title = new QLabel(tabs[tab].name);
     QFont bold = font();
     bold.setBold(true);
@@ -125,7 +143,8 @@ QGridLayout* PanelWidgets::fieldGrid(int tab, int firstRow, int lastRow) {
 void PanelWidgets::buildFuselagePage() {
     constexpr Control plus = Control::IndexFusPlusButton, minus = Control::IndexFusMinusButton;
     QVBoxLayout* page = addPage(PanelTab::fuselage);
-    page->addLayout(listRow("Fuselage", Control::IdFusLabel, Control::IndexFusScroll, &plus, &minus));
+    page->addLayout(
+        listRow("Fuselage", Control::IdFusLabel, Control::IndexFusScroll, &plus, &minus));
 
     auto* section = new QGroupBox("Section properties");
     auto* inside = new QVBoxLayout(section);
@@ -170,9 +189,11 @@ void PanelWidgets::buildRudderPage() {
 }
 
 void PanelWidgets::buildElectronicsPage() {
-    constexpr Control plus = Control::IndexServosPlusButton, minus = Control::IndexServosMinusButton;
+    constexpr Control plus = Control::IndexServosPlusButton,
+                      minus = Control::IndexServosMinusButton;
     QVBoxLayout* page = addPage(PanelTab::electronics);
-    page->addLayout(listRow("Box", Control::IdEquipLabel, Control::IndexServosScroll, &plus, &minus));
+    page->addLayout(
+        listRow("Box", Control::IdEquipLabel, Control::IndexServosScroll, &plus, &minus));
 
     auto* frame = new QGroupBox("Electronics");
     auto* inside = new QVBoxLayout(frame);

@@ -13,7 +13,7 @@ struct PanelSize {
     int height;
     int logoFrom;
 };
-constexpr PanelSize normalPanel{296, 540, 800};
+constexpr PanelSize normalPanel{320, 540, 800};
 constexpr PanelSize smallPanel{190, 450, 700};
 
 }  // namespace
