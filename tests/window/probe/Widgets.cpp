@@ -12,7 +12,6 @@
 #include <QProgressBar>
 #include <QTabBar>
 #include <QTextEdit>
-#include <QToolButton>
 #include <QTreeWidget>
 
 #include "Probe.h"
@@ -28,11 +27,6 @@ void tellButton(const QAbstractButton& button, QJsonObject& told) {
     told["text"] = button.text();
     told["checked"] = button.isChecked();
     told["tip"] = button.toolTip();
-    if (const auto* tool = qobject_cast<const QToolButton*>(&button)) {
-        if (tool->defaultAction() && button.objectName().isEmpty()) {
-            told["name"] = tool->defaultAction()->objectName();
-        }
-    }
 }
 
 QJsonArray entries(const QMenu& menu) {
@@ -110,7 +104,8 @@ QJsonArray visibleWidgets() {
     QJsonArray list;
     for (const QWidget* widget : QApplication::allWidgets()) {
         if (!widget->isVisible()) continue;
-        QJsonObject told{{"name", widget->objectName()},
+        const QString object = widget->objectName();
+        QJsonObject told{{"name", object.isEmpty() ? widget->accessibleName() : object},
                          {"kind", widget->metaObject()->className()},
                          {"place", place(*widget, widget->rect())},
                          {"enabled", widget->isEnabled()},
