@@ -2,6 +2,7 @@
 #include <string>
 
 #include "editor/Main.h"
+#include "editor/MeshLimit.h"
 #include "editor/ModelChange.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
@@ -87,8 +88,14 @@ void removeWing(std::int16_t /*shift*/) {
 }
 
 void addFuselage(std::int16_t shift) {
-    if (!Plane::increment(nbFuselages)) return;
     if (shift == ShiftState::ctrl) Main.ctrlkey_tab = true;
+    const MeshSections fresh;
+    const MeshSections& pattern = Main.ctrlkey_tab ? Fuselage::current() : fresh;
+    const bool room = meshFits(nullptr, pattern.nb_sections, pattern.nb_cross);
+    if (!room || !Plane::increment(nbFuselages)) {
+        Main.ctrlkey_tab = false;
+        return;
+    }
     Fuselage::resizeFuselages();
     Fuselage::addFuselage(Main.ctrlkey_tab);
     ObjectList.update();

@@ -6,6 +6,7 @@
 #include "common/Finite.h"
 #include "common/NumberText.h"
 #include "editor/Main.h"
+#include "editor/MeshLimit.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
@@ -63,7 +64,9 @@ void storeFullSpan(double value) {
 
 void storeCrossPoints(double value) {
     if (!(0 <= value && value <= 100)) return;
-    fuselage().nb_cross = roundToInt16(value);
+    const std::int16_t count = roundToInt16(value);
+    if (!meshFits(&fuselage(), fuselage().nb_sections, count)) return;
+    fuselage().nb_cross = count;
     fuselage().initArrays();
 }
 

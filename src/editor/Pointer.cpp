@@ -1,5 +1,6 @@
 #include "common/NumberText.h"
 #include "editor/Main.h"
+#include "editor/MeshLimit.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -29,7 +30,8 @@ void insertOrRemoveSection(std::int16_t button, void (*draw)(double, double, dou
         if (Main.renderPressed() && button == leftButton) Main.window->renderScene(true);
     };
     if (fuselage.paint == FuselagePart::gap) {
-        fuselage.insertSection((Main.xloc - Main.xoff) / Main.zoom - fuselage.pos_offset);
+        if (meshFits(&fuselage, fuselage.nb_sections + 1, fuselage.nb_cross))
+            fuselage.insertSection((Main.xloc - Main.xoff) / Main.zoom - fuselage.pos_offset);
         showChange();
     }
     if (fuselage.paint == FuselagePart::bar) {
