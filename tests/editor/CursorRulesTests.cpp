@@ -1,0 +1,100 @@
+#include <set>
+
+#include "editor/CursorRules.h"
+#include "model/Fuselage.h"
+#include "model/Plane.h"
+#include "support/EditorBench.h"
+
+namespace velna {
+namespace {
+
+class CursorRules : public test::EditorTest {
+protected:
+    /// Puts the form into a state that row `rule` asks for, with nothing else about.
+    static void arrange(const CursorRule& rule) {
+        Main.mode = rule.vtop == Ask::Yes ? ViewMode::VTop : ViewMode::Side;
+        Main.shiftkey = rule.shift == Ask::Yes;
+        Main.ctrlkey = rule.block == CursorBlock::CtrlSet;
+        Main.altkey = rule.block == CursorBlock::AltSet;
+        const int part = rule.parts.empty() ? 1 : rule.parts.front();
+        Wings(1).selected = rule.block == CursorBlock::OverWing;
+        Stabilizer.selected = rule.block == CursorBlock::OverStabilizer;
+        Fuselage::current().selected = rule.block == CursorBlock::OverFuselage;
+        Equipments(1).selected = rule.block == CursorBlock::OverBox;
+        Rudder.selected = rule.block == CursorBlock::OverFin;
+        Wings(1).selected_part = Stabilizer.selected_part = part;
+        Fuselage::current().selected_part = Rudder.selected_part = part;
+    }
+};
+
+TEST_F(CursorRules, EveryRowShowsItsShape) {
+    for (const CursorRule& rule : cursorRules()) {
+        SCOPED_TRACE(static_cast<int>(rule.block));
+        arrange(rule);
+        Main.setCursor(CursorShape::Default);
+        Main.updateCursor();
+        EXPECT_EQ(Main.cursor, rule.shape);
+        EXPECT_EQ(Main.cursorIcon, rule.icon);
+        EXPECT_EQ(window.cursor, rule.shape);
+    }
+}
+
+TEST_F(CursorRules, EveryBlockHasARow) {
+    std::set<CursorBlock> blocks;
+    for (const CursorRule& rule : cursorRules()) blocks.insert(rule.block);
+    EXPECT_EQ(blocks.size(), 8U);
+}
+
+TEST_F(CursorRules, CustomRowsAndNoOthersHaveAPicture) {
+    for (const CursorRule& rule : cursorRules())
+        EXPECT_EQ(rule.shape == CursorShape::Custom, rule.icon != CursorIcon::None);
+}
+
+TEST_F(CursorRules, BothEdgesOfAPanelMoveTheWholeEdge) {
+    for (int part : {WingPart::tipEdge, WingPart::rootEdge}) {
+        Wings(1).selected = true;
+        Wings(1).selected_part = part;
+        Main.updateCursor();
+        EXPECT_EQ(Main.cursor, CursorShape::NorthSouth) << part;
+    }
+}
+
+TEST_F(CursorRules, LaterBlocksOverruleEarlierOnes) {
+    Wings(1).selected = true;
+    Wings(1).selected_part = WingPart::tipEdge;
+    Stabilizer.selected = true;
+    Stabilizer.selected_part = WingPart::tipLeading;
+    Main.updateCursor();
+    EXPECT_EQ(Main.cursor, CursorShape::Custom);
+    Equipments(1).selected = true;
+    Main.updateCursor();
+    EXPECT_EQ(Main.cursor, CursorShape::WestEast);
+    Main.ctrlkey = true;
+    Main.updateCursor();
+    EXPECT_EQ(Main.cursor, CursorShape::Cross);
+    Main.altkey = true;
+    Main.updateCursor();
+    EXPECT_EQ(Main.cursor, CursorShape::FourWay);
+}
+
+TEST_F(CursorRules, NothingSelectedWithShiftKeepsTheCursor) {
+    Main.setCursor(CursorShape::NorthSouth);
+    Main.shiftkey = true;
+    Main.updateCursor();
+    EXPECT_EQ(Main.cursor, CursorShape::NorthSouth);
+    Main.shiftkey = false;
+    Main.updateCursor();
+    EXPECT_EQ(Main.cursor, CursorShape::Default);
+}
+
+TEST_F(CursorRules, HoverCursorRemainsUntilTheNextMoveOrRelease) {
+    Main.setCursor(CursorShape::NorthSouth);
+    Main.refreshDrawingArea();
+    Main.DrawArea_MouseDown(1, 0, 20, 20);
+    EXPECT_EQ(Main.cursor, CursorShape::NorthSouth);
+    Main.DrawArea_MouseUp(1, 0, 20, 20);
+    EXPECT_EQ(Main.cursor, CursorShape::Default);
+}
+
+}  // namespace
+}  // namespace velna
