@@ -1,0 +1,265 @@
+#include <cmath>
+
+#include "model/MainWing.h"
+#include "support/FreshModel.h"
+
+namespace velna {
+namespace {
+
+class Wing : public FreshModel {
+protected:
+    SymWingSections& wing() { return Wings(1); }
+    void build() { wing().create(); }
+};
+
+TEST_F(Wing, HalvesMeetAtTheCentreLine) {
+    build();
+    for (int i = 1; i <= 16; ++i) {
+        EXPECT_EQ(wing().Left->rootPoint(i), wing().Right->rootPoint(i));
+        EXPECT_EQ(wing().Left->rootPoint(i).y, 0);
+        EXPECT_EQ(wing().Left->tipPoint(i).y, 700);
+        EXPECT_EQ(wing().Right->tipPoint(i).y, -700);
+    }
+}
+
+TEST_F(Wing, WithoutSweepAndDihedralHasAStraightLeadingEdge) {
+    wing().pos2 = 0;
+    wing().elevation2 = 0;
+    build();
+    EXPECT_EQ(wing().Left->rootPoint(8).x, wing().Left->tipPoint(8).x);
+    EXPECT_EQ(wing().Left->rootPoint(1).z, wing().Left->tipPoint(1).z);
+}
+
+TEST_F(Wing, NegativeSpanExchangesTheSides) {
+    wing().span = -700;
+    build();
+    EXPECT_EQ(wing().Left->tipPoint(1).y, -700);
+    EXPECT_EQ(wing().Right->tipPoint(1).y, 700);
+}
+
+TEST_F(Wing, ShiftMovesTheHalvesApart) {
+    wing().shift = 20;
+    build();
+    EXPECT_EQ(wing().Left->rootPoint(1).y, 20);
+    EXPECT_EQ(wing().Left->tipPoint(1).y, 720);
+    EXPECT_EQ(wing().Right->rootPoint(1).y, -20);
+    EXPECT_EQ(wing().Right->tipPoint(1).y, -720);
+}
+
+TEST_F(Wing, WithoutThicknessIsFlat) {
+    wing().thickness1 = 0;
+    build();
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(wing().Left->rootPoint(i).z, 50);
+}
+
+TEST_F(Wing, ShowsAnEditOnlyAfterTheRebuild) {
+    build();
+    wing().length1 = 100;
+    EXPECT_EQ(wing().Left->rootPoint(1).x, 410);
+    wing().Left->init(wing());
+    EXPECT_EQ(wing().Left->rootPoint(1).x, 410);
+    build();
+    EXPECT_EQ(wing().Left->rootPoint(1).x, 280);
+}
+
+TEST_F(Wing, PicturePlacesRunAlongTheChordByTheSpan) {
+    build();
+    for (WingSection* half : {wing().Left.get(), wing().Right.get()}) {
+        half->xtex = 64;
+        half->ytex = 128;
+        half->create_texcoords();
+    }
+    EXPECT_EQ(wing().Left->rootTexCoord(1), ((410.0 - 180) / 700) * 128 / 64);
+    EXPECT_EQ(wing().Left->rootTexCoord(16), wing().Left->rootTexCoord(1));
+    // The tip is measured from the root's leading edge: it carries the sweep.
+    EXPECT_EQ(wing().Left->tipTexCoord(8), ((190.0 - 180) / 700) * 128 / 64);
+    EXPECT_EQ(wing().Right->tipTexCoord(8), -wing().Left->tipTexCoord(8));
+}
+
+TEST_F(Wing, WithoutAPictureHasNoPlaces) {
+    build();
+    wing().Left->create_texcoords();
+    EXPECT_EQ(wing().Left->rootTexCoord(1), 0);
+}
+
+TEST_F(Wing, WithoutSpanHasPicturePlacesOfZero) {
+    wing().span = 0;
+    build();
+    wing().Left->xtex = 64;
+    wing().Left->ytex = 64;
+    wing().Left->create_texcoords();
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(wing().Left->rootTexCoord(i), 0);
+}
+
+TEST_F(Wing, MiddlePointOfAnOddAirfoilKeepsItsOwnPicturePlace) {
+    wing().nb = 5;
+    wing().allocate();
+    for (int i = 1; i <= 5; ++i) wing().setAirfoilPoint(i, 0.1 * i, 0);
+    build();
+    wing().Left->xtex = 64;
+    wing().Left->ytex = 64;
+    wing().Left->create_texcoords();
+    EXPECT_NE(wing().Left->rootTexCoord(2), 0);
+    EXPECT_EQ(wing().Left->rootTexCoord(3), 0);
+    EXPECT_EQ(wing().Left->rootTexCoord(4), wing().Left->rootTexCoord(2));
+    EXPECT_EQ(wing().Left->rootTexCoord(5), wing().Left->rootTexCoord(1));
+}
+
+TEST_F(Wing, PicturePlacesFollowAnotherNumberOfPoints) {
+    build();
+    wing().Left->xtex = 64;
+    wing().Left->ytex = 64;
+    wing().Left->create_texcoords();
+    wing().nb = 30;
+    wing().allocate();
+    for (int i = 1; i <= 30; ++i) wing().setAirfoilPoint(i, 1, 0);
+    build();
+    EXPECT_EQ(wing().Left->rootTexCoord(30), ((410.0 - 180) / 700) * 64 / 64);
+}
+
+TEST_F(Wing, SolidOfAPromisedAirfoilUsesThePointsThereAre) {
+    wing().nb = 500;
+    EXPECT_EQ(wing().pointCount(), 16);
+    build();
+    EXPECT_EQ(wing().Left->pointCount(), 16);
+    EXPECT_EQ(wing().Right->pointCount(), 16);
+    wing().nb = 4;
+    build();
+    EXPECT_EQ(wing().Left->pointCount(), 4);
+    wing().nb = -3;
+    build();
+    EXPECT_EQ(wing().Left->pointCount(), 0);
+    wing().allocate();
+    EXPECT_EQ(wing().airfoilSize(), 0);
+}
+
+TEST_F(Wing, InitKeepsTheLengthsAndTakesBackTheRest) {
+    wing().span = 555;
+    wing().thickness1 = 0.2;
+    wing().nb = 7;
+    wing().set_texture_filename("folder/wing.bmp");
+    wing().qualified_texture_filename = "wing.bmp";
+    wing().set_texture_loaded(true);
+    wing().paint = WingPart::tipEdge;
+    wing().set_color({1, 2, 3});
+    const WingSection* before = wing().Left.get();
+    wing().init();
+    EXPECT_NE(wing().Left.get(), before);
+    EXPECT_EQ(wing().span, 555);
+    EXPECT_EQ(wing().thickness1, 0.13);
+    EXPECT_EQ(wing().nb, 16);
+    EXPECT_EQ(wing().texture_filename(), "");
+    EXPECT_EQ(wing().Right->texture_filename, "");
+    EXPECT_EQ(wing().qualified_texture_filename, "");
+    EXPECT_FALSE(wing().Left->texture_loaded);
+    EXPECT_EQ(wing().paint, WingPart::none);
+    EXPECT_EQ(wing().color(), defaultColor);
+    EXPECT_EQ(wing().Left->airfoilPoint(3).z, -0.5);
+}
+
+TEST_F(Wing, PictureNameReachesBothHalvesAndSurvivesARebuild) {
+    wing().set_texture_filename("a.bmp");
+    wing().set_texture_loaded(true);
+    wing().airfoil_filename = "foil";
+    build();
+    EXPECT_EQ(wing().Left->texture_filename, "a.bmp");
+    EXPECT_EQ(wing().Right->texture_filename, "a.bmp");
+    EXPECT_TRUE(wing().Left->texture_loaded);
+    EXPECT_TRUE(wing().Right->texture_loaded);
+    EXPECT_EQ(wing().Right->airfoil_filename, "foil");
+}
+
+TEST_F(Wing, RescaleThereAndBackRestoresTheLengths) {
+    wing().shift = 33;
+    wing().elevation2 = 44;
+    wing().rescale(0.1);
+    EXPECT_DOUBLE_EQ(wing().elevation2, 4.4);
+    wing().rescale(10.0);
+    EXPECT_DOUBLE_EQ(wing().pos1, 180);
+    EXPECT_DOUBLE_EQ(wing().pos2, 10);
+    EXPECT_DOUBLE_EQ(wing().span, 700);
+    EXPECT_DOUBLE_EQ(wing().length1, 230);
+    EXPECT_DOUBLE_EQ(wing().length2, 150);
+    EXPECT_DOUBLE_EQ(wing().elevation1, 50);
+    EXPECT_DOUBLE_EQ(wing().elevation2, 44);
+    EXPECT_DOUBLE_EQ(wing().shift, 33);
+    EXPECT_EQ(wing().thickness1, 0.13);
+    EXPECT_EQ(wing().thickness2, 0.13);
+}
+
+TEST_F(Wing, SpanInInches) {
+    wing().switchToInches();
+    EXPECT_NEAR(wing().span, 27.559055118, 1e-9);
+    wing().switchToMillimeters();
+    EXPECT_DOUBLE_EQ(wing().span, 700);
+}
+
+TEST_F(Wing, RescaleBeyondTheRangeLeavesTheLength) {
+    wing().span = 1e300;
+    wing().rescale(1e300);
+    EXPECT_EQ(wing().span, 1e300);
+    EXPECT_DOUBLE_EQ(wing().pos1, 1.8e302);
+    wing().rescale(std::nan(""));
+    EXPECT_EQ(wing().span, 1e300);
+}
+
+TEST_F(Wing, SideOutlineIsTheRootSection) {
+    wing().computeSidePoints(2, 5, 100);
+    EXPECT_EQ(wing().sidePoints(1), (Point2D{(230.0 + 180) * 2 + 5, -50.0 * 2 + 100}));
+    EXPECT_EQ(wing().sidePoints(3),
+              (Point2D{(0.3 * 230.0 + 180) * 2 + 5, -((-0.5 * 230) * 0.13 + 50) * 2 + 100}));
+    wing().nb = 99;
+    wing().computeSidePoints(1, 0, 0);
+    EXPECT_EQ(wing().sidePoints.upper(), 16);
+}
+
+TEST_F(Wing, PlanWithTheAxisHorizontalIsMirroredAboutTheOffset) {
+    wing().shift = 20;
+    wing().computeHTopPoints(2, 5, 100);
+    EXPECT_EQ(wing().htopPoints[1], (Point2D{365, 60}));
+    EXPECT_EQ(wing().htopPoints[2], (Point2D{825, 60}));
+    EXPECT_EQ(wing().htopPoints[3], (Point2D{685, -1340}));
+    EXPECT_EQ(wing().htopPoints[4], (Point2D{385, -1340}));
+    EXPECT_EQ(wing().htopPoints[5], wing().htopPoints[1]);
+    EXPECT_EQ(wing().htopMirrorPoints[1], (Point2D{365, 140}));
+    EXPECT_EQ(wing().htopMirrorPoints[3], (Point2D{685, 1540}));
+}
+
+TEST_F(Wing, FrontOutlineShowsTheThicknessAtBothEnds) {
+    wing().shift = 20;
+    wing().elevation2 = 8;
+    wing().computeFrontPoints(2, 5, 100);
+    const double root = (0.13 * 230) / 2;
+    const double tip = (0.13 * 150) / 2;
+    EXPECT_EQ(wing().frontPoints[1], (Point2D{45, -(50 - root) * 2 + 100}));
+    EXPECT_EQ(wing().frontPoints[2], (Point2D{1445, -(50.0 + 8 - tip) * 2 + 100}));
+    EXPECT_EQ(wing().frontPoints[3], (Point2D{1445, -(50.0 + 8 + tip) * 2 + 100}));
+    EXPECT_EQ(wing().frontPoints[4], (Point2D{45, -(root + 50) * 2 + 100}));
+    EXPECT_EQ(wing().frontPoints[5], wing().frontPoints[1]);
+}
+
+TEST_F(Wing, PlanOutlineAndItsLargestCoordinates) {
+    EXPECT_EQ(wing().xMaxVtopGet(), 0);  // before the first drawing
+    wing().computeVTopPoints(0.5, 0.5, 10);
+    EXPECT_EQ(wing().vtopPoints[1], (Point2D{0.5, 100}));
+    EXPECT_EQ(wing().vtopPoints[2], (Point2D{350.5, 105}));
+    EXPECT_EQ(wing().vtopPoints[3], (Point2D{350.5, 180}));
+    EXPECT_EQ(wing().vtopPoints[4], (Point2D{0.5, 215}));
+    EXPECT_EQ(wing().vtopPoints[5], wing().vtopPoints[1]);
+    EXPECT_EQ(wing().xMaxVtopGet(), 350);  // half to even
+    EXPECT_EQ(wing().yMaxVtopGet(), 215);
+}
+
+TEST_F(Wing, PlanOutlineLeftOfZeroHasTheLargestXZero) {
+    wing().computeVTopPoints(1, -5000, -5000);
+    EXPECT_EQ(wing().xMaxVtopGet(), 0);
+    EXPECT_EQ(wing().yMaxVtopGet(), 0);
+}
+
+TEST_F(Wing, LargestCoordinateBeyondSixteenBitsIsClipped) {
+    wing().computeVTopPoints(1e300, 0, 0);
+    EXPECT_EQ(wing().xMaxVtopGet(), 32767);
+}
+
+}  // namespace
+}  // namespace velna
