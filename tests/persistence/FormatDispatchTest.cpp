@@ -21,7 +21,7 @@ const ProjectFormat& plain(const std::string& version) {
 }  // namespace
 
 TEST_F(FormatDispatch, EachRowOfTheTableIsReached) {
-    EXPECT_EQ(formatOf("# VELNA File Format V0.1").readWings, nullptr);
+    EXPECT_FALSE(formatOf("# VELNA File Format V0.1").readWings);
     EXPECT_EQ(plain("0.2.12").readFuselages, Fuselage::readFuselageV0212);
     EXPECT_EQ(plain("0.2.6").readFuselages, Fuselage::readFuselageV026);
     EXPECT_EQ(plain("0.3.0").readRudder, &VertWingSection::readV030);

@@ -1,0 +1,159 @@
+#include <bit>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "common/NumberText.h"
+
+namespace velna::test {
+
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+/// What the C library writes in its own locale, which is the one a test program starts in.
+std::string cText(double value) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.15G", value);
+    return text;
+}
+
+}  // namespace
+
+TEST(NumberText, WritesFifteenDigitsAndNoMore) {
+    EXPECT_EQ(numberText(0.5), "0.5");
+    EXPECT_EQ(numberText(1.0 / 3), "0.333333333333333");
+    EXPECT_EQ(numberText(0.1 + 0.2), "0.3");
+    EXPECT_EQ(numberText(-27.5), "-27.5");
+    EXPECT_EQ(numberText(6.12323399573677e-16), "6.12323399573677E-16");
+}
+
+TEST(NumberText, TakesAnExponentBelowOneTenThousandthAndFromTenToTheFifteenth) {
+    EXPECT_EQ(numberText(0.0001), "0.0001");
+    EXPECT_EQ(numberText(0.00001), "1E-05");
+    EXPECT_EQ(numberText(999999999999999), "999999999999999");
+    EXPECT_EQ(numberText(1e15), "1E+15");
+    EXPECT_EQ(numberText(-1e15), "-1E+15");
+    EXPECT_EQ(numberText(1e100), "1E+100");
+    EXPECT_EQ(numberText(999999999999999.9), "1E+15");
+}
+
+TEST(NumberText, ZeroIsNeverNegative) {
+    EXPECT_EQ(numberText(0.0), "0");
+    EXPECT_EQ(numberText(-0.0), "0");
+}
+
+TEST(NumberText, IsWhatTheCLibraryWrites) {
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 20000; ++i) {
+        const double value = std::bit_cast<double>(random());
+        if (std::isfinite(value)) {
+            ASSERT_EQ(numberText(value), cText(value));
+        }
+        const double length = static_cast<double>(random() % 2'000'001) / 1000 - 1000;
+        if (length != 0) {
+            ASSERT_EQ(numberText(length), cText(length));
+        }
+    }
+    for (const double value : {1.0, -1.0, 32767.0, 1e14, 123456789012345.0, 1e-300, 5e-324, 1e308})
+        EXPECT_EQ(numberText(value), cText(value));
+}
+
+TEST(NumberText, AppendingLeavesWhatStandsThere) {
+    std::string text = "x ";
+    appendNumber(text, -2.25);
+    appendInteger(text, -32768);
+    EXPECT_EQ(text, "x -2.25-32768");
+}
+
+TEST(NumericPrefix, TakesTheLongestNumber) {
+    EXPECT_EQ(numericPrefix("12.5 mm"), 12.5);
+    EXPECT_EQ(numericPrefix("  \t7"), 7);
+    EXPECT_EQ(numericPrefix(".5"), 0.5);
+    EXPECT_EQ(numericPrefix("5."), 5);
+    EXPECT_EQ(numericPrefix("-.5"), -0.5);
+    EXPECT_EQ(numericPrefix("+3"), 3);
+    EXPECT_EQ(numericPrefix("1.2.3"), 1.2);
+    EXPECT_EQ(numericPrefix("1e3"), 1000);
+    EXPECT_EQ(numericPrefix("1E-2x"), 0.01);
+    EXPECT_EQ(numericPrefix("1,5"), 1);
+}
+
+TEST(NumericPrefix, AnExponentCountsWhenComplete) {
+    EXPECT_EQ(numericPrefix("2e"), 2);
+    EXPECT_EQ(numericPrefix("2E+"), 2);
+    EXPECT_EQ(numericPrefix("2e-x"), 2);
+}
+
+TEST(NumericPrefix, NothingElseIsANumber) {
+    for (const char* text : {"", " ", "-", "+", ".", "-.", "e5", "+-3", "--3", "abc", "nan", "NaN",
+                             "inf", "-inf", "+inf", "infinity", "\n5"})
+        EXPECT_EQ(numericPrefix(text), std::nullopt) << text;
+    EXPECT_EQ(numericPrefix("0x10"), 0);
+}
+
+TEST(NumericPrefix, ANumberBeyondADoubleIsAnInfinityOrZero) {
+    EXPECT_EQ(numericPrefix("1e999"), infinity);
+    EXPECT_EQ(numericPrefix("-1e999"), -infinity);
+    EXPECT_EQ(numericPrefix(std::string(400, '9')), infinity);
+    EXPECT_EQ(numericPrefix("1e-999"), 0);
+    EXPECT_EQ(numericPrefix("1e99999999999999999999"), infinity);
+    EXPECT_EQ(numericPrefix("1e-99999999999999999999"), 0);
+    EXPECT_EQ(numericPrefix("0." + std::string(400, '0') + "1e5"), 0);
+    EXPECT_EQ(numericPrefix("0." + std::string(400, '0') + "1e800"), infinity);
+    EXPECT_EQ(numericPrefix("0e999"), 0);
+    EXPECT_EQ(numericPrefix("00001e400"), infinity);
+}
+
+TEST(NumericPrefix, WithoutANumberTheLeadingNumberIsZero) {
+    EXPECT_EQ(leadingNumber("mm"), 0);
+    EXPECT_EQ(leadingNumber("3 mm"), 3);
+}
+
+TEST(TakeNumber, LeavesWhatFollows) {
+    std::string_view text = "  1.5e1,2";
+    EXPECT_EQ(takeNumber(text), 15);
+    EXPECT_EQ(text, ",2");
+    EXPECT_EQ(takeNumber(text), std::nullopt);
+    EXPECT_EQ(text, ",2");
+}
+
+TEST(WholeNumber, TakesTheWholeTextOrNothing) {
+    EXPECT_EQ(wholeNumber("  12.5"), 12.5);
+    EXPECT_EQ(wholeNumber("12.5 "), std::nullopt);
+    EXPECT_EQ(wholeNumber("12.5mm"), std::nullopt);
+    EXPECT_EQ(wholeNumber("2e"), std::nullopt);
+    EXPECT_EQ(wholeNumber("1e999"), std::nullopt);
+    EXPECT_EQ(wholeNumber("nan"), std::nullopt);
+    EXPECT_EQ(wholeNumber(""), std::nullopt);
+}
+
+TEST(Rounding, HalvesGoToTheEvenNeighbour) {
+    EXPECT_EQ(roundToInt(0.5), 0);
+    EXPECT_EQ(roundToInt(1.5), 2);
+    EXPECT_EQ(roundToInt(-2.5), -2);
+    EXPECT_EQ(roundHalfEven(3.5), 4);
+    EXPECT_EQ(roundToInt16(2.4999), 2);
+}
+
+TEST(Rounding, IsDefinedForEveryDouble) {
+    EXPECT_EQ(roundToInt(nan), 0);
+    EXPECT_EQ(roundToInt(infinity), std::numeric_limits<int>::max());
+    EXPECT_EQ(roundToInt(-1e308), std::numeric_limits<int>::min());
+    EXPECT_EQ(roundToInt16(nan), 0);
+    EXPECT_EQ(roundToInt16(40000), 32767);
+    EXPECT_EQ(roundToInt16(-infinity), -32768);
+}
+
+TEST(ThreeDigits, IsAMinimum) {
+    EXPECT_EQ(threeDigits(1), "001");
+    EXPECT_EQ(threeDigits(0), "000");
+    EXPECT_EQ(threeDigits(42), "042");
+    EXPECT_EQ(threeDigits(1000), "1000");
+}
+
+}  // namespace velna::test

@@ -1,0 +1,123 @@
+#include "Projects.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "persistence/PictureFiles.h"
+
+namespace velna::test {
+
+using PictureNames = ProjectTest;
+
+namespace {
+
+/// Gives every object of the default aircraft a picture in `folder`.
+void setPictures(const std::string& folder) {
+    Wings(1).set_texture_filename(folder + "wing.bmp");
+    Wings(1).qualified_texture_filename = "wing.bmp";
+    Stabilizer.set_texture_filename(folder + "stab.JPG");
+    Stabilizer.qualified_texture_filename = "stab.JPG";
+    Fuselages(1).texture_filename = folder + "body.bmp";
+    Fuselages(1).qualified_texture_filename = "body.bmp";
+    Rudder.texture_filename = folder + "fin.bmp";
+    Rudder.qualified_texture_filename = "fin.bmp";
+}
+
+}  // namespace
+
+TEST_F(PictureNames, StandAtTheEndInTheOrderWingsStabiliserFuselagesFin) {
+    setPictures("/pictures/");
+    const auto lines = linesOf(savedBytes());
+    ASSERT_GT(lines.size(), 4u);
+    EXPECT_EQ(
+        std::vector(lines.end() - 4, lines.end()),
+        (std::vector<std::string>{"\"wing.bmp\"", "\"stab.JPG\"", "\"body.bmp\"", "\"fin.bmp\""}));
+}
+
+TEST_F(PictureNames, ACopyOfEachPictureIsPutBesideTheProject) {
+    setPictures("/pictures/");
+    savedBytes();
+    EXPECT_EQ(pictures.saved, (std::vector<std::string>{folder / "wing.bmp", folder / "stab.JPG",
+                                                        folder / "body.bmp", folder / "fin.bmp"}));
+}
+
+TEST_F(PictureNames, ObjectsWithoutPictureHaveAnEmptyNameAndNoFile) {
+    const auto lines = linesOf(savedBytes());
+    for (std::size_t i = lines.size() - 4; i < lines.size(); ++i) EXPECT_EQ(lines[i], "\"\"");
+    EXPECT_TRUE(pictures.saved.empty());
+    ASSERT_TRUE(readBytes(joinedLines(lines)));
+    EXPECT_EQ(Wings(1).texture_filename(), "");
+    EXPECT_EQ(Rudder.texture_filename, "");
+}
+
+TEST_F(PictureNames, AProjectMovedWithItsPicturesFindsThem) {
+    setPictures("/pictures/");
+    const std::string path = folder / "project.vln";
+    ASSERT_EQ(Plane::saveProject(path), "");
+    std::filesystem::create_directory(folder / "moved");
+    for (const char* name : {"project.vln", "wing.bmp", "stab.JPG", "body.bmp", "fin.bmp"})
+        std::filesystem::rename(folder / name, folder / "moved/" + name);
+    resetModel();
+    readFile(folder / "moved/project.vln");
+    EXPECT_EQ(Wings(1).texture_filename(), folder / "moved/wing.bmp");
+    EXPECT_EQ(Wings(1).Left->texture_filename, folder / "moved/wing.bmp");
+    EXPECT_EQ(Stabilizer.texture_filename(), folder / "moved/stab.JPG");
+    EXPECT_EQ(Fuselages(1).texture_filename, folder / "moved/body.bmp");
+    EXPECT_EQ(Rudder.texture_filename, folder / "moved/fin.bmp");
+    EXPECT_EQ(Rudder.qualified_texture_filename, "fin.bmp");
+}
+
+TEST_F(PictureNames, NoPictureCountsAsLoadedAfterReading) {
+    setPictures("/pictures/");
+    const std::string bytes = savedBytes();
+    Wings(1).set_texture_loaded(true);
+    Stabilizer.set_texture_loaded(true);
+    Fuselages(1).texture_loaded = true;
+    Rudder.texture_loaded = true;
+    readProjectBytes(bytes);
+    EXPECT_FALSE(Wings(1).Left->texture_loaded);
+    EXPECT_FALSE(Wings(1).Right->texture_loaded);
+    EXPECT_FALSE(Stabilizer.Left->texture_loaded);
+    EXPECT_FALSE(Fuselages(1).texture_loaded);
+    EXPECT_FALSE(Rudder.texture_loaded);
+}
+
+TEST_F(PictureNames, ATitleIsLookedForAsWrittenThenIgnoringCase) {
+    writeBytes(folder / "WING.BMP", "");
+    EXPECT_EQ(PictureFiles::qualifyTextureName(folder.path(), "wing.bmp"), folder / "WING.BMP");
+    writeBytes(folder / "wing.bmp", "");
+    EXPECT_EQ(PictureFiles::qualifyTextureName(folder.path(), "wing.bmp"), folder / "wing.bmp");
+    EXPECT_EQ(PictureFiles::qualifyTextureName(folder.path(), "fin.bmp"), folder / "fin.bmp");
+    EXPECT_EQ(PictureFiles::qualifyTextureName(folder.path(), ""), "");
+    EXPECT_EQ(PictureFiles::qualifyTextureName("/no/such/folder/", "a.bmp"),
+              "/no/such/folder/a.bmp");
+}
+
+TEST_F(PictureNames, TheTitleInTheFileStaysAsWritten) {
+    writeBytes(folder / "WING.BMP", "");
+    Wings(1).qualified_texture_filename = "wing.bmp";
+    writeBytes(folder / "project.vln", savedBytes());
+    readFile(folder / "project.vln");
+    EXPECT_EQ(Wings(1).texture_filename(), folder / "WING.BMP");
+    EXPECT_EQ(Wings(1).qualified_texture_filename, "wing.bmp");
+}
+
+TEST_F(PictureNames, AVanishedPictureIsToldAndTheAircraftIsSavedAllTheSame) {
+    setPictures("/vanished/");
+    pictures.allThere = false;
+    const std::string reason = Plane::saveProject(folder / "project.vln");
+    EXPECT_NE(reason.find("wing.bmp"), std::string::npos) << reason;
+    EXPECT_NE(reason.find("no such picture"), std::string::npos) << reason;
+    resetModel();
+    EXPECT_TRUE(readBytes(bytesOf(folder / "project.vln")));
+    EXPECT_EQ(Wings(1).qualified_texture_filename, "wing.bmp");
+}
+
+TEST_F(PictureNames, ThePictureInUseIsNotOverwritten) {
+    setPictures(folder.path());
+    for (const char* name : {"wing.bmp", "stab.JPG", "body.bmp", "fin.bmp"})
+        writeBytes(folder / name, "source");
+    savedBytes();
+    EXPECT_TRUE(pictures.saved.empty());
+    EXPECT_EQ(bytesOf(folder / "wing.bmp"), "source");
+}
+
+}  // namespace velna::test
