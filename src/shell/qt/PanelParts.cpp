@@ -78,7 +78,7 @@ QWidget* PanelWidgets::button(Control control, const char* icon, const char* tip
     auto* result = new QToolButton;
     result->setObjectName(controlName(control));
     result->setAccessibleName(tip);
-    result->setIcon(Drawings::icon(icon, palette().color(QPalette::ButtonText)));
+    result->setProperty(drawingProperty, icon);
     result->setIconSize(compact_ ? QSize(16, 16) : QSize(20, 20));
     result->setToolTip(tip);
     result->setFocusPolicy(Qt::TabFocus);

@@ -10,6 +10,7 @@
 #include <QScrollArea>
 #include <QSignalBlocker>
 #include <QTabBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <iterator>
 
@@ -71,7 +72,7 @@ PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
     buildStabilizerPage();
     buildRudderPage();
     buildElectronicsPage();
-    drawTabIcons();
+    drawIcons();
 
     mirrors_.add(Control::Parameters, [this](const ControlState& state) {
         const QSignalBlocker silent(this);
@@ -87,13 +88,18 @@ PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
 }
 
 void PanelWidgets::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange) drawTabIcons();
+    if (event->type() == QEvent::PaletteChange) drawIcons();
     QTabWidget::changeEvent(event);
 }
 
-void PanelWidgets::drawTabIcons() {
+void PanelWidgets::drawIcons() {
     for (int i = 0; i < count(); ++i)
         setTabIcon(i, Drawings::icon(tabs[i].icon, palette().color(QPalette::WindowText)));
+    for (QToolButton* button : findChildren<QToolButton*>()) {
+        const QByteArray drawing = button->property(drawingProperty).toByteArray();
+        if (!drawing.isEmpty())
+            button->setIcon(Drawings::icon(drawing, palette().color(QPalette::ButtonText)));
+    }
 }
 
 QVBoxLayout* PanelWidgets::addPage(int tab) {

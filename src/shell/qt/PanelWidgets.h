@@ -14,6 +14,9 @@ namespace velna {
 class Mirrors;
 class SurfaceWidget;
 
+/// Where a button of the panel keeps the name of its drawing.
+inline constexpr const char* drawingProperty = "drawing";
+
 /// The tab control `Parameters` with all its fields. The compact form is for small fonts.
 class PanelWidgets : public QTabWidget {
 public:
@@ -32,7 +35,7 @@ private:
     void buildRudderPage();
     void buildElectronicsPage();
     QVBoxLayout* addPage(int tab);
-    void drawTabIcons();
+    void drawIcons();
 
     // their parts
     QGridLayout* fieldGrid(int tab, int firstRow, int lastRow);

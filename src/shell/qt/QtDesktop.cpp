@@ -1,8 +1,5 @@
 #include "shell/qt/QtDesktop.h"
 
-#include <cmath>
-#include <cstdlib>
-
 #include <QCoreApplication>
 #include <QCursor>
 #include <QEventLoop>
@@ -10,6 +7,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
+#include <cmath>
+#include <cstdlib>
 
 #include "editor/Main.h"
 #include "shell/Startup.h"
@@ -71,25 +70,44 @@ void QtDesktop::showSplash(const std::string& version, bool smallFonts) {
     QCoreApplication::processEvents();
 }
 
-void QtDesktop::hideSplash() { splash_.reset(); }
+void QtDesktop::hideSplash() {
+    splash_.reset();
+}
 
 void QtDesktop::showMainWindow() {
+    // Timer1 applies a stored unit: it must not tick before the settings are read, which comes
+    // next.
+    const bool waiting = timer1_.isActive();
+    timer1_.stop();
     window_.showMaximized();
     QCoreApplication::processEvents();
+    if (waiting) timer1_.start();
     window_.start();
 }
 
-void QtDesktop::closeMainWindow() { window_.close(); }
+void QtDesktop::closeMainWindow() {
+    window_.close();
+}
 
-void QtDesktop::endProcess() { std::_Exit(EXIT_SUCCESS); }
+void QtDesktop::endProcess() {
+    std::_Exit(EXIT_SUCCESS);
+}
 
-void QtDesktop::enableTimer1(bool on) { on ? timer1_.start() : timer1_.stop(); }
+void QtDesktop::enableTimer1(bool on) {
+    on ? timer1_.start() : timer1_.stop();
+}
 
-void QtDesktop::enableTimer2(bool on) { on ? timer2_.start() : timer2_.stop(); }
+void QtDesktop::enableTimer2(bool on) {
+    on ? timer2_.start() : timer2_.stop();
+}
 
-bool QtDesktop::timer2Enabled() const { return timer2_.isActive(); }
+bool QtDesktop::timer2Enabled() const {
+    return timer2_.isActive();
+}
 
-void QtDesktop::pumpEvents() { QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); }
+void QtDesktop::pumpEvents() {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
 
 Point2D QtDesktop::screenCentre() const {
     const QPointF centre = window_.mapFromGlobal(QPointF(window_.screen()->geometry().center()));
@@ -100,11 +118,17 @@ Point2D QtDesktop::drawAreaToWindow(Point2D pixel) const {
     return {pixel.x + window_.drawArea().x(), pixel.y + window_.drawArea().y()};
 }
 
-void QtDesktop::setCursorPosition(int x, int y) { GlideCursor::moveTo(window_, {x, y}); }
+void QtDesktop::setCursorPosition(int x, int y) {
+    GlideCursor::moveTo(window_, {x, y});
+}
 
-void QtDesktop::placeSign(int left, int top) { window_.placeSign(left, top); }
+void QtDesktop::placeSign(int left, int top) {
+    window_.placeSign(left, top);
+}
 
-void QtDesktop::openPopupAtCursor() { window_.popup().popup(GlideCursor::position(window_)); }
+void QtDesktop::openPopupAtCursor() {
+    window_.popup().popup(GlideCursor::position(window_));
+}
 
 void QtDesktop::setHelpFile(const std::string& file) {
     HelpWindow::instance().setHelpFile(QString::fromStdString(file));
@@ -114,8 +138,12 @@ void QtDesktop::placeHelpWindow(int x, int y, int width, int height) {
     HelpWindow::instance().setPlace({window_.mapToGlobal(QPoint(x, y)), QSize(width, height)});
 }
 
-void QtDesktop::showHelpContents() { HelpWindow::instance().showContents(); }
+void QtDesktop::showHelpContents() {
+    HelpWindow::instance().showContents();
+}
 
-void QtDesktop::closeHelp() { HelpWindow::quit(); }
+void QtDesktop::closeHelp() {
+    HelpWindow::quit();
+}
 
 }  // namespace velna

@@ -1,7 +1,5 @@
 #include "shell/qt/QtDialogs.h"
 
-#include <algorithm>
-
 #include <QAbstractButton>
 #include <QColorDialog>
 #include <QDir>
@@ -12,6 +10,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <algorithm>
 
 #include "shell/Ports.h"
 #include "shell/qt/ManagerForm.h"
@@ -58,10 +57,14 @@ FilePurpose purposeOf(const FileKind& kind, bool saving) {
 
 QMessageBox::Icon sign(BoxIcon icon) {
     switch (icon) {
-        case BoxIcon::Question: return QMessageBox::Question;
-        case BoxIcon::Information: return QMessageBox::Information;
-        case BoxIcon::Stop: return QMessageBox::Critical;
-        default: return QMessageBox::Warning;
+        case BoxIcon::Question:
+            return QMessageBox::Question;
+        case BoxIcon::Information:
+            return QMessageBox::Information;
+        case BoxIcon::Stop:
+            return QMessageBox::Critical;
+        default:
+            return QMessageBox::Warning;
     }
 }
 
@@ -72,8 +75,10 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Escape) reject();
-        else QMessageBox::keyPressEvent(event);
+        if (event->key() == Qt::Key_Escape)
+            reject();
+        else
+            QMessageBox::keyPressEvent(event);
     }
 };
 
@@ -83,7 +88,9 @@ QtDialogs::QtDialogs(QWidget& owner) : owner_(owner) {}
 
 QtDialogs::~QtDialogs() = default;
 
-FileAnswer QtDialogs::openFile(const std::string& filter) { return openFile(filter, FilePurpose::Project); }
+FileAnswer QtDialogs::openFile(const std::string& filter) {
+    return openFile(filter, FilePurpose::Project);
+}
 
 FileAnswer QtDialogs::openFile(const std::string& filter, FilePurpose purpose) {
     QFileDialog dialog(&owner_, "Open");
@@ -118,7 +125,8 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, const std::string& filter, bool s
         if (!folder.isEmpty()) dialog.setDirectory(folder);
         if (saving) dialog.setDefaultSuffix(kinds[chosen()].patterns.first().mid(2));
     };
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString&) { follow(); });
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                     [&](const QString&) { follow(); });
     if (dialog.directory().path().isEmpty()) dialog.setDirectory(QDir::homePath());
     follow();
 
@@ -134,7 +142,8 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, const std::string& filter, bool s
 std::optional<std::uint32_t> QtDialogs::pickColour(std::uint32_t preset) {
     const QColor before(static_cast<int>(preset & 0xff), static_cast<int>(preset >> 8 & 0xff),
                         static_cast<int>(preset >> 16 & 0xff));
-    const QColor colour = QColorDialog::getColor(before, &owner_, {}, QColorDialog::DontUseNativeDialog);
+    const QColor colour =
+        QColorDialog::getColor(before, &owner_, {}, QColorDialog::DontUseNativeDialog);
     if (!colour.isValid()) return std::nullopt;
     return static_cast<std::uint32_t>(colour.red() | colour.green() << 8 | colour.blue() << 16);
 }
@@ -159,9 +168,9 @@ bool QtDialogs::message(const std::string& title, const std::string& text, BoxIc
 std::optional<std::string> QtDialogs::askText(const std::string& prompt, const std::string& title,
                                               const std::string& preset) {
     bool accepted = false;
-    const QString text =
-        QInputDialog::getText(&owner_, QString::fromStdString(title), QString::fromStdString(prompt),
-                              QLineEdit::Normal, QString::fromStdString(preset), &accepted);
+    const QString text = QInputDialog::getText(&owner_, QString::fromStdString(title),
+                                               QString::fromStdString(prompt), QLineEdit::Normal,
+                                               QString::fromStdString(preset), &accepted);
     if (!accepted) return std::nullopt;
     return text.toStdString();
 }
@@ -169,20 +178,22 @@ std::optional<std::string> QtDialogs::askText(const std::string& prompt, const s
 PrinterSurface* QtDialogs::askPrinter(const std::vector<std::string>& jobs) {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setFullPage(true);
-    printer->setDocName(applicationTitle);
+    printer->setDocName("plan");  // proposes plan.pdf
     QPrintDialog dialog(printer.get(), &owner_);
     if (dialog.exec() != QDialog::Accepted) return nullptr;
     const QStringList replaced = QtPrinterSurface::existingFiles(*printer, jobs);
-    if (!replaced.isEmpty() &&
-        !askYesNo(("These files will be replaced:\n" + replaced.join('\n') + "\nDo you want to proceed ?")
-                      .toStdString(),
-                  BoxIcon::Exclamation, false))
+    if (!replaced.isEmpty() && !askYesNo(("These files will be replaced:\n" + replaced.join('\n') +
+                                          "\nDo you want to proceed ?")
+                                             .toStdString(),
+                                         BoxIcon::Exclamation, false))
         return nullptr;
     printer_ = std::make_unique<QtPrinterSurface>(std::move(printer));
     return printer_.get();
 }
 
-void QtDialogs::showPreferences() { PrefsForm(&owner_).exec(); }
+void QtDialogs::showPreferences() {
+    PrefsForm(&owner_).exec();
+}
 
 void QtDialogs::showManager() {
     ManagerForm form(&owner_);
@@ -194,6 +205,8 @@ void QtDialogs::showFuselageRows() {
     if (manager_) manager_->showRows();
 }
 
-void QtDialogs::showPrintSelect() { PrintSelectForm(&owner_).exec(); }
+void QtDialogs::showPrintSelect() {
+    PrintSelectForm(&owner_).exec();
+}
 
 }  // namespace velna
