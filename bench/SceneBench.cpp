@@ -1,0 +1,259 @@
+// The picture beside bare OpenGL programs that put the same on the screen: a replayed frame, a
+// rebuild, a frame of the flight. Without a GL that can draw off screen it says so and measures
+// nothing.
+
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include <EGL/egl.h>
+#include <EGL/eglext.h>
+#include <GL/gl.h>
+#include <benchmark/benchmark.h>
+
+#include "model/Fuselage.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "preview/Flying.h"
+#include "preview/Normals.h"
+#include "preview/Rendering.h"
+
+namespace velna {
+namespace {
+
+constexpr int fuselages = 20;
+constexpr int sections = 100;
+constexpr int cross = 64;
+constexpr int pictureWidth = 900;
+constexpr int pictureHeight = 500;
+constexpr GLuint bareList = 2;
+
+/// A picture area that is nowhere on a screen. Its frame is complete when `swapBuffers` returns.
+class OffscreenContext : public RenderContext {
+public:
+    std::function<void()> events = [] {};
+
+    bool chooseFormat() override { return true; }
+    bool create() override;
+    void destroy() override {}
+    void swapBuffers() override {
+        glFinish();
+        eglSwapBuffers(display_, surface_);
+    }
+    double width() const override { return pictureWidth; }
+    double height() const override { return pictureHeight; }
+    double devicePixelRatio() const override { return 1; }
+    void fatal(const std::string&) override {}
+    void setFullScreen(bool) override {}
+    double screenWidth() const override { return pictureWidth; }
+    double screenHeight() const override { return pictureHeight; }
+    void setFlyingInfo(bool, const std::string&) override {}
+    void pumpEvents() override { events(); }
+
+private:
+    bool openDisplay();
+
+    EGLDisplay display_ = EGL_NO_DISPLAY;
+    EGLSurface surface_ = EGL_NO_SURFACE;
+    EGLContext context_ = EGL_NO_CONTEXT;
+    EGLConfig config_ = nullptr;
+};
+
+bool OffscreenContext::openDisplay() {
+    if (display_ != EGL_NO_DISPLAY) return true;
+    display_ = eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
+    if (display_ == EGL_NO_DISPLAY || !eglInitialize(display_, nullptr, nullptr))
+        display_ = eglGetDisplay(EGL_DEFAULT_DISPLAY);
+    if (display_ == EGL_NO_DISPLAY || !eglInitialize(display_, nullptr, nullptr)) return false;
+    const EGLint wanted[] = {EGL_SURFACE_TYPE,
+                             EGL_PBUFFER_BIT,
+                             EGL_RENDERABLE_TYPE,
+                             EGL_OPENGL_BIT,
+                             EGL_RED_SIZE,
+                             8,
+                             EGL_DEPTH_SIZE,
+                             16,
+                             EGL_NONE};
+    EGLint count = 0;
+    if (!eglChooseConfig(display_, wanted, &config_, 1, &count) || count == 0) return false;
+    const EGLint size[] = {EGL_WIDTH, pictureWidth, EGL_HEIGHT, pictureHeight, EGL_NONE};
+    surface_ = eglCreatePbufferSurface(display_, config_, size);
+    return surface_ != EGL_NO_SURFACE;
+}
+
+bool OffscreenContext::create() {
+    if (!openDisplay()) return false;
+    eglBindAPI(EGL_OPENGL_API);
+    if (context_ != EGL_NO_CONTEXT) eglDestroyContext(display_, context_);
+    context_ = eglCreateContext(display_, config_, EGL_NO_CONTEXT, nullptr);
+    return context_ != EGL_NO_CONTEXT && eglMakeCurrent(display_, surface_, surface_, context_);
+}
+
+OffscreenContext offscreen;
+
+/// An aircraft of many bodies beside each other, and its picture.
+bool openLargeScene() {
+    Plane::setDefaultPlane();
+    nbFuselages = fuselages;
+    Fuselage::resizeFuselages();
+    for (int f = 1; f <= fuselages; ++f) {
+        MeshSections& body = Fuselages(f);
+        body.nb_sections = sections;
+        body.nb_cross = cross;
+        body.initArrays();
+        for (int i = 1; i <= sections; ++i) {
+            body.sectionOrder(i) = static_cast<std::int16_t>(i);
+            body.pos(i) = 8.0 * i;
+            body.height(i) = 20 + i % 10;
+            body.width(i) = 25 - i % 7;
+            body.elevation(i) = 10.0 * f;
+            body.curvature(i) = 1 + 0.01 * i;
+            body.curvature2(i) = 0.8;
+            body.bias_curve(i) = 0.5;
+        }
+    }
+    ObjectList.update();
+    Rendering::context = &offscreen;
+    Rendering::createRenderContext();
+    Rendering::setViewTransform(0, 0, 0, 900, 200);
+    return Rendering::contextCreated;
+}
+
+bool ready(benchmark::State& state) {
+    static const bool opened = openLargeScene();
+    if (!opened) state.SkipWithError("no OpenGL that draws off screen");
+    return opened;
+}
+
+/// The strips of all bodies as arrays, vertex after vertex with its normal.
+struct ReadyStrips {
+    std::vector<Point3D> normals;
+    std::vector<Point3D> vertices;
+    std::size_t stripLength = 0;
+
+    ReadyStrips() {
+        Plane::createAllSolids();
+        for (int f = 1; f <= fuselages; ++f)
+            for (int j = 1; j < sections; ++j) addStrip(Fuselages(f), j);
+        stripLength = 2 * (cross + 1);
+    }
+
+    void addStrip(const MeshSections& body, int j) {
+        for (int i = 1; i <= cross + 1; ++i) {
+            const int k = i > cross ? 1 : i;
+            const int before = k == 1 ? cross : k - 1;
+            const int after = k == cross ? 1 : k + 1;
+            for (const int row : {j, j + 1}) {
+                const int faces = row == sections ? row - 1 : row;
+                const Point3D* here = body.points.row(faces);
+                const Point3D* next = body.points.row(faces + 1);
+                normals.push_back(averageNormal(faceNormal(here[k], here[after], next[k]),
+                                                faceNormal(here[before], here[k], next[before])));
+                vertices.push_back(body.points(row, k));
+            }
+        }
+    }
+
+    static Point3D averageNormal(const Point3D& a, const Point3D& b) {
+        return Rendering::averageNormal(a, b);
+    }
+    static Point3D faceNormal(const Point3D& p, const Point3D& q, const Point3D& r) {
+        return Rendering::faceNormal(p, q, r);
+    }
+
+    void emitAll() const {
+        for (std::size_t at = 0; at < vertices.size(); at += stripLength) {
+            glBegin(GL_TRIANGLE_STRIP);
+            for (std::size_t i = at; i < at + stripLength; ++i) {
+                glNormal3dv(&normals[i].x);
+                glVertex3dv(&vertices[i].x);
+            }
+            glEnd();
+        }
+    }
+};
+
+const ReadyStrips& readyStrips() {
+    static const ReadyStrips strips;
+    return strips;
+}
+
+void bareRebuild() {
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glNewList(bareList, GL_COMPILE_AND_EXECUTE);
+    glDisable(GL_BLEND);
+    readyStrips().emitAll();
+    glEndList();
+    offscreen.swapBuffers();
+}
+
+void replayedFrame(benchmark::State& state) {
+    if (!ready(state)) return;
+    Rendering::renderScene(true);
+    for (auto _ : state) Rendering::renderScene(false);
+}
+BENCHMARK(replayedFrame)->Unit(benchmark::kMillisecond);
+
+void replayedFrameBare(benchmark::State& state) {
+    if (!ready(state)) return;
+    Rendering::renderScene(true);
+    bareRebuild();
+    for (auto _ : state) {
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        glCallList(bareList);
+        offscreen.swapBuffers();
+    }
+}
+BENCHMARK(replayedFrameBare)->Unit(benchmark::kMillisecond);
+
+void rebuild(benchmark::State& state) {
+    if (!ready(state)) return;
+    for (auto _ : state) Rendering::renderScene(true);
+}
+BENCHMARK(rebuild)->Unit(benchmark::kMillisecond);
+
+/// The share of the points in that.
+void rebuildSolids(benchmark::State& state) {
+    if (!ready(state)) return;
+    for (auto _ : state) Plane::createAllSolids();
+}
+BENCHMARK(rebuildSolids)->Unit(benchmark::kMillisecond);
+
+void rebuildBare(benchmark::State& state) {
+    if (!ready(state)) return;
+    readyStrips();
+    for (auto _ : state) bareRebuild();
+}
+BENCHMARK(rebuildBare)->Unit(benchmark::kMillisecond);
+
+/// A flight that stands still, so that every frame shows the same; `frame` runs at the end of each.
+void fly(const std::function<void()>& frame) {
+    offscreen.events = [&frame] {
+        Flying::flightSpeed = 0;
+        frame();
+    };
+    Flying::flyPreview();
+    Rendering::setViewTransform(0, 0, 0, 900, 200);
+}
+
+void flightFrame(benchmark::State& state) {
+    if (!ready(state)) return;
+    fly([&state] { Flying::flying = state.KeepRunning(); });
+}
+BENCHMARK(flightFrame)->Unit(benchmark::kMillisecond);
+
+void flightFrameBare(benchmark::State& state) {
+    if (!ready(state)) return;
+    fly([&state] {
+        for (auto _ : state) {
+            glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+            glCallList(1);
+            offscreen.swapBuffers();
+        }
+        Flying::flying = false;
+    });
+}
+BENCHMARK(flightFrameBare)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace velna
