@@ -102,7 +102,7 @@ double MeshSections::maxWidthPoint() const {
 }
 
 void MeshSections::insertSection(double position) {
-    if (nb_cross == 0 || !Plane::increment(nb_sections)) return;
+    if (nb_cross == 0 || nb_sections < 0 || !Plane::increment(nb_sections)) return;
     initArrays();
     const std::int16_t added = nb_sections;
     const int before = storageIndex(sel_sec - 1);

@@ -1,0 +1,189 @@
+#include "model/Equipment.h"
+#include "support/FreshModel.h"
+
+namespace velna {
+namespace {
+
+using Boxes = FreshModel;
+
+void setCount(int count) {
+    nbEquipments = static_cast<std::int16_t>(count);
+    Equipment::resizeEquipments(count);
+}
+
+TEST_F(Boxes, DefaultBox) {
+    const ElectroBox& box = Equipment::current();
+    EXPECT_EQ(box.length, 30);
+    EXPECT_EQ(box.width, 15);
+    EXPECT_EQ(box.height, 25);
+    EXPECT_EQ(box.weight, 0);
+    EXPECT_EQ(box.pos, 200);
+    EXPECT_EQ(box.elevation, 50);
+    EXPECT_EQ(box.shift, 5);
+    EXPECT_EQ(box.orientation, 0);
+    EXPECT_EQ(box.paint, 1);
+    EXPECT_EQ(box.box, BoxKind::servo);
+    EXPECT_FALSE(box.selected);
+}
+
+TEST_F(Boxes, MadeInAProjectInInchesAreConverted) {
+    Prefs.units = inches;
+    const ElectroBox box;
+    EXPECT_EQ(box.length, 30 / 25.4);
+    EXPECT_EQ(box.shift, 5 / 25.4);
+}
+
+// The place before the removed box gets a new box too: resizing always renews the last place.
+TEST_F(Boxes, RemovingTheLastAlsoRenewsTheOneBefore) {
+    setCount(2);
+    setCount(3);
+    for (int i = 1; i <= 3; ++i) Equipments(i).length = 100 + i;
+    currentEquipment = 3;
+    --nbEquipments;
+    currentEquipment = nbEquipments;
+    Equipment::resizeEquipments(nbEquipments);
+    EXPECT_EQ(Equipments.size(), 2);
+    EXPECT_EQ(Equipments(1).length, 101);
+    EXPECT_EQ(Equipments(2).length, 30);
+    EXPECT_EQ(&Equipment::current(), &Equipments(2));
+}
+
+TEST_F(Boxes, AddingKeepsTheOthers) {
+    Equipments(1).length = 101;
+    setCount(2);
+    EXPECT_EQ(Equipments(1).length, 101);
+    EXPECT_EQ(Equipments(2).length, 30);
+}
+
+TEST_F(Boxes, SolidOfATurnedBox) {
+    ElectroBox& box = Equipments(1);
+    box.orientation = 1;
+    box.create();
+    EXPECT_EQ(box.solidSize(), (Point3D{30, 25, 15}));
+    EXPECT_EQ(box.solidOrigin(), (Point3D{200, -7.5, 50}));
+    EXPECT_EQ(box.centre(), (Point3D{215, 5, 57.5}));
+    EXPECT_EQ(box.actualWidth(), 15);
+    EXPECT_EQ(box.actualHeight(), 25);
+    EXPECT_EQ(box.actualLength(), 30);
+    box.orientation = 0;
+    Equipment::createEquipments();
+    EXPECT_EQ(box.solidSize(), (Point3D{30, 15, 25}));
+}
+
+TEST_F(Boxes, KindColours) {
+    ElectroBox box;
+    EXPECT_EQ(box.kindColor(), (Point3D{0, 0, 255}));
+    box.box = BoxKind::receiver;
+    EXPECT_EQ(box.kindColor(), (Point3D{0, 255, 0}));
+    box.box = BoxKind::accumulator;
+    EXPECT_EQ(box.kindColor(), (Point3D{255, 0, 0}));
+    box.box = 77;
+    EXPECT_EQ(box.kindColor(), (Point3D{0, 0, 255}));
+}
+
+TEST_F(Boxes, OutlinesOfADefaultBox) {
+    ElectroBox box;
+    box.computeSidePoints(2, 7, 400);
+    EXPECT_EQ(box.sideOutline[1], (Point2D{407, 300}));
+    EXPECT_EQ(box.sideOutline[2], (Point2D{467, 300}));
+    EXPECT_EQ(box.sideOutline[3], (Point2D{467, 250}));
+    EXPECT_EQ(box.sideOutline[4], (Point2D{407, 250}));
+    box.computeHTopPoints(2, 7, 400);
+    EXPECT_EQ(box.htopOutline[1], (Point2D{407, 375}));
+    EXPECT_EQ(box.htopOutline[2], (Point2D{467, 375}));
+    EXPECT_EQ(box.htopOutline[3], (Point2D{467, 405}));
+    EXPECT_EQ(box.htopOutline[4], (Point2D{407, 405}));
+}
+
+TEST_F(Boxes, OutlinesOfATurnedBoxExchangeWidthAndHeight) {
+    ElectroBox box;
+    box.orientation = 3;
+    box.computeSidePoints(1, 0, 0);
+    EXPECT_EQ(box.sideOutline[3], (Point2D{230, -65}));
+    box.computeHTopPoints(1, 0, 0);
+    EXPECT_EQ(box.htopOutline[1], (Point2D{200, -17.5}));
+    EXPECT_EQ(box.htopOutline[3], (Point2D{230, 7.5}));
+}
+
+TEST_F(Boxes, ConversionLeavesTheWeight) {
+    ElectroBox& box = Equipments(1);
+    box.weight = 45.1;
+    Equipment::equipmentsToInches();
+    EXPECT_EQ(box.length, 30 / 25.4);
+    EXPECT_EQ(box.width, 15 / 25.4);
+    EXPECT_EQ(box.height, 25 / 25.4);
+    EXPECT_EQ(box.pos, 200 / 25.4);
+    EXPECT_EQ(box.elevation, 50 / 25.4);
+    EXPECT_EQ(box.shift, 5 / 25.4);
+    EXPECT_EQ(box.weight, 45.1);
+    Equipment::equipmentsToMillimeters();
+    EXPECT_DOUBLE_EQ(box.length, 30);
+    Equipment::rescaleEquipments(2);
+    EXPECT_DOUBLE_EQ(box.elevation, 100);
+    EXPECT_EQ(box.weight, 45.1);
+}
+
+TEST_F(Boxes, CatalogueRowIsCopiedOntoTheCurrentBox) {
+    Equipment::applyCatalogueRow(7);
+    const ElectroBox& box = Equipment::current();
+    EXPECT_EQ(Equipment::servoTypes[7].name, "S3003");
+    EXPECT_EQ(box.length, 40.4);
+    EXPECT_EQ(box.width, 19.8);
+    EXPECT_EQ(box.height, 36);
+    EXPECT_EQ(box.weight, 37.2);
+    Prefs.units = inches;
+    Equipment::fillCatalogues();
+    Equipment::applyCatalogueRow(7);
+    EXPECT_EQ(box.length, 40.4 / 25.4);
+    EXPECT_EQ(box.width, 19.8 / 25.4);
+    EXPECT_EQ(box.height, 36 / 25.4);
+    EXPECT_EQ(box.weight, 37.2);
+}
+
+// A list of another kind selects that row number in the box's own catalogue.
+TEST_F(Boxes, CatalogueIsThatOfTheBoxsKind) {
+    ElectroBox& box = Equipment::current();
+    box.box = BoxKind::accumulator;
+    EXPECT_EQ(box.length, 30);  // a change of kind alone changes no number
+    Equipment::applyCatalogueRow(1);
+    EXPECT_EQ(box.length, 130);
+    EXPECT_EQ(box.weight, 320);
+    Equipment::applyCatalogueRow(7);
+    EXPECT_EQ(box.length, 130);
+    box.box = BoxKind::receiver;
+    Equipment::applyCatalogueRow(0);
+    EXPECT_EQ(box.height, 15);
+    box.box = 5;
+    Equipment::applyCatalogueRow(1);
+    Equipment::applyCatalogueRow(-1);
+    EXPECT_EQ(box.height, 15);
+}
+
+TEST_F(Boxes, CataloguesHaveTheirRowsAfterEachFill) {
+    Equipment::fillCatalogues();
+    Equipment::fillCatalogues();
+    EXPECT_EQ(Equipment::servoTypes.size(), 19u);
+    EXPECT_EQ(Equipment::receiverTypes.size(), 12u);
+    EXPECT_EQ(Equipment::accuTypes.size(), 3u);
+    EXPECT_EQ(Equipment::servoTypes.back().name, "JumboMc");
+    EXPECT_EQ(Equipment::receiverTypes[3].length, 57.84);
+    EXPECT_EQ(Equipment::receiverTypes[3].width, 36.15);
+    EXPECT_EQ(Equipment::receiverTypes[3].height, 21.69);
+}
+
+TEST_F(Boxes, HitAndSelectionAreFoundOnAnyBox) {
+    setCount(2);
+    EXPECT_FALSE(Equipment::equipmentHit());
+    EXPECT_FALSE(Equipment::anySelected());
+    Equipments(2).paint = 0;
+    Equipments(2).selected = true;
+    EXPECT_TRUE(Equipment::equipmentHit());
+    EXPECT_TRUE(Equipment::anySelected());
+    Equipment::unpaintEquipments();
+    Equipment::clearSelection();
+    EXPECT_FALSE(Equipment::equipmentHit());
+    EXPECT_FALSE(Equipment::anySelected());
+}
+
+}  // namespace
+}  // namespace velna

@@ -1,0 +1,215 @@
+// Whatever a file or an edit leaves in the model, nothing reads past an array and nothing that is
+// not finite comes out. The sanitizers of the dev build watch.
+
+#include <cmath>
+
+#include "model/Equipment.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "support/FreshModel.h"
+
+namespace velna {
+namespace {
+
+constexpr double numbers[] = {0, -1, 1e308, -1e308, 5e-324, -0.0, 1.7976931348623157e308};
+constexpr std::int16_t counts[] = {-32768, -1, 0, 1, 2, 3, 9, 100, 32767};
+constexpr std::int16_t crossCounts[] = {-32768, -1, 0, 1, 2, 3, 9, 500};
+
+class Extremes : public FreshModel {
+protected:
+    static bool finite(const Point3D& p) {
+        return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
+    }
+    static bool finite(const Point2D& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
+
+    static void expectFiniteSolids() {
+        for (const WingSection* half : {Wings(1).Left.get(), Stabilizer.Right.get()})
+            for (int i = 1; i <= half->pointCount(); ++i) {
+                EXPECT_TRUE(finite(half->rootPoint(i)));
+                EXPECT_TRUE(finite(half->tipPoint(i)));
+            }
+        for (int i = 1; i <= Rudder.pointCount(); ++i) {
+            EXPECT_TRUE(finite(Rudder.rootPoint(i, true)));
+            EXPECT_TRUE(finite(Rudder.tipPoint(i, true)));
+            EXPECT_TRUE(std::isfinite(Rudder.chordRatio(i)));
+        }
+        const MeshSections& body = Fuselages(1);
+        for (int i = 1; i <= body.points.rows(); ++i)
+            for (int j = 1; j <= body.points.columns(); ++j) {
+                EXPECT_TRUE(finite(body.meshPoint(j, i, true)));
+                EXPECT_TRUE(finite(body.texCoordAt(j, i)));
+            }
+        EXPECT_TRUE(finite(Equipments(1).centre()));
+    }
+
+    static void computeAllOutlines(double zoom) {
+        Wings(1).computeSidePoints(zoom, 1, 1);
+        Wings(1).computeHTopPoints(zoom, 1, 1);
+        Wings(1).computeFrontPoints(zoom, 1, 1);
+        Wings(1).computeVTopPoints(zoom, 1, 1);
+        Rudder.computeSidePoints(zoom, 1, 1);
+        Rudder.computeFrontPoints(zoom, 1, 1);
+        Rudder.computeVTopPoints(zoom, 1, 1);
+        Fuselages(1).computeSidePoints(zoom, 1, 1);
+        Fuselages(1).computeHTopPoints(zoom, 1, 1);
+        Fuselages(1).computeVTopPoints(zoom, 1, 1);
+        Fuselages(1).computeFrontPoints(zoom, 1, 1);
+        Equipments(1).computeSidePoints(zoom, 1, 1);
+        Equipments(1).computeHTopPoints(zoom, 1, 1);
+    }
+
+    static void expectFiniteOutlines() {
+        for (std::size_t i = 1; i <= 5; ++i) {
+            EXPECT_TRUE(finite(Wings(1).frontPoints[i]) && finite(Wings(1).vtopPoints[i]));
+            EXPECT_TRUE(finite(Wings(1).htopPoints[i]) && finite(Wings(1).htopMirrorPoints[i]));
+            EXPECT_TRUE(finite(Rudder.sidePoints[i]) && finite(Rudder.frontPoints[i]));
+            EXPECT_TRUE(finite(Rudder.vtopPoints[i]));
+        }
+        const MeshSections& body = Fuselages(1);
+        for (int i = 1; i <= body.sectionCount(); ++i) {
+            EXPECT_TRUE(finite(body.topPoints(i)) && finite(body.bottomPoints(i)));
+            EXPECT_TRUE(finite(body.htopPlus(i)) && finite(body.vtopPoints(i)));
+            for (int j = 1; j <= body.nb_cross; ++j) EXPECT_TRUE(finite(body.frontPoint(i, j)));
+        }
+        for (std::size_t i = 1; i <= 4; ++i)
+            EXPECT_TRUE(finite(Equipments(1).sideOutline[i]) &&
+                        finite(Equipments(1).htopOutline[i]));
+    }
+};
+
+void setAllNumbers(double value, double other) {
+    SymWingSections& wing = Wings(1);
+    for (double* field :
+         {&wing.span, &wing.length1, &wing.pos1, &wing.elevation1, &wing.shift, &wing.thickness1,
+          &Rudder.span, &Rudder.length1, &Rudder.pos1, &Rudder.shift, &Rudder.offset1,
+          &Rudder.thickness2, &Equipments(1).pos, &Equipments(1).length, &Equipments(1).shift,
+          &Fuselages(1).shift, &Fuselages(1).pos_offset})
+        *field = value;
+    for (double* field :
+         {&wing.length2, &wing.pos2, &wing.elevation2, &wing.thickness2, &Rudder.length2,
+          &Rudder.pos2, &Rudder.offset2, &Rudder.thickness1, &Equipments(1).elevation,
+          &Equipments(1).height, &Fuselages(1).elevation_offset})
+        *field = other;
+    MeshSections& body = Fuselages(1);
+    for (int k = 1; k <= 3; ++k) {
+        body.height(k) = k == 2 ? value : other;
+        body.width(k) = value;
+        body.pos(k) = k == 3 ? other : value;
+        body.elevation(k) = other;
+        body.curvature(k) = k == 1 ? 1 : value;
+        body.curvature2(k) = other;
+        body.bias_curve(k) = k == 2 ? other : 0.5;
+    }
+    for (int i = 1; i <= 16; i += 3) wing.setAirfoilPoint(i, value, other);
+}
+
+TEST_F(Extremes, NumbersNeverMakeAnythingThatIsNotFinite) {
+    for (double value : numbers) {
+        for (double other : numbers) {
+            for (std::int16_t cross : {std::int16_t{7}, std::int16_t{8}}) {
+                resetModel();
+                Fuselages(1).nb_cross = cross;
+                Fuselages(1).initArrays();
+                Rudder.texture_loaded = true;
+                Rudder.xtex = 64;
+                setAllNumbers(value, other);
+                Plane::createAllSolids();
+                expectFiniteSolids();
+                computeAllOutlines(value);
+                computeAllOutlines(3);
+                expectFiniteOutlines();
+                Wings(1).normalizeAirfoil();
+                Fuselages(1).smoothTop();
+                Fuselages(1).smoothDown();
+                Fuselages(1).SmoothWidth();
+                Fuselages(1).sel_sec = 2;
+                Fuselages(1).insertSection(value);
+                Fuselages(1).removeSection();
+                ++nbWings;
+                MainWing::addWing();
+                Plane::rescaleAll(value);
+                Plane::switchAllToMillimeters();
+                Plane::createAllSolids();
+                expectFiniteSolids();
+                EXPECT_TRUE(std::isfinite(Fuselages(1).lengthPoint()));
+                EXPECT_TRUE(std::isfinite(Fuselages(1).startpoint()));
+                EXPECT_TRUE(std::isfinite(Fuselages(1).maxElevationPoint()));
+                EXPECT_TRUE(std::isfinite(Fuselages(1).minElevationPoint()));
+                EXPECT_TRUE(std::isfinite(Fuselages(1).maxWidthPoint()));
+                EXPECT_GE(Wings(1).xMaxVtopGet(), 0);
+            }
+        }
+    }
+}
+
+TEST_F(Extremes, CountsNeverReadPastAnArray) {
+    for (std::int16_t sections : counts) {
+        for (std::int16_t cross : crossCounts) {
+            for (std::int16_t selected : counts) {
+                resetModel();
+                MeshSections& body = Fuselages(1);
+                body.nb_sections = sections;
+                body.nb_cross = cross;
+                body.sel_sec = selected;
+                body.create();
+                computeAllOutlines(1);
+                body.widthSet(3);
+                body.curvatureSet(1);
+                body.smoothTop();
+                body.smoothDown();
+                body.SmoothWidth();
+                body.rescale(2);
+                body.fillCurvatureArrays();
+                if (sections <= 100) {
+                    body.removeSection();
+                    body.insertSection(5);
+                }
+                EXPECT_TRUE(std::isfinite(body.widthGet()));
+                EXPECT_LE(body.points.rows(), 3);
+            }
+        }
+    }
+}
+
+TEST_F(Extremes, OrderThatPointsNowhereIsHarmless) {
+    MeshSections& body = Fuselages(1);
+    for (std::int16_t k : counts) {
+        body.sectionOrder(1) = k;
+        body.sectionOrder(3) = k;
+        body.sel_sec = 3;
+        body.create();
+        computeAllOutlines(1);
+        expectFiniteOutlines();
+        body.insertSection(300);
+        body.removeSection();
+        body.smoothTop();
+        body.smoothDown();
+        body.widthSet(1);
+        EXPECT_GE(body.nb_sections, 2);
+        const MeshSections copy(body);
+        EXPECT_EQ(copy.nb_sections, body.nb_sections);
+    }
+}
+
+TEST_F(Extremes, NumbersOfAirfoilPointsNeverReadPastAnArray) {
+    for (std::int16_t nb : counts) {
+        Wings(1).nb = nb;
+        Wings(1).create();
+        Wings(1).normalizeAirfoil();
+        Wings(1).computeSidePoints(1, 0, 0);
+        Wings(1).Left->xtex = 64;
+        Wings(1).Left->ytex = 64;
+        Wings(1).Left->create_texcoords();
+        EXPECT_LE(Wings(1).pointCount(), 16);
+        Rudder.nb = nb;
+        Rudder.create();
+        EXPECT_GE(Rudder.pointCount(), 0);
+    }
+    Wings(1).nb = 32767;
+    Wings(1).allocate();
+    Wings(1).create();
+    EXPECT_EQ(Wings(1).Left->pointCount(), 32767);
+}
+
+}  // namespace
+}  // namespace velna
