@@ -6,8 +6,30 @@
 
 namespace velna {
 
+namespace {
+
+void format(std::string& line, double value) {
+    line.clear();
+    // A number that no reader could take (the product of two huge lengths) becomes 0.
+    if (!std::isfinite(value)) value = 0;
+    if (value >= 0) line += ' ';
+    appendNumber(line, value);
+    line += " \r\n";
+}
+
+void format(std::array<std::string, 3>& lines, const Point3D& point) {
+    format(lines[0], point.x);
+    format(lines[1], point.y);
+    format(lines[2], point.z);
+}
+
+}  // namespace
+
 DxfDrawing::DxfDrawing(const std::string& fileName, long long expectedLines)
-    : file_(fileName), work_(expectedLines) {}
+    : file_(fileName), work_(expectedLines) {
+    // Where a line begins that no move came before.
+    format(penLines_, pen_);
+}
 
 /// Group codes and numbers have a place for the sign in front and a blank behind; texts stand bare.
 void DxfDrawing::text(std::string_view code, std::string_view value) {
@@ -15,14 +37,12 @@ void DxfDrawing::text(std::string_view code, std::string_view value) {
     file_.line(value);
 }
 
-void DxfDrawing::coordinate(std::string_view code, double value) {
-    file_.line(code);
-    std::string& buffer = file_.buffer();
-    // A number that no reader could take (the product of two huge lengths) becomes 0.
-    if (!std::isfinite(value)) value = 0;
-    if (value >= 0) buffer += ' ';
-    appendNumber(buffer, value);
-    file_.line(" ");
+void DxfDrawing::coordinates(const NumberLines& lines,
+                             const std::array<std::string_view, 3>& codes) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        file_.line(codes[i]);
+        file_.buffer() += lines[i];
+    }
 }
 
 void DxfDrawing::dxfBegin() {
@@ -37,22 +57,27 @@ std::string DxfDrawing::dxfEnd() {
     return file_.commit() ? std::string() : file_.error();
 }
 
-void DxfDrawing::dxfLine(const Point3D& from, const Point3D& to, std::string_view layer) {
+void DxfDrawing::entity(const NumberLines& from, const NumberLines& to, std::string_view layer) {
     if (!work_.did(1)) return;
     text(" 0 ", "LINE");
     text(" 8 ", layer);
-    coordinate(" 10 ", from.x);
-    coordinate(" 20 ", from.y);
-    coordinate(" 30 ", from.z);
-    coordinate(" 11 ", to.x);
-    coordinate(" 21 ", to.y);
-    coordinate(" 31 ", to.z);
+    coordinates(from, {" 10 ", " 20 ", " 30 "});
+    coordinates(to, {" 11 ", " 21 ", " 31 "});
     file_.flushIfFull();
 }
 
+void DxfDrawing::dxfLine(const Point3D& from, const Point3D& to, std::string_view layer) {
+    NumberLines fromLines;
+    format(fromLines, from);
+    format(endLines_, to);
+    entity(fromLines, endLines_, layer);
+}
+
 void DxfDrawing::dxfLineTo(const Point3D& to, bool draw, std::string_view layer) {
-    if (draw) dxfLine(dxfPen, to, layer);
-    dxfPen = to;
+    format(endLines_, to);
+    if (draw) entity(penLines_, endLines_, layer);
+    penLines_.swap(endLines_);
+    pen_ = to;
 }
 
 void DxfDrawing::polyline(std::span<const Point2D> points, DxfSigns signs, std::string_view layer) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
@@ -28,7 +29,8 @@ public:
     /// Opens the drawing; `expectedLines` is for who watches the work.
     DxfDrawing(const std::string& fileName, long long expectedLines);
 
-    Point3D dxfPen;  ///< current point between `dxfLineTo` calls
+    /// The current point between `dxfLineTo` calls.
+    const Point3D& dxfPen() const { return pen_; }
 
     /// The head of the frame.
     void dxfBegin();
@@ -36,7 +38,7 @@ public:
     /// failure or `cancelledReason`, empty for none.
     std::string dxfEnd();
     void dxfLine(const Point3D& from, const Point3D& to, std::string_view layer);
-    /// With `draw` a line from `dxfPen`; in any case `dxfPen` becomes `to`.
+    /// With `draw` a line from the pen; in any case the pen is at `to` afterwards.
     void dxfLineTo(const Point3D& to, bool draw, std::string_view layer);
     /// The lines along `points`, z 0.
     void polyline(std::span<const Point2D> points, DxfSigns signs, std::string_view layer);
@@ -47,11 +49,18 @@ public:
     bool wanted() const { return !work_.cancelled() && file_.error().empty(); }
 
 private:
+    /// The number lines of a point, formatted once: the end of one line is the start of the next.
+    using NumberLines = std::array<std::string, 3>;
+
     void text(std::string_view code, std::string_view value);
-    void coordinate(std::string_view code, double value);
+    void coordinates(const NumberLines& lines, const std::array<std::string_view, 3>& codes);
+    void entity(const NumberLines& from, const NumberLines& to, std::string_view layer);
 
     ReplacedFile file_;
     Work work_;
+    Point3D pen_;
+    NumberLines penLines_;
+    NumberLines endLines_;
 };
 
 }  // namespace velna

@@ -72,9 +72,9 @@ TEST_F(DxfExport, FrameIsOneSectionOfEntities) {
 TEST_F(DxfExport, PenMovesWithoutDrawing) {
     DxfDrawing drawing(file, 1);
     drawing.dxfLineTo({1, 2, 3}, false, "NoName");
-    EXPECT_EQ(drawing.dxfPen, (Point3D{1, 2, 3}));
+    EXPECT_EQ(drawing.dxfPen(), (Point3D{1, 2, 3}));
     drawing.dxfLineTo({4, 5, 6}, true, "A");
-    EXPECT_EQ(drawing.dxfPen, (Point3D{4, 5, 6}));
+    EXPECT_EQ(drawing.dxfPen(), (Point3D{4, 5, 6}));
     EXPECT_EQ(drawing.dxfEnd(), "");
     EXPECT_EQ(bytesOf(file).find("NoName"), std::string::npos);
 }
