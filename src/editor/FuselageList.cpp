@@ -35,8 +35,8 @@ void drawFuselagesHTop(double zoom, double xoff, double yoff, int selected1, int
 }
 
 void drawFuselagesVTop(int which) {
-    // Without a highlight on it the current one is drawn dim with the others first: where its lines
-    // lie over theirs, a later erase of theirs is then the same for all.
+    // While nothing is lit on it, the current one is drawn dim in its place among the others, and
+    // in black on top of them all at the end.
     const bool all = !current().selected;
     for (int i = 1; i <= nbFuselages; ++i)
         if ((all || i != currentFuselage) && ObjectList.shown(i))

@@ -73,26 +73,27 @@ BodyPicture htopPicture(const Body& body) {
     return {plus, minus, plus, minus};
 }
 
-/// Draws a picture. `litFirst` and `litSecond` tell whether an edge lights the two segments that
-/// meet at section `selected1`, which is where a dragged end pulls; its bar is lit unless the body
-/// is dim.
+/// Draws a picture with the bar of section `selected1` lit, if it is one. `litFirst` and
+/// `litSecond` tell whether an edge lights the two segments that meet at that section, which is
+/// where a dragged end pulls.
 void drawPicture(const BodyPicture& picture, int selected1, bool litFirst, bool litSecond,
-                 Rgb plain, bool canLight) {
+                 Rgb plain) {
     Surface& surface = *Main.DrawArea;
     const auto edge = [&](std::span<const Point2D> points, bool lit) {
-        if (!lit || !canLight) return polyline(surface, points, plain);
         polyline(surface, points, [&](int i) {
-            return i == selected1 || i == selected1 + 1 ? highlightColor : plain;
+            return lit && (i == selected1 || i == selected1 + 1) ? highlightColor : plain;
         });
     };
     edge(picture.first, litFirst);
     edge(picture.second, litSecond);
     bars(surface, picture.barsFrom, picture.barsTo,
-         [&](int i) { return canLight && i == selected1 ? highlightColor : plain; });
+         [&](int i) { return i == selected1 ? highlightColor : plain; });
 }
 
+constexpr int noSection = -1;
+
 void erasePicture(const BodyPicture& picture) {
-    drawPicture(picture, -1, false, false, white, false);
+    drawPicture(picture, noSection, false, false, white);
 }
 
 /// Sections whose end is under the pointer. The last one wins, since it is the one on top.
@@ -126,24 +127,23 @@ void testGaps(Body& body, const Array1<Point2D>& upper, const Array1<Point2D>& l
 
 void MeshSections::drawSide(double zoom, double xoff, double yoff, int selected1, int which) {
     if (nb_cross == 0) return;
-    if (selected1 != -1) selected = true;
+    if (selected1 != noSection) selected = true;
     const bool dim = which == otherFuselage;
     if (!dim && Main.erases()) erasePicture(sidePicture(*this));
     computeSidePoints(zoom, xoff, yoff);
-    drawPicture(sidePicture(*this), selected1, which == litTopLine, which == litBottomLine,
-                dim ? dimColor : black, !dim);
+    drawPicture(sidePicture(*this), dim ? noSection : selected1, which == litTopLine,
+                which == litBottomLine, dim ? dimColor : black);
 }
 
 void MeshSections::drawHTop(double zoom, double xoff, double yoff, int selected1, int which) {
     if (nb_cross == 0) return;
-    if (selected1 != -1) selected = true;
+    if (selected1 != noSection) selected = true;
     const bool dim = which == otherFuselage;
     if (Main.erases()) erasePicture(htopPicture(*this));
     computeHTopPoints(zoom, xoff, yoff);
-    // The minus edge never lights: a drag of either end is a drag of the width, shown at the plus
-    // edge.
-    drawPicture(htopPicture(*this), selected1, which == litPlusEdge, false, dim ? dimColor : black,
-                !dim);
+    // The minus edge never lights: a drag of either end changes the width, shown at the plus edge.
+    drawPicture(htopPicture(*this), dim ? noSection : selected1, which == litPlusEdge, false,
+                dim ? dimColor : black);
 }
 
 void MeshSections::drawVTop(int which) {
@@ -243,7 +243,7 @@ void hoverSide(Body& body, float x, float y) {
     if (lit)
         body.drawSide(Main.zoom, Main.xoff, Main.yoff, body.sel_sec, body.selected_part);
     else
-        body.drawSide(Main.zoom, Main.xoff, Main.yoff, -1, 0);
+        body.drawSide(Main.zoom, Main.xoff, Main.yoff, noSection, litBar);
     body.selected = lit;
 }
 
@@ -263,13 +263,12 @@ void hoverHTop(Body& body, float x, float y) {
             body.selected = true;
             break;
         case FuselagePart::none:
-            // Twice when a highlight goes: its end pixels lie under lines that other objects
-            // redraw.
+            // Twice when a highlight goes: taking it off in white cuts the lines that meet it.
             if (body.selected) {
-                draw(-1, litBar);
+                draw(noSection, litBar);
                 body.selected = false;
             }
-            draw(-1, litBar);
+            draw(noSection, litBar);
             break;
         default:
             break;  // over a gap the picture stays
@@ -292,7 +291,7 @@ void MeshSections::selectsSide(float x, float y) {
     if (nb_cross == 0) return;
     if (paint == FuselagePart::none) return hoverSide(*this, x, y);
     const auto* handle = findHandle(sideHandles, paint);
-    if (!handle || paint == FuselagePart::gap) return;
+    if (!handle || !handle->moves()) return;
     dragTo(*this, *handle, x, y);
     if (paint == FuselagePart::bottom) holdTop(*this);
     drawSide(Main.zoom, Main.xoff, Main.yoff, sel_sec, paint);
@@ -302,10 +301,10 @@ void MeshSections::selectsHTop(float x, float y) {
     if (nb_cross == 0) return;
     if (paint == FuselagePart::none) return hoverHTop(*this, x, y);
     const auto* handle = findHandle(htopHandles, paint);
-    const bool bar = paint == FuselagePart::bar;
-    if (!handle || (bar && !Main.shiftkey)) return;
+    if (!handle || !handle->moves()) return;
     dragTo(*this, *handle, x, y);
-    drawHTop(Main.zoom, Main.xoff, Main.yoff, sel_sec, bar ? litBar : litPlusEdge);
+    drawHTop(Main.zoom, Main.xoff, Main.yoff, sel_sec,
+             paint == FuselagePart::bar ? litBar : litPlusEdge);
 }
 
 void MeshSections::selectsVTop(float x, float y) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -62,6 +63,12 @@ struct Handle {
     /// goes on with the other value, from the start value of the first.
     const DragTerms<Object, Value>& terms() const {
         return Main.shiftkey && shifted[0].value ? shifted : plain;
+    }
+
+    /// Whether a drag moves anything at this moment.
+    bool moves() const {
+        return std::ranges::any_of(terms(),
+                                   [](const auto& term) { return term.value && term.factor != 0; });
     }
 };
 

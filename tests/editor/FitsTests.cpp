@@ -56,6 +56,13 @@ TEST_F(Fits, VTopTakesInWingsStabiliserAndCurrentFuselage) {
     Stabilizer.length1 = 350;
     vtop();
     EXPECT_EQ(zoom, 0.95 * (500 / 1000.0)) << "or its root";
+    Stabilizer.length1 = -850;
+    vtop();
+    EXPECT_EQ(zoom, 0.95 * (500 / 1000.0)) << "a chord turned round reaches forward";
+    Stabilizer.length1 = 130;
+    Stabilizer.pos2 = -850;
+    vtop();
+    EXPECT_EQ(zoom, 0.95 * (500 / 1000.0)) << "and so does a tip swept forward";
 }
 
 TEST_F(Fits, VTopLeavesOutTheChordOfTheWings) {
