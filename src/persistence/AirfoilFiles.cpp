@@ -53,22 +53,10 @@ private:
 };
 
 /// A failed import shows no message: the points read so far stand.
-void load(const std::string& bytes) {
-    if (bytes.empty()) throw ReadFailure("an empty file");
-    const std::size_t count = countAirfoilPoints(bytes);
-    // A count that the wing cannot hold is refused before anything has changed.
-    if (count > std::size_t{Plane::largestCount}) throw ReadFailure("too many points");
-    SymWingSections& wing = Wings(currentWing);
-    wing.nb = static_cast<std::int16_t>(count);
-    wing.allocate();
-    wing.loadAirfoilFile(bytes);
-    wing.create();
-}
-
 template <class Prepare>
 void loadFile(const std::string& path, Prepare prepare) {
     try {
-        load(prepare(readWholeFile(path)));
+        loadAirfoilBytes(prepare(readWholeFile(path)));
     } catch (const ReadFailure& failure) {
         std::fprintf(stderr, "velna: %s: %s\n", path.c_str(), failure.what());
     }
@@ -94,6 +82,18 @@ std::string prepareAirfoilBytes(const std::string& bytes) {
         prepared += c;
     }
     return prepared + lineEnd;
+}
+
+void loadAirfoilBytes(const std::string& bytes) {
+    if (bytes.empty()) throw ReadFailure("an empty file");
+    const std::size_t count = countAirfoilPoints(bytes);
+    // A count that the wing cannot hold is refused before anything has changed.
+    if (count > std::size_t{Plane::largestCount}) throw ReadFailure("too many points");
+    SymWingSections& wing = Wings(currentWing);
+    wing.nb = static_cast<std::int16_t>(count);
+    wing.allocate();
+    wing.loadAirfoilFile(bytes);
+    wing.create();
 }
 
 void openAirfoil(const std::string& path) {

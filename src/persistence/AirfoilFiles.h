@@ -14,6 +14,11 @@ std::size_t countAirfoilPoints(std::string_view bytes);
 /// back with CR LF ends and without the empty lines at its end. Any other comes back as it is.
 std::string prepareAirfoilBytes(const std::string& bytes);
 
+/// Puts an airfoil file's bytes on the current wing and rebuilds it. Throws ReadFailure where a
+/// number is missing, with the points read so far in place; more points than a wing can hold change
+/// nothing.
+void loadAirfoilBytes(const std::string& bytes);
+
 /// `prepareAirfoilBytes` of the file `path`, put on the current wing as Plane::loadAirfoil does it;
 /// this is what the Open command calls.
 void openAirfoil(const std::string& path);
