@@ -26,15 +26,16 @@ using Rectangle = std::array<Point2D, 5>;
 class ElectroBox {
 public:
     double initval = 0;
-    double length = 30;     ///< extent along the aircraft
-    double width = 15;      ///< first cross extent
-    double height = 25;     ///< second cross extent
-    double weight = 0;      ///< as listed in the catalogue; never converted
-    std::int32_t orientation = 0;  ///< 0: `width` across, `height` upright; otherwise they change places
-    double pos = 200;       ///< start along the aircraft
-    double elevation = 50;  ///< height of the underside
-    double shift = 5;       ///< sideways position of the centre line
-    std::int32_t paint = 1; ///< 0 the box is hit, 1 it is not
+    double length = 30;  ///< extent along the aircraft
+    double width = 15;   ///< first cross extent
+    double height = 25;  ///< second cross extent
+    double weight = 0;   ///< as listed in the catalogue; never converted
+    std::int32_t orientation =
+        0;                   ///< 0: `width` across, `height` upright; otherwise they change places
+    double pos = 200;        ///< start along the aircraft
+    double elevation = 50;   ///< height of the underside
+    double shift = 5;        ///< sideways position of the centre line
+    std::int32_t paint = 1;  ///< 0 the box is hit, 1 it is not
     bool selected = false;
     std::int32_t box = BoxKind::servo;
 

@@ -24,7 +24,9 @@ extern std::vector<CatalogueEntry> receiverTypes;
 extern std::vector<CatalogueEntry> accuTypes;
 
 /// The box being edited.
-inline ElectroBox& current() { return Equipments(currentEquipment); }
+inline ElectroBox& current() {
+    return Equipments(currentEquipment);
+}
 
 // model/
 void initEquipments();
@@ -37,8 +39,8 @@ void fillServoCatalogue();
 void fillReceiverCatalogue();
 void fillAccuCatalogue();
 void fillCatalogues();
-/// Copies row `index` (0-based) of the catalogue of the current box's kind onto it; a row or kind that
-/// does not exist does nothing.
+/// Copies row `index` (0-based) of the catalogue of the current box's kind onto it; a row or kind
+/// that does not exist does nothing.
 void applyCatalogueRow(int index);
 void createEquipments();
 bool equipmentHit();

@@ -5,7 +5,9 @@
 namespace velna::Fuselage {
 
 /// The fuselage being edited.
-inline MeshSections& current() { return Fuselages(currentFuselage); }
+inline MeshSections& current() {
+    return Fuselages(currentFuselage);
+}
 
 // model/
 void initFuselages();

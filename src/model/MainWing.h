@@ -35,7 +35,8 @@ void drawFront(double zoom, double xoff, double yoff);
 void drawVTop(double zoom, double xoff, double yoff, int which);
 void selectsFront(float x, float y);
 void selectsVTop(float x, float y);
-/// The press: sets `paint` and start values from wing 1 on; a root edge takes all wings behind along.
+/// The press: sets `paint` and start values from wing 1 on; a root edge takes all wings behind
+/// along.
 void testFront(float x, float y);
 void testVTop(float x, float y);
 

@@ -17,10 +17,10 @@ class ValueReader;
 
 /// Parts of a fuselage, in `paint` during a drag and in `selected_part` while hovering.
 namespace FuselagePart {
-inline constexpr int bar = 0;       ///< bar of a section; in VTop the first section's line
-inline constexpr int top = 1;       ///< Side: top point of a section
-inline constexpr int bottom = 2;    ///< Side: bottom point of a section
-inline constexpr int gap = 3;       ///< between two sections, only with Ctrl
+inline constexpr int bar = 0;     ///< bar of a section; in VTop the first section's line
+inline constexpr int top = 1;     ///< Side: top point of a section
+inline constexpr int bottom = 2;  ///< Side: bottom point of a section
+inline constexpr int gap = 3;     ///< between two sections, only with Ctrl
 inline constexpr int none = 4;
 inline constexpr int plusEnd = 5;   ///< HTop: end at +width / 2
 inline constexpr int minusEnd = 6;  ///< HTop: end at -width / 2
@@ -33,20 +33,20 @@ class MeshSections {
 public:
     double initval = 0;
     double initval2 = 0;
-    double initval3 = 0;            ///< `height` at the press on a bottom point
-    double szoom = 0;               ///< scale of the section editor, pixels per length unit
+    double initval3 = 0;  ///< `height` at the press on a bottom point
+    double szoom = 0;     ///< scale of the section editor, pixels per length unit
     std::int16_t nb_sections = 3;
-    std::int16_t nb_cross = 8;      ///< outline points a section; 0: no shape yet
-    double curv = 0;                ///< exponent in use during an outline computation
+    std::int16_t nb_cross = 8;  ///< outline points a section; 0: no shape yet
+    double curv = 0;            ///< exponent in use during an outline computation
     bool cut = false;
     bool transparent = false;
-    double shift = 0;               ///< sideways offset; not 0 means a twin on the other side
-    double pos_offset = 0;          ///< added to every `pos`
-    double elevation_offset = 0;    ///< added to every `elevation`
-    bool uniqueCurvature = true;    ///< the shape setters act on all sections
-    bool linkedCurvatures = true;   ///< the two exponents follow each other
+    double shift = 0;              ///< sideways offset; not 0 means a twin on the other side
+    double pos_offset = 0;         ///< added to every `pos`
+    double elevation_offset = 0;   ///< added to every `elevation`
+    bool uniqueCurvature = true;   ///< the shape setters act on all sections
+    bool linkedCurvatures = true;  ///< the two exponents follow each other
     std::int32_t paint = FuselagePart::none;
-    std::int16_t sel_sec = 1;       ///< selected section, an ordered position
+    std::int16_t sel_sec = 1;  ///< selected section, an ordered position
     bool selected = false;
     std::int32_t selected_part = 0;
     std::string texture_filename;
@@ -54,25 +54,25 @@ public:
     bool texture_loaded = false;
     std::int32_t xtex = 0;
     std::int32_t ytex = 0;
-    Array2<Point3D> points;         ///< surface mesh, valid after `create`
-    Array1<double> height;          ///< lowest to highest point
-    Array1<double> width;           ///< full width
-    Array1<double> pos;             ///< x before `pos_offset`
-    Array1<double> elevation;       ///< z of the lowest point before `elevation_offset`
-    Array1<double> curvature;       ///< exponent of the upper half
-    Array1<double> curvature2;      ///< exponent of the lower half
-    Array1<double> bias_curve;      ///< share of `height` above the widest line
+    Array2<Point3D> points;             ///< surface mesh, valid after `create`
+    Array1<double> height;              ///< lowest to highest point
+    Array1<double> width;               ///< full width
+    Array1<double> pos;                 ///< x before `pos_offset`
+    Array1<double> elevation;           ///< z of the lowest point before `elevation_offset`
+    Array1<double> curvature;           ///< exponent of the upper half
+    Array1<double> curvature2;          ///< exponent of the lower half
+    Array1<double> bias_curve;          ///< share of `height` above the widest line
     Array1<std::int16_t> sectionOrder;  ///< ordered position to storage index
 
     /// The default shape in the project's unit.
     MeshSections();
-    /// A copy of the shape of `source` on the centre line, with its storage in order and no picture;
-    /// leaves `source.sel_sec` at its last section.
+    /// A copy of the shape of `source` on the centre line, with its storage in order and no
+    /// picture; leaves `source.sel_sec` at its last section.
     explicit MeshSections(MeshSections& source);
 
     // model/
-    /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents. The front outlines
-    /// are dropped (with `nb_cross` above 0) and stand at 0 until they are computed.
+    /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents. The front
+    /// outlines are dropped (with `nb_cross` above 0) and stand at 0 until they are computed.
     void initArrays();
     /// How many sections there are to work on: `nb_sections`, or fewer where the arrays hold fewer.
     int sectionCount() const;
@@ -104,8 +104,8 @@ public:
     static double outlineSin(double t, double p);
     /// Builds `points` and the texture coordinates; below 2 outline points it leaves all as it is.
     void create();
-    /// Point j of section i of the mesh; `mirrored` gives the twin's (y less 2 * `shift`). The origin
-    /// where the mesh has no such point.
+    /// Point j of section i of the mesh; `mirrored` gives the twin's (y less 2 * `shift`). The
+    /// origin where the mesh has no such point.
     Point3D meshPoint(int j, int i, bool mirrored) const;
     /// (u, v) of that point, v once round the section.
     Point2D texCoordAt(int j, int i) const;
@@ -126,7 +126,8 @@ public:
     void computeSidePoints(double zoom, double xoff, double yoff);
     void computeVTopPoints(double zoom, double xoff, double yoff);
     void computeHTopPoints(double zoom, double xoff, double yoff);
-    /// Whether entry j of the front outline is written by its loops; an odd `nb_cross` leaves some out.
+    /// Whether entry j of the front outline is written by its loops; an odd `nb_cross` leaves some
+    /// out.
     bool frontPointUsed(int j) const;
     /// Entry (i, j) of the front outlines as last computed, (0, 0) where there is none.
     Point2D frontPoint(int i, int j) const;
@@ -143,8 +144,8 @@ public:
     void readV026(ValueReader& file);
 
     // preview/
-    /// Converts the picture once, before a display list is begun, since a failure may open a message
-    /// box; a failed one is tried again at the next call.
+    /// Converts the picture once, before a display list is begun, since a failure may open a
+    /// message box; a failed one is tried again at the next call.
     void convertPicture();
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();

@@ -10,14 +10,15 @@ class ReplacedFile;
 
 /// One row of the Fuselage Manager.
 struct FuselageRow {
-    std::string text;        ///< "Fuselage 001"
-    std::string status;      ///< "Shown" or "Hidden"; the check mark is what counts
-    std::string sections;    ///< `nb_sections` in at least three digits
-    bool checked = true;     ///< the fuselage is shown, can be hit, and has a solid
-    bool selected = false;   ///< selection state of the list on screen
+    std::string text;       ///< "Fuselage 001"
+    std::string status;     ///< "Shown" or "Hidden"; the check mark is what counts
+    std::string sections;   ///< `nb_sections` in at least three digits
+    bool checked = true;    ///< the fuselage is shown, can be hit, and has a solid
+    bool selected = false;  ///< selection state of the list on screen
 };
 
-/// The Fuselage Manager's list: it holds which fuselages are shown. Row i belongs to `Fuselages(i)`.
+/// The Fuselage Manager's list: it holds which fuselages are shown. Row i belongs to
+/// `Fuselages(i)`.
 struct ObjectListRecord {
     std::vector<FuselageRow> rows;
 

@@ -54,8 +54,12 @@ void switchAllToInches();
 void switchAllToMillimeters();
 /// Raises a signed 16-bit counter by 1; at 32767 the statement fails and false comes back.
 bool increment(std::int16_t& counter);
-inline double mmToInches(double value) { return value / millimetresPerInch; }
-inline double inchesToMm(double value) { return value * millimetresPerInch; }
+inline double mmToInches(double value) {
+    return value / millimetresPerInch;
+}
+inline double inchesToMm(double value) {
+    return value * millimetresPerInch;
+}
 
 // editor/
 /// The fits of the four views to a surface of `width` x `height` pixels. They give pixels per model
@@ -68,9 +72,9 @@ void fitHTop(int width, int height, double& zoom, double& xoff, double& yoff);
 // persistence/
 /// Saves the project and its pictures' side files. Returns the reason of a failure, empty for none.
 std::string saveProject(const std::string& file);
-/// Replaces the model by the file's; expects setDefaultPlane to have run. Never fails aloud: what was
-/// read before a failure stands. Returns the text of the one message that a refused version has, or
-/// an empty text.
+/// Replaces the model by the file's; expects setDefaultPlane to have run. Never fails aloud: what
+/// was read before a failure stands. Returns the text of the one message that a refused version
+/// has, or an empty text.
 std::string readProject(const std::string& file);
 /// Puts an airfoil file on the current wing.
 void loadAirfoil(const std::string& file);

@@ -34,25 +34,25 @@ inline constexpr int rootLeading = 7;
 /// One symmetric lifting surface panel: a wing panel or the stabiliser.
 class SymWingSections {
 public:
-    double initval = 0;   ///< value of the dragged field at the press
-    double initval2 = 0;  ///< second such value
-    double initval3 = 0;  ///< third such value
+    double initval = 0;                  ///< value of the dragged field at the press
+    double initval2 = 0;                 ///< second such value
+    double initval3 = 0;                 ///< third such value
     std::unique_ptr<WingSection> Left;   ///< solid on the +y side
     std::unique_ptr<WingSection> Right;  ///< its mirror image
-    std::int16_t nb = 16;    ///< number of airfoil points (never of panels)
-    double span = 0;         ///< half panel along y, root to tip
-    double length1 = 0;      ///< root chord
-    double length2 = 0;      ///< tip chord
-    double thickness1 = 0;   ///< root thickness as a fraction of the chord
-    double thickness2 = 0;   ///< tip thickness as a fraction of the chord
-    double pos1 = 0;         ///< x of the root's leading edge
-    double pos2 = 0;         ///< sweep: x of the tip's leading edge relative to the root's
-    double elevation1 = 0;   ///< z of the root
-    double elevation2 = 0;   ///< dihedral: z of the tip relative to the root's
-    double shift = 0;        ///< y of the root
+    std::int16_t nb = 16;                ///< number of airfoil points (never of panels)
+    double span = 0;                     ///< half panel along y, root to tip
+    double length1 = 0;                  ///< root chord
+    double length2 = 0;                  ///< tip chord
+    double thickness1 = 0;               ///< root thickness as a fraction of the chord
+    double thickness2 = 0;               ///< tip thickness as a fraction of the chord
+    double pos1 = 0;                     ///< x of the root's leading edge
+    double pos2 = 0;        ///< sweep: x of the tip's leading edge relative to the root's
+    double elevation1 = 0;  ///< z of the root
+    double elevation2 = 0;  ///< dihedral: z of the tip relative to the root's
+    double shift = 0;       ///< y of the root
     std::int32_t paint = WingPart::none;
-    bool selected = false;             ///< the pointer rests on a handle
-    std::int32_t selected_part = 0;    ///< handle code of the last hover test
+    bool selected = false;           ///< the pointer rests on a handle
+    std::int32_t selected_part = 0;  ///< handle code of the last hover test
     std::string airfoil_filename;
     std::string qualified_texture_filename;  ///< bare file name of the picture
 

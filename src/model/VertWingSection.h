@@ -62,7 +62,7 @@ public:
     Point3D tipPoint(int i, bool mirrored) const;
     double rootTexCoord(int i) const { return i <= rootTexCoords.upper() ? rootTexCoords(i) : 0; }
     double tipTexCoord(int i) const { return i <= tipTexCoords.upper() ? tipTexCoords(i) : 0; }
-    double chordRatio(int i) const { return chordRatios(i); }
+    double chordRatio(int i) const { return i <= chordRatios.upper() ? chordRatios(i) : 0; }
     /// How many section points `create` has built.
     int pointCount() const { return rootPoints.upper() < 0 ? 0 : rootPoints.upper(); }
     /// Whether a second fin stands mirrored across the centre plane.
@@ -81,8 +81,8 @@ public:
     void readV0212(ValueReader& file);
 
     // preview/
-    /// Converts the picture once, before a display list is begun, since a failure may open a message
-    /// box; a failed one is tried again at the next call.
+    /// Converts the picture once, before a display list is begun, since a failure may open a
+    /// message box; a failed one is tried again at the next call.
     void convertPicture();
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();

@@ -9,7 +9,7 @@ namespace velna {
 
 namespace {
 
-/// Copies the airfoil's points that `source` holds, at most `nb` of them.
+/// Copies the first `count` airfoil points of `source`.
 template <class Source>
 void copyAirfoil(Array1<Point3D>& airfoil, const Source& source, int count) {
     airfoil.allocate(count);
@@ -18,8 +18,12 @@ void copyAirfoil(Array1<Point3D>& airfoil, const Source& source, int count) {
 
 }  // namespace
 
-int WingSection::pointCount() const {
+int WingSection::airfoilCount() const {
     return std::max(0, std::min<int>(nb, airfoil.upper()));
+}
+
+int WingSection::pointCount() const {
+    return std::max(0, std::min(airfoilCount(), rootPoints.upper()));
 }
 
 void WingSection::init(SymWingSections& wg) {
@@ -41,9 +45,9 @@ void WingSection::init(SymWingSections& wg) {
 void WingSection::create() {
     assignFinite(rootOrigin, pos1, shift, elevation1);
     assignFinite(tipOrigin, pos1 + pos2, shift + span, elevation1 + elevation2);
-    rootPoints.allocate(pointCount());
+    rootPoints.allocate(airfoilCount());
     buildSection(rootPoints, rootOrigin, length1, thickness1);
-    tipPoints.allocate(pointCount());
+    tipPoints.allocate(airfoilCount());
     buildSection(tipPoints, tipOrigin, length2, thickness2);
     // The picture was converted for another number of points: its places follow the new ones.
     if (rootTexCoords.upper() >= 0 && rootTexCoords.upper() != pointCount()) create_texcoords();
@@ -71,13 +75,13 @@ void WingSection::createSymmetrical(WingSection& lwg) {
     pos2 = lwg.pos2;
     nb = lwg.nb;
     airfoil_filename = lwg.airfoil_filename;
-    copyAirfoil(airfoil, lwg, lwg.pointCount());
+    copyAirfoil(airfoil, lwg, lwg.airfoilCount());
     create();
 }
 
 void WingSection::create_texcoords() {
     if (xtex == 0) return;
-    const int count = std::min(pointCount(), std::max(0, rootPoints.upper()));
+    const int count = pointCount();
     rootTexCoords.allocate(count);
     tipTexCoords.allocate(count);
     // The tip is measured from the root's leading edge and by the span too, so it carries the

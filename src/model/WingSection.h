@@ -15,17 +15,17 @@ class SymWingSections;
 /// same airfoil. All values are copies of its owner's, taken afresh at each rebuild.
 class WingSection {
 public:
-    std::int16_t nb = 0;      ///< number of airfoil points
-    double span = 0;          ///< signed distance in y from root to tip; negated on the right
-    double shift = 0;         ///< y of the root; negated on the right
-    double length1 = 0;       ///< root chord
-    double length2 = 0;       ///< tip chord
-    double thickness1 = 0;    ///< factor on the airfoil's z at the root
-    double thickness2 = 0;    ///< the same at the tip
-    double pos1 = 0;          ///< x of the root's leading edge
-    double pos2 = 0;          ///< sweep: x of the tip's leading edge relative to the root's
-    double elevation1 = 0;    ///< z of the root
-    double elevation2 = 0;    ///< dihedral: z of the tip relative to the root's
+    std::int16_t nb = 0;    ///< number of airfoil points
+    double span = 0;        ///< signed distance in y from root to tip; negated on the right
+    double shift = 0;       ///< y of the root; negated on the right
+    double length1 = 0;     ///< root chord
+    double length2 = 0;     ///< tip chord
+    double thickness1 = 0;  ///< factor on the airfoil's z at the root
+    double thickness2 = 0;  ///< the same at the tip
+    double pos1 = 0;        ///< x of the root's leading edge
+    double pos2 = 0;        ///< sweep: x of the tip's leading edge relative to the root's
+    double elevation1 = 0;  ///< z of the root
+    double elevation2 = 0;  ///< dihedral: z of the tip relative to the root's
     std::string airfoil_filename;
     std::string texture_filename;  ///< full path of the panel's picture, empty for none
     bool texture_loaded = false;   ///< `texels` hold the converted picture
@@ -48,19 +48,21 @@ public:
     /// 0 for a point that has no texture place (yet).
     double rootTexCoord(int i) const { return i <= rootTexCoords.upper() ? rootTexCoords(i) : 0; }
     double tipTexCoord(int i) const { return i <= tipTexCoords.upper() ? tipTexCoords(i) : 0; }
-    /// How many airfoil points there are to draw: `nb`, or fewer where the airfoil holds fewer.
+    /// How many points there are to draw: `nb`, or fewer where the airfoil holds or `create` has
+    /// built fewer.
     int pointCount() const;
     /// How many points of each section `create` has built.
     int builtCount() const { return rootPoints.upper() < 0 ? 0 : rootPoints.upper(); }
 
     // preview/
-    /// Converts the picture once, before a display list is begun, since a failure may open a message
-    /// box; a failed one is tried again at the next call.
+    /// Converts the picture once, before a display list is begun, since a failure may open a
+    /// message box; a failed one is tried again at the next call.
     void convertPicture();
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
 
 private:
+    int airfoilCount() const;
     void buildSection(Array1<Point3D>& points, const Point3D& origin, double length,
                       double thickness) const;
 

@@ -58,6 +58,11 @@ TEST_F(Wing, ShowsAnEditOnlyAfterTheRebuild) {
     EXPECT_EQ(wing().Left->rootPoint(1).x, 410);
     wing().Left->init(wing());
     EXPECT_EQ(wing().Left->rootPoint(1).x, 410);
+    wing().nb = 30;
+    wing().allocate();
+    EXPECT_EQ(wing().Left->pointCount(), 16);  // no more than have been built
+    wing().init();
+    EXPECT_EQ(wing().Left->pointCount(), 0);
     build();
     EXPECT_EQ(wing().Left->rootPoint(1).x, 280);
 }
