@@ -13,7 +13,7 @@ bool overlap(const Place& a, const Place& b) {
 }
 
 TEST(WindowLayout, TheSurfacesFollowTheFormulas) {
-    const WindowLayout l = layOutWindow({1280, 760, 40, false});
+    const WindowLayout l = layOutWindow({1280, 760, 40, 0, false});
     const int w = l.parameters.width;
     EXPECT_EQ(l.drawArea.left, w);
     EXPECT_EQ(l.drawArea.width, 1280 - w - 10);
@@ -29,7 +29,7 @@ TEST(WindowLayout, TheSurfacesFollowTheFormulas) {
 }
 
 TEST(WindowLayout, SmallFontsMakeASmallPanel) {
-    const WindowLayout l = layOutWindow({1280, 760, 40, true});
+    const WindowLayout l = layOutWindow({1280, 760, 40, 0, true});
     EXPECT_EQ(l.parameters.width, 190);
     EXPECT_EQ(l.parameters.height, 450);
     EXPECT_EQ(l.drawArea.left, 190);
@@ -37,10 +37,18 @@ TEST(WindowLayout, SmallFontsMakeASmallPanel) {
 }
 
 TEST(WindowLayout, TheWorkWidthAloneDecidesAboutTheLogo) {
-    EXPECT_FALSE(layOutWindow({800, 2000, 40, false}).logoVisible);
-    EXPECT_TRUE(layOutWindow({801, 100, 40, false}).logoVisible);
-    EXPECT_FALSE(layOutWindow({700, 600, 40, true}).logoVisible);
-    EXPECT_TRUE(layOutWindow({701, 600, 40, true}).logoVisible);
+    EXPECT_FALSE(layOutWindow({800, 2000, 40, 0, false}).logoVisible);
+    EXPECT_TRUE(layOutWindow({801, 100, 40, 0, false}).logoVisible);
+    EXPECT_FALSE(layOutWindow({700, 600, 40, 0, true}).logoVisible);
+    EXPECT_TRUE(layOutWindow({701, 600, 40, 0, true}).logoVisible);
+}
+
+TEST(WindowLayout, APanelThatNeedsMoreRoomMovesTheSurfaces) {
+    const WindowLayout l = layOutWindow({1280, 760, 40, 400, false});
+    EXPECT_EQ(l.parameters.width, 400);
+    EXPECT_EQ(l.drawArea.left, 400);
+    EXPECT_EQ(l.drawArea.right(), 1270);
+    EXPECT_EQ(layOutWindow({1280, 760, 40, 100, true}).parameters.width, 190);
 }
 
 TEST(WindowLayout, NothingOverlapsOrIsCutOffOnAnyScreen) {
@@ -54,7 +62,7 @@ TEST(WindowLayout, NothingOverlapsOrIsCutOffOnAnyScreen) {
     for (const auto& [width, height] : sizes)
         for (const bool smallFonts : {false, true}) {
             SCOPED_TRACE(std::to_string(width) + " x " + std::to_string(height));
-            const WindowLayout l = layOutWindow({width, height, 42, smallFonts});
+            const WindowLayout l = layOutWindow({width, height, 42, 0, smallFonts});
             const std::array<Place, 6> places{l.bar,      l.parameters, l.render,
                                               l.drawArea, l.hints,      l.foot};
             for (std::size_t i = 0; i < places.size(); ++i) {
@@ -69,7 +77,7 @@ TEST(WindowLayout, NothingOverlapsOrIsCutOffOnAnyScreen) {
 }
 
 TEST(WindowLayout, AWindowTooSmallForAnythingStillHasPlaces) {
-    const WindowLayout l = layOutWindow({50, 20, 42, false});
+    const WindowLayout l = layOutWindow({50, 20, 42, 0, false});
     EXPECT_GE(l.drawArea.width, 1);
     EXPECT_GE(l.drawArea.height, 1);
     EXPECT_GE(l.parameters.height, 1);

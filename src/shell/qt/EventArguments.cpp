@@ -7,10 +7,14 @@ namespace {
 
 std::int16_t modifierBit(int key) {
     switch (key) {
-        case Qt::Key_Shift: return ShiftState::shift;
-        case Qt::Key_Control: return ShiftState::ctrl;
-        case Qt::Key_Alt: return ShiftState::alt;
-        default: return 0;
+        case Qt::Key_Shift:
+            return ShiftState::shift;
+        case Qt::Key_Control:
+            return ShiftState::ctrl;
+        case Qt::Key_Alt:
+            return ShiftState::alt;
+        default:
+            return 0;
     }
 }
 
@@ -47,11 +51,14 @@ std::int16_t keyCode(int key) {
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
         return static_cast<std::int16_t>(key);
     switch (key) {
-        case Qt::Key_Shift: return shiftKey;
-        case Qt::Key_Control: return ctrlKey;
-        case Qt::Key_Alt: return altKey;
-        case Qt::Key_Escape: return 27;
-        default: return 0;
+        case Qt::Key_Shift:
+            return shiftKey;
+        case Qt::Key_Control:
+            return ctrlKey;
+        case Qt::Key_Alt:
+            return altKey;
+        default:
+            return 0;
     }
 }
 

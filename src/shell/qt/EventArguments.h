@@ -1,9 +1,8 @@
 #pragma once
 
-#include <cstdint>
-
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <cstdint>
 
 namespace velna {
 
@@ -20,10 +19,10 @@ std::int16_t button(Qt::MouseButton button);
 std::int16_t buttons(Qt::MouseButtons buttons);
 /// 1 Shift, 2 Ctrl, 4 Alt, added up.
 std::int16_t shift(Qt::KeyboardModifiers modifiers);
-/// The modifiers as they are after the event: a modifier's own key counts in its press and no longer
-/// in its release, whatever the platform reports.
+/// The modifiers as they are after the event: a modifier's own key counts in its press and no
+/// longer in its release, whatever the platform reports.
 std::int16_t shift(const QKeyEvent& event);
-/// Letters and digits by their capital, the modifiers and Escape by the classic codes, else 0.
+/// Letters and digits by their capital, the modifiers by the classic codes, else 0.
 std::int16_t keyCode(int key);
 /// The code of the key that holds the lowest bit of a modifier mask.
 std::int16_t modifierKey(std::int16_t shift);

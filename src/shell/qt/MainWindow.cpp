@@ -54,6 +54,7 @@ void showHints(QLabel& label, const Place& room) {
 
 MainWindow::MainWindow() {
     setObjectName("Main");
+    setProperty("helpPage", "main-window");
     setWindowIcon(Drawings::icon("icons/VTop", QColor("#2f80d0")));
 }
 
@@ -77,6 +78,8 @@ void MainWindow::buildSurfaces() {
     renderWindow_ = new RenderWindow;
     render_ = QWidget::createWindowContainer(renderWindow_, this);
     render_->setFocusPolicy(Qt::NoFocus);
+    render_->setProperty("helpPage", "picture");
+    drawArea_->setProperty("helpPage", "mouse-and-keys");
     // Black until the first picture, and where the picture stays dark.
     QPalette dark = render_->palette();
     dark.setColor(QPalette::Window, Qt::black);
@@ -114,7 +117,9 @@ void MainWindow::buildSigns() {
 
 void MainWindow::layOut(QSize client) {
     const int barHeight = bar_->sizeHint().height();
-    const WindowLayout l = layOutWindow({client.width(), client.height(), barHeight, smallFonts_});
+    LayoutInput input{client.width(), client.height(), barHeight, 0, smallFonts_};
+    input.panelNeeds = panel_->neededWidth(layOutWindow(input).parameters.height);
+    const WindowLayout l = layOutWindow(input);
     put(*bar_, l.bar);
     put(*panel_, l.parameters);
     put(*drawArea_, l.drawArea);

@@ -8,10 +8,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <iterator>
 
 #include "editor/Main.h"
@@ -27,13 +29,16 @@ namespace {
 struct TabRow {
     const char* name;
     const char* icon;
+    const char* helpPage;
 };
 
 // By tab number.
 constexpr TabRow tabs[] = {
-    {"Fuselage", "icons/TabFuselage"},       {"Wing", "icons/TabWing"},
-    {"Stabilizer", "icons/TabStabilizer"},   {"Rudder", "icons/TabRudder"},
-    {"Electronics", "icons/TabElectronics"},
+    {"Fuselage", "icons/TabFuselage", "tab-fuselage"},
+    {"Wing", "icons/TabWing", "tab-wing"},
+    {"Stabilizer", "icons/TabStabilizer", "tab-stabiliser"},
+    {"Rudder", "icons/TabRudder", "tab-rudder"},
+    {"Electronics", "icons/TabElectronics", "tab-electronics"},
 };
 
 constexpr int allRows = 100;
@@ -87,6 +92,18 @@ PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
     });
 }
 
+int PanelWidgets::neededWidth(int height) const {
+    int width = 0;
+    for (int i = 0; i < count(); ++i) {
+        const auto* scroll = static_cast<const QScrollArea*>(widget(i));
+        const QSize page = scroll->widget()->minimumSizeHint();
+        const bool scrolls = page.height() > height - tabBar()->sizeHint().height();
+        const int bar = scrolls ? scroll->verticalScrollBar()->sizeHint().width() : 0;
+        width = std::max(width, page.width() + bar);
+    }
+    return width;
+}
+
 void PanelWidgets::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) drawIcons();
     QTabWidget::changeEvent(event);
@@ -104,6 +121,7 @@ void PanelWidgets::drawIcons() {
 
 QVBoxLayout* PanelWidgets::addPage(int tab) {
     auto* page = new QWidget;
+    page->setProperty("helpPage", tabs[tab].helpPage);
     auto* layout = new QVBoxLayout(page);
     const int margin = compact_ ? 4 : 10;
     layout->setContentsMargins(margin, compact_ ? 2 : 8, margin, 2);
@@ -159,7 +177,9 @@ void PanelWidgets::buildFuselagePage() {
     inside->addLayout(listRow("Section", Control::FuselageSectionLabel, Control::FuselageScroll,
                               nullptr, nullptr));
     inside->addLayout(fieldGrid(PanelTab::fuselage, 0, 2));
-    inside->addWidget(sectionEditor());
+    QWidget* editor = sectionEditor();
+    editor->setProperty("helpPage", "section-editor");
+    inside->addWidget(editor);
     page->addWidget(section);
 
     auto* offsets = new QGroupBox("Place in the aircraft");

@@ -22,6 +22,9 @@ class PanelWidgets : public QTabWidget {
 public:
     PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent);
 
+    /// The width at which no page is cut off when the panel is `height` pixels high.
+    int neededWidth(int height) const;
+
     SurfaceWidget& sectionArea() { return *sectionArea_; }
 
 protected:

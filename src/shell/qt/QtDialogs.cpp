@@ -113,8 +113,12 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, const std::string& filter, bool s
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(names);
+    // With its details hidden a filter is told by what it shows, its caption.
     const auto chosen = [&] {
-        return std::max(qsizetype{0}, names.indexOf(dialog.selectedNameFilter()));
+        const QString shown = dialog.selectedNameFilter();
+        for (qsizetype i = 0; i < kinds.size(); ++i)
+            if (shown == names[i] || shown == kinds[i].caption) return i;
+        return qsizetype{0};
     };
     const auto purposeNow = [&] {
         return purpose == FilePurpose::Background ? purpose : purposeOf(kinds[chosen()], saving);

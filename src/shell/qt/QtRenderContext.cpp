@@ -1,13 +1,12 @@
 #include "shell/qt/QtRenderContext.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include <QCoreApplication>
 #include <QMessageBox>
 #include <QOpenGLContext>
 #include <QScreen>
 #include <QThread>
+#include <cstdio>
+#include <cstdlib>
 
 #include "shell/Ports.h"
 #include "shell/Startup.h"
@@ -77,28 +76,43 @@ void QtRenderContext::destroy() {
 }
 
 void QtRenderContext::swapBuffers() {
-    if (context_ && window_.renderWindow().isExposed()) context_->swapBuffers(&window_.renderWindow());
+    if (context_ && window_.renderWindow().isExposed())
+        context_->swapBuffers(&window_.renderWindow());
 }
 
-double QtRenderContext::width() const { return window_.renderSize().width(); }
+double QtRenderContext::width() const {
+    return window_.renderSize().width();
+}
 
-double QtRenderContext::height() const { return window_.renderSize().height(); }
+double QtRenderContext::height() const {
+    return window_.renderSize().height();
+}
 
-double QtRenderContext::devicePixelRatio() const { return window_.devicePixelRatioF(); }
+double QtRenderContext::devicePixelRatio() const {
+    return window_.devicePixelRatioF();
+}
 
 void QtRenderContext::fatal(const std::string& text) {
     std::fprintf(stderr, "velna: %s\n", text.c_str());
-    QMessageBox::critical(&window_, QString("Fatal Error In %1").arg(applicationTitle),
+    Shell.desktop->hideSplash();
+    QMessageBox::critical(window_.isVisible() ? &window_ : nullptr,
+                          QString("Fatal Error In %1").arg(applicationTitle),
                           QString::fromStdString(text));
     Startup::unload();
     std::_Exit(EXIT_FAILURE);
 }
 
-void QtRenderContext::setFullScreen(bool on) { window_.setFlight(on); }
+void QtRenderContext::setFullScreen(bool on) {
+    window_.setFlight(on);
+}
 
-double QtRenderContext::screenWidth() const { return window_.screen()->size().width(); }
+double QtRenderContext::screenWidth() const {
+    return window_.screen()->size().width();
+}
 
-double QtRenderContext::screenHeight() const { return window_.screen()->size().height(); }
+double QtRenderContext::screenHeight() const {
+    return window_.screen()->size().height();
+}
 
 void QtRenderContext::setFlyingInfo(bool visible, const std::string& text) {
     window_.setFlyingInfo(visible, QString::fromStdString(text));

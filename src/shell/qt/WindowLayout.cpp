@@ -23,7 +23,7 @@ WindowLayout layOutWindow(const LayoutInput& in) {
     WindowLayout out;
     out.bar = {0, 0, in.workWidth, in.barHeight};
 
-    const int left = panel.width;
+    const int left = std::max(panel.width, in.panelNeeds);
     const int width = std::max(in.workWidth - left - rightMargin, 1);
     const int half = in.workHeight / 2;
     const int halfHeight = std::max(half - in.barHeight, 1);

@@ -17,7 +17,8 @@ struct Place {
 struct LayoutInput {
     int workWidth = 0;  ///< client area of the maximised window
     int workHeight = 0;
-    int barHeight = 0;  ///< the toolbar
+    int barHeight = 0;   ///< the toolbar
+    int panelNeeds = 0;  ///< width without which the panel's pages would be cut off
     bool smallFonts = false;
 };
 
