@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -14,6 +16,7 @@
 #include "support/FakeJoystick.h"
 #include "support/FakeRenderContext.h"
 #include "support/FreshModel.h"
+#include "support/GlCompare.h"
 #include "support/GlTape.h"
 
 namespace velna::test {
@@ -75,6 +78,15 @@ inline nlohmann::json sceneJson(const std::string& name) {
 inline const nlohmann::json& sceneCases(const std::string& table) {
     static const nlohmann::json cases = sceneJson("cases.json");
     return cases.at(table);
+}
+
+/// Equal as far as double precision carries through a few products.
+inline void expectMatrix(const nlohmann::json& expected, const GlMatrix& actual) {
+    double largest = 0;
+    for (const nlohmann::json& value : expected)
+        largest = std::max(largest, std::abs(value.get<double>()));
+    for (std::size_t i = 0; i < 16; ++i)
+        EXPECT_NEAR(actual[i], expected[i].get<double>(), 1e-9 * largest) << "entry " << i;
 }
 
 }  // namespace velna::test

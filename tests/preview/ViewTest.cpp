@@ -26,13 +26,6 @@ void layFuselage(int current, double start, double end) {
     fuselage.pos(3) = (start + end) / 2;
 }
 
-void expectMatrix(const json& expected, const GlMatrix& actual) {
-    double largest = 0;
-    for (const json& value : expected) largest = std::max(largest, std::abs(value.get<double>()));
-    for (std::size_t i = 0; i < 16; ++i)
-        EXPECT_NEAR(actual[i], expected[i].get<double>(), 1e-9 * largest) << "entry " << i;
-}
-
 TEST_F(ViewTest, TransformGivesTheMatrixAndTheLight) {
     for (const json& row : sceneCases("view_transform")) {
         SCOPED_TRACE(row["model"].get<std::string>() + " " + row["args"].dump());
