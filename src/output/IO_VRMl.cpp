@@ -153,14 +153,15 @@ void fuselagePoints(Target& target, const MeshSections& fuselage, int n, bool mi
         return;
     }
     const int sections = fuselage.nb_sections;
-    for (int i = 1; i <= sections; ++i)
+    for (int i = 1; i <= sections; ++i) {
         for (int j = 1; j <= n; ++j)
             if (!point(target, fuselage.meshPoint(j, i, mirrored), i == sections && j == n)) return;
+    }
 }
 
 void fuselageTexture(Target& target, const MeshSections& fuselage, int n) {
     if (n == 0) target.file.line("0 0");
-    for (int i = 1; i <= fuselage.nb_sections; ++i)
+    for (int i = 1; i <= fuselage.nb_sections; ++i) {
         for (int j = 1; j <= n; ++j) {
             const Point2D place = fuselage.texCoordAt(j, i);
             number(target, place.x);
@@ -168,6 +169,7 @@ void fuselageTexture(Target& target, const MeshSections& fuselage, int n) {
             number(target, -place.y);
             if (!endRow(target)) return;
         }
+    }
 }
 
 /// A colour component from 0 to 255 as the file's 0 to 1, beyond which it is no colour.

@@ -46,9 +46,10 @@ std::string endJob(PrinterSurface& printer, const Work& work) {
 /// Prints `count` sheets, each begun by `draw(number)`; none when `count` is 0 or below.
 template <class Draw>
 std::string printSheets(PrinterSurface& printer, double count, Draw draw) {
-    if (!(count <= static_cast<double>(mostSheets)))
+    if (!(count <= static_cast<double>(mostSheets))) {
         return refuse(printer,
                       "The plan needs more than " + std::to_string(mostSheets) + " sheets.");
+    }
     const auto sheets = static_cast<long long>(std::max(count, 0.0));
     Work work(sheets, everySheet);
     for (long long sheet = 1; sheet <= sheets; ++sheet) {

@@ -51,20 +51,24 @@ void writeFuselages(Target& target, const std::string& folder) {
         const MeshSections& fuselage = Fuselages(i);
         const Look look{fuselage.color(), fuselage.texture_filename,
                         fuselage.qualified_texture_filename, true, true};
-        for (bool mirrored : {false, true})
-            if (!mirrored || fuselage.shift != 0)
+        for (bool mirrored : {false, true}) {
+            if (!mirrored || fuselage.shift != 0) {
                 writeNode(target, folder, "Fuselage", look,
                           [&] { IO_VRMl::writeVrmlFuselage(target, fuselage, mirrored); });
+            }
+        }
     }
 }
 
 void writeRudder(Target& target, const std::string& folder) {
     const Look look{Rudder.color(), Rudder.texture_filename, Rudder.qualified_texture_filename,
                     true, false};
-    for (bool mirrored : {false, true})
-        if (!mirrored || Rudder.mirrored())
+    for (bool mirrored : {false, true}) {
+        if (!mirrored || Rudder.mirrored()) {
             writeNode(target, folder, "Rudder", look,
                       [&] { IO_VRMl::writeVrmlRudder(target, Rudder, mirrored); });
+        }
+    }
 }
 
 void writeBoxes(Target& target) {
