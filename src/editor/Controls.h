@@ -6,6 +6,7 @@
 
 namespace velna {
 
+// clang-format off
 /// Every control of the main window whose state the logic knows, by its name.
 enum class Control {
     // tab 1, wing
@@ -46,6 +47,7 @@ enum class Control {
     ShiftButton,
     count
 };
+// clang-format on
 
 inline constexpr std::size_t controlCount = static_cast<std::size_t>(Control::count);
 

@@ -38,11 +38,11 @@ inline constexpr int alt = 4;
 /// The background picture of one view.
 struct BackgroundPicture {
     bool shown = false;
-    std::string file;       ///< full path; read again at each paint
-    Point2D position;       ///< left and top, pixels
-    Point2D size;           ///< width and height, pixels
-    double scale = 100;     ///< percent of the natural size
-    Point2D grab;           ///< `position` at the press that starts a move
+    std::string file;    ///< full path; read again at each paint
+    Point2D position;    ///< left and top, pixels
+    Point2D size;        ///< width and height, pixels
+    double scale = 100;  ///< percent of the natural size
+    Point2D grab;        ///< `position` at the press that starts a move
 };
 
 /// The main form: the view and pointer state, the panel's controls, and the procedures that the
@@ -63,25 +63,25 @@ public:
     double yoff = 0;              ///< pixel row of model coordinate 0
     std::int16_t xloc = 0;        ///< pixel of the last press
     std::int16_t yloc = 0;
-    double initval = 0;           ///< reserved
-    bool selected = false;        ///< reserved
-    bool focusZoom = false;       ///< the next fit goes to the active section
-    bool centerUpdate = false;    ///< toggled by the key `Centering`; nothing else reads it
+    double initval = 0;                ///< reserved
+    bool selected = false;             ///< reserved
+    bool focusZoom = false;            ///< the next fit goes to the active section
+    bool centerUpdate = false;         ///< toggled by the key `Centering`; nothing else reads it
     bool firstPictureRefresh = false;  ///< the next redraw erases nothing
-    bool enteringView = false;    ///< the surface was just cleared: no old lines are on it
+    bool enteringView = false;         ///< the surface was just cleared: no old lines are on it
 
     // pointer and keys
     bool shiftkey = false;
     bool ctrlkey = false;
     bool altkey = false;
     bool ctrlkey_tab = false;
-    bool mousedown = false;       ///< reserved
+    bool mousedown = false;  ///< reserved
     CursorShape cursor = CursorShape::Default;
     CursorIcon cursorIcon = CursorIcon::None;
     DrawMode drawMode = DrawMode::Copy;
 
-    bool savedProject = true;     ///< the model has been saved since its last change
-    ControlStates controls;       ///< what every control shows
+    bool savedProject = true;                   ///< the model has been saved since its last change
+    ControlStates controls;                     ///< what every control shows
     std::array<BackgroundPicture, 5> pictures;  ///< by `mode`, 1 to 4 used
 
     /// Back to the state before start-up; the ports stay.
@@ -93,7 +93,8 @@ public:
     void initSideView();
     void initHTopView();
     void initDrawArea();
-    /// Enters the current view again and, with `Render` pressed, renders: what every committed edit does.
+    /// Enters the current view again and, with `Render` pressed, renders: what every committed edit
+    /// does.
     void refreshDrawingArea();
     /// A number as the panel shows it: whole millimetres rounded down, or inches with two decimals.
     std::string Formatter(double x) const;
@@ -102,7 +103,8 @@ public:
     void DrawArea_MouseDown(std::int16_t button, std::int16_t shift, float x, float y);
     void DrawArea_MouseMove(std::int16_t button, std::int16_t shift, float x, float y);
     void DrawArea_MouseUp(std::int16_t button, std::int16_t shift, float x, float y);
-    /// A grab lost, a window in front, a release outside: the gesture ends in Hover, nothing stays armed.
+    /// A grab lost, a window in front, a release outside: the gesture ends in Hover, nothing stays
+    /// armed.
     void cancelGesture();
     /// Some object is being dragged.
     bool anyBusy() const;
@@ -127,6 +129,9 @@ public:
     void updateFuselageInterface();
     void updateRudderInterface();
     void updateEquipmentInterface();
+    /// Enables the text boxes. A fuselage without outline points has no shape that a number could
+    /// change: until it gets some, their number is all that can be typed on the whole form.
+    void enableTexts();
     /// All fillers and the section editor's scale, in the order of the toolbar commands.
     void refreshPanels();
     /// The user has changed the text of a box: nothing is stored in the model, but for
@@ -174,8 +179,8 @@ public:
     /// What closing the preferences does to the project and the views: unit, catalogues, panel, top
     /// view, picture, and last the scale, which the views show at their next redraw only.
     void closePreferences();
-    /// A key goes down in `ScaleText` that shows `text`: percent of the present size. Anything that is
-    /// not a finite factor above 0 leaves the model alone.
+    /// A key goes down in `ScaleText` that shows `text`: percent of the present size. Anything that
+    /// is not a finite factor above 0 leaves the model alone.
     void scaleTextKeyDown(const std::string& text);
 
     // Controls.cpp: change a control's state and show it

@@ -39,8 +39,13 @@ void sectionChosen(std::int16_t value) {
 void fuselageChosen(std::int16_t value) {
     currentFuselage = value;
     Main.setText(Control::IdFusLabel, std::to_string(value));
+    if (Fuselage::current().nb_cross == 0) {
+        // Nothing of it can be shown yet: its number of outline points is the way to start it.
+        Main.enableTexts();
+        Main.setText(Control::NbCrossFuselageText, "0");
+        return;
+    }
     Main.updateFuselageInterface();
-    if (Fuselage::current().nb_cross == 0) return;
     Main.zoomSectionSet();
     Main.refreshDrawingArea();
 }

@@ -16,14 +16,6 @@ void fillTexts(int tab) {
         if (field.tab == tab) Main.setText(field.control, panelText(field));
 }
 
-/// A fuselage without outline points has no shape that a number could change: until it gets some,
-/// their number is all that can be typed on the whole form.
-void enableTexts() {
-    const bool shaped = Fuselage::current().nb_cross != 0;
-    for (const PanelField& field : panelFields())
-        Main.setEnabled(field.control, shaped || field.control == Control::NbCrossFuselageText);
-}
-
 /// The one commit: takes the number at the start of the text, stores it, and redraws.
 void commit(const PanelField& field, double value) {
     changeModel(field.get, [&] { field.set(value); });
@@ -61,6 +53,12 @@ void MainForm::updateStabilizerInterface() {
 
 void MainForm::updateRudderInterface() {
     fillTexts(PanelTab::rudder);
+}
+
+void MainForm::enableTexts() {
+    const bool shaped = Fuselage::current().nb_cross != 0;
+    for (const PanelField& field : panelFields())
+        setEnabled(field.control, shaped || field.control == Control::NbCrossFuselageText);
 }
 
 void MainForm::updateFuselageInterface() {

@@ -11,8 +11,8 @@ namespace velna {
 /// How lines meet what is already on the surface.
 enum class DrawMode { Invert = 6, Copy = 13 };
 
-/// The operations that the editor draws with, and nothing else. Coordinates are pixels, y down; every
-/// double is allowed, NaN and infinity draw nothing. What a redraw does not draw is gone.
+/// The operations that the editor draws with, and nothing else. Coordinates are pixels, y down;
+/// every double is allowed, NaN and infinity draw nothing. What a redraw does not draw is gone.
 class Surface {
 public:
     virtual ~Surface() = default;

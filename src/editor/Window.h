@@ -8,7 +8,14 @@
 namespace velna {
 
 /// Cursor shapes over the drawing surface, by the platform's numbers.
-enum class CursorShape { Default = 0, Cross = 2, FourWay = 5, NorthSouth = 7, WestEast = 9, Custom = 99 };
+enum class CursorShape {
+    Default = 0,
+    Cross = 2,
+    FourWay = 5,
+    NorthSouth = 7,
+    WestEast = 9,
+    Custom = 99
+};
 
 /// The picture of the custom cursor.
 enum class CursorIcon { None, NSShapeIcon, EWShapeIcon };

@@ -144,6 +144,24 @@ TEST_F(PanelLists, ChoosingAFuselageWithoutOutlineOffersItsNumberAlone) {
     EXPECT_TRUE(control(Control::NbCrossFuselageText).enabled);
     EXPECT_EQ(control(Control::NbCrossFuselageText).text, "0");
     EXPECT_TRUE(area.calls.empty());
+    EXPECT_TRUE(sectionArea.calls.empty());
+}
+
+TEST_F(PanelLists, SectionBarLeftOverFromAnotherFuselageDoesNoHarm) {
+    press(Control::IndexFusPlusButton);
+    Fuselages(2).nb_sections = 2;
+    Fuselages(2).initArrays();
+    Main.nbCrossChanged("0");
+    Main.scrollChanged(Control::IndexFusScroll, 1);
+    Main.scrollChanged(Control::IndexFusScroll, 2);
+    ASSERT_EQ(control(Control::FuselageScroll).maximum, 3);
+    Main.scrollChanged(Control::FuselageScroll, 3);
+    Main.initSideView();
+    Main.textKeyDown(Control::WidthFuselageText, "9");
+    Main.sliderChanged(Control::BiasSlider, 20);
+    Main.nbCrossChanged("8");
+    EXPECT_EQ(control(Control::FuselageScroll).maximum, 2);
+    EXPECT_EQ(Fuselages(2).sel_sec, 2);
 }
 
 TEST_F(PanelLists, ChoosingASectionShowsItAtItsScaleAndLit) {

@@ -357,56 +357,6 @@ TEST_F(Pointer, HTopReleaseDrawsTheFuselagesPlainlyUnderTheElectronicsTabToo) {
     EXPECT_GT(area.lines(black), 0);
 }
 
-// ---- gestures that the desktop breaks off
-
-TEST_F(Pointer, CancelEndsADragInHover) {
-    enterSide();
-    drag(Main).press(250, 240).move(250, 230);
-    Main.shiftkey = true;
-    Main.cancelGesture();
-    EXPECT_FALSE(Main.anyBusy());
-    EXPECT_FALSE(Main.shiftkey);
-    EXPECT_EQ(window.rebuilds, 1);
-    drag(Main).move(250, 200);
-    EXPECT_EQ(fuselage.elevation(2), 20) << "what was dragged so far stands, and no more moves";
-}
-
-TEST_F(Pointer, CancelEndsADragWhoseViewWasLeft) {
-    enterSide();
-    drag(Main).press(250, 240);
-    Main.mode = ViewMode::Front;
-    Main.cancelGesture();
-    EXPECT_FALSE(Main.anyBusy());
-}
-
-TEST_F(Pointer, CancelDisarmsAndElseDoesNothing) {
-    enterSide();
-    Main.cancelGesture();
-    EXPECT_EQ(window.renders, 0);
-    EXPECT_TRUE(area.calls.empty());
-    Main.DrawArea_keydown(17, 2);
-    Main.cancelGesture();
-    EXPECT_FALSE(Main.ctrlkey);
-}
-
-TEST_F(Pointer, CancelOverAPictureEndsTheInvertingLines) {
-    area.pictures["plan.bmp"] = {100, 60};
-    window.pictureFiles = {"plan.bmp"};
-    Main.loadBitmapAction();
-    drag(Main).press(20, 20).move(30, 30);
-    ASSERT_EQ(area.mode, DrawMode::Invert);
-    Main.cancelGesture();
-    EXPECT_EQ(area.mode, DrawMode::Copy);
-    EXPECT_FALSE(Main.firstPictureRefresh);
-}
-
-TEST_F(Pointer, ReleaseOutsideTheSurfaceEndsTheDrag) {
-    enterSide();
-    drag(Main).press(250, 240).move(-500, 4000).release();
-    EXPECT_FALSE(Main.anyBusy());
-    EXPECT_EQ(fuselage.elevation(2), -3750);
-}
-
 TEST_F(Pointer, InsertionStopsWhereAProjectFileWouldNotTakeTheMesh) {
     ++nbFuselages;
     Fuselage::resizeFuselages();

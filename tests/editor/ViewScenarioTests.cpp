@@ -49,16 +49,19 @@ public:
         for (const json& key : step.value("gone", json::array())) state_.erase(key);
     }
 
-    void compare(const json& actual) const {
+    /// What the actual state has otherwise, a line a key.
+    std::string differences(const json& actual) const {
+        std::string found;
         for (const auto& [key, value] : state_.items()) {
             if (free_.contains(key)) continue;
             if (!actual.contains(key))
-                ADD_FAILURE() << key << " is missing";
+                found += key + " is missing\n";
             else if (!sameValue(value, actual.at(key)))
-                ADD_FAILURE() << key << " is " << actual.at(key) << ", expected " << value;
+                found += key + " is " + actual.at(key).dump() + ", expected " + value.dump() + "\n";
         }
         for (const auto& [key, value] : actual.items())
-            if (!state_.contains(key)) ADD_FAILURE() << key << " should not be there: " << value;
+            if (!state_.contains(key)) found += key + " should not be there\n";
+        return found;
     }
 
 private:
@@ -135,7 +138,7 @@ TEST_P(ViewScenario, EndsAsComputed) {
         bench.sectionArea.calls.clear();
         runStep(bench, steps[i]);
         expected.advance(result);
-        expected.compare(editorState(bench));
+        EXPECT_EQ(expected.differences(editorState(bench)), "");
         if (result.contains("lines")) compareCalls(result.at("lines"), bench.area.calls, 1e-6);
         if (result.contains("section")) compareSection(result.at("section"), bench.sectionArea);
         if (HasFailure()) return;
@@ -163,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Scenarios, ViewScenario, ::testing::ValuesIn(allScenari
 
 TEST(ViewScenarios, StartFromTheStateOfAFreshStart) {
     EditorBench bench;
-    ExpectedState(scenarios().at("base")).compare(editorState(bench));
+    EXPECT_EQ(ExpectedState(scenarios().at("base")).differences(editorState(bench)), "");
 }
 
 TEST(ViewScenarios, AreAllThere) {
