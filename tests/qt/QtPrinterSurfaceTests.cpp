@@ -1,0 +1,189 @@
+#include <QPageSize>
+#include <QProcess>
+#include <QRegularExpression>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "shell/qt/QtPrinterSurface.h"
+#include "support/TemporaryFolder.h"
+
+namespace velna {
+namespace {
+
+constexpr Rgb black{0, 0, 0};
+
+// A line of a page, millimetres from the paper's upper left corner.
+struct PaperLine {
+    double x1, y1, x2, y2, width;
+    double length() const { return std::hypot(x2 - x1, y2 - y1); }
+};
+
+QString output(const char* program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+// What another program finds in the file.
+std::vector<PaperLine> linesOf(const std::string& file, int page) {
+    const QString trace =
+        output("mutool", {"trace", QString::fromStdString(file), QString::number(page)});
+    static const QRegularExpression path(
+        R"re(<stroke_path linewidth="([^"]+)".*?transform="([^" ]+)[^"]*".*?<moveto x="([^"]+)" y="([^"]+)"/>\s*<lineto x="([^"]+)" y="([^"]+)")re",
+        QRegularExpression::DotMatchesEverythingOption);
+    std::vector<PaperLine> lines;
+    for (auto found = path.globalMatch(trace); found.hasNext();) {
+        const auto match = found.next();
+        const double mm = match.captured(2).toDouble() * 25.4 / 72;
+        const auto value = [&](int i) { return match.captured(i).toDouble() * mm; };
+        lines.push_back({value(3), value(4), value(5), value(6), value(1)});
+    }
+    return lines;
+}
+
+int pagesOf(const std::string& file) {
+    static const QRegularExpression count(R"(Pages:\s+(\d+))");
+    return count.match(output("pdfinfo", {QString::fromStdString(file)})).captured(1).toInt();
+}
+
+class Paper : public testing::Test {
+protected:
+    std::unique_ptr<QtPrinterSurface> surface(int resolution = 1200, bool landscape = false,
+                                              QPageSize::PageSizeId size = QPageSize::A4) {
+        auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        printer->setOutputFormat(QPrinter::PdfFormat);
+        printer->setOutputFileName(QString::fromStdString(target()));
+        printer->setResolution(resolution);
+        printer->setPageSize(QPageSize(size));
+        printer->setPageOrientation(landscape ? QPageLayout::Landscape : QPageLayout::Portrait);
+        printer->setPageMargins(QMarginsF(10, 12, 14, 16), QPageLayout::Millimeter);
+        return std::make_unique<QtPrinterSurface>(std::move(printer));
+    }
+    std::string target() const { return folder.path() + "plan.pdf"; }
+    std::string job(const char* name) const { return folder.path() + "plan-" + name + ".pdf"; }
+
+    test::TemporaryFolder folder;
+};
+
+TEST_F(Paper, AHundredMillimetresAreAHundredWhateverTheResolutionAndTheSheet) {
+    for (const int resolution : {72, 300, 600, 1200})
+        for (const bool landscape : {false, true})
+            for (const auto size : {QPageSize::A4, QPageSize::Letter, QPageSize::A3}) {
+                auto paper = surface(resolution, landscape, size);
+                paper->setScaleMode(6);
+                paper->StartDoc("side");
+                paper->Line(20, 30, 120, 30, black);
+                paper->Line(20, 30, 20, 130, black);
+                ASSERT_TRUE(paper->EndDoc()) << paper->error();
+                const auto lines = linesOf(job("side"), 1);
+                ASSERT_EQ(lines.size(), 2U);
+                EXPECT_NEAR(lines[0].length(), 100, 0.01) << resolution;
+                EXPECT_NEAR(lines[1].length(), 100, 0.01) << resolution;
+                EXPECT_NEAR(lines[0].width, 0.25, 0.005);
+                EXPECT_NEAR(lines[0].x1, 30, 0.2);  // the margin and 20
+            }
+}
+
+TEST_F(Paper, InchesAreInches) {
+    auto paper = surface();
+    paper->setScaleMode(5);
+    EXPECT_NEAR(paper->ScaleWidth(), (210 - 24) / 25.4, 1e-9);
+    paper->StartDoc("side");
+    paper->Line(1, 1, 5, 1, black);
+    ASSERT_TRUE(paper->EndDoc());
+    EXPECT_NEAR(linesOf(job("side"), 1).at(0).length(), 101.6, 0.01);
+}
+
+TEST_F(Paper, TheScaleIsThePrintableArea) {
+    auto paper = surface();
+    paper->setScaleMode(6);
+    EXPECT_NEAR(paper->ScaleWidth(), 210 - 10 - 14, 1e-9);
+    EXPECT_NEAR(paper->ScaleHeight(), 297 - 12 - 16, 1e-9);
+}
+
+TEST_F(Paper, NoBlankSheetFollowsTheLastPage) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    for (int page = 0; page < 3; ++page) {
+        paper->Line(10, 10, 20, 20, black);
+        paper->NewPage();
+    }
+    ASSERT_TRUE(paper->EndDoc());
+    EXPECT_EQ(pagesOf(job("side")), 3);
+}
+
+TEST_F(Paper, ASheetWithNothingOnItIsStillASheet) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, 20, 20, black);
+    paper->NewPage();
+    paper->Line(-500, 10, -400, 20, black);  // beyond this sheet
+    paper->NewPage();
+    ASSERT_TRUE(paper->EndDoc());
+    EXPECT_EQ(pagesOf(job("side")), 2);
+    EXPECT_TRUE(linesOf(job("side"), 2).empty());
+}
+
+TEST_F(Paper, ALineIsCutToItsSheet) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(-1e6, 50, 1e6, 50, black);
+    paper->Line(std::numeric_limits<double>::quiet_NaN(), 0, 1, 1, black);
+    paper->Line(-1.7e308, 60, 1.7e308, 60, black);
+    ASSERT_TRUE(paper->EndDoc());
+    const auto lines = linesOf(job("side"), 1);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_NEAR(lines[0].length(), 186, 0.01);
+    EXPECT_NEAR(lines[1].length(), 186, 0.01);
+}
+
+TEST_F(Paper, EveryJobHasAFileOfItsOwn) {
+    auto paper = surface();
+    for (const char* name : {"side", "front"}) {
+        paper->StartDoc(name);
+        paper->Line(10, 10, 20, 20, black);
+        ASSERT_TRUE(paper->EndDoc());
+        EXPECT_EQ(pagesOf(job(name)), 1);
+    }
+    EXPECT_FALSE(std::filesystem::exists(target()));
+}
+
+TEST_F(Paper, TheFilesThatAreThereAreListed) {
+    std::ofstream(job("vtop")) << "old";
+    QPrinter printer;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(QString::fromStdString(target()));
+    EXPECT_EQ(QtPrinterSurface::existingFiles(printer, {"side", "vtop"}),
+              QStringList{QString::fromStdString(job("vtop"))});
+}
+
+TEST_F(Paper, ADroppedJobLeavesTheOldFileWhole) {
+    std::ofstream(job("side")) << "old";
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, 20, 20, black);
+    paper->KillDoc();
+    std::string text;
+    std::getline(std::ifstream(job("side")), text);
+    EXPECT_EQ(text, "old");
+    EXPECT_FALSE(std::filesystem::exists(job("side") + ".new"));
+}
+
+TEST_F(Paper, ATargetThatCannotBeWrittenTellsTheReason) {
+    std::filesystem::create_directory(job("side"));
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, 20, 20, black);
+    EXPECT_FALSE(paper->EndDoc());
+    EXPECT_FALSE(paper->error().empty());
+    EXPECT_FALSE(std::filesystem::exists(job("side") + ".new"));
+}
+
+}  // namespace
+}  // namespace velna
