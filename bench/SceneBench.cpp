@@ -2,12 +2,9 @@
 // rebuild, a frame of the flight. Without a GL that can draw off screen it says so and measures
 // nothing.
 
-#include <cstdio>
 #include <functional>
 #include <vector>
 
-#include <EGL/egl.h>
-#include <EGL/eglext.h>
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 
@@ -17,6 +14,7 @@
 #include "preview/Flying.h"
 #include "preview/Normals.h"
 #include "preview/Rendering.h"
+#include "support/OffscreenContext.h"
 
 namespace velna {
 namespace {
@@ -24,72 +22,9 @@ namespace {
 constexpr int fuselages = 20;
 constexpr int sections = 100;
 constexpr int cross = 64;
-constexpr int pictureWidth = 900;
-constexpr int pictureHeight = 500;
 constexpr GLuint bareList = 2;
 
-/// A picture area that is nowhere on a screen. Its frame is complete when `swapBuffers` returns.
-class OffscreenContext : public RenderContext {
-public:
-    std::function<void()> events = [] {};
-
-    bool chooseFormat() override { return true; }
-    bool create() override;
-    void destroy() override {}
-    void swapBuffers() override {
-        glFinish();
-        eglSwapBuffers(display_, surface_);
-    }
-    double width() const override { return pictureWidth; }
-    double height() const override { return pictureHeight; }
-    double devicePixelRatio() const override { return 1; }
-    void fatal(const std::string&) override {}
-    void setFullScreen(bool) override {}
-    double screenWidth() const override { return pictureWidth; }
-    double screenHeight() const override { return pictureHeight; }
-    void setFlyingInfo(bool, const std::string&) override {}
-    void pumpEvents() override { events(); }
-
-private:
-    bool openDisplay();
-
-    EGLDisplay display_ = EGL_NO_DISPLAY;
-    EGLSurface surface_ = EGL_NO_SURFACE;
-    EGLContext context_ = EGL_NO_CONTEXT;
-    EGLConfig config_ = nullptr;
-};
-
-bool OffscreenContext::openDisplay() {
-    if (display_ != EGL_NO_DISPLAY) return true;
-    display_ = eglGetPlatformDisplay(EGL_PLATFORM_SURFACELESS_MESA, EGL_DEFAULT_DISPLAY, nullptr);
-    if (display_ == EGL_NO_DISPLAY || !eglInitialize(display_, nullptr, nullptr))
-        display_ = eglGetDisplay(EGL_DEFAULT_DISPLAY);
-    if (display_ == EGL_NO_DISPLAY || !eglInitialize(display_, nullptr, nullptr)) return false;
-    const EGLint wanted[] = {EGL_SURFACE_TYPE,
-                             EGL_PBUFFER_BIT,
-                             EGL_RENDERABLE_TYPE,
-                             EGL_OPENGL_BIT,
-                             EGL_RED_SIZE,
-                             8,
-                             EGL_DEPTH_SIZE,
-                             16,
-                             EGL_NONE};
-    EGLint count = 0;
-    if (!eglChooseConfig(display_, wanted, &config_, 1, &count) || count == 0) return false;
-    const EGLint size[] = {EGL_WIDTH, pictureWidth, EGL_HEIGHT, pictureHeight, EGL_NONE};
-    surface_ = eglCreatePbufferSurface(display_, config_, size);
-    return surface_ != EGL_NO_SURFACE;
-}
-
-bool OffscreenContext::create() {
-    if (!openDisplay()) return false;
-    eglBindAPI(EGL_OPENGL_API);
-    if (context_ != EGL_NO_CONTEXT) eglDestroyContext(display_, context_);
-    context_ = eglCreateContext(display_, config_, EGL_NO_CONTEXT, nullptr);
-    return context_ != EGL_NO_CONTEXT && eglMakeCurrent(display_, surface_, surface_, context_);
-}
-
-OffscreenContext offscreen;
+test::OffscreenContext offscreen{900, 500};
 
 /// An aircraft of many bodies beside each other, and its picture.
 bool openLargeScene() {

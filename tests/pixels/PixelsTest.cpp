@@ -1,0 +1,151 @@
+// What a real OpenGL makes of the picture. Where there is none that draws off screen these are
+// skipped.
+
+#include <array>
+#include <cmath>
+#include <vector>
+
+#include <GL/gl.h>
+
+#include "model/Fuselage.h"
+#include "preview/Flying.h"
+#include "preview/Rendering.h"
+#include "support/FreshModel.h"
+#include "support/OffscreenContext.h"
+
+namespace velna::test {
+namespace {
+
+constexpr int width = 300;
+constexpr int height = 200;
+
+using Pixel = std::array<int, 3>;
+
+class PixelsTest : public FreshModel {
+protected:
+    void SetUp() override {
+        FreshModel::SetUp();
+        Rendering::reset();
+        Flying::reset();
+        Rendering::context = &context;
+        Rendering::createRenderContext();
+        if (!Rendering::contextCreated) GTEST_SKIP() << "no OpenGL that draws off screen";
+        while (glGetError() != GL_NO_ERROR) {
+        }
+    }
+    void TearDown() override {
+        if (Rendering::contextCreated) {
+            EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
+        }
+        Rendering::reset();
+        Rendering::context = nullptr;
+        resetModel();
+    }
+
+    /// The picture from the side (`spin` 0), row 0 at the bottom.
+    void show(double spin, double tilt) {
+        Rendering::setViewTransform(0, 0, 0, spin, tilt);
+        Rendering::renderScene(true);
+        bytes.resize(3UL * width * height);
+        glPixelStorei(GL_PACK_ALIGNMENT, 1);
+        glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
+    }
+
+    Pixel pixel(int x, int y) const {
+        const auto at = 3 * (static_cast<std::size_t>(y) * width + static_cast<std::size_t>(x));
+        return {bytes[at], bytes[at + 1], bytes[at + 2]};
+    }
+
+    /// The place on the screen of a model point in the view of spin and tilt 0 of the default
+    /// aircraft.
+    static std::array<int, 2> placeOf(double x, double z) {
+        const double scale = width / 2.0 / 100 * 100 / 1000;
+        return {static_cast<int>(width / 2.0 + (x - 400) * scale),
+                static_cast<int>(height / 2.0 + z * scale)};
+    }
+
+    int litPixels() const {
+        int lit = 0;
+        for (int y = 0; y < height; ++y)
+            for (int x = 0; x < width; ++x) lit += pixel(x, y) != Pixel{0, 0, 0};
+        return lit;
+    }
+
+    OffscreenContext context{width, height};
+    std::vector<unsigned char> bytes;
+};
+
+TEST_F(PixelsTest, SilhouetteStandsWhereTheModelIs) {
+    show(0, 0);
+    const auto [bodyX, bodyY] = placeOf(200, 60);
+    EXPECT_NE(pixel(bodyX, bodyY), (Pixel{0, 0, 0})) << "the thickest place of the body";
+    const auto [finX, finY] = placeOf(770, 120);
+    EXPECT_NE(pixel(finX, finY), (Pixel{0, 0, 0})) << "the fin";
+    const auto [aboveX, aboveY] = placeOf(200, 200);
+    EXPECT_EQ(pixel(aboveX, aboveY), (Pixel{0, 0, 0})) << "above the body";
+    const auto [beforeX, beforeY] = placeOf(-60, 20);
+    EXPECT_EQ(pixel(beforeX, beforeY), (Pixel{0, 0, 0})) << "before the nose";
+}
+
+TEST_F(PixelsTest, FaceTowardsTheLightHasTheObjectsColour) {
+    Fuselages(1).set_color({255, 0, 0});
+    show(0, 0);
+    // Below the wing, which is nearer and covers what lies higher.
+    const auto [x, y] = placeOf(100, 40);
+    const Pixel lit = pixel(x, y);
+    EXPECT_GT(lit[0], 100);
+    EXPECT_EQ(lit[1], 0);
+    EXPECT_EQ(lit[2], 0);
+}
+
+TEST_F(PixelsTest, HiddenFuselageIsGone) {
+    show(0, 0);
+    const auto [x, y] = placeOf(100, 40);
+    EXPECT_NE(pixel(x, y), (Pixel{0, 0, 0}));
+    const int before = litPixels();
+    ObjectList.setShown(1, false);
+    show(0, 0);
+    EXPECT_EQ(pixel(x, y), (Pixel{0, 0, 0}));
+    EXPECT_LT(litPixels(), before);
+}
+
+TEST_F(PixelsTest, TransparentFuselageLetsThroughWhatStandsBehind) {
+    Fuselages(1).set_color({200, 0, 0});
+    show(0, 0);
+    const auto [x, y] = placeOf(100, 40);
+    const Pixel solid = pixel(x, y);
+    Fuselages(1).transparent = true;
+    show(0, 0);
+    const Pixel blended = pixel(x, y);
+    EXPECT_NE(blended, (Pixel{0, 0, 0}));
+    EXPECT_LT(blended[0], solid[0]) << "the black behind it darkens it";
+}
+
+TEST_F(PixelsTest, ReplayedListGivesTheSamePicture) {
+    show(300, 200);
+    const std::vector<unsigned char> built = bytes;
+    Rendering::renderScene(false);
+    glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
+    EXPECT_EQ(bytes, built);
+    EXPECT_GT(litPixels(), 500);
+}
+
+TEST_F(PixelsTest, FlightShowsTheAircraftAndLeavesThePicture) {
+    int lit = 0;
+    int frames = 0;
+    context.events = [&] {
+        bytes.resize(3UL * width * height);
+        glPixelStorei(GL_PACK_ALIGNMENT, 1);
+        glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
+        lit = litPixels();
+        Flying::flying = ++frames < 3;
+    };
+    Flying::flyPreview();
+    EXPECT_EQ(frames, 3);
+    EXPECT_GT(lit, 50);
+    show(0, 0);
+    EXPECT_GT(litPixels(), 500);
+}
+
+}  // namespace
+}  // namespace velna::test
