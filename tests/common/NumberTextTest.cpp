@@ -1,6 +1,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 #include <limits>
 #include <random>
 
@@ -107,6 +108,25 @@ TEST(NumericPrefix, ANumberBeyondADoubleIsAnInfinityOrZero) {
     EXPECT_EQ(numericPrefix("0." + std::string(400, '0') + "1e800"), infinity);
     EXPECT_EQ(numericPrefix("0e999"), 0);
     EXPECT_EQ(numericPrefix("00001e400"), infinity);
+}
+
+TEST(NumericPrefix, IsTheNearestDoubleAsTheLibraryGivesIt) {
+    std::mt19937_64 random(2);
+    for (int i = 0; i < 50000; ++i) {
+        // Up to 24 digits with a point anywhere, so that short and long ways are met.
+        std::string text = random() % 2 == 0 ? "-" : "";
+        const auto digits = 1 + random() % 24;
+        const auto point = random() % (digits + 1);
+        for (std::size_t d = 0; d < digits; ++d) {
+            if (d == point) text += '.';
+            text += static_cast<char>('0' + random() % 10);
+        }
+        if (random() % 8 == 0) text += "e" + std::to_string(static_cast<int>(random() % 40) - 20);
+        ASSERT_EQ(numericPrefix(text), std::strtod(text.c_str(), nullptr)) << text;
+    }
+    EXPECT_EQ(numericPrefix("9007199254740993"), 9007199254740992);
+    EXPECT_EQ(numericPrefix("0.0000000000000000001"), 1e-19);
+    EXPECT_EQ(numericPrefix("18446744073709551617"), 18446744073709551616.0);
 }
 
 TEST(NumericPrefix, WithoutANumberTheLeadingNumberIsZero) {
