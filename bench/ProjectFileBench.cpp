@@ -1,0 +1,291 @@
+// Saving and reading a project of 20 MB beside bare loops over the same numbers. Each row works
+// both in turn and gives the ratio of their best times: limits are 1.5 for saving, 2 for reading, 1
+// for a line of an old version beside one of the current. The file lies in memory where the system
+// has such a place, so that the disk, which a synced file waits for, is in neither.
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <fcntl.h>
+#include <malloc.h>
+#include <unistd.h>
+
+#include "common/NumberText.h"
+#include "common/ValueReader.h"
+#include "model/Equipment.h"
+#include "model/Fuselage.h"
+#include "model/MainWing.h"
+#include "model/ObjectList.h"
+#include "model/Plane.h"
+#include "model/Prefs.h"
+#include "persistence/ProjectFormats.h"
+
+namespace velna {
+namespace {
+
+constexpr std::int16_t bodies = 230;
+constexpr std::int16_t sections = 1200;
+constexpr std::int16_t cross = 12;
+
+std::string scratch(const std::string& name) {
+    const bool memory = std::filesystem::is_directory("/dev/shm");
+    return (memory ? "/dev/shm/" : std::filesystem::temp_directory_path().string() + "/") + name +
+           std::to_string(::getpid());
+}
+
+/// The time that this process has worked: others on the machine are not in it.
+double seconds() {
+    timespec now{};
+    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+void freshModel() {
+    Prefs = {};
+    ObjectList.clear();
+    Plane::setDefaultPlane();
+}
+
+/// Fuselages as drags leave them: most numbers have all their digits, some few are round.
+void makeLargeModel() {
+    freshModel();
+    nbFuselages = bodies;
+    Fuselage::resizeFuselages();
+    for (int b = 1; b <= bodies; ++b) {
+        MeshSections& body = Fuselages(b);
+        body.nb_sections = sections;
+        body.nb_cross = cross;
+        body.initArrays();
+        for (std::int16_t i = 1; i <= sections; ++i) {
+            body.sectionOrder(i) = i;
+            body.height(i) = 100.0 + i / 7.0;
+            body.width(i) = 80.25 + i / 13.0;
+            body.pos(i) = 2.0 * i;
+            body.elevation(i) = b / 3.0 - i * 0.125;
+            body.curvature(i) = 1 + 1.0 / i;
+            body.curvature2(i) = 1;
+            body.bias_curve(i) = 0.5;
+        }
+    }
+    ObjectList.update();
+}
+
+const std::string& largeFile() {
+    static const std::string file = [] {
+        std::string path = scratch("velna-bench-project-");
+        makeLargeModel();
+        Plane::saveProject(path);
+        return path;
+    }();
+    return file;
+}
+
+std::vector<double> numbersOf(const std::string& bytes) {
+    std::vector<double> numbers;
+    ValueReader reader(bytes);
+    while (!reader.atEnd()) {
+        auto line = reader.line();
+        if (const auto number = takeNumber(line)) numbers.push_back(*number);
+    }
+    return numbers;
+}
+
+/// The least that saving must do: every number formatted, and the whole written once.
+void bareSave(const std::vector<double>& numbers, const std::string& path) {
+    std::string buffer(numbers.size() * 20, '\0');
+    char* end = buffer.data();
+    for (const double number : numbers) {
+        end = std::to_chars(end, end + 32, number, std::chars_format::general, 15).ptr;
+        *end++ = '\r';
+        *end++ = '\n';
+    }
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    const auto written =
+        ::write(file, buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+    benchmark::DoNotOptimize(written);
+    ::close(file);
+}
+
+/// The least that reading must do: every number parsed.
+double bareRead(const std::string& bytes) {
+    double sum = 0;
+    const char* at = bytes.data();
+    const char* const end = at + bytes.size();
+    while (at < end) {
+        double number = 0;
+        at = std::from_chars(at, end, number).ptr;
+        sum += number;
+        while (at < end && *at++ != '\n') {
+        }
+    }
+    return sum;
+}
+
+/// The best times of the work and of its reference, worked in turn, and their ratio.
+class Comparison {
+public:
+    template <class Work, class Reference>
+    void round(Work work, Reference reference) {
+        const double start = seconds();
+        work();
+        const double middle = seconds();
+        reference();
+        best_ = std::min(best_, middle - start);
+        bestReference_ = std::min(bestReference_, seconds() - middle);
+    }
+
+    /// `scale` is what the reference has to be multiplied by to be of the same size.
+    void report(benchmark::State& state, double scale = 1) const {
+        state.counters["ms"] = best_ * 1000;
+        state.counters["reference_ms"] = bestReference_ * scale * 1000;
+        state.counters["ratio"] = best_ / (bestReference_ * scale);
+    }
+
+private:
+    double best_ = std::numeric_limits<double>::infinity();
+    double bestReference_ = std::numeric_limits<double>::infinity();
+};
+
+void save(benchmark::State& state) {
+    const std::string path = scratch("velna-bench-saved-");
+    const std::string reference = scratch("velna-bench-bare-");
+    const auto numbers = numbersOf(readWholeFile(largeFile()));
+    makeLargeModel();
+    Comparison comparison;
+    for (auto _ : state)
+        comparison.round([&] { Plane::saveProject(path); }, [&] { bareSave(numbers, reference); });
+    comparison.report(state);
+    state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
+    std::filesystem::remove(path);
+    std::filesystem::remove(reference);
+}
+BENCHMARK(save)->Unit(benchmark::kMillisecond)->Iterations(7);
+
+void read(benchmark::State& state) {
+    const std::string bytes = readWholeFile(largeFile());
+    Comparison comparison;
+    for (auto _ : state) {
+        freshModel();
+        comparison.round([] { Plane::readProject(largeFile()); },
+                         [&] { benchmark::DoNotOptimize(bareRead(bytes)); });
+    }
+    if (nbFuselages != bodies) state.SkipWithError("the project was not read");
+    comparison.report(state);
+}
+BENCHMARK(read)->Unit(benchmark::kMillisecond)->Iterations(7);
+
+double heapInUse() {
+    const auto info = ::mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+/// What the loaded model holds, and the most that reading needs: the model and the file's bytes.
+void readMemory(benchmark::State& state) {
+    makeLargeModel();
+    freshModel();
+    ::malloc_trim(0);
+    const double before = heapInUse();
+    double after = 0;
+    double most = 0;
+    for (auto _ : state) {
+        {
+            const std::string bytes = readWholeFile(largeFile());
+            readProjectBytes(bytes);
+            most = heapInUse() - before;
+        }
+        after = heapInUse() - before;
+    }
+    state.counters["model_MB"] = after / 1e6;
+    state.counters["most_MB"] = most / 1e6;
+    state.counters["ratio"] = most / after;
+}
+BENCHMARK(readMemory)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+/// The large model as version 1.2 wrote it: two wings, five numbers a section.
+std::string legacyBytes() {
+    makeLargeModel();
+    std::string out = "# VELNA File Format V 1.2.0\r\n2\r\n";
+    const auto numbers = [&out](std::initializer_list<double> values) {
+        for (const double value : values) {
+            appendNumber(out, value);
+            out += "\r\n";
+        }
+    };
+    const auto panel = [&] {
+        out += "Wing Type\r\n";
+        numbers({16, 700, 230, 150, 0.13, 0.13, 180, 10, 50, 0, 0, 200, 200, 200});
+    };
+    for (int i = 0; i < 3; ++i) panel();
+    numbers({bodies});
+    for (int b = 1; b <= bodies; ++b) {
+        const MeshSections& body = Fuselages(b);
+        out += "Fuselage\r\n";
+        numbers({sections, cross, 0, 0, 0});
+        out += "#FALSE#\r\n#TRUE#\r\n";
+        numbers({200, 200, 200});
+        for (int i = 1; i <= sections; ++i)
+            numbers(
+                {body.height(i), body.width(i), body.pos(i), body.elevation(i), body.curvature(i)});
+    }
+    out += "Rudder\r\n";
+    numbers({16, 150, 150, 80, 0.1, 0.1, 650, 100, 0, 0, 30, 200, 200, 200});
+    numbers({1});
+    out += "ElectroBox\r\n";
+    numbers({30, 15, 25, 0, 200, 50, 5, 0, 0});
+    return out + "#FALSE#\r\n";
+}
+
+double lineCount(const std::string& bytes) {
+    return static_cast<double>(std::ranges::count(bytes, '\n'));
+}
+
+/// The current file with the same numbers: the two that the old one lacks are the round ones, so
+/// the sections carry the old five numbers and two more of the same kind.
+std::string currentBytes() {
+    makeLargeModel();
+    for (int b = 1; b <= bodies; ++b) {
+        MeshSections& body = Fuselages(b);
+        body.curvature2 = body.curvature;
+        body.bias_curve = body.height;
+    }
+    const std::string path = scratch("velna-bench-current-");
+    Plane::saveProject(path);
+    std::string bytes = readWholeFile(path);
+    std::filesystem::remove(path);
+    return bytes;
+}
+
+void readLegacy(benchmark::State& state) {
+    const std::string legacy = legacyBytes();
+    const std::string current = currentBytes();
+    Comparison comparison;
+    for (auto _ : state) {
+        comparison.round(
+            [&] {
+                freshModel();
+                if (!readProjectBytes(legacy)) state.SkipWithError("refused");
+            },
+            [&] {
+                freshModel();
+                readProjectBytes(current);
+            });
+    }
+    comparison.report(state, lineCount(legacy) / lineCount(current));
+}
+BENCHMARK(readLegacy)->Unit(benchmark::kMillisecond)->Iterations(7);
+
+}  // namespace
+}  // namespace velna
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    std::filesystem::remove(velna::largeFile());
+}
