@@ -29,6 +29,13 @@ class Control:
             raise AttributeError(f"{self.name} has no {field}: {self.told}") from None
 
     @property
+    def handle(self):
+        """Where a click works it: a box or a round button is as small as its sign, however wide its widget."""
+        if self.kind in ("QCheckBox", "QRadioButton"):
+            return self.left + 9, self.top + self.height // 2
+        return self.middle
+
+    @property
     def middle(self):
         return self.left + self.width // 2, self.top + self.height // 2
 
@@ -152,11 +159,15 @@ class Program:
 
         return wait_for(look, f'the button "{text}"', seconds)
 
+    def picture(self):
+        """The picture in three dimensions; its toolbar key has the name."""
+        return wait_for(lambda: (found := self.of_kind("QWindowContainer")) and found[0], "the picture")
+
     # ---- doing
 
     def click(self, name, button=1, keys=()):
         control = wait_for(lambda: self.ready(name), f'"{name}" to be enabled and in the active window')
-        self.screen.click(*control.middle, button=button, keys=keys)
+        self.screen.click(*control.handle, button=button, keys=keys)
         return control
 
     def push(self, caption):
@@ -165,7 +176,7 @@ class Program:
     def tab(self, number):
         """Opens a tab of the panel by a click on it."""
         def bar():
-            return next((c for c in self.of_kind("QTabBar") if c.told.get("tabs") and len(c.tabs) == 5), None)
+            return next((c for c in self.controls() if len(c.told.get("tabs", ())) == 5), None)
 
         x, y, width, height = wait_for(bar, "the panel's tabs").tabs[number]["place"]
         self.screen.click(x + width // 2, y + height // 2)

@@ -105,7 +105,7 @@ class Screen:
             self.tool("key", name)
 
     def type(self, text):
-        self.tool("type", "--delay", 8, text)
+        self.tool("type", "--delay", 8, "--", text)
 
     def picture(self, file, place=None):
         """Writes the screen, or the part at (x, y, width, height), as PNG."""

@@ -1,0 +1,54 @@
+"""The demonstration of the first use, run by itself: four boxes, a changed wing, a fourth section, an open menu."""
+
+import base
+from screen import wait_for
+
+ASKED_FOR = '"DoIt"\r\n#FALSE#\r\n#TRUE#\r\n'
+
+
+class Demonstration(base.WindowTest):
+    starts = False
+
+    def box(self, program, words):
+        """The message box with these words, looked at and answered."""
+        def look():
+            return any(words in c.told.get("text", "") for c in program.controls() if c.modal)
+
+        wait_for(look, f"the box about {words}", 30)
+        self.take(f"demonstration-{words.split()[0]}")
+        self.assertIn("First use Help", {c.window for c in program.controls() if c.modal})
+        program.push("OK")
+
+    def test_it_runs_once_from_the_first_box_to_the_open_menu(self):
+        program = self.new_program(prefs=ASKED_FOR).start(wait=False)
+        self.box(program, "The cursor will move AUTOMATICALLY")
+        self.box(program, "MOUSE edits ...")
+        self.box(program, "SHIFT button for horizontal moves ...")
+        self.assertNotEqual(program.text("PosEText"), "10")
+        self.box(program, "CTRL key for insert/remove sections ...")
+        self.assertNotEqual(program.text("SpanText") if program.find("SpanText") else "", "1400")
+        menu = wait_for(lambda: (m := program.of_kind("QMenu")) and m, "the open menu", 30)
+        self.take("demonstration-end")
+        self.assertEqual(len(menu[0].entries), 7)
+        self.screen.key("Escape")
+        wait_for(lambda: program.get("FuselageScroll").maximum == 4, "the fourth section")
+        self.assertEqual(program.quit(), 0)
+        self.assertTrue((program.folder / "prefs.txt").read_bytes().startswith(b'"Done"\r\n'))
+        program.start()
+        self.assertEqual([c for c in program.controls() if c.modal], [])
+
+    def test_escape_stops_it(self):
+        program = self.new_program(prefs=ASKED_FOR).start(wait=False)
+        self.box(program, "The cursor will move AUTOMATICALLY")
+        self.box(program, "MOUSE edits ...")
+        self.screen.key("Escape")
+        program.no_dialog()
+        wait_for(lambda: program.ready("DrawArea"), "the window")
+        program.click("Front")
+        wait_for(lambda: program.get("Front").checked, "a program that answers")
+        self.assertEqual([c for c in program.controls() if c.modal], [])
+        self.assertEqual(program.quit(), 0)
+
+
+if __name__ == "__main__":
+    base.main()

@@ -1,0 +1,81 @@
+"""Start and end of the program: what stands at first, what is asked, what prefs.txt holds."""
+
+import base
+from screen import wait_for
+
+
+class Start(base.WindowTest):
+    starts = False
+
+    def test_opens_in_the_top_view_with_the_wing_tab(self):
+        program = self.new_program().start()
+        self.assertTrue(program.get("VTop").checked)
+        self.assertFalse(program.get("HTop").enabled)
+        self.assertEqual(program.get("Main").window, "Velna V2.2.1")
+        self.assertEqual(program.text("LengthBText"), "230")
+        self.assertEqual(program.text("SpanText"), "1400")
+        self.looks("start")
+
+    def test_all_five_tabs_are_inside_the_panel(self):
+        program = self.new_program().start()
+        panel = program.get("Parameters")
+        bar = next(c for c in program.controls() if "tabs" in c.told)
+        self.assertEqual(len(bar.tabs), 5)
+        for tab in bar.tabs:
+            left, _, width, _ = tab["place"]
+            self.assertGreaterEqual(left, panel.left)
+            self.assertLessEqual(left + width, panel.left + panel.width)
+
+    def test_nothing_overlaps_and_nothing_is_cut_off(self):
+        program = self.new_program().start()
+        parts = [program.get(name) for name in ("Bar", "Parameters", "DrawArea")] + [program.picture()]
+        for part in parts:
+            self.assertGreaterEqual(part.left, 0)
+            self.assertLessEqual(part.left + part.width, self.screen.size[0])
+            self.assertLessEqual(part.top + part.height, self.screen.size[1])
+        for one in parts:
+            for other in parts:
+                if one is not other:
+                    apart = (one.left + one.width <= other.left or other.left + other.width <= one.left or
+                             one.top + one.height <= other.top or other.top + other.height <= one.top)
+                    self.assertTrue(apart, f"{one.name} overlaps {other.name}")
+
+    def test_without_prefs_starts_quietly_and_writes_them_at_the_end(self):
+        program = self.new_program(prefs=None).start()
+        self.assertEqual([c for c in program.controls() if c.modal], [])
+        self.assertEqual(program.quit(), 0)
+        self.assertEqual((program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
+
+    def test_quit_asks_and_no_goes_on(self):
+        program = self.new_program().start()
+        self.screen.key("alt+F4")
+        program.dialog()
+        texts = [c.told.get("text") for c in program.controls()]
+        self.assertIn("Do you really want to quit Velna ?", texts)
+        self.take("quit")
+        self.screen.key("Return")  # No is the default
+        program.no_dialog()
+        self.assertIsNone(program.process.poll())
+        self.screen.key("alt+F4")
+        program.dialog()
+        self.screen.key("Escape")
+        program.no_dialog()
+        self.assertEqual(program.quit(), 0)
+
+    def test_stored_inches_convert_the_default_aircraft(self):
+        program = self.new_program(prefs='"Done"\r\n#TRUE#\r\n#FALSE#\r\n').start()
+        wait_for(lambda: program.text("LengthBText") == "9.06", "the chord in inches")
+        self.assertEqual(program.text("SpanText"), "55.12")
+        self.assertEqual(program.quit(), 0)
+        self.assertEqual((program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#TRUE#\r\n#FALSE#\r\n')
+
+    def test_the_window_stays_maximised(self):
+        program = self.new_program().start()
+        before = program.get("DrawArea").place
+        self.screen.tool("mousemove", 640, 9, "click", "--repeat", 2, "--delay", 60, 1)
+        wait_for(lambda: program.get("DrawArea").place == before, "the window to be maximised again")
+        self.assertEqual(program.get("DrawArea").place, before)
+
+
+if __name__ == "__main__":
+    base.main()
