@@ -126,6 +126,8 @@ void save() {
     }
     const std::string reason =
         answer.filterIndex == second ? Plane::exportVRML(answer.file) : exportView(answer.file);
+    // A drawing computes the outlines of the view at its own scale: the pointer must not meet them.
+    if (answer.filterIndex == third) Main.refreshDrawingArea();
     // The export of the model leaves the last fuselage current: the panel must not edit it under
     // the numbers of another.
     if (answer.filterIndex == second) Main.updateFuselageInterface();

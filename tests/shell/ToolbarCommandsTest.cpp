@@ -256,6 +256,14 @@ TEST_F(ToolbarCommands, TheDrawingIsOfTheViewOnScreen) {
         for (std::size_t j = 0; j < i; ++j) EXPECT_NE(drawings[i], drawings[j]);
 }
 
+TEST_F(ToolbarCommands, ADrawingLeavesTheHandlesWhereTheyAreOnScreen) {
+    Toolbar::click(Key::VTop);
+    const Outline before = Wings(1).vtopPoints;
+    answerFile(file("a.dxf"), 3);
+    Toolbar::click(Key::Save);
+    EXPECT_EQ(Wings(1).vtopPoints, before);
+}
+
 TEST_F(ToolbarCommands, ACancelledSaveDoesNothing) {
     answerFile("", 2);
     Toolbar::click(Key::Save);
