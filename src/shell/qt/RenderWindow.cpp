@@ -3,6 +3,7 @@
 #include <QExposeEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
+#include <QPlatformSurfaceEvent>
 #include <QWheelEvent>
 
 #include "preview/Rendering.h"
@@ -24,7 +25,14 @@ RenderWindow::RenderWindow() {
 }
 
 void RenderWindow::exposeEvent(QExposeEvent*) {
-    if (isExposed() && Rendering::contextCreated) Rendering::renderScene(false);
+    if (!isExposed()) return;
+    if (lostContext_) {
+        lostContext_ = false;
+        Rendering::recreateRenderContext();
+        Rendering::renderScene(true);
+    } else if (Rendering::contextCreated) {
+        Rendering::renderScene(false);
+    }
 }
 
 void RenderWindow::mousePressEvent(QMouseEvent* event) {
@@ -51,6 +59,13 @@ void RenderWindow::wheelEvent(QWheelEvent* event) {
 }
 
 bool RenderWindow::event(QEvent* event) {
+    // A display list dies with its context, and a context with the window that it draws on.
+    if (event->type() == QEvent::PlatformSurface && Rendering::contextCreated &&
+        static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
+            QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
+        Rendering::destroyRenderContext();
+        lostContext_ = true;
+    }
     if (event->type() == QEvent::NativeGesture) {
         const auto* gesture = static_cast<QNativeGestureEvent*>(event);
         if (gesture->gestureType() == Qt::ZoomNativeGesture)

@@ -6,6 +6,7 @@
 #include "preview/Rendering.h"
 #include "shell/Ports.h"
 #include "shell/Startup.h"
+#include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/QtDesktop.h"
@@ -43,5 +44,6 @@ int main(int argc, char** argv) {
     // Splash, default aircraft, views, picture, settings; then events until the window closes.
     HelpWindow::instance().answerF1();
     Startup::run();
+    GlideCursor::hide();
     return mainWindow.isVisible() ? QApplication::exec() : 0;
 }
