@@ -85,6 +85,8 @@ bool matches(std::string_view line, const VersionPattern& pattern) {
 void readUnit(ValueReader& file) {
     Prefs.units = file.boolean() ? inches : millimetres;
     Prefs.selectUnit(Prefs.units);
+    // The reset before the read has filled them in the unit of the project before.
+    Equipment::fillCatalogues();
 }
 
 /// All lines behind the first.

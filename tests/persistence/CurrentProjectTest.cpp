@@ -1,5 +1,6 @@
 #include "Projects.h"
 #include "common/NumberText.h"
+#include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
 #include "support/ModelJson.h"
@@ -125,6 +126,20 @@ TEST_F(CurrentProject, AnInchProjectSwitchesTheUnitAndKeepsTheNumbers) {
     EXPECT_TRUE(Prefs.InchesOption);
     EXPECT_FALSE(Prefs.MillimetersOption);
     EXPECT_EQ(Wings(1).span, 27.5);
+}
+
+// A model chosen after the read must have its size in the project's unit.
+TEST_F(CurrentProject, TheCataloguesFollowTheUnitOfTheFile) {
+    Prefs.selectUnit(inches);
+    const std::string inchProject = savedBytes();
+    Prefs.selectUnit(millimetres);
+    const std::string millimetreProject = savedBytes();
+    ASSERT_TRUE(readBytes(inchProject));
+    EXPECT_EQ(Equipment::servoTypes[7].length, 40.4 / 25.4);
+    Prefs.units = inches;
+    Plane::setDefaultPlane();
+    ASSERT_TRUE(readProjectBytes(millimetreProject));
+    EXPECT_EQ(Equipment::servoTypes[7].length, 40.4);
 }
 
 TEST_F(CurrentProject, TheUnitIsWrittenFromTheOptionAndNotFromTheUnitInForce) {
