@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "model/Lengths.h"
+#include "model/TexturePlaces.h"
 
 namespace velna {
 
@@ -94,17 +95,8 @@ void VertWingSection::buildFinSection(Array1<Point3D>& points, const Point3D& or
 }
 
 void VertWingSection::createTexCoords() {
-    const int count = rootPoints.upper();
-    rootTexCoords.allocate(count);
-    tipTexCoords.allocate(count);
-    for (int i = 1; i <= count / 2; ++i) {
-        assignFinite(rootTexCoords(i), ((rootPoints(i).x - pos1) / span) * ytex / xtex);
-        assignFinite(tipTexCoords(i), ((tipPoints(i).x - pos1) / span) * ytex / xtex);
-    }
-    for (int i = count / 2 + 1; i <= count; ++i) {
-        rootTexCoords(i) = rootTexCoords(count + 1 - i);
-        tipTexCoords(i) = tipTexCoords(count + 1 - i);
-    }
+    placeTexture(rootTexCoords, rootPoints, rootPoints.upper(), *this);
+    placeTexture(tipTexCoords, tipPoints, tipPoints.upper(), *this);
 }
 
 void VertWingSection::switchToInches() {

@@ -4,6 +4,7 @@
 
 #include "model/Lengths.h"
 #include "model/SymWingSections.h"
+#include "model/TexturePlaces.h"
 
 namespace velna {
 
@@ -81,21 +82,8 @@ void WingSection::createSymmetrical(WingSection& lwg) {
 
 void WingSection::create_texcoords() {
     if (xtex == 0) return;
-    const int count = pointCount();
-    rootTexCoords.allocate(count);
-    tipTexCoords.allocate(count);
-    // The tip is measured from the root's leading edge and by the span too, so it carries the
-    // sweep: the picture then lies undistorted in plan.
-    for (int i = 1; i <= count / 2; ++i) {
-        assignFinite(rootTexCoords(i), ((rootPoints(i).x - pos1) / span) * ytex / xtex);
-        assignFinite(tipTexCoords(i), ((tipPoints(i).x - pos1) / span) * ytex / xtex);
-    }
-    // The upper surface takes the places of the lower one, so the picture stands the same way on
-    // both.
-    for (int i = count / 2 + 1; i <= count; ++i) {
-        rootTexCoords(i) = rootTexCoords(count + 1 - i);
-        tipTexCoords(i) = tipTexCoords(count + 1 - i);
-    }
+    placeTexture(rootTexCoords, rootPoints, pointCount(), *this);
+    placeTexture(tipTexCoords, tipPoints, pointCount(), *this);
 }
 
 }  // namespace velna
