@@ -6,18 +6,13 @@
 #include "common/Finite.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
+#include "model/SectionArrays.h"
 
 namespace velna {
 
 namespace {
 
-/// The seven numbers of a section.
-constexpr Array1<double> MeshSections::*sectionArrays[] = {
-    &MeshSections::height,    &MeshSections::width,     &MeshSections::pos,
-    &MeshSections::elevation, &MeshSections::curvature, &MeshSections::curvature2,
-    &MeshSections::bias_curve};
-
-/// Those of them that are lengths.
+/// The numbers of a section that are lengths.
 constexpr Array1<double> MeshSections::*sectionLengths[] = {
     &MeshSections::height, &MeshSections::width, &MeshSections::pos, &MeshSections::elevation};
 

@@ -6,6 +6,7 @@
 #include "common/NumberText.h"
 #include "model/MeshSections.h"
 #include "model/Plane.h"
+#include "model/SectionArrays.h"
 
 namespace velna {
 
@@ -20,11 +21,6 @@ double interpolateSection(double v1, double v2, double p1, double p2, double p) 
 constexpr Array1<double> MeshSections::*interpolatedArrays[] = {
     &MeshSections::height,    &MeshSections::width,      &MeshSections::elevation,
     &MeshSections::curvature, &MeshSections::curvature2, &MeshSections::bias_curve};
-
-constexpr Array1<double> MeshSections::*sectionArrays[] = {
-    &MeshSections::width,     &MeshSections::pos,       &MeshSections::height,
-    &MeshSections::elevation, &MeshSections::curvature, &MeshSections::curvature2,
-    &MeshSections::bias_curve};
 
 /// Three quarters of `line` at ordered position i, one quarter of the straight line between its
 /// neighbours there. Not a number where the neighbours stand at the same place.
@@ -125,8 +121,7 @@ void MeshSections::removeSection() {
     if (sel_sec < 1 || sel_sec > sectionOrder.upper()) return;
     --nb_sections;
     const int removed = sectionOrder(sel_sec);
-    for (int i = std::max<int>(sel_sec, 1); i <= nb_sections; ++i)
-        sectionOrder(i) = sectionOrder(i + 1);
+    for (int i = sel_sec; i <= nb_sections; ++i) sectionOrder(i) = sectionOrder(i + 1);
     for (int i = 1; i <= nb_sections; ++i)
         if (sectionOrder(i) > removed) --sectionOrder(i);
     // The arrays keep their size; the last entry is left over.
