@@ -159,18 +159,6 @@ TEST_F(Boxes, CatalogueIsThatOfTheBoxsKind) {
     EXPECT_EQ(box.height, 15);
 }
 
-TEST_F(Boxes, CataloguesHaveTheirRowsAfterEachFill) {
-    Equipment::fillCatalogues();
-    Equipment::fillCatalogues();
-    EXPECT_EQ(Equipment::servoTypes.size(), 19u);
-    EXPECT_EQ(Equipment::receiverTypes.size(), 12u);
-    EXPECT_EQ(Equipment::accuTypes.size(), 3u);
-    EXPECT_EQ(Equipment::servoTypes.back().name, "JumboMc");
-    EXPECT_EQ(Equipment::receiverTypes[3].length, 57.84);
-    EXPECT_EQ(Equipment::receiverTypes[3].width, 36.15);
-    EXPECT_EQ(Equipment::receiverTypes[3].height, 21.69);
-}
-
 TEST_F(Boxes, HitAndSelectionAreFoundOnAnyBox) {
     setCount(2);
     EXPECT_FALSE(Equipment::equipmentHit());
