@@ -1,5 +1,3 @@
-#include <limits>
-
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -86,6 +84,8 @@ TEST_F(Aircraft, ResetTakesBackEveryChange) {
     EXPECT_EQ(Fuselages(1).width(2), 100);
     EXPECT_EQ(Equipments(1).length, 30);
     EXPECT_EQ(defaultColor, (Point3D{200, 200, 200}));
+    EXPECT_EQ(Rudder.color(), defaultColor);
+    EXPECT_EQ(Fuselages(1).color(), defaultColor);
     EXPECT_EQ(zeroTranslation, Point3D{});
     EXPECT_EQ(dimColor, palette[9]);
     EXPECT_EQ(projectDirectory, "");
@@ -148,6 +148,25 @@ TEST_F(Aircraft, InchesAndBackReturnTheLengths) {
     EXPECT_DOUBLE_EQ(Equipments(1).pos, 200);
     EXPECT_EQ(Equipments(1).weight, 37.2);
     EXPECT_EQ(Wings(1).thickness1, 0.13);
+}
+
+TEST_F(Aircraft, HiddenFuselagesAndAllBoxesAreConvertedAndScaledToo) {
+    nbFuselages = 2;
+    Fuselage::resizeFuselages();
+    Fuselage::addFuselage();
+    ObjectList.update();
+    ObjectList.setShown(2, false);
+    nbEquipments = 2;
+    Equipment::resizeEquipments(2);
+    Plane::switchAllToInches();
+    EXPECT_EQ(Fuselages(2).pos(3), 800 / 25.4);
+    EXPECT_EQ(Equipments(2).length, 30 / 25.4);
+    Plane::switchAllToMillimeters();
+    EXPECT_DOUBLE_EQ(Fuselages(2).pos(3), 800);
+    EXPECT_DOUBLE_EQ(Equipments(2).length, 30);
+    Plane::rescaleAll(2);
+    EXPECT_DOUBLE_EQ(Fuselages(2).pos(3), 1600);
+    EXPECT_DOUBLE_EQ(Equipments(2).length, 60);
 }
 
 TEST_F(Aircraft, CounterStopsAtItsLargestValue) {

@@ -288,6 +288,18 @@ TEST_F(Shaping, RemovedSectionClosesOrderAndStorage) {
     EXPECT_EQ(body().width.upper(), 5);  // the last entry is left over
 }
 
+TEST_F(Shaping, InsertionAfterARemovalTakesTheLeftOverEntry) {
+    setWidths({10, 20, 30, 40});
+    body().sel_sec = 2;
+    body().removeSection();
+    body().insertSection(100);
+    EXPECT_EQ(body().height.upper(), 4);
+    EXPECT_EQ(order(4), (std::vector<double>{1, 4, 2, 3}));
+    EXPECT_EQ(body().posGet(), 100);
+    EXPECT_EQ(body().widthGet(), 20);
+    EXPECT_EQ(body().curvatureGet(), 1);
+}
+
 TEST_F(Shaping, RemovingTheLastSectionLeavesTheSelectionOneTooHigh) {
     body().sel_sec = 3;
     body().removeSection();
