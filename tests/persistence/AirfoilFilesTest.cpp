@@ -109,11 +109,13 @@ TEST_F(AirfoilFile, EveryLineBehindTheTitleCounts) {
 
 TEST_F(AirfoilFile, AnEmptyLineAtTheEndStopsTheImportBehindThePoints) {
     const double thickness = Wings(1).thickness1;
+    Plane::createAllSolids();
     load("title\r\n1 0\r\n0 0.25\r\n1 0\r\n\r\n");
     EXPECT_EQ(Wings(1).nb, 4);
     EXPECT_EQ(Wings(1).airfoilPoint(2).z, 0.25);
     EXPECT_EQ(Wings(1).airfoilPoint(4), Point3D{});
     EXPECT_EQ(Wings(1).thickness1, thickness);
+    EXPECT_EQ(Wings(1).Left->builtCount(), 16);  // the solid is that of before
     // A later import works.
     load(foil(10));
     EXPECT_EQ(Wings(1).nb, 10);
