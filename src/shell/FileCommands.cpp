@@ -60,7 +60,7 @@ void saveProjectAs(const std::string& file) {
     if (reason.empty())
         Main.savedProject = true;
     else
-        reportFailure("The project could not be saved.", reason);
+        reportFailure(titleOf(file) + " could not be saved completely.", reason);
 }
 
 /// The drawing of the view on screen.

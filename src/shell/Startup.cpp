@@ -130,7 +130,7 @@ void timer2Tick() {
 
 bool queryUnload() {
     // Both loops run inside an event of the window: it can only close once they have returned.
-    if (Flying::flying || Helper::running) {
+    if (Flying::running() || Helper::running) {
         Flying::flying = false;
         Helper::stop();
         closeAsked = true;

@@ -128,7 +128,7 @@ const std::array<Button, 14> buttons{{
 
 void click(Key key) {
     // The project is in scaled form during a flight: it must not be saved, opened or reset.
-    if (Flying::flying && key != Key::FlyingPreview) return;
+    if (Flying::running() && key != Key::FlyingPreview) return;
     for (const Command& command : commands)
         if (command.key == key) command.run();
 }

@@ -1,4 +1,7 @@
 #include <algorithm>
+#include <fstream>
+
+#include <nlohmann/json.hpp>
 
 #include "model/Equipment.h"
 #include "model/ObjectList.h"
@@ -121,15 +124,48 @@ TEST_F(Startup, TheKeyExitEndsAtOnceAndWritesNothing) {
 
 TEST_F(Startup, AQuitDuringAFlightEndsItFirstAndThenAsks) {
     velna::Startup::run();
-    Flying::flying = true;
-    EXPECT_FALSE(velna::Startup::queryUnload());
-    EXPECT_FALSE(Flying::flying);
-    EXPECT_TRUE(dialogs.asked.empty());
-    velna::Startup::closeIfAsked();
+    int questions = 0;
+    context.events = [&] {
+        ++questions;
+        EXPECT_FALSE(velna::Startup::queryUnload());
+        EXPECT_FALSE(Flying::flying);
+        EXPECT_TRUE(dialogs.asked.empty());
+        EXPECT_NE(desktop.calls.back(), "close main");
+    };
+    Toolbar::click(Toolbar::Key::FlyingPreview);
+    EXPECT_GE(questions, 1);
     EXPECT_EQ(desktop.calls.back(), "close main");
     desktop.calls.clear();
     velna::Startup::closeIfAsked();
     EXPECT_TRUE(desktop.calls.empty());
+}
+
+/// The picture's state at the end of the start, after the timer's first interval and after its
+/// second, with and without a stored inch setting, as computed by other means.
+TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
+    std::ifstream in(VELNA_TEST_DATA "/scene/cases.json");
+    const auto cases = nlohmann::json::parse(in);
+    for (const auto& scenario : cases["startup"]) {
+        SetUp();
+        velna::Startup::run();
+        Prefs.selectUnit(scenario["InchesOption"].get<bool>() ? inches : millimetres);
+        for (const auto& step : scenario["steps"]) {
+            const auto name = step["step"].get<std::string>();
+            if (name.starts_with("press") || name == "release") continue;
+            if (name.starts_with("Timer1") && desktop.timer1) velna::Startup::timer1Tick();
+            const auto& state = step["state"];
+            EXPECT_EQ(Rendering::renderSpin, state["renderSpin"].get<double>()) << name;
+            EXPECT_EQ(Rendering::renderTilt, state["renderTilt"].get<double>()) << name;
+            EXPECT_EQ(Rendering::renderDistance, state["renderDistance"].get<double>()) << name;
+            EXPECT_EQ(Rendering::renderPanX, state["renderPanX"].get<double>()) << name;
+            EXPECT_EQ(Rendering::renderPanY, state["renderPanY"].get<double>()) << name;
+            if (step.contains("timer1")) {
+                EXPECT_EQ(desktop.timer1, step["timer1"].get<bool>()) << name;
+            }
+        }
+        TearDown();
+    }
+    SetUp();
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <fstream>
 
+#include <nlohmann/json.hpp>
+
 #include "model/Fuselage.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
@@ -319,11 +321,34 @@ TEST_F(ToolbarCommands, CenteringTogglesItsFlagAndNothingElse) {
 }
 
 TEST_F(ToolbarCommands, CommandsAreDeafDuringAFlight) {
-    Flying::flying = true;
-    for (const Key key : {Key::New, Key::Open, Key::Save, Key::Print, Key::Prefs, Key::Palette})
-        Toolbar::click(key);
-    EXPECT_TRUE(dialogs.asked.empty());
-    Flying::flying = false;
+    context.events = [&] {
+        for (const Key key : {Key::New, Key::Open, Key::Save, Key::Print, Key::Prefs, Key::Palette})
+            Toolbar::click(key);
+        EXPECT_TRUE(dialogs.asked.empty());
+        Toolbar::click(Key::FlyingPreview);
+        // The rest of this turn's events still meets the scaled project.
+        Toolbar::click(Key::Save);
+        EXPECT_TRUE(dialogs.asked.empty());
+    };
+    Toolbar::click(Key::FlyingPreview);
+    EXPECT_EQ(Wings(1).span, 700);
+}
+
+/// What the colour dialog is given and what is stored of its answer, as computed by other means.
+TEST_F(ToolbarCommands, ColoursGoThroughTheDialogAsComputedByOtherMeans) {
+    std::ifstream in(VELNA_TEST_DATA "/scene/cases.json");
+    const auto palette = nlohmann::json::parse(in)["palette"];
+    const auto point = [](const nlohmann::json& list) {
+        return Point3D{list[0].get<double>(), list[1].get<double>(), list[2].get<double>()};
+    };
+    ASSERT_FALSE(palette["preload"].empty());
+    for (const auto& row : palette["preload"]) {
+        const auto value = Toolbar::dialogColour(point(row["color"]));
+        EXPECT_EQ(value, row["dialog_preload"].get<std::uint32_t>());
+        EXPECT_EQ(Toolbar::colourRecord(value), point(row["stored_when_nothing_is_changed"]));
+    }
+    for (const auto& row : palette["take"])
+        EXPECT_EQ(Toolbar::colourRecord(row["dialog"].get<std::uint32_t>()), point(row["stored"]));
 }
 
 TEST_F(ToolbarCommands, TheFlightsButtonStartsAndEndsIt) {
