@@ -1,0 +1,117 @@
+#!/usr/bin/env python3
+"""Takes the pictures of the help from the real window: help_pictures.py PROGRAM
+
+They go to docs/help/pictures, with few colours, since they travel in the help file. Look at each before it is
+committed.
+"""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+import time
+
+from program import Program
+from screen import Screen, wait_for
+from test_output import print_plans
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+TARGET = ROOT / "docs" / "help" / "pictures"
+FRAME = 20  # a dialog's title bar
+
+
+class Camera:
+    def __init__(self, screen, program):
+        self.screen, self.program = screen, program
+        self.raw = pathlib.Path(tempfile.mkdtemp()) / "raw.png"
+
+    def keep(self, name, place=None, colours=64):
+        time.sleep(0.4)
+        self.screen.picture(self.raw, place)
+        self.shrink(self.raw, name, colours)
+
+    def shrink(self, source, name, colours=64):
+        subprocess.run(["convert", str(source), "-strip", "+dither", "-colors", str(colours),
+                        f"PNG8:{TARGET / name}.png"], check=True)
+
+    def dialog(self, name, title):
+        x, y, width, height = self.program.dialog(title).place
+        self.keep(name, (x - 1, y - FRAME, width + 2, height + FRAME + 3))
+
+    def open(self, example):
+        self.program.open(ROOT / "examples" / example)
+        # What was clicked since the last one counts as a change; nobody wants it.
+        time.sleep(1)
+        if any(c.modal for c in self.program.controls()):
+            self.program.push("Yes")
+        self.program.no_dialog()
+
+
+def take(screen, program):
+    camera = Camera(screen, program)
+    area = program.get("DrawArea")
+    camera.open("trainer.vln")
+    pane = program.picture()
+    x, y = pane.middle
+    screen.click(x, y, button=5, times=3)  # the wheel: a little farther
+    screen.drag((x, y), (x + 300, y + 40))
+    camera.keep("textured", pane.place, 128)
+    camera.keep("main-window", colours=128)
+    for view in ("VTop", "Front", "Side", "HTop"):
+        program.click(view)
+        camera.keep(f"view-{view.lower()}", area.place, 8)
+    for tab in range(5):
+        program.tab(tab)
+        if tab == 0:
+            scroll = program.get("FuselageScroll")
+            screen.click(scroll.left + scroll.width - 5, scroll.middle[1])
+        camera.keep(f"tab-{tab}", program.get("Parameters").place)
+    screen.click(*area.at(300, 60), button=3)
+    menu = wait_for(lambda: (m := program.of_kind("QMenu")) and m[0], "the menu")
+    camera.keep("popup", menu.place)
+    screen.key("Escape")
+    for button, name, title, end in (("Prefs", "preferences", "Preferences", "CancelCommand"),
+                                     ("Manager", "manager", "Fuselage Manager", "CloseCommand"),
+                                     ("Print", "print", "Select Views", "CancelCommand")):
+        program.click(button)
+        program.dialog(title)
+        camera.dialog(name, title)
+        program.click(end)
+        program.no_dialog()
+    print_plans(program, ["CheckSide"], camera.raw.parent / "plan.pdf")
+    program.no_dialog()
+    plan = camera.raw.parent / "plan-side.pdf"
+    wait_for(plan.exists, "the plan")
+    subprocess.run(["pdftoppm", "-png", "-r", "60", "-singlefile", str(plan), str(plan.with_suffix(""))], check=True)
+    camera.shrink(plan.with_suffix(".png"), "plan-side", 8)
+    camera.open("glider.vln")
+    screen.click(x, y, button=5, times=6)
+    screen.drag((x, y), (x - 200, y + 60))
+    camera.keep("picture", pane.place, 128)
+    camera.open("sport_inches.vln")
+    camera.keep("example-inches", pane.place, 64)
+    camera.open("twin_hull.vln")
+    camera.keep("example-twin", pane.place, 64)
+    program.click("FlyingPreview")
+    wait_for(lambda: program.picture().width >= screen.size[0] - 2, "the flight")
+    screen.move(screen.size[0] // 2, screen.size[1] // 2)
+    time.sleep(0.8)
+    camera.keep("flight", colours=64)
+    screen.key("Escape")
+
+
+def main():
+    binary = sys.argv[1]
+    probe = pathlib.Path(binary).resolve().parents[3] / "tests" / "window" / "plugins"
+    TARGET.mkdir(exist_ok=True)
+    with Screen() as screen:
+        program = Program(screen, binary, probe)
+        try:
+            program.start()
+            take(screen, program)
+        finally:
+            program.end()
+
+
+if __name__ == "__main__":
+    main()
