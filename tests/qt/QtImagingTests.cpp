@@ -80,6 +80,20 @@ TEST_F(Pictures, SixteenBitGreyAndTransparentPicturesAreRead) {
     EXPECT_EQ(imaging.pixels().bytes[0], 255);
 }
 
+TEST_F(Pictures, AFourColourJpegIsReadInItsColours) {
+    ASSERT_TRUE(load(VELNA_TEST_DATA "/pictures/cmyk.jpg"));
+    const PictureBytes bytes = imaging.pixels();
+    EXPECT_GT(bytes.bytes[0], 220);
+    EXPECT_LT(bytes.bytes[1], 60);
+    EXPECT_LT(bytes.bytes[2], 60);
+}
+
+TEST_F(Pictures, OfAnAnimatedGifTheFirstPictureCounts) {
+    ASSERT_TRUE(load(VELNA_TEST_DATA "/pictures/two-frames.gif"));
+    EXPECT_EQ(imaging.width(), 40);
+    EXPECT_EQ(imaging.pixels().bytes[0], 255);  // red, the second is blue
+}
+
 TEST_F(Pictures, TheKindIsFoundByContentAndSavedUnderAnyName) {
     ASSERT_TRUE(load(write(twoHalves({64, 32}), "wing.jpg", "bmp")));
     const std::string target = folder.path() + "again.jpg";

@@ -1,9 +1,8 @@
 #include "shell/qt/Bar.h"
 
-#include <string>
-
 #include <QEvent>
 #include <QToolButton>
+#include <string>
 
 #include "editor/Main.h"
 #include "shell/ToolbarCommands.h"

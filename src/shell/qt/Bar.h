@@ -1,8 +1,7 @@
 #pragma once
 
-#include <vector>
-
 #include <QToolBar>
+#include <vector>
 
 class QToolButton;
 

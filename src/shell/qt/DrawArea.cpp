@@ -3,29 +3,40 @@
 #include <QCursor>
 
 #include "editor/Main.h"
+#include "shell/Helper.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
 
 namespace velna {
 namespace {
 
-float column(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
-float row(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
+float column(const QMouseEvent& event) {
+    return static_cast<float>(event.position().x());
+}
+float row(const QMouseEvent& event) {
+    return static_cast<float>(event.position().y());
+}
 
 // The double arrows of a change of shape, which no desktop has.
 QCursor iconCursor(CursorIcon icon, double density) {
     constexpr int size = 32;
-    const char* name = icon == CursorIcon::EWShapeIcon ? "cursors/EWShapeIcon" : "cursors/NSShapeIcon";
+    const char* name =
+        icon == CursorIcon::EWShapeIcon ? "cursors/EWShapeIcon" : "cursors/NSShapeIcon";
     return QCursor(Drawings::picture(name, {size, size}, density, Qt::black), size / 2, size / 2);
 }
 
 Qt::CursorShape toolkitShape(CursorShape shape) {
     switch (shape) {
-        case CursorShape::Cross: return Qt::CrossCursor;
-        case CursorShape::FourWay: return Qt::SizeAllCursor;
-        case CursorShape::NorthSouth: return Qt::SizeVerCursor;
-        case CursorShape::WestEast: return Qt::SizeHorCursor;
-        default: return Qt::ArrowCursor;
+        case CursorShape::Cross:
+            return Qt::CrossCursor;
+        case CursorShape::FourWay:
+            return Qt::SizeAllCursor;
+        case CursorShape::NorthSouth:
+            return Qt::SizeVerCursor;
+        case CursorShape::WestEast:
+            return Qt::SizeHorCursor;
+        default:
+            return Qt::ArrowCursor;
     }
 }
 
@@ -38,8 +49,10 @@ DrawArea::DrawArea(QWidget* parent) : SurfaceWidget(parent) {
 }
 
 void DrawArea::setShape(CursorShape shape, CursorIcon icon) {
-    if (shape == CursorShape::Custom) setCursor(iconCursor(icon, devicePixelRatioF()));
-    else setCursor(toolkitShape(shape));
+    if (shape == CursorShape::Custom)
+        setCursor(iconCursor(icon, devicePixelRatioF()));
+    else
+        setCursor(toolkitShape(shape));
 }
 
 void DrawArea::mousePressEvent(QMouseEvent* event) {
@@ -48,11 +61,15 @@ void DrawArea::mousePressEvent(QMouseEvent* event) {
     surface().refresh();
 }
 
-void DrawArea::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+void DrawArea::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event);
+}
 
 void DrawArea::mouseMoveEvent(QMouseEvent* event) {
     const std::int16_t held = EventArguments::buttons(event->buttons());
     const std::int16_t shift = EventArguments::shift(event->modifiers());
+    // A menu opened in mid-drag takes the release. The demonstration drags without a button.
+    if (held == 0 && Main.anyBusy() && !Helper::running) Main.cancelGesture();
     Main.DrawArea_MouseMove(held, shift, column(*event), row(*event));
     // A held modifier does not repeat on every desktop: it arms what the pointer has come to now.
     if (held == 0 && shift != 0) Main.DrawArea_keydown(EventArguments::modifierKey(shift), shift);
@@ -66,17 +83,30 @@ void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void DrawArea::keyPressEvent(QKeyEvent* event) {
-    Main.DrawArea_keydown(EventArguments::keyCode(event->key()), EventArguments::shift(*event));
+    const std::int16_t code = EventArguments::keyCode(event->key());
+    if (!event->isAutoRepeat() && !EventArguments::isModifier(code)) ++keysDown_;
+    Main.DrawArea_keydown(code, EventArguments::shift(*event));
     surface().refresh();
     // Keys that the editor does not know go on to the window.
-    if (EventArguments::keyCode(event->key()) == 0) event->ignore();
+    if (code == 0) event->ignore();
 }
 
 void DrawArea::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
+    if (!EventArguments::isModifier(EventArguments::keyCode(event->key()))) {
+        // The key that chose an entry of the menu comes up here: it must not disarm what the entry
+        // has armed.
+        if (keysDown_ == 0) return;
+        --keysDown_;
+    }
     Main.Form_keyup();  // the form sees a key before its control does
     Main.DrawArea_keyup();
     surface().refresh();
+}
+
+void DrawArea::focusOutEvent(QFocusEvent* event) {
+    keysDown_ = 0;
+    SurfaceWidget::focusOutEvent(event);
 }
 
 }  // namespace velna

@@ -7,12 +7,12 @@
 
 namespace velna {
 
-/// The program's own drawings, kept as SVG in its resources. They are drawn in the ink of the desktop
-/// in use, so that they can be read on a dark one too.
+/// The program's own drawings, kept as SVG in its resources. They are drawn in the ink of the
+/// desktop in use, so that they can be read on a dark one too.
 namespace Drawings {
 
-/// Drawing `name` ("icons/Open") at `size`, for a screen of `density` device pixels to a pixel. In a
-/// drawing with several measures only `measure` is lit. Empty when there is no such drawing.
+/// Drawing `name` ("icons/Open") at `size`, for a screen of `density` device pixels to a pixel. In
+/// a drawing with several measures only `measure` is lit. Empty when there is no such drawing.
 QPixmap picture(const char* name, QSize size, double density, const QColor& ink,
                 const char* measure = nullptr);
 

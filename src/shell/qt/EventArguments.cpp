@@ -62,6 +62,10 @@ std::int16_t keyCode(int key) {
     }
 }
 
+bool isModifier(std::int16_t keyCode) {
+    return keyCode == shiftKey || keyCode == ctrlKey || keyCode == altKey;
+}
+
 std::int16_t modifierKey(std::int16_t shift) {
     if (shift & ShiftState::shift) return shiftKey;
     return shift & ShiftState::ctrl ? ctrlKey : altKey;

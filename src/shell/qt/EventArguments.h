@@ -24,6 +24,8 @@ std::int16_t shift(Qt::KeyboardModifiers modifiers);
 std::int16_t shift(const QKeyEvent& event);
 /// Letters and digits by their capital, the modifiers by the classic codes, else 0.
 std::int16_t keyCode(int key);
+/// Whether a code is that of Shift, Ctrl or Alt.
+bool isModifier(std::int16_t keyCode);
 /// The code of the key that holds the lowest bit of a modifier mask.
 std::int16_t modifierKey(std::int16_t shift);
 

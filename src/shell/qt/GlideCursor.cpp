@@ -1,11 +1,10 @@
 #include "shell/qt/GlideCursor.h"
 
-#include <memory>
-
 #include <QCursor>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QPointer>
+#include <memory>
 
 #include "editor/Main.h"
 #include "shell/qt/DrawArea.h"
@@ -19,7 +18,8 @@ QPointer<QLabel> drawn;
 
 // Under Wayland, native or through its X server, a program cannot move the pointer.
 bool pointerIsFree() {
-    return QGuiApplication::platformName() != "wayland" && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return QGuiApplication::platformName() != "wayland" &&
+           qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 void moveDrawn(MainWindow& window, QPoint place) {
@@ -36,20 +36,25 @@ void moveDrawn(MainWindow& window, QPoint place) {
     drawn->move(place);
     const QPoint inside = window.drawArea().mapFrom(&window, place);
     if (window.drawArea().rect().contains(inside))
-        Main.DrawArea_MouseMove(0, 0, static_cast<float>(inside.x()), static_cast<float>(inside.y()));
+        Main.DrawArea_MouseMove(0, 0, static_cast<float>(inside.x()),
+                                static_cast<float>(inside.y()));
 }
 
 }  // namespace
 
 void moveTo(MainWindow& window, QPoint place) {
-    if (pointerIsFree()) QCursor::setPos(window.mapToGlobal(place));
-    else moveDrawn(window, place);
+    if (pointerIsFree())
+        QCursor::setPos(window.mapToGlobal(place));
+    else
+        moveDrawn(window, place);
 }
 
 QPoint position(const MainWindow& window) {
     return drawn ? window.mapToGlobal(drawn->pos()) : QCursor::pos();
 }
 
-void hide() { delete drawn; }
+void hide() {
+    delete drawn;
+}
 
 }  // namespace velna::GlideCursor

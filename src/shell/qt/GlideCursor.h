@@ -6,8 +6,8 @@ namespace velna {
 
 class MainWindow;
 
-/// The cursor of the guided demonstration: the real one, or, where the platform lets no program move
-/// it, a drawn one, whose moves are given to the drawing area directly.
+/// The cursor of the guided demonstration: the real one, or, where the platform lets no program
+/// move it, a drawn one, whose moves are given to the drawing area directly.
 namespace GlideCursor {
 
 /// To `place` in the window's client area.

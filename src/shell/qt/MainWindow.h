@@ -1,8 +1,7 @@
 #pragma once
 
-#include <memory>
-
 #include <QWidget>
+#include <memory>
 
 #include "shell/qt/Mirrors.h"
 
@@ -18,8 +17,9 @@ class PopupMenu;
 class RenderWindow;
 struct Place;
 
-/// The main window: toolbar, panel, picture and drawing area, laid out by the window's formulas. It is
-/// always maximised. It holds no logic: what happens is told to `Main`, the toolbar and the start-up.
+/// The main window: toolbar, panel, picture and drawing area, laid out by the window's formulas. It
+/// is always maximised. It holds no logic: what happens is told to `Main`, the toolbar and the
+/// start-up.
 class MainWindow : public QWidget {
 public:
     MainWindow();

@@ -6,6 +6,8 @@
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <functional>
+#include <utility>
 
 #include "editor/Main.h"
 #include "model/ObjectList.h"
@@ -26,42 +28,44 @@ ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidg
     list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
     list_->setMinimumSize(380, 220);
 
-    const QColor ink = palette().color(QPalette::ButtonText);
-    const auto command = [this](const char* name, const char* caption) {
-        auto* button = new QPushButton(caption);
-        button->setObjectName(name);
-        button->setAutoDefault(false);
-        return button;
-    };
-    QPushButton* show = command("ShowCommand", "Show");
-    show->setIcon(Drawings::icon("icons/Show", ink));
-    QPushButton* hide = command("HideCommand", "Hide");
-    hide->setIcon(Drawings::icon("icons/Hide", ink));
-    QPushButton* close = command("CloseCommand", "Close");
-    close->setDefault(true);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(show);
-    buttons->addWidget(hide);
-    buttons->addStretch();
-    buttons->addWidget(close);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(list_);
-    layout->addLayout(buttons);
+    layout->addLayout(buildButtons());
 
     ObjectList.update();
     showRows();
     if (QTreeWidgetItem* current = list_->topLevelItem(currentFuselage - 1))
         list_->setCurrentItem(current);
     keepSelection();
-    connect(show, &QPushButton::clicked, this, [] { Main.showCommand(); });
-    connect(hide, &QPushButton::clicked, this, [] { Main.hideCommand(); });
-    connect(close, &QPushButton::clicked, this, [this] { reject(); });
     connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { reject(); });
     connect(list_, &QTreeWidget::itemSelectionChanged, this, [this] { keepSelection(); });
     connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         if (column == 0)
-            Main.rowChecked(list_->indexOfTopLevelItem(item) + 1, item->checkState(0) == Qt::Checked);
+            Main.rowChecked(list_->indexOfTopLevelItem(item) + 1,
+                            item->checkState(0) == Qt::Checked);
     });
+}
+
+QLayout* ManagerForm::buildButtons() {
+    auto* row = new QHBoxLayout;
+    const auto add = [&](const char* name, const char* caption, std::function<void()> act) {
+        auto* button = new QPushButton(caption);
+        button->setObjectName(name);
+        button->setAutoDefault(false);
+        connect(button, &QPushButton::clicked, this, std::move(act));
+        row->addWidget(button);
+        return button;
+    };
+    const QColor ink = palette().color(QPalette::ButtonText);
+    add("ShowCommand", "Show", [] {
+        Main.showCommand();
+    })->setIcon(Drawings::icon("icons/Show", ink));
+    add("HideCommand", "Hide", [] {
+        Main.hideCommand();
+    })->setIcon(Drawings::icon("icons/Hide", ink));
+    row->addStretch();
+    add("CloseCommand", "Close", [this] { reject(); })->setDefault(true);
+    return row;
 }
 
 void ManagerForm::showRows() {
@@ -82,7 +86,8 @@ void ManagerForm::showRows() {
 
 void ManagerForm::keepSelection() {
     for (int i = 0; i < list_->topLevelItemCount(); ++i)
-        ObjectList.rows[static_cast<std::size_t>(i)].selected = list_->topLevelItem(i)->isSelected();
+        ObjectList.rows[static_cast<std::size_t>(i)].selected =
+            list_->topLevelItem(i)->isSelected();
 }
 
 void ManagerForm::reject() {

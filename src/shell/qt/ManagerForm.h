@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QLayout;
 class QTreeWidget;
 
 namespace velna {
@@ -19,6 +20,7 @@ protected:
     void reject() override;
 
 private:
+    QLayout* buildButtons();
     void keepSelection();
 
     QTreeWidget* list_;

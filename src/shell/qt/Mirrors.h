@@ -10,8 +10,8 @@ class QWidget;
 
 namespace velna {
 
-/// How each control's state gets to its widget. `Main.controls` holds the states; a widget never keeps
-/// one of its own, and showing one sends no event back.
+/// How each control's state gets to its widget. `Main.controls` holds the states; a widget never
+/// keeps one of its own, and showing one sends no event back.
 class Mirrors {
 public:
     using Show = std::function<void(const ControlState&)>;

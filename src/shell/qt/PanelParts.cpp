@@ -159,20 +159,7 @@ QWidget* PanelWidgets::slider(Control control) {
     return result;
 }
 
-QWidget* PanelWidgets::sectionEditor() {
-    auto* editor = new QWidget;
-    const int side = compact_ ? 100 : 116;
-    sectionArea_ = new SurfaceWidget(editor);
-    sectionArea_->setObjectName("DrawSectionArea");
-    sectionArea_->setFixedSize(side, side);
-
-    auto* shape = new QHBoxLayout;
-    shape->setSpacing(compact_ ? 0 : 4);
-    shape->addWidget(sectionArea_);
-    shape->addWidget(slider(Control::BiasSlider), 0, Qt::AlignTop);
-    shape->addWidget(slider(Control::CurvatureSlider), 0, Qt::AlignTop);
-    shape->addWidget(slider(Control::Curvature2Slider), 0, Qt::AlignTop);
-
+QLayout* PanelWidgets::sectionFlags() {
     QWidget* unique = checkBox(Control::UniqueCurvatureCheck, "All sections");
     QWidget* linked = checkBox(Control::LinkedCurvaturesCheck, "Linked");
     QWidget* transparent = checkBox(Control::TransparentCheck, "Transparent");
@@ -193,6 +180,22 @@ QWidget* PanelWidgets::sectionEditor() {
     flags->addWidget(transparent, compact_ ? 1 : 2, 0);
     flags->addLayout(smooth, compact_ ? 1 : 3, compact_ ? 1 : 0);
     flags->setRowStretch(4, 1);
+    return flags;
+}
+
+QWidget* PanelWidgets::sectionEditor() {
+    auto* editor = new QWidget;
+    const int side = compact_ ? 100 : 116;
+    sectionArea_ = new SurfaceWidget(editor);
+    sectionArea_->setObjectName("DrawSectionArea");
+    sectionArea_->setFixedSize(side, side);
+
+    auto* shape = new QHBoxLayout;
+    shape->setSpacing(compact_ ? 0 : 4);
+    shape->addWidget(sectionArea_);
+    shape->addWidget(slider(Control::BiasSlider), 0, Qt::AlignTop);
+    shape->addWidget(slider(Control::CurvatureSlider), 0, Qt::AlignTop);
+    shape->addWidget(slider(Control::Curvature2Slider), 0, Qt::AlignTop);
 
     // Beside the sliders where there is room, else below them.
     auto* layout =
@@ -200,7 +203,7 @@ QWidget* PanelWidgets::sectionEditor() {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(compact_ ? 2 : 6);
     layout->addLayout(shape);
-    layout->addLayout(flags, 1);
+    layout->addLayout(sectionFlags(), 1);
     return editor;
 }
 

@@ -3,7 +3,8 @@
 namespace velna {
 namespace {
 
-// clang-format off: a page to be read by columns
+// A page to be read by columns.
+// clang-format off
 constexpr PanelPlace places[] = {
     {Control::WidthFuselageText,      0, 0, "Width",          "Image10", "width"},
     {Control::HeightFuselageText,     0, 1, "Height",         "Image10", "height"},
@@ -58,6 +59,8 @@ constexpr PanelPlace places[] = {
 
 }  // namespace
 
-std::span<const PanelPlace> panelPlaces() { return places; }
+std::span<const PanelPlace> panelPlaces() {
+    return places;
+}
 
 }  // namespace velna

@@ -10,7 +10,7 @@ namespace velna {
 struct PanelPlace {
     Control control;
     int row;
-    int column;           ///< 0 left, 1 right
+    int column;  ///< 0 left, 1 right
     const char* caption;
     const char* drawing;  ///< `Image1` to `Image13`
     const char* measure;  ///< the part of the drawing that is lit

@@ -7,6 +7,7 @@
 class QAbstractButton;
 class QGridLayout;
 class QHBoxLayout;
+class QLayout;
 class QVBoxLayout;
 
 namespace velna {
@@ -45,6 +46,7 @@ private:
     QHBoxLayout* listRow(const char* caption, Control label, Control bar, const Control* plus,
                          const Control* minus);
     QWidget* sectionEditor();
+    QLayout* sectionFlags();
     QWidget* slider(Control control);
     QWidget* checkBox(Control control, const char* caption);
     QWidget* button(Control control, const char* icon, const char* tip);

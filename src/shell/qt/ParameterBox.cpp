@@ -1,8 +1,5 @@
 #include "shell/qt/ParameterBox.h"
 
-#include <algorithm>
-#include <string>
-
 #include <QEvent>
 #include <QGridLayout>
 #include <QHelpEvent>
@@ -10,6 +7,8 @@
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QToolTip>
+#include <algorithm>
+#include <string>
 
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
@@ -18,7 +17,8 @@
 
 namespace velna {
 
-ParameterBox::ParameterBox(Control control, QWidget* parent) : QLineEdit(parent), control_(control) {
+ParameterBox::ParameterBox(Control control, QWidget* parent)
+    : QLineEdit(parent), control_(control) {
     setObjectName(controlName(control));
     setAccessibleName(panelField(control)->quantity);
     setMinimumWidth(40);
@@ -73,7 +73,8 @@ bool ParameterCell::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     // Asked for now, since the unit can change.
     const std::string tip = panelTip(*panelField(place_.control));
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), QString::fromStdString(tip), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), QString::fromStdString(tip),
+                       this);
     return true;
 }
 

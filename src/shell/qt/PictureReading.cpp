@@ -21,7 +21,8 @@ QImage readPicture(const std::string& file, QSize largest, std::string& reason) 
     QImageReader reader(QString::fromStdString(file));
     prepare(reader);
     const QSize natural = reader.size();
-    if (largest.isValid() && natural.width() > largest.width() && natural.height() > largest.height())
+    if (largest.isValid() && natural.width() > largest.width() &&
+        natural.height() > largest.height())
         reader.setScaledSize(largest);
     QImage image = reader.read();
     if (image.isNull()) reason = reader.errorString().toStdString();

@@ -1,8 +1,5 @@
 #include "shell/qt/PrefsForm.h"
 
-#include <functional>
-#include <utility>
-
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -12,6 +9,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
+#include <functional>
+#include <utility>
 
 #include "editor/Main.h"
 #include "model/Prefs.h"
@@ -97,7 +96,9 @@ QWidget* PrefsForm::scaleFrame() {
     return frame;
 }
 
-void PrefsForm::showSpan() { spanLabel_->setText(QString::fromStdString(Preferences::spanText())); }
+void PrefsForm::showSpan() {
+    spanLabel_->setText(QString::fromStdString(Preferences::spanText()));
+}
 
 void PrefsForm::closeCommand() {
     // A factor typed last has had no key behind it.

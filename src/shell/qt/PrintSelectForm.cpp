@@ -1,13 +1,12 @@
 #include "shell/qt/PrintSelectForm.h"
 
-#include <memory>
-
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <memory>
 
 #include "output/Plans.h"
 #include "shell/qt/QtPrinterSurface.h"
@@ -29,8 +28,8 @@ constexpr BoxRow boxes[] = {
      &PrintSelectRecord::Side, PlanJob::Side},
     {"CheckHtop", "Plan of the fuselage, true scale, on as many sheets as needed",
      "Plan of the fuselage", &PrintSelectRecord::htop, PlanJob::htop},
-    {"CheckSections", "Sections of the fuselage, true scale, a sheet each", "Sections of the fuselage",
-     &PrintSelectRecord::frontSections, PlanJob::frontSections},
+    {"CheckSections", "Sections of the fuselage, true scale, a sheet each",
+     "Sections of the fuselage", &PrintSelectRecord::frontSections, PlanJob::frontSections},
     {"CheckVtop", "Whole aircraft from above, fitted to the sheet", "Aircraft from above",
      &PrintSelectRecord::vtop, PlanJob::vtop},
     {"CheckFront", "Whole aircraft from the front, fitted to the sheet", "Aircraft from the front",
@@ -60,7 +59,8 @@ void PrintSelectForm::addBoxes() {
     };
     for (const BoxRow& row : boxes) add(row.name, row.caption, PrintSelect.*row.field);
     static_cast<QVBoxLayout*>(layout())->addSpacing(8);
-    add(overlapName, "Sheets to tape together: 10 mm overlap, marks and a ruler", PrintSelect.overlap);
+    add(overlapName, "Sheets to tape together: 10 mm overlap, marks and a ruler",
+        PrintSelect.overlap);
 }
 
 void PrintSelectForm::addButtons() {

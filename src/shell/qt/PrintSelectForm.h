@@ -7,8 +7,8 @@ class QPushButton;
 
 namespace velna {
 
-/// The form `PrintSelect`: which plans are printed, with a look at them before paper is used. Closing
-/// it by its window button is Cancel.
+/// The form `PrintSelect`: which plans are printed, with a look at them before paper is used.
+/// Closing it by its window button is Cancel.
 class PrintSelectForm : public QDialog {
 public:
     explicit PrintSelectForm(QWidget* parent);

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <map>
-#include <memory>
-
 #include <QPointer>
 #include <QString>
+#include <map>
+#include <memory>
 
 #include "shell/Dialogs.h"
 
@@ -40,7 +39,8 @@ public:
     void showFuselageRows();
 
 private:
-    FileAnswer ask(QFileDialog& dialog, const std::string& filter, bool saving, FilePurpose purpose);
+    FileAnswer ask(QFileDialog& dialog, const std::string& filter, bool saving,
+                   FilePurpose purpose);
 
     QWidget& owner_;
     std::map<FilePurpose, QString> folders_;  // where each purpose was last served

@@ -1,7 +1,5 @@
 #include "shell/qt/QtImaging.h"
 
-#include <cstring>
-
 #include <QBuffer>
 #include <QImageWriter>
 #include <QLabel>
@@ -10,6 +8,7 @@
 #include <QProgressBar>
 #include <QTransform>
 #include <QVBoxLayout>
+#include <cstring>
 
 #include "common/ReplacedFile.h"
 #include "shell/Ports.h"
@@ -69,7 +68,9 @@ bool QtImaging::load(const std::string& file, std::string& reason) {
     return !image_.isNull();
 }
 
-void QtImaging::rotateQuarter() { image_ = image_.transformed(QTransform().rotate(90)); }
+void QtImaging::rotateQuarter() {
+    image_ = image_.transformed(QTransform().rotate(90));
+}
 
 void QtImaging::resize(int width, int height) {
     if (QSize(width, height) == image_.size()) return;
@@ -82,7 +83,8 @@ PictureBytes QtImaging::pixels() {
     const auto row = static_cast<std::size_t>(result.width) * 3;
     result.bytes.resize(row * static_cast<std::size_t>(result.height));
     for (int y = 0; y < result.height; ++y)
-        std::memcpy(result.bytes.data() + row * static_cast<std::size_t>(y), image_.constScanLine(y), row);
+        std::memcpy(result.bytes.data() + row * static_cast<std::size_t>(y),
+                    image_.constScanLine(y), row);
     return result;
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <memory>
-
 #include <QImage>
+#include <memory>
 
 #include "preview/Imaging.h"
 

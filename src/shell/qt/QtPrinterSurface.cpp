@@ -1,26 +1,28 @@
 #include "shell/qt/QtPrinterSurface.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QPageLayout>
+#include <QPageSize>
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
 
-#include <QFile>
-#include <QFileInfo>
-#include <QPageLayout>
-#include <QPageSize>
-
 namespace velna {
 namespace {
 
 constexpr double millimetresPerInch = 25.4;
-constexpr double penWidth = 0.25;   // millimetres: the toolkit's own width makes files five times larger
+constexpr double penWidth =
+    0.25;  // millimetres: the toolkit's own width makes files five times larger
 constexpr double textHeight = 3.5;  // millimetres
 constexpr int inchMode = 5;
 
 // Printers tell their paper in hundredths of a millimetre at best.
-double hundredths(double millimetres) { return std::round(millimetres * 100) / 100; }
+double hundredths(double millimetres) {
+    return std::round(millimetres * 100) / 100;
+}
 
 // "plan.pdf" and "side" give "plan-side.pdf".
 QString jobFile(const QString& target, const std::string& job) {
@@ -32,7 +34,8 @@ QString jobFile(const QString& target, const std::string& job) {
 
 // Cuts a line to a rectangle from (0, 0); false when nothing is left. Every double is allowed.
 bool cutLine(QPointF& a, QPointF& b, QSizeF size) {
-    const auto cutAxis = [](double& a1, double& b1, double& a2, double& b2, double low, double high) {
+    const auto cutAxis = [](double& a1, double& b1, double& a2, double& b2, double low,
+                            double high) {
         for (const auto& [side, limit] : {std::pair{-1.0, -low}, std::pair{1.0, high}}) {
             const double over1 = a1 / 2 * side - limit / 2, over2 = a2 / 2 * side - limit / 2;
             if (over1 > 0 && over2 > 0) return false;
@@ -55,7 +58,9 @@ QtPrinterSurface::QtPrinterSurface(std::unique_ptr<QPrinter> printer)
     readPaper();
 }
 
-QtPrinterSurface::QtPrinterSurface(QPrinter& preview) : printer_(preview) { readPaper(); }
+QtPrinterSurface::QtPrinterSurface(QPrinter& preview) : printer_(preview) {
+    readPaper();
+}
 
 QtPrinterSurface::~QtPrinterSurface() {
     if (painter_.isActive()) KillDoc();
@@ -73,11 +78,17 @@ void QtPrinterSurface::readPaper() {
     dots_ = printer_.resolution() / millimetresPerInch;
 }
 
-void QtPrinterSurface::setScaleMode(int mode) { unit_ = mode == inchMode ? millimetresPerInch : 1; }
+void QtPrinterSurface::setScaleMode(int mode) {
+    unit_ = mode == inchMode ? millimetresPerInch : 1;
+}
 
-double QtPrinterSurface::ScaleWidth() const { return printable_.width() / unit_; }
+double QtPrinterSurface::ScaleWidth() const {
+    return printable_.width() / unit_;
+}
 
-double QtPrinterSurface::ScaleHeight() const { return printable_.height() / unit_; }
+double QtPrinterSurface::ScaleHeight() const {
+    return printable_.height() / unit_;
+}
 
 QPointF QtPrinterSurface::device(double x, double y) const {
     return {(x + margins_.left()) * dots_, (y + margins_.top()) * dots_};
@@ -117,18 +128,22 @@ bool QtPrinterSurface::beginPage() {
 
 void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colour) {
     if (!error_.empty() || !beginPage()) return;
-    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2)) return;
+    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
+        return;
     QPointF a(x1 * unit_, y1 * unit_), b(x2 * unit_, y2 * unit_);
-    if (!std::isfinite(a.x()) || !std::isfinite(a.y()) || !std::isfinite(b.x()) || !std::isfinite(b.y()))
+    if (!std::isfinite(a.x()) || !std::isfinite(a.y()) || !std::isfinite(b.x()) ||
+        !std::isfinite(b.y()))
         return;
     // What does not lie on this sheet never reaches the device.
     if (!cutLine(a, b, printable_)) return;
-    painter_.setPen(QPen(QColor(colour.red, colour.green, colour.blue), penWidth * dots_, Qt::SolidLine,
-                         Qt::RoundCap));
+    painter_.setPen(QPen(QColor(colour.red, colour.green, colour.blue), penWidth * dots_,
+                         Qt::SolidLine, Qt::RoundCap));
     a = device(a.x(), a.y());
     b = device(b.x(), b.y());
-    if (a == b) painter_.drawPoint(a);
-    else painter_.drawLine(a, b);
+    if (a == b)
+        painter_.drawPoint(a);
+    else
+        painter_.drawLine(a, b);
 }
 
 void QtPrinterSurface::Text(double x, double y, const std::string& text) {
@@ -140,17 +155,22 @@ void QtPrinterSurface::Text(double x, double y, const std::string& text) {
     painter_.drawText(device(x * unit_, y * unit_), QString::fromStdString(text));
 }
 
-void QtPrinterSurface::NewPage() { ++pagesToTurn_; }
+void QtPrinterSurface::NewPage() {
+    ++pagesToTurn_;
+}
 
 bool QtPrinterSurface::EndDoc() {
-    if (painter_.isActive() && !painter_.end() && error_.empty()) error_ = "The job could not be ended";
-    if (printer_.printerState() == QPrinter::Error && error_.empty()) error_ = "The printer has failed";
+    if (painter_.isActive() && !painter_.end() && error_.empty())
+        error_ = "The job could not be ended";
+    if (printer_.printerState() == QPrinter::Error && error_.empty())
+        error_ = "The printer has failed";
     if (!error_.empty()) {
         dropFile();
         return false;
     }
     if (unfinished_.isEmpty()) return true;
-    if (std::rename(QFile::encodeName(unfinished_).constData(), QFile::encodeName(finished_).constData()))
+    if (std::rename(QFile::encodeName(unfinished_).constData(),
+                    QFile::encodeName(finished_).constData()))
         error_ = finished_.toStdString() + ": " + std::strerror(errno);
     dropFile();
     return error_.empty();

@@ -1,23 +1,23 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include <QMarginsF>
 #include <QPainter>
 #include <QPrinter>
 #include <QStringList>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "output/PrinterSurface.h"
 
 namespace velna {
 
-/// The paper: a printer or a file of pages. Places are computed from the device's resolution alone, so
-/// that 100 mm of the model are 100 mm on the paper whatever the printer.
+/// The paper: a printer or a file of pages. Places are computed from the device's resolution alone,
+/// so that 100 mm of the model are 100 mm on the paper whatever the printer.
 class QtPrinterSurface : public PrinterSurface {
 public:
-    /// Paints on a printer that is set up; each job with a file as the target gets a file of its own.
+    /// Paints on a printer that is set up; each job with a file as the target gets a file of its
+    /// own.
     explicit QtPrinterSurface(std::unique_ptr<QPrinter> printer);
     /// Paints a preview on a printer that someone else owns.
     explicit QtPrinterSurface(QPrinter& preview);
@@ -46,14 +46,14 @@ private:
     std::unique_ptr<QPrinter> owned_;
     QPrinter& printer_;
     QPainter painter_;
-    QString target_;      // the file that the user named; empty for a printer
-    QString unfinished_;  // the file being written for the present job
-    QString finished_;    // where it goes
-    double unit_ = 1;     // millimetres
-    QMarginsF margins_;   // millimetres
-    QSizeF printable_;    // millimetres
-    double dots_ = 1;     // device units of a millimetre
-    int pagesToTurn_ = 0; // ended, their successors not yet begun
+    QString target_;       // the file that the user named; empty for a printer
+    QString unfinished_;   // the file being written for the present job
+    QString finished_;     // where it goes
+    double unit_ = 1;      // millimetres
+    QMarginsF margins_;    // millimetres
+    QSizeF printable_;     // millimetres
+    double dots_ = 1;      // device units of a millimetre
+    int pagesToTurn_ = 0;  // ended, their successors not yet begun
     std::string error_;
 };
 

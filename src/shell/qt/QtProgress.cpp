@@ -1,9 +1,8 @@
 #include "shell/qt/QtProgress.h"
 
-#include <algorithm>
-
 #include <QApplication>
 #include <QProgressDialog>
+#include <algorithm>
 
 namespace velna {
 namespace {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <memory>
-
 #include <QSurfaceFormat>
+#include <memory>
 
 #include "preview/RenderContext.h"
 

@@ -1,11 +1,10 @@
 #include "shell/qt/QtSurface.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include <QPaintEvent>
 #include <QPainter>
 #include <QWidget>
+#include <algorithm>
+#include <cmath>
 
 #include "shell/qt/PictureReading.h"
 
@@ -13,14 +12,15 @@ namespace velna {
 namespace {
 
 std::uint32_t pixelOf(Rgb colour) {
-    return 0xff000000U | std::uint32_t{colour.red} << 16 | std::uint32_t{colour.green} << 8 | colour.blue;
+    return 0xff000000U | std::uint32_t{colour.red} << 16 | std::uint32_t{colour.green} << 8 |
+           colour.blue;
 }
 
 // A painter's coordinates are 26 bits wide; a picture larger than this is cut there anyway.
 bool paintable(Point2D position, Point2D size) {
     constexpr double limit = 1e6;
-    return std::abs(position.x) < limit && std::abs(position.y) < limit && size.x > 0 && size.x < limit &&
-           size.y > 0 && size.y < limit;
+    return std::abs(position.x) < limit && std::abs(position.y) < limit && size.x > 0 &&
+           size.x < limit && size.y > 0 && size.y < limit;
 }
 
 }  // namespace
@@ -44,9 +44,13 @@ void QtSurface::show(const QPaintEvent& event) {
     painter.drawImage(QPointF(0, 0), image_);
 }
 
-double QtSurface::width() const { return widget_.width(); }
+double QtSurface::width() const {
+    return widget_.width();
+}
 
-double QtSurface::height() const { return widget_.height(); }
+double QtSurface::height() const {
+    return widget_.height();
+}
 
 void QtSurface::clear() {
     image_.fill(Qt::white);
@@ -60,8 +64,8 @@ PixelBuffer QtSurface::buffer() {
 
 void QtSurface::line(double x1, double y1, double x2, double y2, Rgb colour) {
     if (image_.isNull()) return;
-    rasterLine(buffer(), x1 * density_, y1 * density_, x2 * density_, y2 * density_, pixelOf(colour),
-               static_cast<int>(std::lround(density_)), rule_, changed_);
+    rasterLine(buffer(), x1 * density_, y1 * density_, x2 * density_, y2 * density_,
+               pixelOf(colour), static_cast<int>(std::lround(density_)), rule_, changed_);
 }
 
 void QtSurface::setDrawMode(DrawMode mode) {
@@ -96,6 +100,8 @@ void QtSurface::refresh() {
     changed_ = {};
 }
 
-void QtSurface::setFocus() { widget_.setFocus(); }
+void QtSurface::setFocus() {
+    widget_.setFocus();
+}
 
 }  // namespace velna

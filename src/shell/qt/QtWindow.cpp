@@ -16,11 +16,17 @@ constexpr const char* pictureFilter =
 
 }  // namespace
 
-void QtWindow::changed(Control control) { window_.mirrors().show(control); }
+void QtWindow::changed(Control control) {
+    window_.mirrors().show(control);
+}
 
-void QtWindow::catalogueFilled(Control combo) { window_.mirrors().show(combo); }
+void QtWindow::catalogueFilled(Control combo) {
+    window_.mirrors().show(combo);
+}
 
-void QtWindow::fuselageListChanged() { dialogs_.showFuselageRows(); }
+void QtWindow::fuselageListChanged() {
+    dialogs_.showFuselageRows();
+}
 
 void QtWindow::setCursor(CursorShape shape, CursorIcon icon) {
     window_.drawArea().setShape(shape, icon);
@@ -30,14 +36,18 @@ void QtWindow::openPopup(float x, float y) {
     window_.popup().popup(window_.drawArea().mapToGlobal(QPointF(x, y)).toPoint());
 }
 
-void QtWindow::renderScene(bool rebuild) { Rendering::renderScene(rebuild); }
+void QtWindow::renderScene(bool rebuild) {
+    Rendering::renderScene(rebuild);
+}
 
 void QtWindow::setViewTransform(double panX, double panY, double distance, double spin,
                                 double tilt) {
     Rendering::setViewTransform(panX, panY, distance, spin, tilt);
 }
 
-void QtWindow::promptFrustum() { Toolbar::frustumPrompt(); }
+void QtWindow::promptFrustum() {
+    Toolbar::frustumPrompt();
+}
 
 bool QtWindow::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) {
     return dialogs_.askYesNo(text, icon, defaultYes);

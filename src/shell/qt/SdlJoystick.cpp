@@ -1,18 +1,22 @@
 #include "shell/qt/SdlJoystick.h"
 
-#include <SDL.h>
-
 #include <algorithm>
+
+#include <SDL.h>
 
 namespace velna {
 namespace {
 
 // SDL's axes go from -32768 to 32767.
-std::int32_t axis(SDL_Joystick* device, int number) { return SDL_JoystickGetAxis(device, number) + 32768; }
+std::int32_t axis(SDL_Joystick* device, int number) {
+    return SDL_JoystickGetAxis(device, number) + 32768;
+}
 
 }  // namespace
 
-SdlJoystick::~SdlJoystick() { close(); }
+SdlJoystick::~SdlJoystick() {
+    close();
+}
 
 void SdlJoystick::open() {
     close();

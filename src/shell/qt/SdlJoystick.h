@@ -6,8 +6,8 @@ struct _SDL_Joystick;
 
 namespace velna {
 
-/// The first joystick, through SDL. The subsystem runs from `open` to `close` only, so that a program
-/// that does not fly polls nothing.
+/// The first joystick, through SDL. The subsystem runs from `open` to `close` only, so that a
+/// program that does not fly polls nothing.
 class SdlJoystick : public Joystick {
 public:
     ~SdlJoystick() override;

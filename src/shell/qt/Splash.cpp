@@ -38,8 +38,12 @@ void Splash::paintEvent(QPaintEvent*) {
                      "Model aircraft, from the first line to the plan\n\n" + version_);
 }
 
-void Splash::keyPressEvent(QKeyEvent*) { close(); }
+void Splash::keyPressEvent(QKeyEvent*) {
+    close();
+}
 
-void Splash::mousePressEvent(QMouseEvent*) { close(); }
+void Splash::mousePressEvent(QMouseEvent*) {
+    close();
+}
 
 }  // namespace velna

@@ -6,8 +6,12 @@ SurfaceWidget::SurfaceWidget(QWidget* parent) : QWidget(parent), surface_(*this)
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void SurfaceWidget::paintEvent(QPaintEvent* event) { surface_.show(*event); }
+void SurfaceWidget::paintEvent(QPaintEvent* event) {
+    surface_.show(*event);
+}
 
-void SurfaceWidget::resizeEvent(QResizeEvent*) { surface_.fitToWidget(); }
+void SurfaceWidget::resizeEvent(QResizeEvent*) {
+    surface_.fitToWidget();
+}
 
 }  // namespace velna
