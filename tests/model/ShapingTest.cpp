@@ -288,6 +288,26 @@ TEST_F(Shaping, RemovedSectionClosesOrderAndStorage) {
     EXPECT_EQ(body().width.upper(), 5);  // the last entry is left over
 }
 
+TEST_F(Shaping, RemovingWhatWasInsertedGivesTheChainBack) {
+    setWidths({10, 20, 30, 40});
+    body().sel_sec = 2;
+    body().insertSection(50);
+    body().removeSection();
+    EXPECT_EQ(order(4), (std::vector<double>{1, 2, 3, 4}));
+    for (int k = 1; k <= 4; ++k) EXPECT_EQ(body().width(k), 10 * k);
+}
+
+TEST_F(Shaping, RemovingTheNoseMovesEveryPlaceAndEntryUp) {
+    setWidths({10, 20, 30, 40});
+    body().sel_sec = 2;
+    body().insertSection(50);
+    body().sel_sec = 1;
+    body().removeSection();
+    EXPECT_EQ(order(4), (std::vector<double>{4, 1, 2, 3}));
+    for (int k = 1; k <= 3; ++k) EXPECT_EQ(body().width(k), 10 * (k + 1));
+    EXPECT_EQ(body().width(4), 15);
+}
+
 TEST_F(Shaping, InsertionAfterARemovalTakesTheLeftOverEntry) {
     setWidths({10, 20, 30, 40});
     body().sel_sec = 2;
