@@ -54,10 +54,12 @@ public:
 
     /// Row `i`, from its entry 0.
     T* row(int i) {
-        return items_.data() + static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns_) + 1);
+        return items_.data() +
+               static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns_) + 1);
     }
     const T* row(int i) const {
-        return items_.data() + static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns_) + 1);
+        return items_.data() +
+               static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns_) + 1);
     }
 
 private:
@@ -68,7 +70,8 @@ private:
 
 /// A 1-based list that owns its objects. Its capacity is apart from the counter of its user: an
 /// object past the counter stays until a later entry replaces it. `fill` promises entries that are
-/// made only when they are first asked for, so that a large count in a file costs nothing by itself.
+/// made only when they are first asked for, so that a large count in a file costs nothing by
+/// itself.
 template <class T>
 class OwnedList {
 public:

@@ -14,8 +14,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads the whole of a regular file into memory; throws ReadFailure when it cannot (no such file, a
-/// directory, no permission).
+/// Reads the whole of a regular file into memory; throws ReadFailure when it cannot (no such file,
+/// a directory, no permission).
 std::string readWholeFile(const std::string& path);
 
 /// Reads lines and values from the bytes of a text file, in order. A value ends at a comma or at
