@@ -15,7 +15,9 @@ def pattern(*pieces, flags=re.IGNORECASE):
 
 
 FORBIDDEN = [
-    (pattern(r"\bsp", r"ec(s|ifications?)?\b"), "say the reason itself, not where it was written down"),
+    # A box of the equipment has a field of the short name, so quoted it is one of ours.
+    (pattern(r"(?<![\"\w.])sp", r"ecs?\b(?!\")"), "say the reason itself, not where it was written down"),
+    (pattern(r"\bsp", r"ecifications?\b"), "say the reason itself, not where it was written down"),
     (pattern(r"\bPar", r"ts? \d+\.\d+", flags=0), "say the reason itself, not where it was written down"),
     (pattern(r"\.\./", r"shared\b"), "a path of one machine"),
     (pattern(r"(?<![\w.<])/wo", r"rk\b"), "a path of one machine"),
@@ -49,7 +51,8 @@ def check(root):
 def self_test():
     bad = ["as told in the sp" + "ec", "see Par" + "t 3.2", "cp ../" + "shared/a b", "TO" + "DO: later",
            "in this ses" + "sion", "a hel" + "per"]
-    good = ["a special part 3 of the inspector", "Helper.h", "home / work", "part 4 follows", "specular"]
+    good = ["a special part 3 of the inspector", "Helper.h", "home / work", "part 4 follows", "specular",
+            'data["sp' + 'ec"] = nullptr']
     wrong = [f"not found: {line}" for line in bad if not list(findings_in([line]))]
     wrong += [f"found without a reason: {line}" for line in good if list(findings_in([line]))]
     sources.finish(wrong, "self-test of words")
