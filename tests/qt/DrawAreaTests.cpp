@@ -1,0 +1,143 @@
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include "model/Fuselage.h"
+#include "model/Plane.h"
+#include "shell/Helper.h"
+#include "shell/qt/DrawArea.h"
+#include "support/EditorBench.h"
+
+// The toolkit's events on their way to the editor: the widget sends, the editor draws on recorders.
+
+namespace velna {
+namespace {
+
+class DrawAreaEvents : public test::EditorTest {
+protected:
+    void SetUp() override {
+        widget.resize(900, 500);
+        // One pixel a unit; section 2 of the default fuselage is a bar at x 250 from y 190 to 290.
+        Main.setChecked(Control::LockZoom, true);
+        Main.zoom = 1;
+        Main.xoff = 50;
+        Main.yoff = 300;
+        Main.initSideView();
+        Main.savedProject = true;
+        bench.forget();
+    }
+    void TearDown() override { Helper::running = false; }
+
+    void mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, QPointF place,
+               Qt::KeyboardModifiers modifiers = {}) {
+        QMouseEvent event(type, place, place, button, held, modifiers);
+        QApplication::sendEvent(&widget, &event);
+    }
+    void press(QPointF place, Qt::MouseButton button = Qt::LeftButton) {
+        mouse(QEvent::MouseButtonPress, button, button, place);
+    }
+    void move(QPointF place, Qt::MouseButtons held, Qt::KeyboardModifiers modifiers = {}) {
+        mouse(QEvent::MouseMove, Qt::NoButton, held, place, modifiers);
+    }
+    void key(QEvent::Type type, int code, Qt::KeyboardModifiers modifiers = {},
+             bool repeated = false) {
+        QKeyEvent event(type, code, modifiers, {}, repeated);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    DrawArea widget{nullptr};
+    MeshSections& fuselage = Fuselage::current();
+};
+
+TEST_F(DrawAreaEvents, ADragReachesTheModelAndItsReleaseThePicture) {
+    press({250, 240});
+    move({250, 200}, Qt::LeftButton);
+    EXPECT_EQ(fuselage.elevation(2), 50);
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {250, 200});
+    EXPECT_FALSE(Main.anyBusy());
+    EXPECT_EQ(window.rebuilds, 1);
+}
+
+TEST_F(DrawAreaEvents, TheRightButtonOpensTheMenuAndItsReleaseDoesNothing) {
+    press({250, 240}, Qt::RightButton);
+    EXPECT_TRUE(window.popupOpen);
+    EXPECT_FALSE(Main.anyBusy());
+    mouse(QEvent::MouseButtonRelease, Qt::RightButton, Qt::NoButton, {250, 240});
+    EXPECT_EQ(window.renders, 0);
+}
+
+TEST_F(DrawAreaEvents, ADoubleClickPressesAgain) {
+    mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, {250, 240});
+    EXPECT_EQ(fuselage.paint, FuselagePart::bar);
+}
+
+TEST_F(DrawAreaEvents, TheWheelMovesNothing) {
+    QWheelEvent event({250, 240}, {250, 240}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &event);
+    EXPECT_TRUE(area.calls.empty());
+    EXPECT_EQ(Main.zoom, 1);
+}
+
+TEST_F(DrawAreaEvents, AReleaseThatTheMenuHasTakenEndsTheDragAtTheNextMove) {
+    press({250, 240});
+    mouse(QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton, {250, 240});
+    ASSERT_TRUE(window.popupOpen);
+    move({250, 200}, Qt::NoButton);
+    EXPECT_FALSE(Main.anyBusy());
+    EXPECT_EQ(fuselage.elevation(2), 10) << "no button is held: nothing follows the pointer";
+}
+
+TEST_F(DrawAreaEvents, TheDemonstrationDragsWithoutAButton) {
+    Helper::running = true;
+    press({250, 240});
+    move({250, 239}, Qt::NoButton);
+    EXPECT_TRUE(Main.anyBusy());
+}
+
+TEST_F(DrawAreaEvents, AHeldModifierArmsWhatThePointerComesTo) {
+    move({250, 240}, Qt::NoButton, Qt::ShiftModifier);
+    EXPECT_TRUE(Main.shiftkey);
+    key(QEvent::KeyRelease, Qt::Key_Shift);
+    EXPECT_FALSE(Main.shiftkey) << "though the key went down elsewhere";
+}
+
+TEST_F(DrawAreaEvents, AKeyOfTheMenuComesUpWithoutDisarmingWhatItHasArmed) {
+    Main.menuClicked(Control::InsRem);
+    key(QEvent::KeyRelease, Qt::Key_Return);
+    EXPECT_TRUE(Main.ctrlkey);
+    EXPECT_EQ(window.renders, 0);
+}
+
+TEST_F(DrawAreaEvents, AKeyThatWentDownHereEndsADragWhenItComesUp) {
+    press({250, 240});
+    key(QEvent::KeyPress, Qt::Key_S);
+    key(QEvent::KeyRelease, Qt::Key_S, {}, true);
+    EXPECT_TRUE(Main.anyBusy()) << "a repeated key is still down";
+    key(QEvent::KeyRelease, Qt::Key_S);
+    EXPECT_FALSE(Main.anyBusy());
+    EXPECT_EQ(window.rebuilds, 1) << "by the release alone: the key itself was ignored";
+}
+
+TEST_F(DrawAreaEvents, AKeyHeldWhenTheFocusGoesIsForgotten) {
+    key(QEvent::KeyPress, Qt::Key_S);
+    QFocusEvent away(QEvent::FocusOut);
+    QApplication::sendEvent(&widget, &away);
+    bench.forget();
+    Main.menuClicked(Control::InsRem);
+    key(QEvent::KeyRelease, Qt::Key_Return);
+    EXPECT_TRUE(Main.ctrlkey);
+}
+
+TEST_F(DrawAreaEvents, AnUnknownKeyGoesOnToTheWindow) {
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
+    QApplication::sendEvent(&widget, &escape);
+    EXPECT_FALSE(escape.isAccepted());
+    QKeyEvent letter(QEvent::KeyPress, Qt::Key_C, {});
+    QApplication::sendEvent(&widget, &letter);
+    EXPECT_TRUE(letter.isAccepted());
+}
+
+}  // namespace
+}  // namespace velna
