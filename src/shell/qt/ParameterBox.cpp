@@ -16,6 +16,16 @@
 #include "shell/qt/Mirrors.h"
 
 namespace velna {
+namespace {
+
+/// Whether the key will change the text, not only leave it or move in it.
+bool edits(const QKeyEvent& event) {
+    const QString typed = event.text();
+    return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete ||
+           (!typed.isEmpty() && typed.front().isPrint());
+}
+
+}  // namespace
 
 ParameterBox::ParameterBox(Control control, QWidget* parent)
     : QLineEdit(parent), control_(control) {
@@ -28,8 +38,22 @@ ParameterBox::ParameterBox(Control control, QWidget* parent)
 
 bool ParameterBox::event(QEvent* event) {
     // Before the toolkit takes Tab and Enter for its own: they commit too.
-    if (event->type() == QEvent::KeyPress) Main.textKeyDown(control_, text().toStdString());
+    if (event->type() == QEvent::KeyPress) {
+        typing_ = edits(static_cast<const QKeyEvent&>(*event));
+        Main.textKeyDown(control_, text().toStdString());
+        typing_ = false;
+    }
     return QLineEdit::event(event);
+}
+
+void ParameterBox::showText(const QString& shown) {
+    // A commit may refill its own box with the number as it is shown there: 12. would become 12
+    // before the 5 comes, and 125 be stored.
+    if (typing_ || text() == shown) return;
+    const QSignalBlocker silent(this);
+    const int cursor = cursorPosition();
+    setText(shown);
+    setCursorPosition(std::min(cursor, static_cast<int>(shown.size())));
 }
 
 void ParameterBox::keyReleaseEvent(QKeyEvent* event) {
@@ -60,12 +84,7 @@ ParameterCell::ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors
 
     mirrors.add(place.control, [box](const ControlState& state) {
         box->setEnabled(state.enabled);
-        const QString text = QString::fromStdString(state.text);
-        if (box->text() == text) return;
-        const QSignalBlocker silent(box);
-        const int cursor = box->cursorPosition();
-        box->setText(text);
-        box->setCursorPosition(std::min(cursor, static_cast<int>(text.size())));
+        box->showText(QString::fromStdString(state.text));
     });
 }
 

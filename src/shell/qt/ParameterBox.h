@@ -17,12 +17,16 @@ class ParameterBox : public QLineEdit {
 public:
     ParameterBox(Control control, QWidget* parent);
 
+    /// Shows a text from the program, but not between the digits that are being typed.
+    void showText(const QString& shown);
+
 protected:
     bool event(QEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     Control control_;
+    bool typing_ = false;  // a key that changes the text is committing what stood before it
 };
 
 /// A text box with its caption and its drawing.
