@@ -70,12 +70,19 @@ TEST_F(ToolbarCommands, NewAsksAndNoKeepsTheProject) {
 TEST_F(ToolbarCommands, NewResetsEverythingButTheSavedState) {
     Wings(1).span = 1;
     Rudder.offset1 = 9;
+    for (Control plus : {Control::IndexWingPlusButton, Control::IndexFusPlusButton,
+                         Control::IndexServosPlusButton})
+        Main.buttonPressed(plus, 0);
     Main.savedProject = false;
     ObjectList.setShown(1, false);
     dialogs.yesNo = {true};
     Toolbar::click(Key::New);
     EXPECT_EQ(Wings(1).span, 700);
     EXPECT_EQ(Rudder.offset1, 0);
+    EXPECT_EQ(Prefs.units, millimetres);
+    for (int count :
+         {nbWings, currentWing, nbFuselages, currentFuselage, nbEquipments, currentEquipment})
+        EXPECT_EQ(count, 1);
     EXPECT_TRUE(ObjectList.shown(1));
     EXPECT_FALSE(Main.savedProject);
     EXPECT_EQ(Main.controls[Control::SpanText].text, "1400");
