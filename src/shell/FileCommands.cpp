@@ -24,7 +24,13 @@ constexpr const char* openFilter =
 constexpr const char* saveFilter =
     "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf";
 
-enum Kind { project = 1, second = 2, third = 3 };
+/// The kinds of file in the order of each filter, counted from 1.
+namespace Opened {
+enum { project = 1, airfoil, texture };
+}
+namespace Saved {
+enum { project = 1, model, drawing };
+}
 
 /// A fresh list, all fuselages shown, on the model as it stands.
 void resetModel() {
@@ -63,8 +69,17 @@ void saveProjectAs(const std::string& file) {
         reportFailure(titleOf(file) + " could not be saved completely.", reason);
 }
 
-/// The drawing of the view on screen.
-std::string exportView(const std::string& file) {
+/// The model. That the export shows hidden fuselages is no work of the user's to be saved, and it
+/// leaves the last fuselage current: the panel must not edit it under the numbers of another.
+std::string exportModel(const std::string& file) {
+    const bool saved = Main.savedProject;
+    const std::string reason = Plane::exportVRML(file);
+    Main.updateFuselageInterface();
+    Main.savedProject = saved;
+    return reason;
+}
+
+std::string writeDrawing(const std::string& file) {
     switch (Main.mode) {
         case ViewMode::VTop:
             return Plane::exportDXFVTop(file);
@@ -75,6 +90,14 @@ std::string exportView(const std::string& file) {
         default:
             return Plane::exportDXFHTop(file);
     }
+}
+
+/// The drawing of the view on screen. It computes the view's outlines at its own scale, and the
+/// pointer must not meet those: the view is drawn again.
+std::string exportView(const std::string& file) {
+    const std::string reason = writeDrawing(file);
+    Main.refreshDrawingArea();
+    return reason;
 }
 
 /// The panels, the top view, and the picture with the view transform of the new unit.
@@ -106,10 +129,10 @@ void open() {
     Main.clearBitmapAction();
     const FileAnswer answer = Shell.dialogs->openFile(openFilter);
     if (!answer.file.empty()) {
-        if (answer.filterIndex == project && !openProject(answer.file)) return;
-        if (answer.filterIndex == second) openWingAirfoil(answer.file);
-        if (answer.filterIndex == third) openTexture(answer.file, titleOf(answer.file));
-    } else if (answer.filterIndex == third) {
+        if (answer.filterIndex == Opened::project && !openProject(answer.file)) return;
+        if (answer.filterIndex == Opened::airfoil) openWingAirfoil(answer.file);
+        if (answer.filterIndex == Opened::texture) openTexture(answer.file, titleOf(answer.file));
+    } else if (answer.filterIndex == Opened::texture) {
         openTexture({}, {});
     }
     showModel();
@@ -120,17 +143,12 @@ void open() {
 void save() {
     const FileAnswer answer = Shell.dialogs->saveFile(saveFilter);
     if (answer.file.empty()) return;
-    if (answer.filterIndex == project) {
+    if (answer.filterIndex == Saved::project) {
         saveProjectAs(answer.file);
         return;
     }
     const std::string reason =
-        answer.filterIndex == second ? Plane::exportVRML(answer.file) : exportView(answer.file);
-    // A drawing computes the outlines of the view at its own scale: the pointer must not meet them.
-    if (answer.filterIndex == third) Main.refreshDrawingArea();
-    // The export of the model leaves the last fuselage current: the panel must not edit it under
-    // the numbers of another.
-    if (answer.filterIndex == second) Main.updateFuselageInterface();
+        answer.filterIndex == Saved::model ? exportModel(answer.file) : exportView(answer.file);
     if (!reason.empty() && reason != cancelledReason) reportFailure("The export failed.", reason);
 }
 

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "output/Progress.h"
+
+namespace velna::test {
+
+/// A user who cancels at the first question.
+class Impatient : public Progress {
+public:
+    bool step(long long, long long) override { return false; }
+};
+
+}  // namespace velna::test
