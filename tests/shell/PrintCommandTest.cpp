@@ -1,0 +1,66 @@
+// The Print command's ends: what is said, and what stands afterwards.
+
+#include "model/Plane.h"
+#include "output/Plans.h"
+#include "shell/ToolbarCommands.h"
+#include "support/Impatient.h"
+#include "support/RecordingPrinter.h"
+#include "support/ShellFixture.h"
+
+namespace velna::test {
+namespace {
+
+using Toolbar::Key;
+
+class PrintCommand : public ShellFixture {
+protected:
+    void SetUp() override {
+        ShellFixture::SetUp();
+        start();
+        Main.initSideView();
+        dialogs.printers = {&printer};
+    }
+    void TearDown() override {
+        progress = nullptr;
+        PrintSelect = {};
+        ShellFixture::TearDown();
+    }
+    /// Prints the side view alone.
+    void print() {
+        dialogs.inPrintSelect = [] {
+            PrintSelect = {};
+            PrintSelect.Side = true;
+            PrintSelect.cancel = false;
+        };
+        Toolbar::click(Key::Print);
+    }
+
+    RecordingPrinter printer{190, 277};
+};
+
+TEST_F(PrintCommand, AsksWhatAndWhereAndEndsInTheTopView) {
+    print();
+    EXPECT_EQ(dialogs.story(), "printselect printer");
+    EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+TEST_F(PrintCommand, AFailureIsToldOnceWithItsReason) {
+    printer.failure = "The printer is gone";
+    print();
+    EXPECT_EQ(dialogs.story(), "printselect printer message");
+    EXPECT_NE(dialogs.asked.back().text.find("The printer is gone"), std::string::npos);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+TEST_F(PrintCommand, ACancelOnTheWaySaysNothing) {
+    Impatient user;
+    progress = &user;
+    print();
+    EXPECT_EQ(dialogs.story(), "printselect printer");
+    EXPECT_EQ(printer.calls.back().kind, PrinterCall::Kind::KillDoc);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
+}  // namespace
+}  // namespace velna::test
