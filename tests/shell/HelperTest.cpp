@@ -31,7 +31,8 @@ protected:
 };
 
 TEST_F(Demonstration, RunsWhenTheSettingsAskForItAndNotTheNextTime) {
-    writeFile(programFile("prefs.txt"), "\"DoIt\"\r\n#FALSE#\r\n#TRUE#\r\n");
+    // The settings that a fresh installation starts with.
+    writeFile(programFile("prefs.txt"), contentOf(VELNA_SOURCE_DIR "/src/shell/prefs.txt"));
     velna::Startup::run();
     EXPECT_EQ(dialogs.story(), "message message message message");
     velna::Startup::unload();
@@ -80,6 +81,44 @@ TEST_F(Demonstration, TheSignStandsBesideTheCursor) {
     };
     Helper::run();
     EXPECT_EQ(captions, (std::vector<std::string>{"Shift key", "Ctrl key"}));
+}
+
+/// Where the glides begin and end: each step comes from the middle of the screen to its place, the
+/// tip's middle and then the second section, and leaves it again.
+TEST_F(Demonstration, TheGlidesGoToTheirPlacesFromTheMiddleOfTheScreen) {
+    struct Glide {
+        Point2D from;
+        Point2D to;
+    };
+    std::vector<Glide> glides;
+    desktop.onPump = [&, step = desktop.onPump] {
+        if (glides.empty() || glides.back().to != Helper::cursorTarget)
+            glides.push_back({Helper::cursorPos, Helper::cursorTarget});
+        step();
+    };
+    const Point2D tip{700 * Main.zoom + Main.xoff + 100,
+                      (190 + 10 + 130.0 / 2) * Main.zoom + Main.yoff + 400};
+    Helper::run();
+    ASSERT_EQ(glides.size(), 9u);
+    EXPECT_EQ(glides[0].to, tip);
+    for (const std::size_t i : {0u, 3u, 6u}) EXPECT_EQ(glides[i].from, (Point2D{500, 400})) << i;
+    const Point2D ways[] = {{0, 50}, {10, 0}, {-50, 0}, {60, 10}, {0, 20}, {60, 0}};
+    for (std::size_t i = 0; i < 6; ++i) {
+        const std::size_t glide = i + 1 + i / 2;
+        const Point2D place = glides[glide - glide % 3].to;
+        EXPECT_EQ(glides[glide].from, glides[glide - 1].to) << glide;
+        EXPECT_EQ(glides[glide].to, (Point2D{place.x + ways[i].x, place.y + ways[i].y})) << glide;
+    }
+    // The sign of the Shift drag hangs at the middle of the screen, that of the insertion at its
+    // place.
+    std::vector<std::string> signs;
+    for (const std::string& call : desktop.calls)
+        if (call.starts_with("sign")) signs.push_back(call);
+    const auto sign = [](double left, double top) {
+        return "sign " + std::to_string(std::lrint(left)) + " " + std::to_string(std::lrint(top));
+    };
+    EXPECT_EQ(signs, (std::vector<std::string>{sign(500, glides[3].to.y),
+                                               sign(glides[6].to.x, glides[6].to.y)}));
 }
 
 TEST_F(Demonstration, StopsAtAnyStepWithNothingLeftBehind) {

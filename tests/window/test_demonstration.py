@@ -3,7 +3,8 @@
 import base
 from screen import wait_for
 
-ASKED_FOR = '"DoIt"\r\n#FALSE#\r\n#TRUE#\r\n'
+# The settings that a fresh installation starts with.
+ASKED_FOR = (base.HERE.parents[1] / "src" / "shell" / "prefs.txt").read_bytes().decode()
 
 
 class Demonstration(base.WindowTest):
