@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <string>
 
-#include "common/ValueReader.h"
 #include "common/Version.h"
 #include "editor/Main.h"
 #include "model/Equipment.h"
