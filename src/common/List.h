@@ -34,6 +34,37 @@ private:
     std::vector<T> items_;
 };
 
+/// As `Array1`, but its entries are made when one is first asked for: for what may be drawn, and
+/// need not be, so that a size alone costs nothing.
+template <class T>
+class LateArray1 {
+public:
+    /// Bounds 0 to `n`, the entries up to there kept.
+    void resize(int n) {
+        upper_ = n;
+        if (items_.size() > count()) made();
+    }
+
+    /// The upper bound; -1 before the first sizing.
+    int upper() const { return upper_; }
+
+    T& operator()(int i) { return made()[static_cast<std::size_t>(i)]; }
+
+    /// Entry 0 first.
+    const T* data() const { return made().data(); }
+
+private:
+    std::size_t count() const { return static_cast<std::size_t>(upper_ + 1); }
+
+    std::vector<T>& made() const {
+        if (items_.size() != count()) items_.resize(count());
+        return items_;
+    }
+
+    mutable std::vector<T> items_;
+    int upper_ = -1;
+};
+
 /// A grid with bounds 0 to n by 0 to m, contiguous by rows, used from (1, 1).
 template <class T>
 class Array2 {
@@ -87,7 +118,8 @@ public:
 
     /// Keeps the first `n` entries; a new one is made by `make` when it is first asked for.
     void resize(int n, Maker make) {
-        if (n > size()) settle();
+        if (n < size()) items_.resize(static_cast<std::size_t>(n));
+        settle();
         make_ = std::move(make);
         items_.resize(static_cast<std::size_t>(n));
     }
