@@ -99,6 +99,19 @@ class ThePicture(base.WindowTest):
         self.program.save(after)
         self.assertEqual(after.read_bytes(), saved.read_bytes())
 
+    def test_keys_in_a_flight_reach_no_field_and_no_view(self):
+        self.program.click("LengthBText")
+        self.program.click("FlyingPreview")
+        wait_for(lambda: self.program.picture().width >= self.screen.size[0] - 2, "the full screen")
+        self.screen.type("7xz")
+        self.screen.key("Return")
+        self.screen.key("Escape")
+        wait_for(lambda: not self.program.get("FlyingPreview").checked, "the end of the flight")
+        self.assertEqual(self.program.text("LengthBText"), "230")
+        self.assertTrue(self.program.get("VTop").checked)
+        self.program.enter("LengthBText", "240")
+        wait_for(lambda: self.program.text("LengthBText") == "240", "the field to be open again")
+
     def test_the_toolbar_key_ends_a_flight_too(self):
         self.program.click("FlyingPreview")
         wait_for(lambda: self.program.picture().width >= self.screen.size[0] - 2, "the full screen")

@@ -148,7 +148,11 @@ QSize MainWindow::renderSize() const {
 
 void MainWindow::setFlight(bool on) {
     flight_ = on;
+    // What lies behind the picture must not take the keys: the model stays as it is.
+    panel_->setEnabled(!on);
+    drawArea_->setEnabled(!on);
     if (on) {
+        setFocus();
         bar_->setAttribute(Qt::WA_NativeWindow);  // to stand above the native picture
         showFullScreen();
     } else {
