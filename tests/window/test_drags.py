@@ -73,6 +73,22 @@ class Drags(base.WindowTest):
                 self.check_handle(view, handle)
         self.take("view-Side-rudder", area)
 
+    def test_a_menu_opened_in_mid_drag_ends_it(self):
+        area = self.program.get("DrawArea")
+        view, rows = views.vtop_handles(area.width, area.height)
+        handle = next(row for _, row in rows if "PosEText" in row.fields and not row.shift)
+        start = area.at(*handle.place)
+        self.program.click("VTop")
+        self.screen.move(start[0] + 40, start[1] + 40)
+        self.screen.tool("mousemove", *start, "sleep", 0.1, "mousedown", 1)
+        self.screen.drag_to(start, (start[0], start[1] + 20))
+        wait_for(lambda: self.program.text("PosEText") != "0", "the drag")
+        self.screen.tool("click", 3, "sleep", 0.3, "mouseup", 1, "sleep", 0.1, "key", "Escape", "sleep", 0.3)
+        left = self.program.text("PosEText")
+        self.screen.drag_to((start[0], start[1] + 20), (start[0], start[1] + 80))
+        time.sleep(0.3)
+        self.assertEqual(self.program.text("PosEText"), left)
+
     def test_htop_edits_widths(self):
         self.program.click("Side")
         self.check_view("HTop", views.htop_handles)
