@@ -1,16 +1,11 @@
-#include <span>
-
 #include "model/VertWingSection.h"
+#include "output/ClosedOutline.h"
 #include "output/DxfDrawing.h"
 
 namespace velna {
 
 namespace {
 constexpr const char* finLayer = "Fin";
-
-std::span<const Point2D> closedOutline(const Outline& outline) {
-    return std::span(outline).subspan(1);
-}
 }  // namespace
 
 /// The fin's root. The twin is asked for by the height of the root, as the view from above does it.

@@ -1,15 +1,8 @@
-#include <span>
-
 #include "model/VertWingSection.h"
+#include "output/ClosedOutline.h"
 #include "output/PlanLines.h"
 
 namespace velna {
-
-namespace {
-std::span<const Point2D> closedOutline(const Outline& outline) {
-    return std::span(outline).subspan(1);
-}
-}  // namespace
 
 void VertWingSection::printSide(PrinterSurface& printer, double zoom, double xoff, double yoff) {
     computeSidePoints(zoom, xoff, yoff);

@@ -1,18 +1,13 @@
 #include <cstddef>
-#include <span>
 
 #include "model/SymWingSections.h"
+#include "output/ClosedOutline.h"
 #include "output/DxfDrawing.h"
 
 namespace velna {
 
 namespace {
 constexpr const char* wingLayer = "Wing";
-
-/// Points 1 to 5 of an outline; the fifth closes it.
-std::span<const Point2D> closedOutline(const Outline& outline) {
-    return std::span(outline).subspan(1);
-}
 }  // namespace
 
 void SymWingSections::saveDXF_vtop(DxfDrawing& drawing) {

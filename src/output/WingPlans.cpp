@@ -1,17 +1,11 @@
 #include <cstddef>
-#include <span>
 
 #include "model/MainWing.h"
 #include "model/SymWingSections.h"
+#include "output/ClosedOutline.h"
 #include "output/PlanLines.h"
 
 namespace velna {
-
-namespace {
-std::span<const Point2D> closedOutline(const Outline& outline) {
-    return std::span(outline).subspan(1);
-}
-}  // namespace
 
 void SymWingSections::printSide(PrinterSurface& printer) {
     const int count = pointCount();
