@@ -8,8 +8,8 @@
 
 namespace velna::test {
 
-/// A desktop of plain records: a window of 1000 x 800 with the drawing area at (100, 400), a screen of
-/// the same size, folders of the test's choosing. Its timer ticks when events are pumped.
+/// A desktop of plain records: a window of 1000 x 800 with the drawing area at (100, 400), a screen
+/// of the same size, folders of the test's choosing. Its timer ticks when events are pumped.
 class FakeDesktop : public Desktop {
 public:
     std::string program, configuration;
@@ -40,7 +40,9 @@ public:
         if (onPump) onPump();
     }
     Point2D screenCentre() const override { return {500, 400}; }
-    Point2D drawAreaToWindow(Point2D pixel) const override { return {pixel.x + 100, pixel.y + 400}; }
+    Point2D drawAreaToWindow(Point2D pixel) const override {
+        return {pixel.x + 100, pixel.y + 400};
+    }
     void setCursorPosition(int x, int y) override {
         cursor = {static_cast<double>(x), static_cast<double>(y)};
         cursorPath.push_back(cursor);

@@ -9,12 +9,13 @@
 
 namespace velna::test {
 
-/// Dialogs that answer from a script and keep what they were asked. A question that the script does not
-/// expect fails the test.
+/// Dialogs that answer from a script and keep what they were asked. A question that the script does
+/// not expect fails the test.
 class ScriptedDialogs : public Dialogs {
 public:
     struct Asked {
-        std::string kind;  ///< "open", "save", "colour", "yesno", "message", "text", "printer", a form's name
+        std::string kind;  ///< "open", "save", "colour", "yesno", "message", "text", "printer", a
+                           ///< form's name
         std::string text;  ///< filter, question, prompt
         std::string title;
         BoxIcon icon = BoxIcon::Information;
