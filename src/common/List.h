@@ -49,6 +49,7 @@ public:
     int upper() const { return upper_; }
 
     T& operator()(int i) { return made()[static_cast<std::size_t>(i)]; }
+    const T& operator()(int i) const { return made()[static_cast<std::size_t>(i)]; }
 
     /// Entry 0 first.
     const T* data() const { return made().data(); }

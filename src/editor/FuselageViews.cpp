@@ -97,7 +97,7 @@ void erasePicture(const BodyPicture& picture) {
 }
 
 /// Sections whose end is under the pointer. The last one wins, since it is the one on top.
-void testEnds(Body& body, const Array1<Point2D>& ends, float x, float y, int part,
+void testEnds(Body& body, const LateArray1<Point2D>& ends, float x, float y, int part,
               std::int32_t& found) {
     const auto points = pointsOf(ends, body.sectionCount());
     for (std::size_t i = 0; i < points.size(); ++i) {
@@ -109,8 +109,8 @@ void testEnds(Body& body, const Array1<Point2D>& ends, float x, float y, int par
 
 /// Gaps between neighbouring bars, with Ctrl only. The section behind the gap is selected: a new
 /// one takes its place.
-void testGaps(Body& body, const Array1<Point2D>& upper, const Array1<Point2D>& lower, float x,
-              float y, std::int32_t& found) {
+void testGaps(Body& body, const LateArray1<Point2D>& upper, const LateArray1<Point2D>& lower,
+              float x, float y, std::int32_t& found) {
     if (!Main.ctrlkey) return;
     const auto above = pointsOf(upper, body.sectionCount());
     const auto below = pointsOf(lower, body.sectionCount());

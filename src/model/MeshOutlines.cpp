@@ -8,7 +8,7 @@ namespace velna {
 namespace {
 
 /// Room for `count` points, kept as they are.
-void makeRoom(Array1<Point2D>& points, int count) {
+void makeRoom(LateArray1<Point2D>& points, int count) {
     if (points.upper() < count) points.resize(count);
 }
 

@@ -104,7 +104,8 @@ int MeshSections::storageIndex(int i) const {
 }
 
 void MeshSections::fillCurvatureArrays() {
-    for (int k = 1; k <= sectionCount(); ++k) {
+    const int sections = sectionCount();
+    for (int k = 1; k <= sections; ++k) {
         curvature2(k) = curvature(k);
         bias_curve(k) = 0.5;
     }

@@ -178,12 +178,12 @@ public:
     void saveDXF_side(DxfDrawing& drawing, int fuselageId);
     void saveDXF_htop(DxfDrawing& drawing);
 
-    Array1<Point2D> bottomPoints;
-    Array1<Point2D> topPoints;
+    LateArray1<Point2D> bottomPoints;
+    LateArray1<Point2D> topPoints;
     Array2<Point2D> frontPoints;  ///< has its bounds only after `computeFrontPoints`
-    Array1<Point2D> vtopPoints;
-    Array1<Point2D> htopPlus;
-    Array1<Point2D> htopMinus;
+    LateArray1<Point2D> vtopPoints;
+    LateArray1<Point2D> htopPlus;
+    LateArray1<Point2D> htopMinus;
 
 private:
     void changeLengths(double (*change)(double, double), double operand);

@@ -162,6 +162,18 @@ TEST_F(Body, ArraysAreResizedWithTheirContents) {
     EXPECT_EQ(body().frontPoint(2, 1), Point2D{});
 }
 
+TEST_F(Body, OutlinesNotComputedYetStandAtZeroWithinTheirBounds) {
+    EXPECT_EQ(body().htopMinus.upper(), 3);
+    EXPECT_EQ(body().htopMinus(3), Point2D{});
+    body().computeVTopPoints(1, 0, 0);
+    body().nb_sections = 2;
+    body().initArrays();
+    body().nb_sections = 3;
+    body().initArrays();
+    EXPECT_NE(body().vtopPoints(4), Point2D{});
+    EXPECT_EQ(body().vtopPoints(5), Point2D{});
+}
+
 TEST_F(Body, FrontOutlinesStayWhenTheShapeIsTurnedOff) {
     body().computeFrontPoints(1, 0, 0);
     const Point2D kept = body().frontPoint(2, 1);
