@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "model/Fuselage.h"
+#include "model/SectionArrays.h"
 #include "persistence/PromisedEntries.h"
 #include "persistence/RecordFields.h"
 
@@ -28,10 +29,7 @@ constexpr auto bodyV0212 = joined(counts, std::array<BodyField, 2>{&Body::shift,
 constexpr auto bodyV026 =
     joined(counts, std::array<BodyField, 3>{&Body::curv, &Body::shift, &Body::cut});
 
-constexpr std::array<SectionArray, 7> sectionArrays{
-    &Body::height,    &Body::width,      &Body::pos,       &Body::elevation,
-    &Body::curvature, &Body::curvature2, &Body::bias_curve};
-constexpr std::span allArrays(sectionArrays);
+constexpr std::span<const SectionArray> allArrays(sectionArrays);
 
 /// What a version's record holds: the fixed lines, then for each section a line for each array.
 struct BodyRecord {
