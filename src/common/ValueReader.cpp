@@ -16,6 +16,8 @@ namespace velna {
 namespace {
 
 constexpr std::size_t readSize = 65536;
+/// Far beyond every project that can be drawn; what a larger file asks for is not to be had.
+constexpr off_t largestFile = off_t{512} << 20;
 
 [[noreturn]] void failWithErrno(const std::string& path) {
     throw ReadFailure(path + ": " + std::generic_category().message(errno));
@@ -77,6 +79,7 @@ std::string readWholeFile(const std::string& path) {
     struct stat status {};
     if (::fstat(file.descriptor, &status) != 0) failWithErrno(path);
     if (!S_ISREG(status.st_mode)) throw ReadFailure(path + ": not a regular file");
+    if (status.st_size > largestFile) throw ReadFailure(path + ": too large");
     // What a file gains while it is read is left for the next time: a file that keeps growing must
     // not keep the reader busy.
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');

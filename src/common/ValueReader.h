@@ -15,7 +15,7 @@ public:
 };
 
 /// Reads the whole of a regular file into memory; throws ReadFailure when it cannot (no such file,
-/// a directory, no permission).
+/// a directory, no permission, more than memory should hold).
 std::string readWholeFile(const std::string& path);
 
 /// Reads lines and values from the bytes of a text file, in order. A value ends at a comma or at

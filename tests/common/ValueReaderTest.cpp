@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <filesystem>
+
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -109,6 +112,13 @@ TEST(ReadWholeFile, WhatIsNoRegularFileFails) {
     EXPECT_THROW(readWholeFile(folder / "pipe"), ReadFailure);
     EXPECT_THROW(readWholeFile("/dev/zero"), ReadFailure);
     EXPECT_THROW(readWholeFile(""), ReadFailure);
+}
+
+TEST(ReadWholeFile, MoreThanMemoryShouldHoldFails) {
+    const TemporaryFolder folder;
+    writeBytes(folder / "huge", "");
+    std::filesystem::resize_file(folder / "huge", std::uintmax_t{1} << 40);
+    EXPECT_THROW(readWholeFile(folder / "huge"), ReadFailure);
 }
 
 }  // namespace velna::test
