@@ -17,6 +17,7 @@
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
 #include "shell/qt/QtPrinterSurface.h"
+#include "shell/qt/QtProgress.h"
 
 namespace velna {
 namespace {
@@ -161,6 +162,8 @@ bool QtDialogs::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes)
 }
 
 bool QtDialogs::message(const std::string& title, const std::string& text, BoxIcon icon) {
+    // The work that failed is over: its bar must not stand beside the box that says so.
+    QtProgress::finish();
     Message box(sign(icon), QString::fromStdString(title), QString::fromStdString(text),
                 QMessageBox::Ok, &owner_);
     bool pressed = false;
