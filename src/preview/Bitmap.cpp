@@ -121,6 +121,8 @@ std::string saveTarget(const std::string& tex, const std::string& titlename,
     if (tex.empty()) return {};
     const std::string target = dirout + titlename;
     if (sameFile(tex, target)) return {};
+    if (std::error_code none; std::filesystem::exists(target, none) && isSourcePicture(target, tex))
+        return "another object's picture stands there";
     const std::string failure = convert(tex, target, false, PictureFormat::Bmp);
     if (!failure.empty()) complain(target, failure);
     return failure;

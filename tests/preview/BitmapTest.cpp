@@ -140,6 +140,19 @@ TEST_F(BitmapTest, SideFileThatIsTheSourceStaysAsItIs) {
     EXPECT_EQ(bytesOf(folder / "wood.bmp"), "picture");
 }
 
+TEST_F(BitmapTest, SideFileOverwritesNoOtherObjectsPicture) {
+    const TemporaryFolder folder;
+    writeBytes(folder / "wood.bmp", "picture");
+    pictures.pictures["/a/wood.bmp"] = plainPicture(4, 4);
+    Rudder.texture_filename = folder / "wood.bmp";
+    EXPECT_EQ(Bitmap::saveTarget("/a/wood.bmp", "wood.bmp", folder.path()),
+              "another object's picture stands there");
+    EXPECT_TRUE(pictures.saved.empty());
+    // A picture that has vanished from there is no loss.
+    std::filesystem::remove(folder / "wood.bmp");
+    EXPECT_EQ(Bitmap::saveTarget("/a/wood.bmp", "wood.bmp", folder.path()), "");
+}
+
 TEST_F(BitmapTest, FailedSideFileTellsItsReason) {
     EXPECT_EQ(Bitmap::saveTarget("/nowhere/x.bmp", "x.bmp", "/project/"), "cannot be read");
     pictures.pictures["/a/x.bmp"] = plainPicture(4, 4);
