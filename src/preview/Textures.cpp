@@ -103,6 +103,7 @@ std::string tryDecode(Picture& picture, const TextureRules& rules) {
     try {
         return decode(picture, rules);
     } catch (const std::exception& failure) {
+        if (imaging) imaging->hideProgress();
         return failure.what();
     }
 }

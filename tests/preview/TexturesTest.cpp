@@ -206,6 +206,16 @@ TEST_F(TexturesTest, PixelsFewerThanTheirSizeAreAFailure) {
     EXPECT_EQ(GlTape::count("hideProgress"), 3);
 }
 
+TEST_F(TexturesTest, MemoryThatCannotBeHadIsAFailureWithoutAFormLeftOver) {
+    pictures.pictures["p"] = plainPicture(4, 4);
+    pictures.pixelsFail = true;
+    putOnWing("p");
+    rebuild();
+    EXPECT_FALSE(Wings(1).Left->texture_loaded);
+    EXPECT_EQ(pictures.errors.size(), 2u);
+    EXPECT_EQ(GlTape::count("hideProgress"), 2);
+}
+
 TEST_F(TexturesTest, WithoutAnImagingTheAircraftIsDrawn) {
     imaging = nullptr;
     putOnWing("p");

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <new>
 
 #include "support/GlTape.h"
 
@@ -84,6 +85,7 @@ void FakeImaging::resize(int width, int height) {
 }
 
 PictureBytes FakeImaging::pixels() {
+    if (pixelsFail) throw std::bad_alloc();
     PictureBytes picture = current_;
     if (cutPixels) picture.bytes.pop_back();
     return picture;

@@ -20,6 +20,8 @@ public:
     std::string saveFailure;
     /// Pixels that are fewer than the size says.
     bool cutPixels = false;
+    /// The memory for the pixels is not to be had.
+    bool pixelsFail = false;
     /// What happens while a message box is open.
     std::function<void()> whileBoxOpen = [] {};
 
