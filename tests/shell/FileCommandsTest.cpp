@@ -2,8 +2,10 @@
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
+#include "output/Progress.h"
 #include "shell/FileCommands.h"
 #include "shell/ToolbarCommands.h"
+#include "support/Impatient.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -20,6 +22,14 @@ protected:
     std::string file(const std::string& title) const { return (folder / title).string(); }
     void answerFile(const std::string& path, int filterIndex) {
         dialogs.files.push_back({path, filterIndex});
+    }
+    void TearDown() override {
+        progress = nullptr;
+        ShellFixture::TearDown();
+    }
+    void saveAs(const std::string& title, int filterIndex) {
+        answerFile(file(title), filterIndex);
+        Toolbar::click(Key::Save);
     }
 };
 
@@ -243,6 +253,66 @@ TEST_F(FileCommands, ACancelledSaveDoesNothing) {
     answerFile("", 2);
     Toolbar::click(Key::Save);
     EXPECT_EQ(dialogs.story(), "save");
+}
+
+TEST_F(FileCommands, TheDialogsOfferTheKindsInTheirOrder) {
+    dialogs.files = {{"", 1}, {"", 1}};
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(dialogs.asked.back().text,
+              "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|"
+              "Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|");
+    Toolbar::click(Key::Save);
+    EXPECT_EQ(dialogs.asked.back().text,
+              "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf");
+}
+
+TEST_F(FileCommands, AnExportThatShowsAHiddenFuselageIsNoChangeToBeSaved) {
+    ObjectList.setShown(1, false);
+    for (const bool saved : {true, false}) {
+        ObjectList.setShown(1, false);
+        Main.savedProject = saved;
+        saveAs("a.wrl", 2);
+        EXPECT_TRUE(ObjectList.shown(1));
+        EXPECT_EQ(Main.savedProject, saved);
+        saveAs("a.dxf", 3);
+        EXPECT_EQ(Main.savedProject, saved);
+    }
+}
+
+TEST_F(FileCommands, ACancelledExportSaysNothingAndLeavesTheOldFile) {
+    Fuselages(1).nb_cross = 9000;
+    Fuselages(1).initArrays();
+    Toolbar::click(Key::Front);
+    Impatient user;
+    progress = &user;
+    for (const int kind : {2, 3}) {
+        dialogs.asked.clear();
+        writeFile((folder / "a").string(), "old");
+        saveAs("a", kind);
+        EXPECT_EQ(dialogs.story(), "save") << kind;
+        EXPECT_EQ(contentOf((folder / "a").string()), "old") << kind;
+    }
+}
+
+TEST_F(FileCommands, ARemovedPictureIsNotLoadedAnyMore) {
+    pictures.pictures[(folder / "p.bmp").string()] = {2, 2, std::vector<unsigned char>(12, 7)};
+    const std::pair<int, std::function<bool()>> elements[] = {
+        {PanelTab::fuselage, [] { return Fuselages(1).texture_loaded; }},
+        {PanelTab::wing,
+         [] { return Wings(1).Left->texture_loaded || Wings(1).Right->texture_loaded; }},
+        {PanelTab::stabilizer,
+         [] { return Stabilizer.Left->texture_loaded || Stabilizer.Right->texture_loaded; }},
+        {PanelTab::rudder, [] { return Rudder.texture_loaded; }},
+    };
+    for (const auto& [tab, loaded] : elements) {
+        Main.selectTab(tab);
+        dialogs.files = {{(folder / "p.bmp").string(), 3}, {"", 3}};
+        Toolbar::click(Key::Open);
+        EXPECT_TRUE(loaded()) << tab;
+        Main.selectTab(tab);
+        Toolbar::click(Key::Open);
+        EXPECT_FALSE(loaded()) << tab;
+    }
 }
 
 }  // namespace

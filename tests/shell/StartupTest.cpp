@@ -30,6 +30,16 @@ TEST_F(Startup, OpensInTheTopViewInMillimetresWithoutPrefs) {
     EXPECT_EQ(ObjectList.rows.size(), 1u);
 }
 
+TEST_F(Startup, TheFirstViewHasNoPictureAndTheEntriesThatWorkOnOneWait) {
+    Main.pictures[ViewMode::VTop].shown = true;
+    Main.pictures[ViewMode::VTop].scale = 50;
+    velna::Startup::run();
+    EXPECT_FALSE(Main.pictureHere().shown);
+    EXPECT_EQ(Main.pictureHere().scale, 100);
+    for (const Control entry : {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap})
+        EXPECT_FALSE(Main.controls[entry].enabled);
+}
+
 TEST_F(Startup, ShowsSplashLayoutAndWindowInOrder) {
     velna::Startup::run();
     const std::vector<std::string> expected{"splash Version 2.2.1",
@@ -109,6 +119,8 @@ TEST_F(Startup, TheFirstProperQuitWritesTheSettings) {
     velna::Startup::run();
     velna::Startup::unload();
     EXPECT_EQ(contentOf(programFile("prefs.txt")), "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
+    EXPECT_EQ(Wings.size(), 0);
+    EXPECT_EQ(Fuselages.size(), 0);
     EXPECT_FALSE(Rendering::contextCreated);
     EXPECT_FALSE(desktop.timer1 || desktop.timer2);
     EXPECT_EQ(desktop.calls.back(), "close help");
