@@ -5,6 +5,9 @@
 namespace velna::Startup {
 
 extern bool smallFontsVariable;
+/// How much larger the splash and the preferences are with small fonts, so that they fill the same
+/// place.
+inline constexpr double smallFontsScale = 1.23;
 
 /// Brings the program up, in the one order in which each step finds what it reads; returns when the
 /// window stands, the preferences are read and a demonstration that was asked for is over.

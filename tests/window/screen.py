@@ -1,5 +1,6 @@
 """A screen in memory with a window manager, and the hands that work on it."""
 
+import contextlib
 import os
 import pathlib
 import subprocess
@@ -106,6 +107,22 @@ class Screen:
 
     def type(self, text):
         self.tool("type", "--delay", 8, "--", text)
+
+    @contextlib.contextmanager
+    def watch(self, *command):
+        """Runs a command meanwhile; gives a function that returns the lines it has written so far."""
+        with tempfile.NamedTemporaryFile() as lines:
+            process = subprocess.Popen(command, env=self.env, stdin=subprocess.DEVNULL, stdout=lines)
+
+            def written():
+                return pathlib.Path(lines.name).read_text().splitlines() or [""]
+
+            try:
+                wait_for(lambda: written() != [""], f"the first line of {command[0]}")
+                yield written
+            finally:
+                process.kill()
+                process.wait()
 
     def picture(self, file, place=None):
         """Writes the screen, or the part at (x, y, width, height), as PNG."""

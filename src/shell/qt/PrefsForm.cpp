@@ -15,6 +15,7 @@
 #include "editor/Main.h"
 #include "model/Prefs.h"
 #include "shell/Preferences.h"
+#include "shell/Startup.h"
 
 namespace velna {
 namespace {
@@ -51,6 +52,7 @@ PrefsForm::PrefsForm(QWidget* parent) : QDialog(parent) {
     setObjectName("Prefs");
     setWindowTitle("Preferences");
     setProperty("helpPage", "preferences");
+    if (Startup::smallFontsVariable) growWithSmallFonts();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(unitFrame());
     layout->addWidget(scaleFrame());
@@ -65,6 +67,13 @@ PrefsForm::PrefsForm(QWidget* parent) : QDialog(parent) {
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     showSpan();
+}
+
+// With the letters the layout grows everything that holds them.
+void PrefsForm::growWithSmallFonts() {
+    QFont larger = font();
+    larger.setPointSizeF(larger.pointSizeF() * Startup::smallFontsScale);
+    setFont(larger);
 }
 
 QWidget* PrefsForm::unitFrame() {

@@ -16,6 +16,7 @@ protected:
     void reject() override;
 
 private:
+    void growWithSmallFonts();
     QWidget* unitFrame();
     QWidget* scaleFrame();
     void showSpan();

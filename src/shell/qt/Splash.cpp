@@ -3,20 +3,20 @@
 #include <QPainter>
 #include <QScreen>
 
+#include "shell/Startup.h"
 #include "shell/qt/Drawings.h"
 
 namespace velna {
 namespace {
 
 constexpr QSize designSize(420, 220);
-constexpr double smallFontsScale = 1.23;  // as large as it is with large fonts
 
 }  // namespace
 
 Splash::Splash(const QString& version, bool smallFonts)
     : QWidget(nullptr, Qt::SplashScreen | Qt::WindowStaysOnTopHint), version_(version) {
     setObjectName("frmSplash");
-    resize(designSize * (smallFonts ? smallFontsScale : 1));
+    resize(designSize * (smallFonts ? Startup::smallFontsScale : 1));
     move(screen()->availableGeometry().center() - rect().center());
 }
 
