@@ -8,7 +8,6 @@
 #include <QProgressBar>
 #include <QTransform>
 #include <QVBoxLayout>
-#include <cstring>
 
 #include "common/ReplacedFile.h"
 #include "shell/Ports.h"
@@ -63,7 +62,8 @@ bool QtImaging::load(const std::string& file, std::string& reason) {
         QPainter(&flat).drawImage(0, 0, picture);
         picture = std::move(flat);
     }
-    image_ = picture.convertToFormat(QImage::Format_RGB888);
+    // Qt turns and scales 32-bit pixels fastest; three bytes each are made once, at the end.
+    image_ = std::move(picture).convertToFormat(QImage::Format_RGB32);
     if (image_.isNull()) reason = "The picture needs more memory than there is";
     return !image_.isNull();
 }
@@ -75,16 +75,22 @@ void QtImaging::rotateQuarter() {
 void QtImaging::resize(int width, int height) {
     if (QSize(width, height) == image_.size()) return;
     image_ = image_.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                 .convertToFormat(QImage::Format_RGB888);
+                 .convertToFormat(QImage::Format_RGB32);
 }
 
 PictureBytes QtImaging::pixels() {
     PictureBytes result{image_.width(), image_.height(), {}};
-    const auto row = static_cast<std::size_t>(result.width) * 3;
-    result.bytes.resize(row * static_cast<std::size_t>(result.height));
-    for (int y = 0; y < result.height; ++y)
-        std::memcpy(result.bytes.data() + row * static_cast<std::size_t>(y),
-                    image_.constScanLine(y), row);
+    result.bytes.resize(3UL * static_cast<std::size_t>(result.width) *
+                        static_cast<std::size_t>(result.height));
+    unsigned char* byte = result.bytes.data();
+    for (int y = 0; y < result.height; ++y) {
+        const auto* row = reinterpret_cast<const QRgb*>(image_.constScanLine(y));
+        for (int x = 0; x < result.width; ++x) {
+            *byte++ = static_cast<unsigned char>(qRed(row[x]));
+            *byte++ = static_cast<unsigned char>(qGreen(row[x]));
+            *byte++ = static_cast<unsigned char>(qBlue(row[x]));
+        }
+    }
     return result;
 }
 
