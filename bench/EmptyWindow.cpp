@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QOpenGLContext>
-#include <QOpenGLFunctions>
 #include <QWindow>
 #include <memory>
 #include <string_view>
@@ -14,21 +13,44 @@ namespace {
 
 constexpr int childWidgets = 220;
 
-/// A native OpenGL area that shows one black frame.
+/// A native OpenGL area that shows one frame: black, or with a lit triangle.
 class EmptyPicture : public QWindow {
 public:
-    EmptyPicture() { setSurfaceType(OpenGLSurface); }
+    explicit EmptyPicture(bool lit) : lit_(lit) {
+        setSurfaceType(OpenGLSurface);
+        if (!lit) return;
+        QSurfaceFormat format;
+        format.setDepthBufferSize(24);
+        format.setSamples(4);
+        setFormat(format);
+    }
 
     void showFrame() {
         context_ = std::make_unique<QOpenGLContext>();
+        context_->setFormat(requestedFormat());
         create();
         if (!context_->create() || !context_->makeCurrent(this)) return;
-        context_->functions()->glClear(GL_COLOR_BUFFER_BIT);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+        if (lit_) drawTriangle();
         context_->swapBuffers(this);
     }
 
 private:
+    static void drawTriangle() {
+        for (const GLenum state : {GL_DEPTH_TEST, GL_LIGHTING, GL_LIGHT0, GL_NORMALIZE})
+            glEnable(state);
+        glNewList(1, GL_COMPILE_AND_EXECUTE);
+        glBegin(GL_TRIANGLE_STRIP);
+        glNormal3d(0, 0, 1);
+        glVertex3d(-1, -1, 0);
+        glVertex3d(1, -1, 0);
+        glVertex3d(0, 1, 0);
+        glEnd();
+        glEndList();
+    }
+
     std::unique_ptr<QOpenGLContext> context_;
+    bool lit_;
 };
 
 }  // namespace
@@ -42,8 +64,8 @@ int main(int count, char** arguments) {
         auto* child = new QLabel(centre);
         child->setGeometry(i % 20 * 40, i / 20 * 20, 38, 18);
     }
-    const bool picture = count > 1 && std::string_view(arguments[1]) == "gl";
-    auto* area = picture ? new EmptyPicture : nullptr;
+    const std::string_view picture = count > 1 ? arguments[1] : "";
+    auto* area = picture.empty() ? nullptr : new EmptyPicture(picture == "lit");
     if (area) QWidget::createWindowContainer(area, centre)->setGeometry(300, 300, 600, 300);
     window.setWindowTitle("Empty");
     window.showMaximized();

@@ -58,6 +58,7 @@ def main():
             "velna, dark picture": ([program], "^Velna V", dark),
             "empty window": ([empty], "^Empty", None),
             "empty window with OpenGL": ([empty, "gl"], "^Empty", None),
+            "one lit OpenGL triangle": ([empty, "lit"], "^Empty", None),
         }
         seen = {name: [] for name in rows}
         for _ in range(rounds):
