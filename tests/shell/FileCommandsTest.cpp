@@ -283,7 +283,8 @@ TEST_F(FileCommands, ACancelledExportSaysNothingAndLeavesTheOldFile) {
     Fuselages(1).nb_cross = 9000;
     Fuselages(1).initArrays();
     Toolbar::click(Key::Front);
-    Impatient user;
+    // The watcher outlives the test's frame; the fixture takes it away.
+    static Impatient user;
     progress = &user;
     for (const int kind : {2, 3}) {
         dialogs.asked.clear();

@@ -1,11 +1,13 @@
 #include "support/ShellFixture.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
+#include "output/Progress.h"
 #include "preview/Flying.h"
 #include "preview/Imaging.h"
 #include "preview/Rendering.h"
@@ -17,10 +19,12 @@
 namespace velna::test {
 
 void ShellFixture::SetUp() {
-    const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
-    folder = std::filesystem::temp_directory_path() /
-             ("velna-shell-" + std::string(test->test_suite_name()) + "-" + test->name());
-    std::filesystem::remove_all(folder);
+    // Some tests start over: the folder of the former start goes.
+    std::error_code ignored;
+    if (!folder.empty()) std::filesystem::remove_all(folder, ignored);
+    std::string name = std::filesystem::temp_directory_path() / "velna-shell-XXXXXX";
+    ASSERT_NE(mkdtemp(name.data()), nullptr);
+    folder = name;
     std::filesystem::create_directories(folder / "program");
     desktop.program = (folder / "program").string() + "/";
     desktop.configuration = (folder / "config").string() + "/";
@@ -53,6 +57,7 @@ void ShellFixture::TearDown() {
     Rendering::context = nullptr;
     imaging = nullptr;
     Flying::joystick = nullptr;
+    progress = nullptr;
 }
 
 void ShellFixture::start() {
