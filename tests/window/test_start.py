@@ -1,5 +1,7 @@
 """Start and end of the program: what stands at first, what is asked, what prefs.txt holds."""
 
+import time
+
 import base
 from screen import wait_for
 
@@ -74,8 +76,13 @@ class Start(base.WindowTest):
         before = program.get("DrawArea").place
         window = self.screen.tool("search", "--onlyvisible", "--name", "^Velna V").split()[0]
         with self.screen.watch("xprop", "-spy", "-id", window, "_NET_WM_STATE") as states:
-            self.screen.tool("mousemove", 640, 9, "click", "--repeat", 2, "--delay", 60, 1)
-            wait_for(lambda: any("MAXIMIZED" not in line for line in states()), "the window to be restored")
+            # Each change of the state writes a line; the restored state itself may be over before it is read.
+            def restored():
+                self.screen.tool("mousemove", 640, 9, "click", "--repeat", 2, "--delay", 60, 1)
+                time.sleep(1)
+                return len(states()) > 1
+
+            wait_for(restored, "the window to be restored")
             wait_for(lambda: "MAXIMIZED" in states()[-1], "the window to be maximised again")
         wait_for(lambda: program.get("DrawArea").place == before, "the layout to be as it was")
 
