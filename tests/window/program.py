@@ -44,6 +44,24 @@ class Control:
         return self.left + x, self.top + y
 
 
+class Stick:
+    """A joystick that lives in the program; it stands upright until it is moved."""
+
+    def __init__(self, pipe):
+        self.pipe = pipe
+        os.mkfifo(pipe)
+
+    def move(self, x=0, y=0, buttons=0):
+        """Both axes from -32768 to 32767, and the mask of the buttons that are down."""
+        self._tell(f"{x} {y} {buttons}\n")
+
+    def pull_out(self):
+        self._tell("out\n")
+
+    def _tell(self, line):
+        self.pipe.write_text(line)
+
+
 class Program:
     def __init__(self, screen, binary, probe_folder, prefs=QUIET_PREFS):
         self.screen = screen
@@ -57,6 +75,12 @@ class Program:
                         QT_PLUGIN_PATH=str(probe_folder),
                         QT_QPA_GENERIC_PLUGINS=f"velnaprobe:{self.socket}")
         self.process = None
+
+    def plug_in_stick(self):
+        """A virtual joystick, there from the next start on."""
+        stick = Stick(self.folder / "stick")
+        self.env["QT_QPA_GENERIC_PLUGINS"] += f",velnastick:{stick.pipe}"
+        return stick
 
     def _install(self, binary, prefs):
         try:

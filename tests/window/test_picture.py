@@ -1,7 +1,6 @@
-"""The picture in three dimensions: turned, zoomed, shifted, textured, drawn while dragging, and flown round."""
+"""The picture in three dimensions: turned, zoomed, shifted, textured, and drawn while dragging."""
 
 import subprocess
-import time
 
 import base
 import views
@@ -77,48 +76,6 @@ class ThePicture(base.WindowTest):
 
     def coloured(self):
         return Picture(self.shot("texture")).count(lambda r, g, b: abs(r - g) > 60)
-
-    def test_a_flight_fills_the_screen_follows_the_mouse_and_escape_ends_it(self):
-        before = self.program.picture().place
-        saved = self.program.folder / "before.vln"
-        self.program.save(saved)
-        self.program.click("FlyingPreview")
-        wait_for(lambda: self.program.picture().width >= self.screen.size[0] - 2, "the full screen")
-        wait_for(lambda: self.program.text("FlyingInfo") == "Mouse enabled", "the mode")
-        self.screen.move(700, 560)
-        time.sleep(0.7)
-        self.take("flight")
-        self.screen.click(640, 500)
-        self.screen.click(640, 500, button=3)
-        one = self.screen.picture(self.taken / "flight-1.png")
-        time.sleep(0.3)
-        self.assertGreater(difference(one, self.screen.picture(self.taken / "flight-2.png")), 0)
-        self.screen.key("Escape")
-        wait_for(lambda: self.program.picture().place == before, "the window as before")
-        wait_for(lambda: not self.program.get("FlyingPreview").checked, "the key to be up")
-        after = self.program.folder / "after.vln"
-        self.program.save(after)
-        self.assertEqual(after.read_bytes(), saved.read_bytes())
-
-    def test_keys_in_a_flight_reach_no_field_and_no_view(self):
-        self.program.click("LengthBText")
-        self.program.click("FlyingPreview")
-        wait_for(lambda: self.program.picture().width >= self.screen.size[0] - 2, "the full screen")
-        self.screen.type("7xz")
-        self.screen.key("Return")
-        self.screen.key("Escape")
-        wait_for(lambda: not self.program.get("FlyingPreview").checked, "the end of the flight")
-        self.assertEqual(self.program.text("LengthBText"), "230")
-        self.assertTrue(self.program.get("VTop").checked)
-        self.program.enter("LengthBText", "240")
-        wait_for(lambda: self.program.text("LengthBText") == "240", "the field to be open again")
-
-    def test_the_toolbar_key_ends_a_flight_too(self):
-        self.program.click("FlyingPreview")
-        wait_for(lambda: self.program.picture().width >= self.screen.size[0] - 2, "the full screen")
-        key = self.program.get("FlyingPreview")
-        self.screen.click(*key.middle)
-        wait_for(lambda: self.program.picture().width < self.screen.size[0] - 2, "the end of the flight")
 
 
 class Background(base.WindowTest):
