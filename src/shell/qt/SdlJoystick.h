@@ -7,7 +7,7 @@ struct _SDL_Joystick;
 namespace velna {
 
 /// The first joystick, through SDL. The subsystem runs from `open` to `close` only, so that a
-/// program that does not fly polls nothing.
+/// program that does not fly polls nothing. Without SDL's library there is no joystick.
 class SdlJoystick : public Joystick {
 public:
     ~SdlJoystick() override;
