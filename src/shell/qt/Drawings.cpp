@@ -1,7 +1,12 @@
 #include "shell/qt/Drawings.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
+#include <QPixmapCache>
+#include <QStyle>
+#include <QStyleOption>
 #include <QSvgRenderer>
 
 namespace velna::Drawings {
@@ -16,6 +21,45 @@ QByteArray source(const char* name, const QColor& ink, const char* measure) {
     if (measure) svg.replace(QByteArray("id=\"") + measure + "\" display=\"none\"", "");
     return svg;
 }
+
+/// Drawn when a button shows it, in the size that the button's screen needs.
+class DrawnIcon : public QIconEngine {
+public:
+    DrawnIcon(const char* name, const QColor& ink) : name_(name), ink_(ink) {}
+
+    QIconEngine* clone() const override { return new DrawnIcon(*this); }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override {
+        const QString key = QString("velna %1 %2 %3x%4 %5")
+                                .arg(name_, ink_.name())
+                                .arg(size.width())
+                                .arg(size.height())
+                                .arg(mode);
+        QPixmap drawn;
+        if (!QPixmapCache::find(key, &drawn)) {
+            drawn = inMode(picture(name_.constData(), size, 1, ink_), mode);
+            QPixmapCache::insert(key, drawn);
+        }
+        return drawn;
+    }
+
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode,
+               QIcon::State state) override {
+        const double density = painter->device()->devicePixelRatio();
+        painter->drawPixmap(place, pixmap(place.size() * density, mode, state));
+    }
+
+private:
+    static QPixmap inMode(const QPixmap& drawn, QIcon::Mode mode) {
+        if (mode == QIcon::Normal || drawn.isNull()) return drawn;
+        QStyleOption option;
+        option.palette = QApplication::palette();
+        return QApplication::style()->generatedIconPixmap(mode, drawn, &option);
+    }
+
+    QByteArray name_;
+    QColor ink_;
+};
 
 }  // namespace
 
@@ -33,11 +77,7 @@ QPixmap picture(const char* name, QSize size, double density, const QColor& ink,
 }
 
 QIcon icon(const char* name, const QColor& ink) {
-    constexpr int size = 24;
-    QIcon result;
-    for (const double density : {1.0, 1.5, 2.0, 3.0})
-        result.addPixmap(picture(name, {size, size}, density, ink));
-    return result;
+    return QIcon(new DrawnIcon(name, ink));
 }
 
 }  // namespace velna::Drawings

@@ -16,7 +16,7 @@ namespace Drawings {
 QPixmap picture(const char* name, QSize size, double density, const QColor& ink,
                 const char* measure = nullptr);
 
-/// A drawing as the icon of a button.
+/// A drawing as the icon of a button, sharp at any size and density.
 QIcon icon(const char* name, const QColor& ink);
 
 }  // namespace Drawings

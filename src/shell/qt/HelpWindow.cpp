@@ -90,7 +90,6 @@ HelpWindow::HelpWindow()
       place_(256, 256, 512, 512) {
     setWindowTitle("Velna Help");
     setObjectName("HelpWindow");
-    build();
 }
 
 void HelpWindow::build() {
@@ -190,6 +189,7 @@ void HelpWindow::showContext(int contextId) {
 }
 
 void HelpWindow::showPage(const QString& page) {
+    if (!browser_) build();
     if (!readable_) {
         readable_ = help_.open(file_);
         fillContents();

@@ -51,6 +51,7 @@ protected:
 
 private:
     HelpWindow();
+    /// Its parts are made at the first page: most sessions never open the help.
     void build();
     QLayout* buildBar();
     void fillContents();
