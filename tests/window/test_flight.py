@@ -44,11 +44,15 @@ class FlightByMouse(FlightTest):
         self.screen.move(700, 560)
         time.sleep(0.7)
         self.take("flight")
+        self.assertIsNone(self.program.find("Logo"))
+        self.assertIsNone(self.program.find("Hints"))
         self.screen.click(640, 500)
         self.screen.click(640, 500, button=3)
         self.assertTrue(self.moves())
         self.land()
         wait_for(lambda: self.program.picture().place == before, "the window as before")
+        self.program.get("Logo")
+        self.program.get("Hints")
         self.same_aircraft(saved)
 
     def test_keys_in_a_flight_reach_no_field_and_no_view(self):

@@ -1,6 +1,8 @@
 #include "shell/qt/Bar.h"
 
 #include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
 #include <QToolButton>
 #include <string>
 
@@ -20,24 +22,34 @@ bool beginsGroup(Toolbar::Key key) {
            key == Help;
 }
 
+void addGap(QHBoxLayout& row) {
+    auto* line = new QFrame;
+    line->setFrameStyle(QFrame::VLine | QFrame::Sunken);
+    row.addSpacing(4);
+    row.addWidget(line);
+    row.addSpacing(4);
+}
+
 }  // namespace
 
-Bar::Bar(Mirrors& mirrors, QWidget* parent) : QToolBar(parent) {
+Bar::Bar(Mirrors& mirrors, QWidget* parent) : QWidget(parent) {
     setObjectName("Bar");
-    setIconSize({24, 24});
-    setMovable(false);
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAutoFillBackground(true);
+    auto* line = new QHBoxLayout(this);
+    line->setContentsMargins(4, 4, 4, 4);
+    line->setSpacing(1);
     for (const Toolbar::Button& row : Toolbar::buttons) {
-        if (beginsGroup(row.key)) addSeparator();
+        if (beginsGroup(row.key)) addGap(*line);
         auto* button = new QToolButton(this);
+        button->setIconSize({24, 24});
         button->setObjectName(row.name);
         button->setAccessibleName(row.name);
         button->setToolTip(row.tip);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);
         button->setCheckable(row.kind != Toolbar::ButtonKind::Push);
-        addWidget(button);
+        line->addWidget(button);
         buttons_.push_back(button);
         connect(button, &QToolButton::clicked, this, [&row, &mirrors] {
             Toolbar::click(row.key);
@@ -51,12 +63,13 @@ Bar::Bar(Mirrors& mirrors, QWidget* parent) : QToolBar(parent) {
                 button->setChecked(state.checked);
             });
     }
+    line->addStretch();
     drawIcons();
 }
 
 void Bar::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange) drawIcons();
-    QToolBar::changeEvent(event);
+    QWidget::changeEvent(event);
 }
 
 void Bar::drawIcons() {

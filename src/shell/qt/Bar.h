@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QToolBar>
+#include <QWidget>
 #include <vector>
 
 class QToolButton;
@@ -9,8 +9,10 @@ namespace velna {
 
 class Mirrors;
 
-/// The toolbar `Bar`: one button for each row of the toolbar's table.
-class Bar : public QToolBar {
+/// The toolbar `Bar`: one button for each row of the toolbar's table. A plain row of buttons: a
+/// `QToolBar` looks for the picture of a button that it would need if it were too narrow, and every
+/// library of picture formats is loaded for that before the window can be shown.
+class Bar : public QWidget {
 public:
     Bar(Mirrors& mirrors, QWidget* parent);
 

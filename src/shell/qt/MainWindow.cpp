@@ -9,7 +9,6 @@
 
 #include "editor/Main.h"
 #include "preview/Flying.h"
-#include "preview/Rendering.h"
 #include "shell/Helper.h"
 #include "shell/Startup.h"
 #include "shell/ToolbarCommands.h"
@@ -89,6 +88,7 @@ void MainWindow::buildSurfaces() {
 
 void MainWindow::buildSigns() {
     hints_ = new QLabel(this);
+    hints_->setObjectName("Hints");
     hints_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     hints_->setMargin(12);
     hints_->setWordWrap(true);
@@ -123,16 +123,10 @@ void MainWindow::layOut(QSize client) {
     put(*bar_, l.bar);
     put(*panel_, l.parameters);
     put(*drawArea_, l.drawArea);
-    drawArea_->surface().fitToWidget();
-    put(*hints_, l.hints);
-    showHints(*hints_, l.hints);
-
-    const QSize logo(l.foot.height * 3, l.foot.height - 8);
-    logo_->setPixmap(Drawings::picture("Logo", logo, devicePixelRatioF(),
-                                       palette().color(QPalette::WindowText)));
-    logo_->setGeometry(l.logoLeft, l.foot.top + 4, logo.width(), logo.height());
-    logo_->setVisible(l.logoVisible);
-
+    if (started_) {
+        drawArea_->surface().fitToWidget();
+        layOutSigns(l);
+    }
     if (flight_)
         render_->setGeometry(rect());
     else
@@ -140,6 +134,19 @@ void MainWindow::layOut(QSize client) {
     if (flight_) bar_->raise();
     flyingInfo_->adjustSize();
     flyingInfo_->move(render_->x() + 8, render_->geometry().bottom() - flyingInfo_->height() - 8);
+}
+
+void MainWindow::layOutSigns(const WindowLayout& l) {
+    // The picture of a flight covers all but the toolbar.
+    hints_->setVisible(!flight_);
+    logo_->setVisible(!flight_ && l.logoVisible);
+    if (flight_) return;
+    put(*hints_, l.hints);
+    showHints(*hints_, l.hints);
+    const QSize logo(l.foot.height * 3, l.foot.height - 8);
+    logo_->setPixmap(Drawings::picture("Logo", logo, devicePixelRatioF(),
+                                       palette().color(QPalette::WindowText)));
+    logo_->setGeometry(l.logoLeft, l.foot.top + 4, logo.width(), logo.height());
 }
 
 QSize MainWindow::renderSize() const {
@@ -175,6 +182,7 @@ void MainWindow::placeSign(int left, int top) {
 void MainWindow::start() {
     started_ = true;
     mirrors_.showAll();
+    layOut(size());
     if (size() != QSize()) redraw();
 }
 
@@ -191,14 +199,14 @@ void MainWindow::followScreen() {
     panel_->sectionArea().surface().fitToWidget();
     layOut(size());
     redraw();
-    Rendering::resized();
+    renderWindow_->resized();
 }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
     if (!bar_) return;
     layOut(event->size());
     redraw();
-    Rendering::resized();
+    renderWindow_->resized();
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -15,7 +15,7 @@ class DrawArea;
 class PanelWidgets;
 class PopupMenu;
 class RenderWindow;
-struct Place;
+struct WindowLayout;
 
 /// The main window: toolbar, panel, picture and drawing area, laid out by the window's formulas. It
 /// is always maximised. It holds no logic: what happens is told to `Main`, the toolbar and the
@@ -57,6 +57,8 @@ private:
     void buildSigns();
     /// Applies the formulas to the present client area.
     void layOut(QSize client);
+    /// What is beside the controls: hints and logo.
+    void layOutSigns(const WindowLayout& l);
     /// What was drawn for another size is drawn anew.
     void redraw();
     void followScreen();

@@ -80,7 +80,6 @@ ParameterCell::ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors
     grid->addWidget(picture_, 1, 0);
     grid->addWidget(box, 1, 1);
     grid->setColumnStretch(1, 1);
-    drawPicture();
 
     mirrors.add(place.control, [box](const ControlState& state) {
         box->setEnabled(state.enabled);
@@ -97,8 +96,13 @@ bool ParameterCell::event(QEvent* event) {
     return true;
 }
 
+void ParameterCell::showEvent(QShowEvent*) {
+    if (picture_->pixmap().isNull()) drawPicture();
+}
+
 void ParameterCell::changeEvent(QEvent* event) {
-    if (event->type() == QEvent::PaletteChange) drawPicture();
+    // Of a page that is not shown, the next showing draws it.
+    if (event->type() == QEvent::PaletteChange) isVisible() ? drawPicture() : picture_->clear();
     QWidget::changeEvent(event);
 }
 

@@ -79,10 +79,13 @@ void QtDesktop::showMainWindow() {
     // next.
     const bool waiting = timer1_.isActive();
     timer1_.stop();
+    // Nothing is painted before the window has its size and its first page.
+    window_.setUpdatesEnabled(false);
     window_.showMaximized();
     QCoreApplication::processEvents();
     if (waiting) timer1_.start();
     window_.start();
+    window_.setUpdatesEnabled(true);
 }
 
 void QtDesktop::closeMainWindow() {

@@ -30,10 +30,10 @@ QSurfaceFormat pictureFormat(int samples) {
     return format;
 }
 
-bool contextFor(const QSurfaceFormat& format) {
-    QOpenGLContext context;
-    context.setFormat(format);
-    return context.create();
+std::unique_ptr<QOpenGLContext> contextFor(const QSurfaceFormat& format) {
+    auto context = std::make_unique<QOpenGLContext>();
+    context->setFormat(format);
+    return context->create() ? std::move(context) : nullptr;
 }
 
 }  // namespace
@@ -47,7 +47,10 @@ bool QtRenderContext::chooseFormat() {
     if (window_.renderWindow().handle()) return true;
     for (const int samples : {smoothEdges, 0}) {
         format_ = pictureFormat(samples);
-        if (!contextFor(format_)) continue;
+        // Kept for `create`: a second one would take a driver another 40 ms of the start.
+        context_ = contextFor(format_);
+        if (!context_) continue;
+        unused_ = true;
         window_.renderWindow().setFormat(format_);
         window_.renderWindow().create();
         return true;
@@ -56,10 +59,12 @@ bool QtRenderContext::chooseFormat() {
 }
 
 bool QtRenderContext::create() {
-    destroy();
-    context_ = std::make_unique<QOpenGLContext>();
-    context_->setFormat(format_);
-    if (!context_->create()) {
+    if (!unused_) {
+        destroy();
+        context_ = contextFor(format_);
+    }
+    unused_ = false;
+    if (!context_) {
         std::fprintf(stderr, "velna: the picture stays dark: no OpenGL context\n");
     } else if (!context_->makeCurrent(&window_.renderWindow())) {
         std::fprintf(stderr, "velna: the picture stays dark: its OpenGL context cannot be used\n");

@@ -35,6 +35,7 @@ private:
     MainWindow& window_;
     QSurfaceFormat format_;
     std::unique_ptr<QOpenGLContext> context_;
+    bool unused_ = false;  // the context has only shown that its format can be had
 };
 
 }  // namespace velna

@@ -25,14 +25,27 @@ RenderWindow::RenderWindow() {
 }
 
 void RenderWindow::exposeEvent(QExposeEvent*) {
+    if (isExposed()) requestUpdate();
+}
+
+void RenderWindow::resized() {
+    resized_ = true;
+    requestUpdate();
+}
+
+// Showing and sizing a window come as several events in a row: one frame answers them all.
+void RenderWindow::answer() {
     if (!isExposed()) return;
     if (lostContext_) {
-        lostContext_ = false;
         Rendering::recreateRenderContext();
         Rendering::renderScene(true);
+    } else if (resized_) {
+        Rendering::resized();
     } else if (Rendering::contextCreated) {
         Rendering::renderScene(false);
     }
+    lostContext_ = false;
+    resized_ = false;
 }
 
 void RenderWindow::mousePressEvent(QMouseEvent* event) {
@@ -59,6 +72,7 @@ void RenderWindow::wheelEvent(QWheelEvent* event) {
 }
 
 bool RenderWindow::event(QEvent* event) {
+    if (event->type() == QEvent::UpdateRequest) answer();
     // A display list dies with its context, and a context with the window that it draws on.
     if (event->type() == QEvent::PlatformSurface && Rendering::contextCreated &&
         static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==

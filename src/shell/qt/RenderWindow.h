@@ -10,6 +10,9 @@ class RenderWindow : public QWindow {
 public:
     RenderWindow();
 
+    /// The picture is drawn for its new size, in the next turn of the event loop.
+    void resized();
+
 protected:
     void exposeEvent(QExposeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -20,7 +23,10 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    void answer();
+
     bool lostContext_ = false;  // the native window went, and the context with it
+    bool resized_ = false;
 };
 
 }  // namespace velna
