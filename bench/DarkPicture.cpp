@@ -1,14 +1,13 @@
-// Loaded before the program by startup.py: no OpenGL context can be made current, so the picture
-// stays dark and what is measured is the window without what the driver keeps for drawing.
+// Loaded before the program by startup.py, with QT_XCB_GL_INTEGRATION=none: no OpenGL driver is
+// loaded and the picture stays dark, so that what is measured is the window alone.
 
 extern "C" {
 
-int glXMakeCurrent(void* /*display*/, unsigned long /*drawable*/, void* /*context*/) {
-    return 0;
+bool _ZN14QOpenGLContext6createEv(void* /*context*/) {
+    return true;
 }
 
-int glXMakeContextCurrent(void* /*display*/, unsigned long /*draw*/, unsigned long /*read*/,
-                          void* /*context*/) {
-    return 0;
+bool _ZN14QOpenGLContext11makeCurrentEP8QSurface(void* /*context*/, void* /*surface*/) {
+    return false;
 }
 }

@@ -1,27 +1,39 @@
-// The reference of the start-up bench: an empty main window with as many child widgets as the
-// program's, and, when asked by the argument "gl", an empty OpenGL picture among them.
+// The reference of the start-up bench: a main window with as many child widgets of each kind as the
+// program has at its start, as many of them shown, and nothing behind them. With the argument "gl"
+// an empty OpenGL picture of the program's size and format is among them.
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QOpenGLContext>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSlider>
+#include <QTabWidget>
+#include <QToolButton>
 #include <QWindow>
 #include <memory>
-#include <string_view>
 
 namespace {
 
-constexpr int childWidgets = 220;
+constexpr QRect picturePlace(191, 58, 1079, 463);  // the program's, on 1280 x 1024
 
-/// A native OpenGL area that shows one frame: black, or with a lit triangle.
+/// A native OpenGL area that shows one black frame.
 class EmptyPicture : public QWindow {
 public:
-    explicit EmptyPicture(bool lit) : lit_(lit) {
-        setSurfaceType(OpenGLSurface);
-        if (!lit) return;
+    EmptyPicture() {
         QSurfaceFormat format;
-        format.setDepthBufferSize(24);
+        format.setRenderableType(QSurfaceFormat::OpenGL);
+        format.setDepthBufferSize(16);
+        format.setAlphaBufferSize(0);
         format.setSamples(4);
+        setSurfaceType(OpenGLSurface);
         setFormat(format);
     }
 
@@ -31,27 +43,44 @@ public:
         create();
         if (!context_->create() || !context_->makeCurrent(this)) return;
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-        if (lit_) drawTriangle();
         context_->swapBuffers(this);
     }
 
 private:
-    static void drawTriangle() {
-        for (const GLenum state : {GL_DEPTH_TEST, GL_LIGHTING, GL_LIGHT0, GL_NORMALIZE})
-            glEnable(state);
-        glNewList(1, GL_COMPILE_AND_EXECUTE);
-        glBegin(GL_TRIANGLE_STRIP);
-        glNormal3d(0, 0, 1);
-        glVertex3d(-1, -1, 0);
-        glVertex3d(1, -1, 0);
-        glVertex3d(0, 1, 0);
-        glEnd();
-        glEndList();
-    }
-
     std::unique_ptr<QOpenGLContext> context_;
-    bool lit_;
 };
+
+/// `count` widgets of a kind, one beside the other; those with letters carry a word.
+template <typename Kind>
+void add(QWidget* parent, int count) {
+    for (int i = 0; i < count; ++i) {
+        auto* child = new Kind(parent);
+        child->setGeometry(i % 2 * 90, i / 2 * 24 % 900, 86, 22);
+        if constexpr (requires { child->setText(QString()); }) child->setText("Word");
+    }
+}
+
+void addShown(QWidget* page) {
+    add<QWidget>(page, 13);
+    add<QLabel>(page, 24);
+    add<QLineEdit>(page, 10);
+    add<QToolButton>(page, 22);
+}
+
+/// On the four pages behind.
+void addHidden(QWidget* page) {
+    add<QWidget>(page, 59);
+    add<QLabel>(page, 77);
+    add<QLineEdit>(page, 34);
+    add<QToolButton>(page, 10);
+    add<QScrollBar>(page, 11);
+    add<QSlider>(page, 3);
+    add<QCheckBox>(page, 3);
+    add<QRadioButton>(page, 5);
+    add<QComboBox>(page, 3);
+    add<QGroupBox>(page, 3);
+    add<QPushButton>(page, 1);
+}
 
 }  // namespace
 
@@ -60,13 +89,18 @@ int main(int count, char** arguments) {
     QMainWindow window;
     auto* centre = new QWidget;
     window.setCentralWidget(centre);
-    for (int i = 0; i < childWidgets; ++i) {
-        auto* child = new QLabel(centre);
-        child->setGeometry(i % 20 * 40, i / 20 * 20, 38, 18);
+    auto* tabs = new QTabWidget(centre);
+    tabs->setGeometry(0, 58, 191, 926);
+    for (int page = 0; page < 5; ++page) {
+        auto* scroll = new QScrollArea;
+        auto* content = new QWidget;
+        page == 0 ? addShown(content) : page == 1 ? addHidden(content) : void();
+        content->resize(180, 900);
+        scroll->setWidget(content);
+        tabs->addTab(scroll, "Word");
     }
-    const std::string_view picture = count > 1 ? arguments[1] : "";
-    auto* area = picture.empty() ? nullptr : new EmptyPicture(picture == "lit");
-    if (area) QWidget::createWindowContainer(area, centre)->setGeometry(300, 300, 600, 300);
+    auto* area = count > 1 ? new EmptyPicture : nullptr;
+    if (area) QWidget::createWindowContainer(area, centre)->setGeometry(picturePlace);
     window.setWindowTitle("Empty");
     window.showMaximized();
     if (area) area->showFrame();

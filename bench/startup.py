@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Time from the start to the first complete window, and resident memory, of the program beside empty
-windows with as many child widgets, with and without an OpenGL picture. All in one run, by turns.
-The program is measured as it is, and with a picture that stays dark: a software driver keeps more
-memory for drawing than the whole window.
+"""Time from the start to the first complete window, the work for it, and resident memory: the program beside
+an empty main window with as many child widgets of each kind, an OpenGL picture of the same size and format
+among them. All in one run, by turns, on a screen in memory.
 
-Use, on a screen (or in a virtual one): startup.py BUILD_FOLDER [ROUNDS]
+A software driver keeps and works more than the window itself, on both sides: two rows more leave it away.
+
+Use: startup.py BUILD_FOLDER [ROUNDS]
 """
+import glob
 import os
 import re
 import shutil
@@ -15,6 +17,12 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "window"))
+from screen import Screen  # noqa: E402
+
+# Seconds of work that are more than a timer's tick or a blinking cursor.
+LAST_WORK = 0.002
+
 
 def resident(pid):
     """Resident memory in MB."""
@@ -22,54 +30,66 @@ def resident(pid):
         return int(re.search(r"VmRSS:\s+(\d+)", status.read()).group(1)) / 1024
 
 
-def start(command, title, preload):
-    """Seconds until the window is on screen, and the memory two seconds later."""
-    environment = dict(os.environ, **({"LD_PRELOAD": preload} if preload else {}))
+def worked(pid):
+    """Seconds of processor time of all threads."""
+    total = 0
+    for file in glob.glob(f"/proc/{pid}/task/*/schedstat"):
+        try:
+            with open(file) as status:
+                total += int(status.read().split()[0])
+        except OSError:
+            pass  # the thread has just ended
+    return total / 1e9
+
+
+def start(command, environment):
+    """Seconds until the window is painted, for then the program rests; seconds of work until then; MB.
+
+    The screen cannot be asked when a window is complete, and a mapped window may still be empty.
+    """
     begin = time.monotonic()
     with subprocess.Popen(command, stderr=subprocess.DEVNULL, env=environment) as program:
         try:
-            while True:
-                found = subprocess.run(
-                    ["xdotool", "search", "--onlyvisible", "--pid", str(program.pid), "--name", title],
-                    capture_output=True, check=False)
-                if found.stdout:
-                    break
-                if time.monotonic() - begin > 30:
-                    raise RuntimeError(f"{command[0]}: no window")
-            seconds = time.monotonic() - begin
-            time.sleep(2)
-            return seconds, resident(program.pid)
+            rest, work = 0, 0
+            while (now := time.monotonic() - begin) < 2:
+                done = worked(program.pid)
+                if done - work > LAST_WORK:
+                    rest, work = now, done
+                time.sleep(0.001)
+            return rest, work, resident(program.pid)
         finally:
             program.kill()
 
 
-def main():
-    build = os.path.abspath(sys.argv[1])
-    rounds = int(sys.argv[2]) if len(sys.argv) > 2 else 5
+def measure(build, rounds):
+    """The medians (seconds, seconds of work, MB) of each program."""
     empty = f"{build}/bench/velna_empty_window"
-    dark = f"{build}/bench/libvelna_dark_picture.so"
-    with tempfile.TemporaryDirectory() as folder:
+    with tempfile.TemporaryDirectory() as folder, Screen() as screen:
         # A copy with its own settings, so that no demonstration runs and nothing is written elsewhere.
         program = shutil.copy(f"{build}/src/shell/qt/velna", folder)
         with open(os.path.join(folder, "prefs.txt"), "w", newline="") as settings:
             settings.write('"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
+        dark = dict(screen.env, QT_XCB_GL_INTEGRATION="none", LD_PRELOAD=f"{build}/bench/libvelna_dark_picture.so")
         rows = {
-            "velna": ([program], "^Velna V", None),
-            "velna, dark picture": ([program], "^Velna V", dark),
-            "empty window": ([empty], "^Empty", None),
-            "empty window with OpenGL": ([empty, "gl"], "^Empty", None),
-            "one lit OpenGL triangle": ([empty, "lit"], "^Empty", None),
+            "program": ([program], screen.env),
+            "empty window": ([empty, "gl"], screen.env),
+            "program without driver": ([program], dark),
+            "empty window without driver": ([empty], screen.env),
         }
         seen = {name: [] for name in rows}
         for _ in range(rounds):
             for name, row in rows.items():
                 seen[name].append(start(*row))
-    middle = {name: [statistics.median(column) for column in zip(*values)]
-              for name, values in seen.items()}
-    for name, (seconds, memory) in middle.items():
-        ratios = "".join(f"   {own}: {middle[own][0] / seconds:.2f} x, {middle[own][1] / memory:.2f} x"
-                         for own in ("velna", "velna, dark picture"))
-        print(f"{name:26} {seconds * 1000:6.0f} ms {memory:6.0f} MB{ratios}")
+    return {name: [statistics.median(column) for column in zip(*values)] for name, values in seen.items()}
+
+
+def main():
+    middle = measure(os.path.abspath(sys.argv[1]), int(sys.argv[2]) if len(sys.argv) > 2 else 5)
+    for name, (seconds, work, memory) in middle.items():
+        print(f"{name:28} {seconds * 1000:6.0f} ms, {work * 1000:6.0f} ms of work {memory:6.0f} MB")
+    for own, reference in (("program", "empty window"), ("program without driver", "empty window without driver")):
+        times, work, memory = (mine / theirs for mine, theirs in zip(middle[own], middle[reference]))
+        print(f"{own} / {reference}: {times:.2f} x the time, {work:.2f} x the work, {memory:.2f} x the memory")
 
 
 if __name__ == "__main__":
