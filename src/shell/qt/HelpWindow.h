@@ -51,7 +51,7 @@ protected:
 
 private:
     HelpWindow();
-    /// Its parts are made at the first page: most sessions never open the help.
+    /// Its parts are made at the first page, for most people never open the help.
     void build();
     QLayout* buildBar();
     void fillContents();
