@@ -79,8 +79,15 @@ class Program:
     def plug_in_stick(self):
         """A virtual joystick, there from the next start on."""
         stick = Stick(self.folder / "stick")
-        self.env["QT_QPA_GENERIC_PLUGINS"] += f",velnastick:{stick.pipe}"
+        self._plug_in("velnastick", stick.pipe)
         return stick
+
+    def lose_picture(self, milliseconds):
+        """The picture's native window goes, and comes back empty, so long after the next start."""
+        self._plug_in("velnaloss", milliseconds)
+
+    def _plug_in(self, plugin, told):
+        self.env["QT_QPA_GENERIC_PLUGINS"] += f",{plugin}:{told}"
 
     def _install(self, binary, prefs):
         try:

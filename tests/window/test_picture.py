@@ -8,12 +8,13 @@ from pictures import Picture, difference
 from screen import wait_for
 
 
+def lit(file):
+    return Picture(file).count(lambda r, g, b: r > 30)
+
+
 class ThePicture(base.WindowTest):
     def shot(self, name):
         return self.take(name, self.program.picture())
-
-    def lit(self, file):
-        return Picture(file).count(lambda r, g, b: r > 30)
 
     def test_the_default_aircraft_stands_in_it(self):
         self.looks("picture-default", self.program.picture())
@@ -27,12 +28,12 @@ class ThePicture(base.WindowTest):
         self.assertGreater(difference(first, turned), 0.02)
         self.screen.drag((x, y), (x, y + 90), keys=["shift"])
         farther = self.shot("turn-2")
-        self.assertLess(self.lit(farther), self.lit(turned) * 0.9)
+        self.assertLess(lit(farther), lit(turned) * 0.9)
         self.screen.drag((x, y), (x + 200, y - 40), button=3)
         self.assertGreater(difference(farther, self.shot("turn-3")), 0.01)
         wheel = self.shot("turn-4")
         self.screen.click(x, y, button=4, times=3)
-        wait_for(lambda: self.lit(self.shot("turn-5")) > self.lit(wheel), "the wheel to bring it nearer")
+        wait_for(lambda: lit(self.shot("turn-5")) > lit(wheel), "the wheel to bring it nearer")
 
     def test_render_pressed_follows_a_drag(self):
         self.program.click("Render")
@@ -76,6 +77,23 @@ class ThePicture(base.WindowTest):
 
     def coloured(self):
         return Picture(self.shot("texture")).count(lambda r, g, b: abs(r - g) > 60)
+
+
+class LostPicture(base.WindowTest):
+    starts = False
+
+    def test_a_lost_window_gets_its_picture_back(self):
+        self.program = self.new_program()
+        self.program.lose_picture(3000)
+        self.program.start()
+        pane = self.program.picture()
+        whole = self.take("lost-0", pane)
+        self.assertGreater(lit(whole), 1000)
+        wait_for(lambda: "was lost" in self.program.errors(), "the loss")
+        wait_for(lambda: difference(whole, self.take("lost-1", pane)) < 0.01, "the same picture")
+        self.screen.drag(pane.middle, pane.at(100, 100))
+        wait_for(lambda: difference(whole, self.take("lost-2", pane)) > 0.01, "the turned picture")
+        self.assertGreater(lit(self.taken / "lost-2.png"), 1000)
 
 
 class Background(base.WindowTest):
