@@ -1,5 +1,6 @@
 #include "shell/FileCommands.h"
 
+#include <algorithm>
 #include <string>
 
 #include "common/ReplacedFile.h"
@@ -57,7 +58,15 @@ void openWingAirfoil(const std::string& file) {
     Main.savedProject = false;
 }
 
-void openTexture(const std::string& file, const std::string& title) {
+/// The project keeps a title in a line of its own: a line's end within it would cut the file there.
+std::string inOneLine(std::string title) {
+    std::replace_if(
+        title.begin(), title.end(), [](char c) { return c == '\r' || c == '\n'; }, '_');
+    return title;
+}
+
+void openTexture(const std::string& file) {
+    const std::string title = inOneLine(titleOf(file));
     if (TabElement::setTexture(file, title)) Main.savedProject = false;
 }
 
@@ -131,9 +140,9 @@ void open() {
     if (!answer.file.empty()) {
         if (answer.filterIndex == Opened::project && !openProject(answer.file)) return;
         if (answer.filterIndex == Opened::airfoil) openWingAirfoil(answer.file);
-        if (answer.filterIndex == Opened::texture) openTexture(answer.file, titleOf(answer.file));
+        if (answer.filterIndex == Opened::texture) openTexture(answer.file);
     } else if (answer.filterIndex == Opened::texture) {
-        openTexture({}, {});
+        openTexture({});
     }
     showModel();
     Rendering::renderScene(true);

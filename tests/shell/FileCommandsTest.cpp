@@ -182,6 +182,16 @@ TEST_F(FileCommands, ATextureGoesToTheElementOfTheTabAndACancelTakesItAway) {
     }
 }
 
+TEST_F(FileCommands, ATitleWithALineEndStaysInItsLine) {
+    const std::string odd = file("p\r\nq.bmp");
+    pictures.pictures[odd] = {2, 2, std::vector<unsigned char>(12, 7)};
+    Main.selectTab(PanelTab::wing);
+    answerFile(odd, 3);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(Wings(1).texture_filename(), odd);
+    EXPECT_EQ(Wings(1).qualified_texture_filename, "p__q.bmp");
+}
+
 TEST_F(FileCommands, TheElectronicsTabHasNoTexture) {
     Main.selectTab(PanelTab::electronics);
     answerFile(file("p.bmp"), 3);
