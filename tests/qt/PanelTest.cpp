@@ -1,7 +1,9 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QSignalBlocker>
 #include <QSlider>
+#include <QWheelEvent>
 #include <QWidget>
 #include <set>
 #include <string>
@@ -68,6 +70,24 @@ TEST_P(Panel, ARefillKeepsTheCursorWhereItWas) {
     mirrors.show(Control::LengthBText);
     EXPECT_EQ(box->text(), "99999");
     EXPECT_EQ(box->cursorPosition(), 2);
+}
+
+TEST_P(Panel, TheWheelChangesNoControlOfAPageThatScrolls) {
+    auto* slider = panel.findChild<QSlider*>("CurvatureSlider");
+    const QSignalBlocker silent(slider);
+    slider->setValue(300);
+    panel.setCurrentIndex(PanelTab::fuselage);
+    const auto turnWheel = [&](int height) {
+        panel.resize(400, height);
+        window.show();
+        QCoreApplication::processEvents();
+        QWheelEvent wheel({5, 5}, slider->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(slider, &wheel);
+        return slider->value();
+    };
+    EXPECT_EQ(turnWheel(200), 300);
+    EXPECT_NE(turnWheel(1200), 300);
 }
 
 TEST_P(Panel, TheBiasSliderIsNeverTallerThanThePictureBesideIt) {

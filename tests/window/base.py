@@ -6,7 +6,7 @@ import unittest
 
 from pictures import check_like
 from program import Program
-from screen import Screen
+from screen import HEIGHT, WIDTH, Screen
 
 HERE = pathlib.Path(__file__).resolve().parent
 STORED = HERE / "pictures"
@@ -15,13 +15,15 @@ BUILD = None
 
 
 class WindowTest(unittest.TestCase):
-    """A test has `self.screen`, and `self.program` unless the class sets `starts` to False."""
+    """A test has `self.screen`, and `self.program` unless the class sets `starts` to False; the screen
+    has the class's `size`."""
 
     starts = True
+    size = WIDTH, HEIGHT
 
     @classmethod
     def setUpClass(cls):
-        cls.screen = cls.enterClassContext(Screen())
+        cls.screen = cls.enterClassContext(Screen(cls.size))
         cls.taken = BUILD / "taken"
         cls.taken.mkdir(parents=True, exist_ok=True)
 

@@ -220,5 +220,16 @@ class Sections(base.WindowTest):
         wait_for(lambda: self.program.text(name) == text, f"{name} to show {text}", 4)
 
 
+class OnALowScreen(base.WindowTest):
+    size = 1024, 420
+
+    def test_the_wheel_scrolls_the_page_and_works_no_control_on_its_way(self):
+        self.program.tab(0)
+        bar = self.program.get("FuselageScroll")
+        self.screen.click(*bar.middle, button=5, times=2)
+        wait_for(lambda: self.program.get("FuselageScroll").top < bar.top, "the page to scroll")
+        self.assertEqual(self.program.value("FuselageScroll"), 1)
+
+
 if __name__ == "__main__":
     base.main()

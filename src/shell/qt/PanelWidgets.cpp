@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QButtonGroup>
+#include <QComboBox>
 #include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -77,6 +78,7 @@ PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
     buildStabilizerPage();
     buildRudderPage();
     buildElectronicsPage();
+    leaveTheWheelToThePages();
     drawIcons();
 
     mirrors_.add(Control::Parameters, [this](const ControlState& state) {
@@ -102,6 +104,24 @@ int PanelWidgets::neededWidth(int height) const {
         width = std::max(width, page.width() + bar);
     }
     return width;
+}
+
+void PanelWidgets::leaveTheWheelToThePages() {
+    for (int i = 0; i < count(); ++i) {
+        const QWidget* page = static_cast<QScrollArea*>(widget(i))->widget();
+        for (auto* bar : page->findChildren<QAbstractSlider*>()) bar->installEventFilter(this);
+        for (auto* list : page->findChildren<QComboBox*>()) list->installEventFilter(this);
+    }
+}
+
+bool PanelWidgets::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::Wheel) return false;
+    const auto* scroll = static_cast<const QScrollArea*>(currentWidget());
+    const QScrollBar& bar = *scroll->verticalScrollBar();
+    if (bar.minimum() == bar.maximum()) return false;
+    // What is scrolled past must not change the aircraft.
+    event->ignore();
+    return true;
 }
 
 void PanelWidgets::changeEvent(QEvent* event) {

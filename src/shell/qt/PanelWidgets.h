@@ -29,6 +29,7 @@ public:
     SurfaceWidget& sectionArea() { return *sectionArea_; }
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
@@ -40,6 +41,8 @@ private:
     void buildElectronicsPage();
     QVBoxLayout* addPage(int tab);
     void drawIcons();
+    /// Where a page scrolls, the wheel does that and works no control on its way.
+    void leaveTheWheelToThePages();
 
     // their parts
     QGridLayout* fieldGrid(int tab, int firstRow, int lastRow);
