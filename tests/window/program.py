@@ -204,14 +204,20 @@ class Program:
     def push(self, caption):
         self.screen.click(*self.button(caption).middle)
 
-    def tab(self, number):
-        """Opens a tab of the panel by a click on it."""
-        def bar():
+    def tab_bar(self):
+        def look():
             return next((c for c in self.controls() if len(c.told.get("tabs", ())) == 5), None)
 
-        x, y, width, height = wait_for(bar, "the panel's tabs").tabs[number]["place"]
-        self.screen.click(x + width // 2, y + height // 2)
-        wait_for(lambda: bar().value == number, f"tab {number}")
+        return wait_for(look, "the panel's tabs")
+
+    def click_tab(self, number, button=1):
+        x, y, width, height = self.tab_bar().tabs[number]["place"]
+        self.screen.click(x + width // 2, y + height // 2, button=button)
+
+    def tab(self, number):
+        """Opens a tab of the panel by a click on it."""
+        self.click_tab(number)
+        wait_for(lambda: self.tab_bar().value == number, f"tab {number}")
 
     def enter(self, name, text, commit="Return"):
         """Types a value into a field, as a person does: into it, all of it, the value, Enter."""

@@ -220,6 +220,17 @@ class Sections(base.WindowTest):
         wait_for(lambda: self.program.text(name) == text, f"{name} to show {text}", 4)
 
 
+class Tabs(base.WindowTest):
+    def test_only_the_left_button_opens_one(self):
+        self.program.tab(3)
+        for button in (2, 3):
+            self.program.click_tab(1, button)
+        # The keys after the clicks show that the clicks have been seen.
+        self.program.enter("SpanRudderText", "177")
+        wait_for(lambda: self.program.text("SpanRudderText") == "177", "the field of the fin")
+        self.assertEqual(self.program.tab_bar().value, 3)
+
+
 class OnALowScreen(base.WindowTest):
     size = 1024, 420
 

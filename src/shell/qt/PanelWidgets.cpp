@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -47,6 +48,10 @@ constexpr int allRows = 100;
 // Five tabs of one width: the style's own hints would push the last ones out of a narrow panel.
 class EvenTabBar : public QTabBar {
 protected:
+    // The toolkit tells of a click with any button.
+    void mousePressEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton) QTabBar::mousePressEvent(event);
+    }
     QSize tabSizeHint(int index) const override {
         const QSize hint = QTabBar::tabSizeHint(index);
         const int room =
