@@ -146,6 +146,16 @@ TEST(Drawings, EveryToolbarKeyHasAnIcon) {
     EXPECT_TRUE(Drawings::picture("icons/None", {24, 24}, 1, Qt::black).isNull());
 }
 
+TEST(Drawings, AnIconIsDrawnForTheScreenAndPaleWhenItsButtonIsDisabled) {
+    const QIcon icon = Drawings::icon("icons/Minus", Qt::black);
+    const QImage dense = icon.pixmap({24, 24}, 2.0).toImage();
+    EXPECT_EQ(dense.size(), QSize(48, 48));
+    EXPECT_EQ(dense.pixelColor(24, 24), QColor(Qt::black));
+    const QColor pale = icon.pixmap({24, 24}, 2.0, QIcon::Disabled).toImage().pixelColor(24, 24);
+    EXPECT_GT(pale.lightness(), 60);
+    EXPECT_TRUE(Drawings::icon("icons/None", Qt::black).pixmap({24, 24}, 1.0).isNull());
+}
+
 TEST(Drawings, TheInkIsTheDesktops) {
     const auto onDark = Drawings::picture("icons/Minus", {24, 24}, 1, Qt::white).toImage();
     EXPECT_EQ(onDark.pixelColor(12, 12).lightness(), 255);

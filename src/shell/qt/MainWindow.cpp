@@ -138,15 +138,18 @@ void MainWindow::layOut(QSize client) {
 
 void MainWindow::layOutSigns(const WindowLayout& l) {
     // The picture of a flight covers all but the toolbar.
-    hints_->setVisible(!flight_);
-    logo_->setVisible(!flight_ && l.logoVisible);
-    if (flight_) return;
+    if (flight_) {
+        hints_->hide();
+        logo_->hide();
+        return;
+    }
     put(*hints_, l.hints);
     showHints(*hints_, l.hints);
     const QSize logo(l.foot.height * 3, l.foot.height - 8);
     logo_->setPixmap(Drawings::picture("Logo", logo, devicePixelRatioF(),
                                        palette().color(QPalette::WindowText)));
     logo_->setGeometry(l.logoLeft, l.foot.top + 4, logo.width(), logo.height());
+    logo_->setVisible(l.logoVisible);
 }
 
 QSize MainWindow::renderSize() const {
