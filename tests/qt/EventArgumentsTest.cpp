@@ -10,6 +10,10 @@ std::int16_t shiftOf(QEvent::Type type, int key, Qt::KeyboardModifiers reported)
     return EventArguments::shift(event);
 }
 
+std::int16_t codeOf(int key, quint32 place = 0) {
+    return EventArguments::keyCode({QEvent::KeyPress, key, Qt::NoModifier, place, 0, 0});
+}
+
 TEST(EventArguments, ButtonsAreLeftRightAndAllOthers) {
     EXPECT_EQ(EventArguments::button(Qt::LeftButton), 1);
     EXPECT_EQ(EventArguments::button(Qt::RightButton), 2);
@@ -43,12 +47,23 @@ TEST(EventArguments, AModifiersOwnKeyNoLongerCountsInItsRelease) {
 }
 
 TEST(EventArguments, LettersAreTheirCapitalsAndModifiersTheClassicCodes) {
-    EXPECT_EQ(EventArguments::keyCode(Qt::Key_Z), 'Z');
-    EXPECT_EQ(EventArguments::keyCode(Qt::Key_Shift), 16);
-    EXPECT_EQ(EventArguments::keyCode(Qt::Key_Control), 17);
-    EXPECT_EQ(EventArguments::keyCode(Qt::Key_Alt), 18);
-    EXPECT_EQ(EventArguments::keyCode(Qt::Key_Escape), 0);
-    EXPECT_EQ(EventArguments::keyCode(Qt::Key_F1), 0);
+    EXPECT_EQ(codeOf(Qt::Key_Z), 'Z');
+    EXPECT_EQ(codeOf(Qt::Key_Shift), 16);
+    EXPECT_EQ(codeOf(Qt::Key_Control), 17);
+    EXPECT_EQ(codeOf(Qt::Key_Alt), 18);
+    EXPECT_EQ(codeOf(Qt::Key_Escape), 0);
+    EXPECT_EQ(codeOf(Qt::Key_F1), 0);
+}
+
+TEST(EventArguments, LettersOfOtherAlphabetsCountByTheirPlace) {
+    constexpr int cyrillicYa = 0x042F, greekOmega = 0x03A9;
+    constexpr quint32 z = 52, v = 55, o = 32, digit = 10;
+    EXPECT_EQ(codeOf(cyrillicYa, z), 'Z');
+    EXPECT_EQ(codeOf(greekOmega, v), 'V');
+    EXPECT_EQ(codeOf(cyrillicYa, o), 'O');
+    EXPECT_EQ(codeOf(cyrillicYa, digit), 0);
+    EXPECT_EQ(codeOf(Qt::Key_A, z), 'A');
+    EXPECT_EQ(codeOf(Qt::Key_Escape, z), 0);
 }
 
 TEST(EventArguments, AHeldModifierStandsForItsKey) {

@@ -83,7 +83,7 @@ void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void DrawArea::keyPressEvent(QKeyEvent* event) {
-    const std::int16_t code = EventArguments::keyCode(event->key());
+    const std::int16_t code = EventArguments::keyCode(*event);
     if (!event->isAutoRepeat() && !EventArguments::isModifier(code)) ++keysDown_;
     Main.DrawArea_keydown(code, EventArguments::shift(*event));
     surface().refresh();
@@ -93,7 +93,7 @@ void DrawArea::keyPressEvent(QKeyEvent* event) {
 
 void DrawArea::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat()) return;
-    if (!EventArguments::isModifier(EventArguments::keyCode(event->key()))) {
+    if (!EventArguments::isModifier(EventArguments::keyCode(*event))) {
         // The key that chose an entry of the menu comes up here: it must not disarm what the entry
         // has armed.
         if (keysDown_ == 0) return;

@@ -1,5 +1,7 @@
 #include "shell/qt/EventArguments.h"
 
+#include <string_view>
+
 #include "editor/Main.h"
 
 namespace velna::EventArguments {
@@ -16,6 +18,27 @@ std::int16_t modifierBit(int key) {
         default:
             return 0;
     }
+}
+
+/// A row of the Latin keyboard, from the key with its first letter on (X11 and Wayland count keys
+/// alike).
+struct KeyRow {
+    quint32 firstKey;
+    std::string_view letters;
+};
+constexpr KeyRow latinKeyboard[] = {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
+
+std::int16_t letterAt(quint32 key) {
+    for (const KeyRow& row : latinKeyboard)
+        if (key >= row.firstKey && key - row.firstKey < row.letters.size())
+            return row.letters[key - row.firstKey];
+    return 0;
+}
+
+/// Cyrillic, Greek and the like, whose letters lie where the Latin ones are.
+bool isOtherLetter(int key) {
+    return key > Qt::Key_ydiaeresis && key < Qt::Key_Escape &&
+           QChar::isLetter(static_cast<char32_t>(key));
 }
 
 }  // namespace
@@ -47,7 +70,9 @@ std::int16_t shift(const QKeyEvent& event) {
     return static_cast<std::int16_t>(event.type() == QEvent::KeyPress ? held | own : held & ~own);
 }
 
-std::int16_t keyCode(int key) {
+std::int16_t keyCode(const QKeyEvent& event) {
+    const int key = event.key();
+    if (isOtherLetter(key)) return letterAt(event.nativeScanCode());
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
         return static_cast<std::int16_t>(key);
     switch (key) {

@@ -22,8 +22,9 @@ std::int16_t shift(Qt::KeyboardModifiers modifiers);
 /// The modifiers as they are after the event: a modifier's own key counts in its press and no
 /// longer in its release, whatever the platform reports.
 std::int16_t shift(const QKeyEvent& event);
-/// Letters and digits by their capital, the modifiers by the classic codes, else 0.
-std::int16_t keyCode(int key);
+/// Letters and digits by their capital, the modifiers by the classic codes, else 0. A letter of
+/// another alphabet counts as the Latin one in its place on the keyboard.
+std::int16_t keyCode(const QKeyEvent& event);
 /// Whether a code is that of Shift, Ctrl or Alt.
 bool isModifier(std::int16_t keyCode);
 /// The code of the key that holds the lowest bit of a modifier mask.
