@@ -30,11 +30,12 @@ void Splash::paintEvent(QPaintEvent*) {
     painter.setPen(ink);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 
-    const QSize logo(width() * 3 / 4, height() * 2 / 5);
-    painter.drawPixmap((width() - logo.width()) / 2, height() / 5,
-                       Drawings::picture("Logo", logo, devicePixelRatioF(), ink));
-    const QRect lower(0, height() * 2 / 3, width(), height() / 3);
-    painter.drawText(lower, Qt::AlignHCenter | Qt::AlignTop,
+    // With small fonts the form and its words grow; an image keeps its place and size.
+    constexpr QPoint corner(36, 40);
+    constexpr QSize logo(264, 88);
+    painter.drawPixmap(corner, Drawings::picture("Logo", logo, devicePixelRatioF(), ink));
+    const QRect lower(width() / 13, height() * 2 / 3, width(), height() / 3);
+    painter.drawText(lower, Qt::AlignLeft | Qt::AlignTop,
                      "Model aircraft, from the first line to the plan\n\n" + version_);
 }
 
