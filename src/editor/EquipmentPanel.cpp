@@ -80,7 +80,10 @@ void MainForm::comboClicked(Control combo, int index) {
 
 void MainForm::fillCatalogues() {
     Equipment::fillCatalogues();
-    for (const KindRow& row : kindRows) window->catalogueFilled(row.combo);
+    for (const KindRow& row : kindRows) {
+        controls[row.combo].value = 0;
+        window->catalogueFilled(row.combo);
+    }
 }
 
 }  // namespace velna

@@ -96,6 +96,9 @@ public:
     /// Enters the current view again and, with `Render` pressed, renders: what every committed edit
     /// does.
     void refreshDrawingArea();
+    /// The current view again at the scale it has, without rendering: after a drawing or a plan the
+    /// objects hold the points of the paper, not those that the pointer must find.
+    void redrawAtSameScale();
     /// A number as the panel shows it: whole millimetres rounded down, or inches with two decimals.
     std::string Formatter(double x) const;
 

@@ -144,6 +144,8 @@ void removeBox(std::int16_t /*shift*/) {
     Equipment::resizeEquipments(nbEquipments);
     Main.savedProject = false;
     Main.setScroll(Control::IndexServosScroll, nbEquipments, nbEquipments);
+    // A bar that stood there already runs no event: the panel would show another box than it edits.
+    Main.updateEquipmentInterface();
     Main.refreshDrawingArea();
 }
 

@@ -9,6 +9,8 @@
 namespace velna {
 
 /// How lines meet what is already on the surface.
+/// While lines invert, a white one takes off what stands, and any other draws what does not stand
+/// yet: nothing is inverted a second time.
 enum class DrawMode { Invert = 6, Copy = 13 };
 
 /// The operations that the editor draws with, and nothing else. Coordinates are pixels, y down;

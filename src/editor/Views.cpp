@@ -1,3 +1,5 @@
+#include <array>
+
 #include "common/NumberText.h"
 #include "editor/Main.h"
 #include "model/Equipment.h"
@@ -144,6 +146,17 @@ void MainForm::initDrawArea() {
         default:
             break;
     }
+}
+
+void MainForm::redrawAtSameScale() {
+    using View = void (MainForm::*)();
+    constexpr std::array<View, 4> views{&MainForm::initVTopView, &MainForm::initFrontView,
+                                        &MainForm::initSideView, &MainForm::initHTopView};
+    bool& locked = controls[Control::LockZoom].checked;
+    const bool before = locked;
+    locked = true;
+    (this->*views[static_cast<std::size_t>(mode) - 1])();
+    locked = before;
 }
 
 void MainForm::refreshDrawingArea() {

@@ -234,19 +234,6 @@ private:
     double height_;
 };
 
-/// The objects keep the points of what they drew last, and those are now the paper's: the view is
-/// drawn again, so that the pointer finds its handles and erases the right lines.
-void redrawAtSameScale() {
-    using View = void (MainForm::*)();
-    constexpr std::array<View, 4> views{&MainForm::initVTopView, &MainForm::initFrontView,
-                                        &MainForm::initSideView, &MainForm::initHTopView};
-    bool& locked = Main.controls[Control::LockZoom].checked;
-    const bool before = locked;
-    locked = true;
-    (Main.*views[static_cast<std::size_t>(Main.mode) - 1])();
-    locked = before;
-}
-
 }  // namespace
 
 std::string_view jobName(PlanJob job) {
@@ -289,7 +276,7 @@ std::string previewJob(PlanJob job, PrinterSurface& printer) {
     const std::string reason = printJob(job, printer);
     Main = before;
     currentFuselage = fuselageBefore;
-    redrawAtSameScale();
+    Main.redrawAtSameScale();
     return reason;
 }
 

@@ -94,6 +94,9 @@ TEST_F(EquipmentPanel, CataloguesAreFilledInTheUnitAndTheWindowIsTold) {
     Main.comboClicked(Control::ServosCombo, 7);
     EXPECT_DOUBLE_EQ(box.length, 40.4 / 25.4);
     EXPECT_EQ(box.weight, 37.2);
+    Main.fillCatalogues();
+    EXPECT_EQ(Main.controls[Control::ServosCombo].value, 0)
+        << "a combo filled anew is at \"Custom\"";
 }
 
 TEST_F(EquipmentPanel, FillerClipsTheBarToTheBoxesThereAre) {

@@ -253,6 +253,22 @@ TEST_F(EquipmentViews, BoxesAreNeitherDrawnNorHitFromAboveAndAhead) {
     Main.selectTab(PanelTab::electronics);
     Main.DrawArea_MouseDown(1, 0, 830, -70);
     EXPECT_FALSE(Equipment::equipmentHit());
+
+    // Where the box would be caught in the side view.
+    Main.initSideView();
+    const Point2D one = Equipments(1).sideOutline[1];
+    const Point2D two = Equipments(1).sideOutline[2];
+    const auto x = static_cast<float>((one.x + two.x) / 2);
+    const auto y = static_cast<float>(one.y);
+    Main.DrawArea_MouseDown(1, 0, x, y);
+    ASSERT_TRUE(Equipment::equipmentHit());
+    Main.DrawArea_MouseUp(1, 0, x, y);
+    for (const auto& enter : {&MainForm::initFrontView, &MainForm::initVTopView}) {
+        (Main.*enter)();
+        Main.DrawArea_MouseDown(1, 0, x, y);
+        EXPECT_FALSE(Equipment::equipmentHit());
+        Main.DrawArea_MouseUp(1, 0, x, y);
+    }
 }
 
 }  // namespace

@@ -223,6 +223,19 @@ TEST_F(PanelLists, BoxMinusReplacesTheNewLastBoxByADefaultOne) {
     EXPECT_TRUE(area.calls.empty());
 }
 
+TEST_F(PanelLists, BoxMinusShowsTheBoxThatItEditsWhereverTheBarStood) {
+    press(Control::IndexServosPlusButton);
+    Main.setScroll(Control::IndexServosScroll, 2, 1);
+    Equipments(1).length = 41;
+    Equipments(1).box = BoxKind::receiver;
+    Main.updateEquipmentInterface();
+    ASSERT_EQ(Main.controls[Control::LengthServoText].text, "41");
+    press(Control::IndexServosMinusButton);
+    EXPECT_EQ(Main.controls[Control::LengthServoText].text, "30");
+    EXPECT_TRUE(Main.controls[Control::ServoOption].checked);
+    EXPECT_EQ(Main.controls[Control::IdEquipLabel].text, "1");
+}
+
 TEST_F(PanelLists, ChoosingABoxDrawsTheFormerOnePlainly) {
     press(Control::IndexServosPlusButton);
     Main.selectTab(PanelTab::electronics);

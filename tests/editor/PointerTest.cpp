@@ -128,9 +128,9 @@ TEST_F(Pointer, EachReleaseRebuildsThePictureWithRenderUpToo) {
 TEST_F(Pointer, WingAndFuselageUnderOnePointerMoveTogether) {
     Wings(1).pos1 = -100;
     enterVTop();
-    drag(Main).press(451, 50).move(461, 50);
+    drag(Main).press(451, 50).move(461, 57);
     EXPECT_EQ(fuselage.shift, 10);
-    EXPECT_EQ(Wings(1).pos1, -100);
+    EXPECT_EQ(Wings(1).pos1, -93);
     EXPECT_EQ(Wings(1).paint, WingPart::rootEdge);
     EXPECT_EQ(Main.tab(), PanelTab::fuselage) << "the fuselage is asked after the wing";
     EXPECT_TRUE(Main.controls[Control::FuselageVTopFrame].visible);

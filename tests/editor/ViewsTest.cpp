@@ -1,8 +1,10 @@
 #include <functional>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "editor/Main.h"
+#include "editor/StandingLines.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -140,7 +142,63 @@ TEST_F(Views, TheFinIsDrawnInANewlyEnteredFrontView) {
     bench.forget();
     Main.firstPictureRefresh = true;
     Main.initFrontView();
-    EXPECT_EQ(area.lines(black), 16) << "but not in one refreshed over a picture";
+    EXPECT_EQ(area.lines(black), 16 + 4) << "nothing of an older drawing is on the surface";
+    bench.forget();
+    Rudder.drawFront(5);
+    EXPECT_EQ(area.lines(black), 0) << "but not by a move over a picture just painted";
+}
+
+/// What stands after all of `calls` where lines invert.
+StandingLines standing(const std::vector<test::SurfaceCall>& calls) {
+    StandingLines lines;
+    for (const test::SurfaceCall& call : calls)
+        if (call.kind == Kind::Line)
+            lines.changes(call.x1, call.y1, call.x2, call.y2, call.colour == white);
+    return lines;
+}
+
+TEST_F(Views, AFinDraggedOverAPictureLeavesNoLinesBehind) {
+    Main.initFrontView();
+    Main.pictureHere().shown = true;
+    const auto x = static_cast<float>((Rudder.frontPoints[3].x + Rudder.frontPoints[4].x) / 2);
+    const auto y = static_cast<float>(Rudder.frontPoints[4].y);
+    Main.DrawArea_MouseDown(1, 0, x, y);
+    ASSERT_EQ(Rudder.paint, FinPart::tipEdge);
+    bench.forget();
+    Main.DrawArea_MouseMove(1, 0, x + 10, y);
+    for (int step = 2; step <= 6; ++step) {
+        Main.DrawArea_MouseMove(1, 0, x + 10.0F * static_cast<float>(step), y);
+        const StandingLines shown = standing(area.calls);
+        const auto calls = area.calls;
+        bench.forget();
+        Main.redrawAtSameScale();
+        EXPECT_TRUE(shown == standing(area.calls)) << step;
+        area.calls = calls;
+    }
+}
+
+TEST_F(Views, ADragOverAPictureLeavesWhatStandsStillStanding) {
+    for (int tab : {PanelTab::wing, PanelTab::electronics})
+        for (int mode : {1, 2, 3, 4}) {
+            SCOPED_TRACE(std::to_string(tab) + " " + std::to_string(mode));
+            Main.selectTab(tab);
+            enter(mode);
+            Main.pictureHere().shown = true;
+            Main.DrawArea_MouseDown(1, 0, 3, 3);
+            bench.forget();
+            for (int step = 1; step <= 5; ++step) {
+                Main.DrawArea_MouseMove(1, 0, 3, 3.0F + static_cast<float>(step));
+                // The fin of the front view comes with the second move.
+                if (step == 1) continue;
+                const StandingLines shown = standing(area.calls);
+                const auto calls = area.calls;
+                bench.forget();
+                Main.redrawAtSameScale();
+                EXPECT_TRUE(shown == standing(area.calls)) << step;
+                area.calls = calls;
+            }
+            Main.DrawArea_MouseUp(1, 0, 3, 9);
+        }
 }
 
 TEST_F(Views, AnEntryKeepsTheHoverState) {

@@ -112,6 +112,19 @@ TEST_F(LegacyProject, WithoutAUnitFlagTheProgramKeepsItsUnit) {
     }
 }
 
+TEST_F(LegacyProject, AMissingFlagOfTheVersionBehindItKeepsTheUnitToo) {
+    const auto expected = jsonOf(legacy + "1.0.1_no_flag.json")["model"];
+    for (const int unit : {millimetres, inches}) {
+        resetModel();
+        Prefs.selectUnit(unit);
+        Prefs.units = unit;
+        readFile(legacy + "1.0.1_no_flag.vln");
+        EXPECT_EQ(Prefs.units, unit);
+        EXPECT_EQ(Prefs.InchesOption, unit == inches);
+        EXPECT_EQ(Wings(1).span, expected["Wings"][0]["span"].get<double>());
+    }
+}
+
 TEST_F(LegacyProject, AnInchFlagSwitchesTheProgram) {
     readFile(legacy + "1.1.3_two_wings_inches.vln");
     EXPECT_EQ(Prefs.units, inches);

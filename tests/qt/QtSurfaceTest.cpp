@@ -49,6 +49,25 @@ TEST_F(Surfaces, ALineInWhiteTakesALineOff) {
     EXPECT_EQ(at(10, 10), white);
 }
 
+TEST_F(Surfaces, WhileLinesInvertEachIsDrawnOnceAndTakenOffOnce) {
+    surface.paintPicture(picture("red.bmp", "bmp"), {0, 0}, {120, 80});
+    ASSERT_EQ(at(15, 10), 0xffff0000U);
+    surface.setDrawMode(DrawMode::Invert);
+    surface.line(10, 10, 20, 10, {255, 255, 255});
+    EXPECT_EQ(at(15, 10), 0xffff0000U) << "nothing to take off";
+    surface.line(10, 10, 20, 10, {0, 0, 0});
+    EXPECT_EQ(at(15, 10), 0xff00ffffU);
+    surface.line(20, 10, 10, 10, {192, 192, 192});
+    EXPECT_EQ(at(15, 10), 0xff00ffffU) << "stands already";
+    surface.line(10, 10, 20, 10, {255, 255, 255});
+    EXPECT_EQ(at(15, 10), 0xffff0000U);
+
+    surface.line(10, 10, 20, 10, {0, 0, 0});
+    surface.clear();
+    surface.line(10, 10, 20, 10, {0, 0, 0});
+    EXPECT_EQ(at(15, 10), 0xff000000U) << "a cleared surface has no lines";
+}
+
 TEST_F(Surfaces, TheSameSizeKeepsWhatIsDrawn) {
     surface.line(10, 10, 20, 10, {0, 0, 0});
     surface.fitToWidget();

@@ -53,6 +53,7 @@ double QtSurface::height() const {
 }
 
 void QtSurface::clear() {
+    standing_.clear();
     image_.fill(Qt::white);
     changed_.include(0, 0, image_.width(), image_.height());
 }
@@ -64,12 +65,14 @@ PixelBuffer QtSurface::buffer() {
 
 void QtSurface::line(double x1, double y1, double x2, double y2, Rgb colour) {
     if (image_.isNull()) return;
+    if (rule_ == PixelRule::Invert && !standing_.changes(x1, y1, x2, y2, colour == white)) return;
     rasterLine(buffer(), x1 * density_, y1 * density_, x2 * density_, y2 * density_,
                pixelOf(colour), static_cast<int>(std::lround(density_)), rule_, changed_);
 }
 
 void QtSurface::setDrawMode(DrawMode mode) {
     rule_ = mode == DrawMode::Invert ? PixelRule::Invert : PixelRule::Copy;
+    if (rule_ == PixelRule::Copy) standing_.clear();
 }
 
 std::optional<Point2D> QtSurface::pictureSize(const std::string& file) {

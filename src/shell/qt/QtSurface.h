@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QRect>
 
+#include "editor/StandingLines.h"
 #include "editor/Surface.h"
 #include "shell/qt/LineRaster.h"
 
@@ -42,6 +43,7 @@ private:
     QImage image_;
     double density_ = 1;  // device pixels of a widget's pixel
     PixelRule rule_ = PixelRule::Copy;
+    StandingLines standing_;
     PixelRegion changed_;  // since the last refresh
 };
 
