@@ -85,12 +85,6 @@ void flyFrame() {
     context->pumpEvents();
 }
 
-void endDrags() {
-    Rendering::rotating = false;
-    Rendering::zooming = false;
-    Rendering::panning = false;
-}
-
 }  // namespace
 
 bool running() {
@@ -110,7 +104,7 @@ void reset() {
 void flyPreview() {
     if (underWay || !Rendering::contextCreated) return;
     underWay = true;
-    endDrags();
+    Rendering::endDrags();
     initFlight();
     flying = true;
     const KeptLengths lengths;

@@ -1,10 +1,13 @@
 #include "preview/Rendering.h"
 
+#include <array>
 #include <cmath>
+#include <optional>
 
 #include <GL/gl.h>
 
 #include "common/NumberText.h"
+#include "preview/Flying.h"
 #include "preview/View.h"
 
 namespace velna::Rendering {
@@ -24,6 +27,10 @@ bool panning = false;
 namespace {
 
 constexpr double usualHalfWidth = 100;
+
+/// Where a flight was when its context went: it is the sum of all its frames, and stands nowhere
+/// else.
+std::optional<std::array<double, 16>> flightMatrix;
 
 /// Half-width of the frustum in use.
 double frustumHalfWidth = usualHalfWidth;
@@ -85,6 +92,11 @@ bool makeContext() {
     return true;
 }
 
+void keepFlight() {
+    if (contextCreated && Flying::running())
+        glGetDoublev(GL_MODELVIEW_MATRIX, flightMatrix.emplace().data());
+}
+
 }  // namespace
 
 void reset() {
@@ -108,6 +120,7 @@ void createRenderContext() {
 
 void createRenderContextWide(double halfWidth) {
     frustumHalfWidth = halfWidth;
+    flightMatrix.reset();
     makeContext();
     renderSpin = 900;
     renderTilt = 450;
@@ -116,12 +129,16 @@ void createRenderContextWide(double halfWidth) {
 }
 
 void recreateRenderContext() {
+    keepFlight();
     if (!makeContext()) return;
     reapplyViewTransform();
+    if (flightMatrix) glLoadMatrixd(flightMatrix->data());
+    flightMatrix.reset();
     renderScene(false);
 }
 
 void destroyRenderContext() {
+    keepFlight();
     if (contextCreated) context->destroy();
     contextCreated = false;
     renderListBuilt = false;

@@ -53,6 +53,8 @@ void reapplyViewTransform();
 void mouseDown(int button, int shift, double x, double y);
 void mouseMove(double x, double y);
 void mouseUp(int button, double x, double y);
+/// Lets go of every drag, and stores nothing.
+void endDrags();
 /// A wheel step or a pinch: `change` is added to the distance; a step that would leave the limits
 /// of a drag does nothing.
 void zoomBy(double change);

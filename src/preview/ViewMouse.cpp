@@ -72,16 +72,22 @@ void mouseUp(int /*button*/, double x, double y) {
         renderPanX = x - panGrab.x;
         renderPanY = panGrab.y - y;
     }
+    endDrags();
+}
+
+void endDrags() {
     rotating = false;
     zooming = false;
     panning = false;
 }
 
-// Turn and pan stay as they are on the screen: a wheel has no grab point to start from, and a
-// picture that jumped at its first step would be lost to the user.
+// A wheel has no grab point to start from: it goes on from what the screen shows, for a picture
+// that jumped at its first step would be lost to the user. Beyond the limits there is nothing to go
+// on from.
 void zoomBy(double change) {
-    const double distance = renderDistance + change;
-    if (Flying::running() || !withinLimits(distance)) return;
+    const double from = withinLimits(shownView.distance) ? shownView.distance : renderDistance;
+    const double distance = from + change;
+    if (Flying::running() || change == 0 || !withinLimits(distance)) return;
     renderDistance = distance;
     show(shownView.panX, shownView.panY, renderDistance, shownView.spin, shownView.tilt);
 }

@@ -273,6 +273,26 @@ TEST_F(FlyingTest, ContextLostOnTheWayEndsTheFlight) {
     EXPECT_TRUE(Rendering::contextCreated);
 }
 
+TEST_F(FlyingTest, GoesOnWhereItWasInANewContext) {
+    for (std::size_t i = 0; i < GlTape::modelview.size(); ++i)
+        GlTape::modelview[i] = 1.0 + static_cast<double>(i);
+    for (const bool destroyed : {true, false}) {
+        fly(5, [&](int frame) {
+            if (frame != 2) return;
+            GlTape::calls().clear();
+            if (destroyed) Rendering::destroyRenderContext();
+            Rendering::recreateRenderContext();
+        });
+        EXPECT_EQ(turn, 5);
+        const auto loads = GlTape::named("glLoadMatrixd");
+        ASSERT_EQ(loads.size(), 1U) << "once, and not in the window's picture after the flight";
+        EXPECT_EQ(loads[0][1], json(GlTape::modelview));
+    }
+    GlTape::calls().clear();
+    Rendering::recreateRenderContext();
+    EXPECT_EQ(GlTape::count("glLoadMatrixd"), 0);
+}
+
 TEST_F(FlyingTest, EndsInTheViewOfANewContext) {
     Rendering::renderDistance = 120;
     fly(1);

@@ -1,4 +1,5 @@
 #include "PreviewFixture.h"
+#include "preview/View.h"
 #include "support/GlCompare.h"
 
 namespace velna::test {
@@ -146,17 +147,40 @@ TEST_F(MouseTest, WheelChangesTheDistanceAndLeavesTurnAndPan) {
 }
 
 TEST_F(MouseTest, WheelStopsAtTheLimitsOfADrag) {
-    Rendering::renderDistance = 1799;
+    const auto start = [](double distance) {
+        Rendering::renderDistance = distance;
+        Rendering::setViewTransform(0, 0, distance, 900, 200);
+    };
+    start(1799);
     Rendering::zoomBy(1);
     EXPECT_EQ(Rendering::renderDistance, 1799);
     Rendering::zoomBy(0.5);
     EXPECT_EQ(Rendering::renderDistance, 1799.5);
-    Rendering::renderDistance = -199;
+    start(-199);
     Rendering::zoomBy(-1);
     EXPECT_EQ(Rendering::renderDistance, -199);
     Rendering::zoomBy(std::numeric_limits<double>::quiet_NaN());
     Rendering::zoomBy(std::numeric_limits<double>::infinity());
     EXPECT_EQ(Rendering::renderDistance, -199);
+}
+
+TEST_F(MouseTest, WheelGoesOnFromWhatIsShown) {
+    Rendering::renderDistance = 0;
+    Rendering::setViewTransform(0, 0, 200, 900, 200);
+    Rendering::zoomBy(-20);
+    EXPECT_EQ(Rendering::renderDistance, 180);
+    EXPECT_EQ(Rendering::shownView.distance, 180);
+
+    // A refused zoom shows a distance beyond the limits until the next event.
+    Rendering::setViewTransform(0, 0, 4000, 900, 200);
+    Rendering::zoomBy(20);
+    EXPECT_EQ(Rendering::renderDistance, 200);
+
+    Rendering::setViewTransform(0, 0, 50, 900, 200);
+    GlTape::calls().clear();
+    Rendering::zoomBy(0);
+    EXPECT_TRUE(GlTape::calls().empty()) << "a wheel turned sideways";
+    EXPECT_EQ(Rendering::renderDistance, 200);
 }
 
 TEST_F(MouseTest, MoveWithoutAPressShowsNothing) {

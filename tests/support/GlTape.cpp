@@ -1,5 +1,6 @@
 #include "support/GlTape.h"
 
+#include <algorithm>
 #include <cmath>
 #include <initializer_list>
 #include <map>
@@ -12,6 +13,7 @@ using nlohmann::json;
 
 bool GlTape::hasContext = false;
 int GlTape::largestTexture = 4096;
+std::array<double, 16> GlTape::modelview{};
 
 namespace {
 
@@ -190,6 +192,14 @@ void glMatrixMode(GLenum mode) {
 }
 void glLoadIdentity() {
     record({"glLoadIdentity"});
+}
+void glLoadMatrixd(const GLdouble* matrix) {
+    record({"glLoadMatrixd", numbers(matrix, 16)});
+}
+void glGetDoublev(GLenum name, GLdouble* values) {
+    fault(name != GL_MODELVIEW_MATRIX, "glGetDoublev of something else");
+    record({"glGetDoublev"});
+    std::copy(GlTape::modelview.begin(), GlTape::modelview.end(), values);
 }
 void glFrustum(GLdouble l, GLdouble r, GLdouble b, GLdouble t, GLdouble n, GLdouble f) {
     fault(l == r || b == t || n == f || n <= 0 || f <= 0, "glFrustum without extent");

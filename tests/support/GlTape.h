@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ public:
     static bool hasContext;
     /// The answer to GL_MAX_TEXTURE_SIZE.
     static int largestTexture;
+    /// The answer to GL_MODELVIEW_MATRIX: the tape does not multiply.
+    static std::array<double, 16> modelview;
     /// Whether a display list is being made: nothing else than GL may happen then.
     static bool insideList();
     /// The bytes of each picture handed over, in order.

@@ -49,6 +49,8 @@ void RenderWindow::answer() {
 }
 
 void RenderWindow::mousePressEvent(QMouseEvent* event) {
+    held_ = true;
+    last_ = event->position();
     Rendering::mouseDown(EventArguments::button(event->button()),
                          EventArguments::shift(event->modifiers()), event->position().x(),
                          event->position().y());
@@ -59,10 +61,17 @@ void RenderWindow::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void RenderWindow::mouseMoveEvent(QMouseEvent* event) {
+    // A dialog opened in mid-drag takes the release: it is made up for where the drag was last.
+    if (event->buttons() == Qt::NoButton && held_) {
+        Rendering::mouseUp(0, last_.x(), last_.y());
+        held_ = false;
+    }
+    last_ = event->position();
     Rendering::mouseMove(event->position().x(), event->position().y());
 }
 
 void RenderWindow::mouseReleaseEvent(QMouseEvent* event) {
+    held_ = false;
     Rendering::mouseUp(EventArguments::button(event->button()), event->position().x(),
                        event->position().y());
 }

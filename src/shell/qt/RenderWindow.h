@@ -27,6 +27,8 @@ private:
 
     bool lostContext_ = false;  // the native window went, and the context with it
     bool resized_ = false;
+    bool held_ = false;  // a press has not been followed by a release
+    QPointF last_;       // where the pointer was seen last
 };
 
 }  // namespace velna
