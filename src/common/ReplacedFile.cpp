@@ -112,6 +112,10 @@ bool ReplacedFile::commit() {
     return error_.empty();
 }
 
+bool takesFiles(const std::string& folder) {
+    return ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
 std::string folderOf(std::string_view path) {
     const auto slash = path.rfind('/');
     return slash == std::string_view::npos ? std::string{} : std::string(path.substr(0, slash + 1));

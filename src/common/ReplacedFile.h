@@ -56,4 +56,7 @@ std::string folderOf(std::string_view path);
 /// Everything of `path` behind the last "/".
 std::string titleOf(std::string_view path);
 
+/// Whether this user can make new files in `folder`; false too where it does not exist.
+bool takesFiles(const std::string& folder);
+
 }  // namespace velna

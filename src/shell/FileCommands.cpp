@@ -2,9 +2,13 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "common/ReplacedFile.h"
 #include "editor/Main.h"
+#include "editor/ModelChange.h"
+#include "model/MainWing.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
@@ -37,6 +41,9 @@ enum { project = 1, model, drawing };
 void resetModel() {
     ObjectList.clear();
     Plane::setDefaultPlane();
+    Main.fillCatalogues();
+    // The panel's filler sets the bar's range alone: it would stand at a box of the former project.
+    Main.setScroll(Control::IndexServosScroll, nbEquipments, currentEquipment);
 }
 
 /// False when the user would rather keep the current project.
@@ -54,8 +61,13 @@ bool openProject(const std::string& file) {
 }
 
 void openWingAirfoil(const std::string& file) {
-    openAirfoil(file);
-    Main.savedProject = false;
+    const auto section = [] {
+        const SymWingSections& wing = Wings(currentWing);
+        std::vector<Point3D> points;
+        for (int i = 1; i <= wing.airfoilSize(); ++i) points.push_back(wing.airfoilPoint(i));
+        return std::tuple{wing.nb, wing.thickness1, wing.thickness2, points};
+    };
+    changeModel(section, [&] { openAirfoil(file); });
 }
 
 /// The project keeps a title in a line of its own: a line's end within it would cut the file there.
@@ -105,7 +117,7 @@ std::string writeDrawing(const std::string& file) {
 /// pointer must not meet those: the view is drawn again.
 std::string exportView(const std::string& file) {
     const std::string reason = writeDrawing(file);
-    Main.refreshDrawingArea();
+    Main.redrawAtSameScale();
     return reason;
 }
 
@@ -129,7 +141,7 @@ void newProject() {
     ObjectList.update();
     Main.refreshPanels();
     // The default aircraft is in millimetres.
-    if (Prefs.InchesOption) Preferences::CloseCommand_Click();
+    if (Prefs.InchesOption) Preferences::convertDefault();
     showModel();
     Rendering::renderScene(true);
 }

@@ -52,14 +52,18 @@ std::string writeTo(const std::string& path) {
 }  // namespace
 
 std::string firstUseState;
+bool known = false;
 
+// The file that the last quit has written: beside the program wherever that can be.
 std::string fileToRead() {
     std::error_code ignored;
     const std::string own = ownFile();
-    return std::filesystem::exists(own, ignored) ? own : sharedFile();
+    const bool shared = takesFiles(Shell.desktop->programFolder());
+    return !shared && std::filesystem::exists(own, ignored) ? own : sharedFile();
 }
 
 void readAll() {
+    known = true;
     std::string bytes;
     if (!read([&] { bytes = readWholeFile(fileToRead()); })) return;
     ValueReader file(bytes);
@@ -99,6 +103,13 @@ std::string spanText() {
 
 void CloseCommand_Click() {
     Main.closePreferences();
+}
+
+void convertDefault() {
+    const bool saved = Main.savedProject;
+    CloseCommand_Click();
+    Main.refreshPanels();
+    Main.savedProject = saved;
 }
 
 void CancelCommand_Click() {

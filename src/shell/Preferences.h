@@ -6,8 +6,11 @@ namespace velna::Preferences {
 
 /// What the first record of `prefs.txt` held: "DoIt" asks for the guided demonstration.
 extern std::string firstUseState;
+/// The settings have been read. A start that fails before must not write the defaults over them.
+extern bool known;
 
-/// The settings file that is read: the user's own once it exists, else the one beside the program.
+/// The settings file that is read: the one beside the program where its folder can be written, else
+/// the user's own once it exists.
 std::string fileToRead();
 
 /// Reads `prefs.txt` as far as it goes: a record that fails leaves its option as it was.
@@ -28,5 +31,9 @@ std::string spanText();
 /// The form's two buttons. Closing it by its window button is Cancel.
 void CloseCommand_Click();
 void CancelCommand_Click();
+
+/// The default aircraft in inches, where that option is on. It is no change by the user:
+/// `savedProject` stays.
+void convertDefault();
 
 }  // namespace velna::Preferences

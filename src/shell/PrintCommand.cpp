@@ -16,6 +16,7 @@ void run() {
     PrinterSurface* printer = Shell.dialogs->askPrinter(Plans::tickedNames());
     if (!printer) {
         Main.initVTopView();
+        Main.updateFuselageInterface();
         return;
     }
     const std::string reason = Plans::printPlans(*printer);

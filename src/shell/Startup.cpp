@@ -23,18 +23,21 @@ namespace velna::Startup {
 namespace {
 
 bool closeAsked = false;
+bool quitAgreed = false;
+int commandsUnderWay = 0;
+
+bool askToQuit() {
+    return Shell.dialogs->askYesNo("Do you really want to quit Velna ?", BoxIcon::Exclamation,
+                                   false);
+}
+
+/// These run inside an event of the window: it can only close once they have returned.
+bool underWay() {
+    return Flying::running() || Helper::running || commandsUnderWay > 0;
+}
 
 std::string logFile() {
     return Shell.desktop->programFolder() + "log.txt";
-}
-
-/// The project in inches, where the stored option asks for it. The file on disk is not behind: what
-/// the start itself converts is no change by the user.
-void applyStoredUnit() {
-    const bool saved = Main.savedProject;
-    Preferences::CloseCommand_Click();
-    Main.refreshPanels();
-    Main.savedProject = saved;
 }
 
 /// No background picture in the first view; the entries that work on one wait for it.
@@ -80,6 +83,7 @@ void monitorLoad(const std::string& text) {
 void run() {
     std::error_code ignored;
     std::filesystem::remove(logFile(), ignored);
+    closeAsked = quitAgreed = false;
     smallFontsVariable = smallFontsMode();
     Shell.desktop->showSplash(std::string("Version ") + versionText, smallFontsVariable);
     initMain();
@@ -117,7 +121,7 @@ void timer1Tick() {
     Rendering::renderDistance -= 100;
     if (Rendering::renderDistance < 150) {
         Shell.desktop->enableTimer1(false);
-        if (Prefs.InchesOption) applyStoredUnit();
+        if (Prefs.InchesOption) Preferences::convertDefault();
     }
     Rendering::setViewTransform(0, 0, Rendering::renderDistance, 900, 200);
     Rendering::renderScene(true);
@@ -128,19 +132,34 @@ void timer2Tick() {
 }
 
 bool queryUnload() {
-    // Both loops run inside an event of the window: it can only close once they have returned.
-    if (Flying::running() || Helper::running) {
+    if (underWay()) {
         Flying::flying = false;
         Helper::stop();
         closeAsked = true;
         return false;
     }
-    return Shell.dialogs->askYesNo("Do you really want to quit Velna ?", BoxIcon::Exclamation,
-                                   false);
+    return quitAgreed || askToQuit();
+}
+
+bool querySessionEnd() {
+    quitAgreed = askToQuit();
+    return quitAgreed;
+}
+
+void sessionGoesOn() {
+    quitAgreed = false;
+}
+
+CommandUnderWay::CommandUnderWay() {
+    ++commandsUnderWay;
+}
+
+CommandUnderWay::~CommandUnderWay() {
+    --commandsUnderWay;
 }
 
 void closeIfAsked() {
-    if (!closeAsked) return;
+    if (!closeAsked || underWay()) return;
     closeAsked = false;
     Shell.desktop->closeMainWindow();
 }
@@ -152,7 +171,7 @@ void unload() {
     Fuselages.clear();
     quitHelp();
     Rendering::destroyRenderContext();
-    Preferences::writeAll();
+    if (Preferences::known) Preferences::writeAll();
 }
 
 }  // namespace velna::Startup

@@ -30,14 +30,28 @@ void timer1Tick();
 void timer2Tick();
 
 /// The question before the window closes; false keeps it open. A flight or a demonstration under
-/// way is ended first, and the window then closes itself with its question.
+/// way is ended first, a command is let come to its end, and the window then closes itself with its
+/// question. After a Yes to `querySessionEnd` it is not asked again.
 bool queryUnload();
+
+/// The same question while a log-out can still be called off; false calls it off.
+bool querySessionEnd();
+/// The user works on, whatever has been agreed: the next close asks.
+void sessionGoesOn();
+
+/// While one stands, a command works on the model, which must not be released under it.
+struct CommandUnderWay {
+    CommandUnderWay();
+    ~CommandUnderWay();
+    CommandUnderWay(const CommandUnderWay&) = delete;
+    CommandUnderWay& operator=(const CommandUnderWay&) = delete;
+};
 
 /// Releases everything and writes the settings, which happens nowhere else.
 void unload();
 
-/// To be called when a flight or a demonstration has ended: closes the window if that was asked
-/// for.
+/// To be called when a command, a flight or a demonstration has ended: closes the window if that
+/// was asked for, and nothing else is under way.
 void closeIfAsked();
 
 }  // namespace velna::Startup

@@ -56,7 +56,12 @@ void setColor(const Point3D& color) {
 }
 
 bool setTexture(const std::string& file, const std::string& title) {
-    return onElement([&](auto& element) { giveTexture(element, file, title); });
+    bool changes = false;
+    onElement([&](auto& element) {
+        changes = !file.empty() || !element.qualified_texture_filename.empty();
+        giveTexture(element, file, title);
+    });
+    return changes;
 }
 
 }  // namespace velna::TabElement

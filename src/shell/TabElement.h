@@ -15,7 +15,7 @@ std::optional<Point3D> color();
 /// Stores its colour; the electronics tab stores nothing.
 void setColor(const Point3D& color);
 /// Gives it a picture by full path and title; both empty take the picture away. It is converted at
-/// its next use. Returns whether the tab has such an element.
+/// its next use. False where that changes nothing: no such element, or no picture to take away.
 bool setTexture(const std::string& file, const std::string& title);
 
 }  // namespace velna::TabElement

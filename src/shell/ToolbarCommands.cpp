@@ -78,7 +78,6 @@ void flyingPreview() {
     }
     Flying::flyPreview();
     Main.setChecked(Control::FlyingPreviewButton, false);
-    Startup::closeIfAsked();
 }
 
 struct Command {
@@ -129,8 +128,12 @@ const std::array<Button, 14> buttons{{
 void click(Key key) {
     // The project is in scaled form during a flight: it must not be saved, opened or reset.
     if (Flying::running() && key != Key::FlyingPreview) return;
-    for (const Command& command : commands)
-        if (command.key == key) command.run();
+    {
+        const Startup::CommandUnderWay command;
+        for (const Command& row : commands)
+            if (row.key == key) row.run();
+    }
+    Startup::closeIfAsked();
 }
 
 void frustumPrompt() {

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QWidget>
 
+#include "model/Fuselage.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
 #include "shell/qt/Mirrors.h"
@@ -81,6 +82,17 @@ TEST_F(TypedNumbers, BackspaceCommitsFirstAndLeavesTheShorterText) {
     key(box, Qt::Key_Backspace, "\b");
     EXPECT_EQ(Wings(1).length1, 12);
     EXPECT_EQ(box.text(), "1");
+}
+
+TEST_F(TypedNumbers, AFractionOfOutlinePointsIsRoundedHalfToEven) {
+    const auto& fuselage = Fuselage::current();
+    auto& box = *panel.findChild<QLineEdit*>("NbCrossFuselageText");
+    type("NbCrossFuselageText", "8.5");
+    EXPECT_EQ(fuselage.nb_cross, 8);
+    EXPECT_EQ(box.text(), "8") << "after Enter as stored";
+    type("NbCrossFuselageText", "9.5");
+    EXPECT_EQ(fuselage.nb_cross, 10);
+    EXPECT_EQ(box.text(), "10");
 }
 
 TEST_F(TypedNumbers, LosingTheFocusStoresNothing) {

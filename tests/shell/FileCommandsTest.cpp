@@ -1,37 +1,15 @@
+#include "FileCommandsFixture.h"
 #include "model/Fuselage.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
-#include "output/Progress.h"
-#include "shell/FileCommands.h"
-#include "shell/ToolbarCommands.h"
 #include "support/Impatient.h"
-#include "support/ShellFixture.h"
 
 namespace velna::test {
 namespace {
 
 using Toolbar::Key;
-
-class FileCommands : public ShellFixture {
-protected:
-    void SetUp() override {
-        ShellFixture::SetUp();
-        start();
-    }
-    std::string file(const std::string& title) const { return (folder / title).string(); }
-    void answerFile(const std::string& path, int filterIndex) {
-        dialogs.files.push_back({path, filterIndex});
-    }
-    void TearDown() override {
-        progress = nullptr;
-        ShellFixture::TearDown();
-    }
-    void saveAs(const std::string& title, int filterIndex) {
-        answerFile(file(title), filterIndex);
-        Toolbar::click(Key::Save);
-    }
-};
+using FileCommands = FileCommandsFixture;
 
 TEST_F(FileCommands, NewAsksAndNoKeepsTheProject) {
     Wings(1).span = 1;
@@ -74,6 +52,18 @@ TEST_F(FileCommands, NewOnAnInchProjectConvertsTheMillimetreDefault) {
     EXPECT_DOUBLE_EQ(Fuselages(1).pos(3), 800 / 25.4);
     EXPECT_DOUBLE_EQ(Equipments(1).length, 30 / 25.4);
     EXPECT_EQ(Main.controls[Control::SpanStabText].text, "19.69");
+}
+
+TEST_F(FileCommands, NewLeavesTheSavedStateInEitherUnit) {
+    for (const int unit : {millimetres, inches})
+        for (const bool saved : {true, false}) {
+            Prefs.selectUnit(unit);
+            Main.savedProject = saved;
+            dialogs.yesNo = {true};
+            Toolbar::click(Key::New);
+            EXPECT_EQ(Prefs.units, unit);
+            EXPECT_EQ(Main.savedProject, saved);
+        }
 }
 
 TEST_F(FileCommands, SavedAndOpenedAgainIsTheSameAircraft) {
@@ -136,78 +126,58 @@ TEST_F(FileCommands, ARefusedVersionShowsItsMessage) {
     EXPECT_EQ(Wings(1).span, 700);
 }
 
-TEST_F(FileCommands, AnAirfoilGoesToTheCurrentWingWithEitherLineEnd) {
-    for (const char* end : {"\r\n", "\n"}) {
-        std::string points = "title";
-        for (const char* point : {"1 0", "0.5 -0.05", "0 0", "0.5 0.05", "1 0"})
-            points += end + std::string(point);
-        writeFile(file("a.xy"), points + end);
-        Wings(1).init();
-        Main.savedProject = true;
-        answerFile(file("a.xy"), 2);
-        Toolbar::click(Key::Open);
-        EXPECT_EQ(Wings(1).nb, 5);
-        EXPECT_EQ(Wings(1).thickness1, 0.1);
-        EXPECT_FALSE(Main.savedProject);
-    }
-}
-
-TEST_F(FileCommands, ATextureGoesToTheElementOfTheTabAndACancelTakesItAway) {
-    struct Row {
-        int tab;
-        std::function<std::string()> path, title;
-    };
-    const Row rows[] = {
-        {PanelTab::fuselage, [] { return Fuselages(1).texture_filename; },
-         [] { return Fuselages(1).qualified_texture_filename; }},
-        {PanelTab::wing, [] { return Wings(1).texture_filename(); },
-         [] { return Wings(1).qualified_texture_filename; }},
-        {PanelTab::stabilizer, [] { return Stabilizer.texture_filename(); },
-         [] { return Stabilizer.qualified_texture_filename; }},
-        {PanelTab::rudder, [] { return Rudder.texture_filename; },
-         [] { return Rudder.qualified_texture_filename; }},
-    };
-    pictures.pictures[file("p.bmp")] = {2, 2, std::vector<unsigned char>(12, 7)};
-    for (const Row& row : rows) {
-        Main.selectTab(row.tab);
-        answerFile(file("p.bmp"), 3);
-        Toolbar::click(Key::Open);
-        EXPECT_EQ(row.path(), file("p.bmp"));
-        EXPECT_EQ(row.title(), "p.bmp");
-        Main.selectTab(row.tab);
-        answerFile("", 3);
-        Toolbar::click(Key::Open);
-        EXPECT_EQ(row.path(), "");
-        EXPECT_EQ(row.title(), "");
-    }
-}
-
-TEST_F(FileCommands, ATitleWithALineEndStaysInItsLine) {
-    const std::string odd = file("p\r\nq.bmp");
-    pictures.pictures[odd] = {2, 2, std::vector<unsigned char>(12, 7)};
-    Main.selectTab(PanelTab::wing);
-    answerFile(odd, 3);
-    Toolbar::click(Key::Open);
-    EXPECT_EQ(Wings(1).texture_filename(), odd);
-    EXPECT_EQ(Wings(1).qualified_texture_filename, "p__q.bmp");
-}
-
-TEST_F(FileCommands, TheElectronicsTabHasNoTexture) {
-    Main.selectTab(PanelTab::electronics);
-    answerFile(file("p.bmp"), 3);
-    Toolbar::click(Key::Open);
-    EXPECT_TRUE(Main.savedProject);
-    EXPECT_EQ(Fuselages(1).texture_filename, "");
-    EXPECT_EQ(Wings(1).texture_filename(), "");
-}
-
 TEST_F(FileCommands, AFailedSaveTellsTheReasonAndLeavesTheStateAsItWas) {
-    Main.savedProject = false;
-    answerFile(folder.string(), 1);  // a directory
-    Toolbar::click(Key::Save);
-    EXPECT_FALSE(Main.savedProject);
-    EXPECT_EQ(dialogs.story(), "save message");
-    EXPECT_EQ(dialogs.asked.back().icon, BoxIcon::Exclamation);
+    for (const bool saved : {false, true}) {
+        dialogs.asked.clear();
+        Main.savedProject = saved;
+        answerFile(folder.string(), 1);  // a directory
+        Toolbar::click(Key::Save);
+        EXPECT_EQ(Main.savedProject, saved);
+        EXPECT_EQ(dialogs.story(), "save message");
+        EXPECT_EQ(dialogs.asked.back().icon, BoxIcon::Exclamation);
+    }
+}
+
+TEST_F(FileCommands, OpenShowsAllFuselagesOfAProjectThatTellsNoneHidden) {
+    ObjectList.setShown(1, false);
+    answerFile(VELNA_TEST_DATA "/projects/legacy/1.0.0_two_wings_two_fuselages.vln", 1);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(nbFuselages, 2);
+    EXPECT_TRUE(ObjectList.shown(1));
+    EXPECT_TRUE(ObjectList.shown(2));
+}
+
+TEST_F(FileCommands, ADrawingLeavesTheViewAtItsScale) {
+    Main.initSideView();
+    const double fitted = Main.zoom;
+    Main.focusZoom = true;
+    Main.refreshDrawingArea();
+    const double zoom = Main.zoom;
+    ASSERT_NE(zoom, fitted);
+    saveAs("a.dxf", 3);
+    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_FALSE(Main.checked(Control::LockZoom));
+}
+
+TEST_F(FileCommands, TheBoxesBarStandsAtTheBoxThatIsEditedAfterOpen) {
+    for (int i = 0; i < 2; ++i) Main.buttonPressed(Control::IndexServosPlusButton, 0);
+    saveAs("three.vln", 1);
+    ASSERT_EQ(Main.controls[Control::IndexServosScroll].value, 3);
+    answerFile(file("three.vln"), 1);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(nbEquipments, 3);
+    EXPECT_EQ(Main.controls[Control::IndexServosScroll].maximum, 3);
+    EXPECT_EQ(Main.controls[Control::IndexServosScroll].value, currentEquipment);
+}
+
+TEST_F(FileCommands, NewAndOpenPutTheCataloguesBackToCustom) {
+    for (const Key key : {Key::New, Key::Open}) {
+        Main.controls[Control::ServosCombo].value = 7;
+        dialogs.yesNo = {true};
+        answerFile(VELNA_TEST_DATA "/projects/legacy/1.0.0_two_wings_two_fuselages.vln", 1);
+        Toolbar::click(key);
+        EXPECT_EQ(Main.controls[Control::ServosCombo].value, 0);
+    }
 }
 
 TEST_F(FileCommands, AFailedExportTellsTheReasonToo) {
@@ -302,27 +272,6 @@ TEST_F(FileCommands, ACancelledExportSaysNothingAndLeavesTheOldFile) {
         saveAs("a", kind);
         EXPECT_EQ(dialogs.story(), "save") << kind;
         EXPECT_EQ(contentOf((folder / "a").string()), "old") << kind;
-    }
-}
-
-TEST_F(FileCommands, ARemovedPictureIsNotLoadedAnyMore) {
-    pictures.pictures[(folder / "p.bmp").string()] = {2, 2, std::vector<unsigned char>(12, 7)};
-    const std::pair<int, std::function<bool()>> elements[] = {
-        {PanelTab::fuselage, [] { return Fuselages(1).texture_loaded; }},
-        {PanelTab::wing,
-         [] { return Wings(1).Left->texture_loaded || Wings(1).Right->texture_loaded; }},
-        {PanelTab::stabilizer,
-         [] { return Stabilizer.Left->texture_loaded || Stabilizer.Right->texture_loaded; }},
-        {PanelTab::rudder, [] { return Rudder.texture_loaded; }},
-    };
-    for (const auto& [tab, loaded] : elements) {
-        Main.selectTab(tab);
-        dialogs.files = {{(folder / "p.bmp").string(), 3}, {"", 3}};
-        Toolbar::click(Key::Open);
-        EXPECT_TRUE(loaded()) << tab;
-        Main.selectTab(tab);
-        Toolbar::click(Key::Open);
-        EXPECT_FALSE(loaded()) << tab;
     }
 }
 

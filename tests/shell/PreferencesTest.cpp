@@ -58,14 +58,24 @@ TEST_F(PreferencesFile, GoesToTheUsersFolderWhereTheProgramsCannotBeWritten) {
     EXPECT_EQ(contentOf(desktop.configuration + "prefs.txt"), "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
 }
 
-TEST_F(PreferencesFile, TheUsersOwnIsReadBeforeTheShippedOneOnceItExists) {
-    writeFile(programFile("prefs.txt"), "\"DoIt\"\r\n#FALSE#\r\n#TRUE#\r\n");
-    EXPECT_EQ(Preferences::fileToRead(), programFile("prefs.txt"));
+TEST_F(PreferencesFile, TheUsersOwnIsReadOnceItExistsWhereTheProgramsCannotBeWritten) {
+    desktop.program = "/proc/velna-cannot-write-here/";
+    EXPECT_EQ(Preferences::fileToRead(), desktop.program + "prefs.txt");
     std::filesystem::create_directories(desktop.configuration);
     writeFile(desktop.configuration + "prefs.txt", "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
     Preferences::readAll();
     EXPECT_EQ(Preferences::firstUseState, "Done");
     EXPECT_TRUE(Prefs.InchesOption);
+}
+
+TEST_F(PreferencesFile, WhatWasWrittenBesideTheProgramIsReadThere) {
+    std::filesystem::create_directories(desktop.configuration);
+    writeFile(desktop.configuration + "prefs.txt", "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
+    Prefs.selectUnit(inches);
+    Preferences::writeAll();
+    Prefs = {};
+    Preferences::readAll();
+    EXPECT_TRUE(Prefs.InchesOption) << "an older one of the user's own does not hide it";
 }
 
 TEST_F(PreferencesFile, NowhereToWriteIsNoCrash) {

@@ -45,6 +45,15 @@ TEST_F(PrintCommand, AsksWhatAndWhereAndEndsInTheTopView) {
     EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
+TEST_F(PrintCommand, ACancelledPrinterEndsInTheTopViewWithThePanelFilled) {
+    dialogs.printers = {nullptr};
+    Main.textEdited(Control::WidthFuselageText, "55");
+    print();
+    EXPECT_EQ(dialogs.story(), "printselect printer");
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.controls[Control::WidthFuselageText].text, "20");
+}
+
 TEST_F(PrintCommand, AFailureIsToldOnceWithItsReason) {
     printer.failure = "The printer is gone";
     print();

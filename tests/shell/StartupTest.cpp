@@ -152,6 +152,42 @@ TEST_F(Startup, AQuitDuringAFlightEndsItFirstAndThenAsks) {
     EXPECT_TRUE(desktop.calls.empty());
 }
 
+TEST_F(Startup, AQuitDuringACommandWaitsForItsEnd) {
+    velna::Startup::run();
+    dialogs.inPreferences = [&] {
+        EXPECT_FALSE(velna::Startup::queryUnload());
+        velna::Startup::closeIfAsked();
+        EXPECT_NE(desktop.calls.back(), "close main");
+    };
+    Toolbar::click(Toolbar::Key::Prefs);
+    EXPECT_EQ(desktop.calls.back(), "close main");
+    dialogs.yesNo = {true};
+    EXPECT_TRUE(velna::Startup::queryUnload()) << "and is asked then";
+    EXPECT_EQ(dialogs.asked.back().text, "Do you really want to quit Velna ?");
+}
+
+TEST_F(Startup, ALogOutIsAskedOnceAndAPressWithdrawsTheAnswer) {
+    velna::Startup::run();
+    dialogs.yesNo = {false, true, true, false};
+    EXPECT_FALSE(velna::Startup::querySessionEnd());
+    EXPECT_TRUE(velna::Startup::queryUnload()) << "a No is no agreement: the next close asks";
+    EXPECT_TRUE(velna::Startup::querySessionEnd());
+    const auto questions = dialogs.asked.size();
+    EXPECT_TRUE(velna::Startup::queryUnload());
+    EXPECT_EQ(dialogs.asked.size(), questions) << "a Yes is not asked for twice";
+    velna::Startup::sessionGoesOn();
+    EXPECT_FALSE(velna::Startup::queryUnload());
+}
+
+TEST_F(Startup, AnEndBeforeTheSettingsAreReadLeavesThemAlone) {
+    const std::string content = "\"DoIt\"\r\n#TRUE#\r\n#FALSE#\r\n";
+    writeFile(programFile("prefs.txt"), content);
+    Preferences::known = false;
+    velna::Startup::initMain();
+    velna::Startup::unload();
+    EXPECT_EQ(contentOf(programFile("prefs.txt")), content);
+}
+
 /// The picture's state at the end of the start, after the timer's first interval and after its
 /// second, with and without a stored inch setting, as computed by other means.
 TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {

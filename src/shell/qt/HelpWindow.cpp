@@ -156,7 +156,8 @@ void HelpWindow::setPlace(const QRect& place) {
     if (place.isValid()) place_ = place;
 }
 
-void HelpWindow::answerF1() {
+void HelpWindow::answerF1(std::function<bool()> wanted) {
+    wanted_ = std::move(wanted);
     qApp->removeEventFilter(this);
     qApp->installEventFilter(this);
 }
@@ -169,7 +170,7 @@ bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
     if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1) return false;
     // A widget's key comes to its window first, and from there to the widget.
     if (watched->inherits("QWidgetWindow")) return false;
-    if (press && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
+    if (press && !static_cast<QKeyEvent*>(event)->isAutoRepeat() && (!wanted_ || wanted_())) {
         const auto* widget = qobject_cast<const QWidget*>(watched);
         if (widget && widget->window() == this) return true;
         showPage(helpPageOf(widget ? widget : QApplication::activeWindow()));

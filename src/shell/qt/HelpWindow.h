@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+#include <functional>
 
 #include "shell/qt/HelpFile.h"
 
@@ -33,8 +34,9 @@ public:
     void setHelpFile(const QString& file);
     /// Place and size of the window, in screen pixels; taken at the next showing.
     void setPlace(const QRect& place);
-    /// From now on F1 anywhere in the program opens the page of the widget in use.
-    void answerF1();
+    /// From now on F1 anywhere in the program opens the page of the widget in use, whenever
+    /// `wanted` says so.
+    void answerF1(std::function<bool()> wanted = {});
 
     /// Shows the window with the first page, the contents.
     void showContents();
@@ -64,6 +66,7 @@ private:
     QRect place_;
     HelpFile help_;
     bool readable_ = false;
+    std::function<bool()> wanted_;
     QStringList words_;  ///< what is searched, marked in the page shown
     QTextBrowser* browser_ = nullptr;
     QListWidget* contents_ = nullptr;

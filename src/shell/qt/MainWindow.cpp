@@ -1,10 +1,12 @@
 #include "shell/qt/MainWindow.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QThread>
 #include <QTimer>
 
 #include "editor/Main.h"
@@ -47,6 +49,11 @@ void showHints(QLabel& label, const Place& room) {
         label.setVisible(label.heightForWidth(room.width) <= room.height);
         if (!label.isHidden()) return;
     }
+}
+
+/// A dialog's own loop runs: what has opened it goes on with the model when it returns.
+bool insideDialog() {
+    return QThread::currentThread()->loopLevel() > 1;
 }
 
 }  // namespace
@@ -226,6 +233,11 @@ void MainWindow::changeEvent(QEvent* event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     if (!started_) return;
+    if (insideDialog()) {
+        event->ignore();
+        closeAfterDialogs();
+        return;
+    }
     if (!Startup::queryUnload()) {
         event->ignore();
         return;
@@ -234,12 +246,29 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     Startup::unload();
 }
 
+// A log-out closes the main window under an open dialog, which is cancelled first.
+void MainWindow::closeAfterDialogs() {
+    constexpr int nextTurn = 20;  // milliseconds
+    while (QWidget* dialog = QApplication::activeModalWidget())
+        if (!dialog->close()) break;
+    QTimer::singleShot(nextTurn, this, &QWidget::close);
+}
+
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
     if (Flying::flying)
         Toolbar::click(Toolbar::Key::FlyingPreview);
     else
         Helper::stop();
+}
+
+// The releases that no control has kept for itself.
+void MainWindow::keyReleaseEvent(QKeyEvent* event) {
+    if (started_ && !flight_ && !event->isAutoRepeat()) {
+        Main.Form_keyup();
+        drawArea_->surface().refresh();
+    }
+    QWidget::keyReleaseEvent(event);
 }
 
 }  // namespace velna

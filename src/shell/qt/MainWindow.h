@@ -50,11 +50,13 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
     void buildSurfaces();
     void buildSigns();
+    void closeAfterDialogs();
     /// Applies the formulas to the present client area.
     void layOut(QSize client);
     /// What is beside the controls: hints and logo.

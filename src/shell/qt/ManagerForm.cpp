@@ -91,11 +91,14 @@ void ManagerForm::keepSelection() {
 }
 
 void ManagerForm::reject() {
-    // With several rows selected the focused one counts; with none, nothing changes.
-    const bool any = !list_->selectedItems().isEmpty();
-    const int focused = any ? list_->indexOfTopLevelItem(list_->currentItem()) + 1 : 0;
+    // With several rows selected the focused one counts; with none, nothing changes. The focus can
+    // stand on a row that Ctrl has taken out of the selection.
+    const QList<QTreeWidgetItem*> selected = list_->selectedItems();
+    QTreeWidgetItem* counts = selected.contains(list_->currentItem()) ? list_->currentItem()
+                              : selected.isEmpty()                    ? nullptr
+                                                                      : selected.front();
     QDialog::reject();
-    Main.closeManager(focused);
+    Main.closeManager(counts ? list_->indexOfTopLevelItem(counts) + 1 : 0);
 }
 
 }  // namespace velna

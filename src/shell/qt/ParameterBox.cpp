@@ -38,12 +38,14 @@ ParameterBox::ParameterBox(Control control, QWidget* parent)
 
 bool ParameterBox::event(QEvent* event) {
     // Before the toolkit takes Tab and Enter for its own: they commit too.
-    if (event->type() == QEvent::KeyPress) {
-        typing_ = edits(static_cast<const QKeyEvent&>(*event));
-        Main.textKeyDown(control_, text().toStdString());
-        typing_ = false;
-    }
-    return QLineEdit::event(event);
+    if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
+    typing_ = edits(static_cast<const QKeyEvent&>(*event));
+    Main.textKeyDown(control_, text().toStdString());
+    // What was refilled while it was being typed is shown now.
+    if (!typing_) showText(QString::fromStdString(Main.controls[control_].text));
+    const bool taken = QLineEdit::event(event);
+    typing_ = false;
+    return taken;
 }
 
 void ParameterBox::showText(const QString& shown) {

@@ -8,6 +8,7 @@
 #include "shell/Startup.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
+#include "shell/qt/LogOut.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/QtDesktop.h"
 #include "shell/qt/QtDialogs.h"
@@ -33,6 +34,7 @@ int main(int argc, char** argv) {
     QtImaging pictures(mainWindow);
     SdlJoystick joystick;
     QtProgress watcher;
+    const LogOut logOut;
 
     Main.window = &window;
     Shell = {&desktop, &dialogs};
@@ -42,7 +44,7 @@ int main(int argc, char** argv) {
     progress = &watcher;
 
     // Splash, default aircraft, views, picture, settings; then events until the window closes.
-    HelpWindow::instance().answerF1();
+    HelpWindow::instance().answerF1([] { return !Flying::running(); });
     Startup::run();
     GlideCursor::hide();
     return mainWindow.isVisible() ? QApplication::exec() : 0;

@@ -129,6 +129,17 @@ TEST_F(HelpWindowTest, F1OpensThePageOfTheDialog) {
     EXPECT_EQ(helpPageOf(&other), "");
 }
 
+TEST_F(HelpWindowTest, F1IsAnsweredOnlyWhenItIsWanted) {
+    QLineEdit field;
+    bool wanted = false;
+    HelpWindow::instance().answerF1([&] { return wanted; });
+    press(field, Qt::Key_F1);
+    EXPECT_FALSE(HelpWindow::instance().isVisible());
+    wanted = true;
+    press(field, Qt::Key_F1);
+    EXPECT_TRUE(HelpWindow::instance().isVisible());
+}
+
 TEST_F(HelpWindowTest, OtherKeysAndTheReleaseOfF1AreNotAnswered) {
     QLineEdit field;
     HelpWindow::instance().answerF1();

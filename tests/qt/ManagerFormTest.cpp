@@ -1,0 +1,61 @@
+// The fuselage manager's list: which row counts when it closes.
+
+#include <QTreeWidget>
+
+#include <gtest/gtest.h>
+
+#include "editor/Main.h"
+#include "model/Fuselage.h"
+#include "model/Plane.h"
+#include "shell/qt/ManagerForm.h"
+#include "support/EditorBench.h"
+
+namespace velna {
+namespace {
+
+class Manager : public test::EditorTest {
+protected:
+    void SetUp() override {
+        for (int i = 0; i < 2; ++i) Main.buttonPressed(Control::IndexFusPlusButton, 0);
+        currentFuselage = 1;
+    }
+    /// Opens the form on the first of three, moves focus and selection by `user`, and closes it.
+    template <class User>
+    static void closeAfter(User user) {
+        ManagerForm form(nullptr);
+        form.show();
+        user(*form.findChild<QTreeWidget*>("ListView"));
+        form.close();
+    }
+    static void focus(QTreeWidget& list, int row, QItemSelectionModel::SelectionFlag what) {
+        list.selectionModel()->setCurrentIndex(list.model()->index(row, 0),
+                                               what | QItemSelectionModel::Rows);
+    }
+};
+
+TEST_F(Manager, TheSelectedRowBecomesCurrent) {
+    closeAfter([](QTreeWidget& list) { focus(list, 2, QItemSelectionModel::ClearAndSelect); });
+    EXPECT_EQ(currentFuselage, 3);
+}
+
+TEST_F(Manager, OfSeveralTheFocusedOneCounts) {
+    closeAfter([](QTreeWidget& list) { focus(list, 1, QItemSelectionModel::Select); });
+    EXPECT_EQ(currentFuselage, 2);
+}
+
+TEST_F(Manager, AFocusedRowThatIsNotSelectedDoesNotCount) {
+    closeAfter([](QTreeWidget& list) {
+        focus(list, 1, QItemSelectionModel::Select);
+        focus(list, 1, QItemSelectionModel::Deselect);
+    });
+    EXPECT_EQ(currentFuselage, 1);
+}
+
+TEST_F(Manager, NoneSelectedLeavesTheCurrentOne) {
+    currentFuselage = 2;
+    closeAfter([](QTreeWidget& list) { list.clearSelection(); });
+    EXPECT_EQ(currentFuselage, 2);
+}
+
+}  // namespace
+}  // namespace velna
