@@ -36,6 +36,7 @@ public:
 
     /// The form `Bitmap` with the picture and its progress bar, shown during a conversion.
     virtual void showProgress(int percent) = 0;
+    /// Puts the form away, and the picture with it.
     virtual void hideProgress() = 0;
 
     /// The box with the stop sign.

@@ -1,12 +1,16 @@
 #include <QImage>
 #include <QImageWriter>
+#include <QProgressBar>
+#include <QScreen>
 #include <QWidget>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "shell/qt/PictureReading.h"
 #include "shell/qt/QtImaging.h"
 #include "support/TemporaryFolder.h"
 
@@ -130,6 +134,40 @@ TEST_F(Pictures, AHeaderThatPromisesMoreThanMemoryShouldHoldIsRefused) {
     std::ofstream(file, std::ios::binary) << header;
     EXPECT_FALSE(load(file));
     EXPECT_FALSE(reason.empty());
+}
+
+TEST_F(Pictures, APictureBeyondMemoryIsHalvedUntilItFits) {
+    EXPECT_EQ(affordablePicture({12000, 9000}), QSize(12000, 9000));
+    EXPECT_EQ(affordablePicture({24000, 10000}), QSize(12000, 5000));
+    EXPECT_EQ(affordablePicture({65000, 65000}), QSize(8125, 8125));
+    EXPECT_EQ(affordablePicture({1, 2000000000}).width(), 1);
+    EXPECT_EQ(affordablePicture(QSize()), QSize()) << "a size that no header told";
+}
+
+TEST_F(Pictures, TheFormStandsRoundThePictureWithItsBarBelow) {
+    ASSERT_TRUE(load(write(twoHalves({64, 32}), "a.png", "png")));
+    imaging.showProgress(0);
+    const auto& form = *owner.findChild<QWidget*>("Bitmap");
+    const auto& bar = *form.findChild<QProgressBar*>("ProgressBar1");
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(form.size(), QSize(64 + 20, 32 + 80));
+    EXPECT_EQ(bar.pos(), QPoint(10, 10 + 32 + 10));
+    EXPECT_EQ(bar.width(), 64);
+
+    std::vector<int> values;
+    QObject::connect(&bar, &QProgressBar::valueChanged, &bar,
+                     [&](int value) { values.push_back(value); });
+    imaging.pixels();
+    EXPECT_EQ(values, (std::vector{10, 20, 30, 40, 50, 60, 70, 80, 90}));
+    imaging.hideProgress();
+    EXPECT_EQ(owner.findChild<QWidget*>("Bitmap"), nullptr);
+
+    // Larger than any screen.
+    ASSERT_TRUE(load(write(twoHalves({40, 20000}), "b.png", "png")));
+    imaging.showProgress(0);
+    const auto& tall = *owner.findChild<QWidget*>("Bitmap");
+    EXPECT_LE(tall.height(), tall.screen()->availableSize().height());
+    imaging.hideProgress();
 }
 
 TEST_F(Pictures, ACutPictureIsNoCrash) {

@@ -2,12 +2,14 @@
 
 #include <QImageReader>
 #include <QString>
+#include <algorithm>
 
 namespace velna {
 namespace {
 
-// Room for a scan of 8192 x 8192 at 32 bits; a header that promises more is refused unread.
-constexpr int allocationLimit = 288;  // MiB
+// Room for the largest pictures that cameras take; a header that promises more is refused unread,
+// unless its decoder can deliver less.
+constexpr int allocationLimit = 512;  // MiB
 
 void prepare(QImageReader& reader) {
     QImageReader::setAllocationLimit(allocationLimit);
@@ -24,9 +26,18 @@ QImage readPicture(const std::string& file, QSize largest, std::string& reason) 
     if (largest.isValid() && natural.width() > largest.width() &&
         natural.height() > largest.height())
         reader.setScaledSize(largest);
+    else if (const QSize affordable = affordablePicture(natural); affordable != natural)
+        reader.setScaledSize(affordable);
     QImage image = reader.read();
     if (image.isNull()) reason = reader.errorString().toStdString();
     return image;
+}
+
+QSize affordablePicture(QSize natural) {
+    constexpr qint64 most = qint64{allocationLimit} << 20;
+    while (qint64{4} * natural.width() * natural.height() > most)
+        natural = {std::max(1, natural.width() / 2), std::max(1, natural.height() / 2)};
+    return natural;
 }
 
 QSize readPictureSize(const std::string& file) {

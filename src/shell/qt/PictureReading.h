@@ -12,6 +12,9 @@ namespace velna {
 /// may.
 QImage readPicture(const std::string& file, QSize largest, std::string& reason);
 
+/// The size at which a picture of `natural` pixels may be decoded: halved until memory has room.
+QSize affordablePicture(QSize natural);
+
 /// The size that the file's header tells, invalid when it cannot be read.
 QSize readPictureSize(const std::string& file);
 

@@ -1,13 +1,17 @@
 #include "shell/qt/QtImaging.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
 #include <QImageWriter>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPainter>
 #include <QProgressBar>
+#include <QScreen>
 #include <QTransform>
-#include <QVBoxLayout>
+#include <QWindow>
 
 #include "common/ReplacedFile.h"
 #include "shell/Ports.h"
@@ -38,14 +42,42 @@ public:
         setObjectName("Bitmap");
         setWindowTitle(applicationTitle);
         setAttribute(Qt::WA_ShowWithoutActivating);
-        auto* layout = new QVBoxLayout(this);
-        layout->addWidget(&picture);
-        layout->addWidget(&bar);
-        bar.setObjectName("ProgressBar1");
+        bar_.setObjectName("ProgressBar1");
     }
 
-    QLabel picture;
-    QProgressBar bar;
+    /// Fits the form round `picture`, which is shown smaller where the screen has no room for it.
+    void showPicture(const QImage& picture) {
+        const QSize room = screen()->availableSize() - around - QSize(0, titleBar);
+        const bool fits = picture.width() <= room.width() && picture.height() <= room.height();
+        const QImage shown = fits ? picture : picture.scaled(room, Qt::KeepAspectRatio);
+        picture_.setPixmap(QPixmap::fromImage(shown));
+        picture_.setGeometry(QRect(QPoint(margin, margin), shown.size()));
+        bar_.setGeometry(margin, picture_.geometry().bottom() + 1 + margin, shown.width(),
+                         bar_.sizeHint().height());
+        setFixedSize(shown.size() + around);
+        show();
+        paintNow();
+    }
+    void showPercent(int percent) { bar_.setValue(percent); }
+
+private:
+    /// Nothing else runs during a conversion: without this the screen would show a frame with
+    /// nothing in it. The user's keys and clicks wait.
+    void paintNow() {
+        QDeadlineTimer patience(longestWait);
+        do {
+            QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                            QEventLoop::ExcludeSocketNotifiers);
+        } while (!windowHandle()->isExposed() && !patience.hasExpired());
+    }
+
+    static constexpr int longestWait = 200;  // milliseconds
+    static constexpr int margin = 10;
+    static constexpr int titleBar = 40;
+    static constexpr QSize around{20, 80};
+
+    QLabel picture_{this};
+    QProgressBar bar_{this};
 };
 
 QtImaging::QtImaging(QWidget& owner) : owner_(owner) {}
@@ -79,17 +111,22 @@ void QtImaging::resize(int width, int height) {
 }
 
 PictureBytes QtImaging::pixels() {
+    constexpr int step = 10;  // per cent: the bar's repaints must not take longer than the copy
     PictureBytes result{image_.width(), image_.height(), {}};
-    result.bytes.resize(3UL * static_cast<std::size_t>(result.width) *
-                        static_cast<std::size_t>(result.height));
-    unsigned char* byte = result.bytes.data();
+    const std::size_t rowBytes = 3UL * static_cast<std::size_t>(result.width);
+    // Row by row, so that the large memory is written once and not cleared before.
+    std::vector<unsigned char> row(rowBytes);
+    result.bytes.reserve(rowBytes * static_cast<std::size_t>(result.height));
     for (int y = 0; y < result.height; ++y) {
-        const auto* row = reinterpret_cast<const QRgb*>(image_.constScanLine(y));
+        if (form_) form_->showPercent(static_cast<int>(100LL * y / result.height) / step * step);
+        const auto* pixels = reinterpret_cast<const QRgb*>(image_.constScanLine(y));
+        unsigned char* byte = row.data();
         for (int x = 0; x < result.width; ++x) {
-            *byte++ = static_cast<unsigned char>(qRed(row[x]));
-            *byte++ = static_cast<unsigned char>(qGreen(row[x]));
-            *byte++ = static_cast<unsigned char>(qBlue(row[x]));
+            *byte++ = static_cast<unsigned char>(qRed(pixels[x]));
+            *byte++ = static_cast<unsigned char>(qGreen(pixels[x]));
+            *byte++ = static_cast<unsigned char>(qBlue(pixels[x]));
         }
+        result.bytes.insert(result.bytes.end(), row.begin(), row.end());
     }
     return result;
 }
@@ -106,20 +143,14 @@ bool QtImaging::save(const std::string& file, PictureFormat format, std::string&
 
 void QtImaging::showProgress(int percent) {
     if (!form_) form_ = std::make_unique<ConversionForm>(owner_);
-    if (!form_->isVisible()) {
-        constexpr int largestShown = 512;
-        const QImage shown = image_.width() > largestShown || image_.height() > largestShown
-                                 ? image_.scaled(largestShown, largestShown, Qt::KeepAspectRatio)
-                                 : image_;
-        form_->picture.setPixmap(QPixmap::fromImage(shown));
-        form_->show();
-    }
-    form_->bar.setValue(percent);
-    form_->repaint();
+    form_->showPercent(percent);
+    if (!form_->isVisible()) form_->showPicture(image_);
 }
 
 void QtImaging::hideProgress() {
-    if (form_) form_->hide();
+    // The picture may take more than the rest of the program.
+    form_.reset();
+    image_ = {};
 }
 
 void QtImaging::showError(const std::string& text) {
