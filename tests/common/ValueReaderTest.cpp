@@ -1,5 +1,8 @@
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
+#include <stop_token>
+#include <thread>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -102,6 +105,24 @@ TEST(ReadWholeFile, GivesTheBytesAsTheyAre) {
     EXPECT_EQ(readWholeFile(folder / "file"), bytes);
     writeBytes(folder / "empty", "");
     EXPECT_EQ(readWholeFile(folder / "empty"), "");
+}
+
+TEST(ReadWholeFile, WhatAFileGainsMeanwhileIsLeftForTheNextTime) {
+    const TemporaryFolder folder;
+    const std::string path = folder / "grows";
+    const std::string whole(1 << 20, 'a');
+    std::ofstream file(path, std::ios::binary);
+    file << whole << std::flush;
+    const std::jthread writer([&](std::stop_token stop) {
+        for (int i = 0; i < 2000 && !stop.stop_requested(); ++i)
+            file << std::string(1 << 12, 'b') << std::flush;
+    });
+    for (int i = 0; i < 20; ++i) {
+        const std::string bytes = readWholeFile(path);
+        ASSERT_GE(bytes.size(), whole.size());
+        EXPECT_EQ(bytes.find_first_not_of('b', whole.size()), std::string::npos);
+        EXPECT_EQ(bytes[whole.size() - 1], 'a');
+    }
 }
 
 TEST(ReadWholeFile, WhatIsNoRegularFileFails) {

@@ -235,6 +235,19 @@ TEST_F(AirfoilFile, WhatCannotBeOpenedChangesNothing) {
     expectModelEquals(before);
 }
 
+TEST_F(AirfoilFile, BytesThatAreNoTextChangeNoMoreThanTheirLinesTell) {
+    std::string bytes;
+    for (int i = 0; i < 4096; ++i) bytes += static_cast<char>(i * 37 % 256);
+    load(bytes);
+    open(bytes);
+    EXPECT_EQ(Wings(1).nb, countAirfoilPoints(bytes));
+    EXPECT_EQ(Wings(1).airfoilSize(), Wings(1).nb);
+    EXPECT_EQ(Wings(1).airfoilPoint(1), Point3D{});
+    EXPECT_EQ(Wings(1).thickness1, 0.13) << "not computed anew";
+    load(foil(10));
+    EXPECT_EQ(Wings(1).nb, 10) << "and the next file is read";
+}
+
 TEST_F(AirfoilFile, TheProjectKeepsThePointsWithoutNormalisingThemAgain) {
     load("t\r\n1 0\r\n0.5 -0.05\r\n0 0\r\n0.5 0.08\r\n1 0\r\n");
     Wings(1).thickness1 = 0.2;

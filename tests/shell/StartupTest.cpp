@@ -9,6 +9,7 @@
 #include "model/Prefs.h"
 #include "preview/Flying.h"
 #include "preview/Rendering.h"
+#include "preview/View.h"
 #include "shell/Preferences.h"
 #include "shell/Startup.h"
 #include "shell/ToolbarCommands.h"
@@ -188,8 +189,14 @@ TEST_F(Startup, AnEndBeforeTheSettingsAreReadLeavesThemAlone) {
     EXPECT_EQ(contentOf(programFile("prefs.txt")), content);
 }
 
+nlohmann::json shownNow() {
+    const Rendering::View& view = Rendering::shownView;
+    return {"setViewTransform", view.panX, view.panY, view.distance, view.spin, view.tilt};
+}
+
 /// The picture's state at the end of the start, after the timer's first interval and after its
-/// second, with and without a stored inch setting, as computed by other means.
+/// second, and under the first drag, with and without a stored inch setting, as computed by other
+/// means.
 TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
     std::ifstream in(VELNA_TEST_DATA "/scene/cases.json");
     const auto cases = nlohmann::json::parse(in);
@@ -197,10 +204,20 @@ TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
         SetUp();
         velna::Startup::run();
         Prefs.selectUnit(scenario["InchesOption"].get<bool>() ? inches : millimetres);
+        nlohmann::json expected;
         for (const auto& step : scenario["steps"]) {
             const auto name = step["step"].get<std::string>();
-            if (name.starts_with("press") || name == "release") continue;
+            if (name.starts_with("press")) {
+                Rendering::mouseDown(Rendering::leftButton, 0, 300, 100);
+                Rendering::mouseMove(301, 100);
+            }
+            if (name == "release") Rendering::mouseUp(Rendering::leftButton, 301, 100);
             if (name.starts_with("Timer1") && desktop.timer1) velna::Startup::timer1Tick();
+            for (const auto& call : step["calls"])
+                if (call[0] == "setViewTransform") expected = call;
+            if (!expected.empty()) {
+                EXPECT_EQ(shownNow(), expected) << name;
+            }
             const auto& state = step["state"];
             EXPECT_EQ(Rendering::renderSpin, state["renderSpin"].get<double>()) << name;
             EXPECT_EQ(Rendering::renderTilt, state["renderTilt"].get<double>()) << name;

@@ -35,6 +35,20 @@ class ThePicture(base.WindowTest):
         self.screen.click(x, y, button=4, times=3)
         wait_for(lambda: lit(self.shot("turn-5")) > lit(wheel), "the wheel to bring it nearer")
 
+    def test_it_is_there_again_after_the_window_was_away_or_covered(self):
+        before = self.shot("away-0")
+        window = self.screen.tool("search", "--onlyvisible", "--name", "Velna V").split()[0]
+        self.screen.tool("windowminimize", "--sync", window)
+        self.assertLess(lit(self.screen.picture(self.taken / "away-1.png")), lit(before) / 10)
+        self.screen.tool("windowmap", "--sync", window)
+        self.screen.tool("windowactivate", "--sync", window)
+        wait_for(lambda: difference(before, self.shot("away-2")) == 0, "the picture after the minimised window")
+        self.screen.key("F1")
+        wait_for(lambda: self.program.find("HelpWindow"), "the help over it")
+        self.assertGreater(difference(before, self.shot("away-3")), 0.05)
+        self.screen.key("Escape")
+        wait_for(lambda: difference(before, self.shot("away-4")) == 0, "the picture behind the help")
+
     def test_render_pressed_follows_a_drag(self):
         self.program.click("Render")
         wait_for(lambda: self.program.get("Render").checked, "the pressed key")

@@ -48,6 +48,20 @@ class Start(base.WindowTest):
         self.assertEqual(program.quit(), 0)
         self.assertEqual((program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
 
+    def test_without_any_opengl_it_tells_so_and_leaves_the_settings_alone(self):
+        prefs = '"DoIt"\r\n#TRUE#\r\n#FALSE#\r\n'
+        program = self.new_program(prefs=prefs)
+        program.env["QT_XCB_GL_INTEGRATION"] = "none"
+        program.start(wait=False)
+        program.dialog("Fatal Error In Velna")
+        texts = [c.told.get("text") for c in program.controls()]
+        self.assertIn("Fatal Error: Could not retrieve pixel format!", texts)
+        self.take("fatal")
+        self.screen.key("Return")
+        self.assertEqual(program.process.wait(15), 1)
+        program.process = None
+        self.assertEqual((program.folder / "prefs.txt").read_bytes(), prefs.encode())
+
     def test_quit_asks_and_no_goes_on(self):
         program = self.new_program().start()
         self.screen.key("alt+F4")
