@@ -21,8 +21,27 @@ using test::joined;
 using test::repeated;
 using Kind = test::SurfaceCall::Kind;
 
+/// What stands after all of `calls` where lines invert.
+StandingLines standing(const std::vector<test::SurfaceCall>& calls) {
+    StandingLines lines;
+    for (const test::SurfaceCall& call : calls)
+        if (call.kind == Kind::Line)
+            lines.changes(call.x1, call.y1, call.x2, call.y2, call.colour == white);
+    return lines;
+}
+
 class Views : public test::EditorTest {
 protected:
+    /// Whether the calls so far, each line inverting, have left what the view drawn anew shows.
+    bool standsLikeAFreshView() {
+        const auto calls = area.calls;
+        bench.forget();
+        Main.redrawAtSameScale();
+        const bool same = standing(calls) == standing(area.calls);
+        area.calls = calls;
+        return same;
+    }
+
     static constexpr Control viewKeys[] = {Control::VTopButton, Control::FrontButton,
                                            Control::SideButton, Control::HTopButton};
 
@@ -148,15 +167,6 @@ TEST_F(Views, TheFinIsDrawnInANewlyEnteredFrontView) {
     EXPECT_EQ(area.lines(black), 0) << "but not by a move over a picture just painted";
 }
 
-/// What stands after all of `calls` where lines invert.
-StandingLines standing(const std::vector<test::SurfaceCall>& calls) {
-    StandingLines lines;
-    for (const test::SurfaceCall& call : calls)
-        if (call.kind == Kind::Line)
-            lines.changes(call.x1, call.y1, call.x2, call.y2, call.colour == white);
-    return lines;
-}
-
 TEST_F(Views, AFinDraggedOverAPictureLeavesNoLinesBehind) {
     Main.initFrontView();
     Main.pictureHere().shown = true;
@@ -168,12 +178,7 @@ TEST_F(Views, AFinDraggedOverAPictureLeavesNoLinesBehind) {
     Main.DrawArea_MouseMove(1, 0, x + 10, y);
     for (int step = 2; step <= 6; ++step) {
         Main.DrawArea_MouseMove(1, 0, x + 10.0F * static_cast<float>(step), y);
-        const StandingLines shown = standing(area.calls);
-        const auto calls = area.calls;
-        bench.forget();
-        Main.redrawAtSameScale();
-        EXPECT_TRUE(shown == standing(area.calls)) << step;
-        area.calls = calls;
+        EXPECT_TRUE(standsLikeAFreshView()) << step;
     }
 }
 
@@ -190,12 +195,7 @@ TEST_F(Views, ADragOverAPictureLeavesWhatStandsStillStanding) {
                 Main.DrawArea_MouseMove(1, 0, 3, 3.0F + static_cast<float>(step));
                 // The fin of the front view comes with the second move.
                 if (step == 1) continue;
-                const StandingLines shown = standing(area.calls);
-                const auto calls = area.calls;
-                bench.forget();
-                Main.redrawAtSameScale();
-                EXPECT_TRUE(shown == standing(area.calls)) << step;
-                area.calls = calls;
+                EXPECT_TRUE(standsLikeAFreshView()) << step;
             }
             Main.DrawArea_MouseUp(1, 0, 3, 9);
         }

@@ -39,14 +39,18 @@ class LogOut(base.WindowTest):
         self.program.start()
         self.assertEqual(self.desktop.hear(), "stays")
 
-    def ended_well(self):
-        self.assertEqual(self.program.process.wait(15), 0)
-        self.assertEqual((self.program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
-
     def asked(self):
         self.assertEqual(self.desktop.hear(), "asks")
         wait_for(lambda: "Do you really want to quit Velna ?" in
                  [c.told.get("text") for c in self.program.controls()], "the question")
+
+    def log_out_with_a_yes(self):
+        self.desktop.log_out()
+        self.asked()
+        self.program.push("Yes")
+        self.assertEqual([self.desktop.hear(), self.desktop.hear()], ["answered", "ready"])
+        self.assertEqual(self.program.process.wait(15), 0)
+        self.assertEqual((self.program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
 
     def test_no_calls_it_off_and_the_next_one_asks_again(self):
         self.program.enter("SpanText", "1234")
@@ -60,11 +64,7 @@ class LogOut(base.WindowTest):
             self.assertEqual(self.program.text("SpanText"), "1234")
 
     def test_yes_ends_the_program_without_a_second_question(self):
-        self.desktop.log_out()
-        self.asked()
-        self.program.push("Yes")
-        self.assertEqual([self.desktop.hear(), self.desktop.hear()], ["answered", "ready"])
-        self.ended_well()
+        self.log_out_with_a_yes()
 
     def test_with_a_dialog_open_too(self):
         for opened, title in (("Prefs", "Preferences"), ("Open", None), ("Manager", None), ("Palette", None)):
@@ -73,20 +73,12 @@ class LogOut(base.WindowTest):
                     self.setUp()
                 self.program.click(opened)
                 self.program.dialog(title)
-                self.desktop.log_out()
-                self.asked()
-                self.program.push("Yes")
-                self.assertEqual([self.desktop.hear(), self.desktop.hear()], ["answered", "ready"])
-                self.ended_well()
+                self.log_out_with_a_yes()
 
     def test_in_a_flight_too(self):
         self.program.click("FlyingPreview")
         wait_for(lambda: (c := self.program.find("FlyingPreview")) and c.checked, "the flight")
-        self.desktop.log_out()
-        self.asked()
-        self.program.push("Yes")
-        self.assertEqual([self.desktop.hear(), self.desktop.hear()], ["answered", "ready"])
-        self.ended_well()
+        self.log_out_with_a_yes()
 
 
 if __name__ == "__main__":
