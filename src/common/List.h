@@ -55,7 +55,7 @@ public:
     const T* data() const { return made().data(); }
 
 private:
-    std::size_t count() const { return static_cast<std::size_t>(upper_ + 1); }
+    std::size_t count() const { return static_cast<std::size_t>(upper_) + 1; }
 
     std::vector<T>& made() const {
         if (items_.size() != count()) items_.resize(count());

@@ -92,10 +92,11 @@ void ReplacedFile::flush() {
     std::size_t written = 0;
     while (error_.empty() && written < buffer_.size()) {
         const auto count = ::write(descriptor_, buffer_.data() + written, buffer_.size() - written);
-        if (count >= 0)
+        if (count >= 0) {
             written += static_cast<std::size_t>(count);
-        else if (errno != EINTR)
+        } else if (errno != EINTR) {
             fail();
+        }
     }
     buffer_.clear();
 }

@@ -50,10 +50,11 @@ void dropLineEnd(std::string_view& text) {
 /// Consumes what ends a value: a comma, or the line end, or nothing at the end of the file.
 void dropValueEnd(std::string_view& text) {
     if (text.empty()) return;
-    if (text.front() == ',')
+    if (text.front() == ',') {
         text.remove_prefix(1);
-    else
+    } else {
         dropLineEnd(text);
+    }
 }
 
 void dropBlanks(std::string_view& text) {

@@ -38,9 +38,10 @@ void drawFuselagesVTop(int which) {
     // While nothing is lit on it, the current one is drawn dim in its place among the others, and
     // in black on top of them all at the end.
     const bool all = !current().selected;
-    for (int i = 1; i <= nbFuselages; ++i)
+    for (int i = 1; i <= nbFuselages; ++i) {
         if ((all || i != currentFuselage) && ObjectList.shown(i))
             Fuselages(i).drawVTop(otherFuselage);
+    }
     if (currentShown()) current().drawVTop(which);
 }
 
@@ -64,10 +65,11 @@ void selectsFuselagesSide(float x, float y) {
 void selectsFuselagesHTop(float x, float y) {
     for (int i = 1; i <= nbFuselages; ++i) {
         if (!ObjectList.shown(i)) continue;
-        if (i == currentFuselage)
+        if (i == currentFuselage) {
             Fuselages(i).selectsHTop(x, y);
-        else
+        } else {
             Fuselages(i).drawHTop(Main.zoom, Main.xoff, Main.yoff, -1, otherFuselage);
+        }
     }
 }
 

@@ -19,9 +19,10 @@ int rowCount() {
 
 /// Sets the rows that are chosen; the picture follows at once, the views when the manager closes.
 void setRows(bool shown, bool selectedOnly) {
-    for (int i = 1; i <= rowCount(); ++i)
+    for (int i = 1; i <= rowCount(); ++i) {
         if (!selectedOnly || ObjectList.rows[static_cast<std::size_t>(i) - 1].selected)
             setShown(i, shown);
+    }
     Main.window->fuselageListChanged();
     Main.window->renderScene(true);
 }

@@ -240,10 +240,11 @@ void hoverSide(Body& body, float x, float y) {
     const bool lit = body.selected_part == FuselagePart::bar ||
                      body.selected_part == FuselagePart::top ||
                      body.selected_part == FuselagePart::bottom;
-    if (lit)
+    if (lit) {
         body.drawSide(Main.zoom, Main.xoff, Main.yoff, body.sel_sec, body.selected_part);
-    else
+    } else {
         body.drawSide(Main.zoom, Main.xoff, Main.yoff, noSection, litBar);
+    }
     body.selected = lit;
 }
 

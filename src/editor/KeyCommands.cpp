@@ -87,9 +87,10 @@ void armModifier(std::int16_t shift) {
 void MainForm::DrawArea_keydown(std::int16_t keyCode, std::int16_t shift) {
     if (anyBusy()) return;
     armModifier(shift);
-    for (const KeyCommand& command : keyCommands)
+    for (const KeyCommand& command : keyCommands) {
         if (command.keyCode == keyCode && (command.shift == anyShift || command.shift == shift))
             command.run();
+    }
 }
 
 void MainForm::DrawArea_keyup() {

@@ -64,9 +64,10 @@ void MainForm::enableTexts() {
 void MainForm::updateFuselageInterface() {
     enableTexts();
     fillTexts(PanelTab::fuselage);
-    for (const PanelSlider& slider : panelSliders())
+    for (const PanelSlider& slider : panelSliders()) {
         setSlider(slider.control,
                   std::clamp(roundToInt(slider.get() * 100.0), slider.lowest, slider.highest));
+    }
     for (const PanelCheck& check : panelChecks()) setChecked(check.control, check.get());
     const MeshSections& fuselage = Fuselage::current();
     setText(Control::FuselageSectionLabel, std::to_string(fuselage.sel_sec));
@@ -86,10 +87,11 @@ void MainForm::refreshPanels() {
 }
 
 void MainForm::textEdited(Control box, const std::string& text) {
-    if (box == Control::NbCrossFuselageText)
+    if (box == Control::NbCrossFuselageText) {
         nbCrossChanged(text);
-    else
+    } else {
         controls[box].text = text;
+    }
 }
 
 void MainForm::textKeyDown(Control box, const std::string& text) {

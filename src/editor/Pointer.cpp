@@ -172,10 +172,11 @@ void showLiveValues() {
 
 /// What the section views do alike: the boxes, or the section's picture, follow what was dragged.
 void releaseInside() {
-    if (equipmentTab())
+    if (equipmentTab()) {
         Equipment::unpaintEquipments();
-    else
+    } else {
         Main.zoomSectionSet();
+    }
 }
 
 void releaseFront() {

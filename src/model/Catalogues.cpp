@@ -57,9 +57,10 @@ double inProjectUnit(double millimetreValue) {
 
 void fill(std::vector<CatalogueEntry>& catalogue, std::span<const ListedModel> models) {
     catalogue.clear();
-    for (const ListedModel& model : models)
+    for (const ListedModel& model : models) {
         catalogue.push_back({model.name, inProjectUnit(model.height), inProjectUnit(model.width),
                              inProjectUnit(model.length), model.weight});
+    }
 }
 
 }  // namespace

@@ -18,8 +18,9 @@ void resizeFuselages() {
 }
 
 void addFuselage(bool copyCurrent) {
-    Fuselages.put(nbFuselages, copyCurrent ? std::make_unique<MeshSections>(current())
-                                           : std::make_unique<MeshSections>());
+    Fuselages.put(nbFuselages,
+                  copyCurrent ? std::make_unique<MeshSections>(current().copyShapeAndSelectLast())
+                              : std::make_unique<MeshSections>());
 }
 
 void createVisibleFuselages() {

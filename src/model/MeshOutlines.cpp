@@ -68,15 +68,17 @@ void MeshSections::computeFrontPoints(double zoom, double xoff, double yoff) {
         };
         auto placeHalf = [&](const SuperEllipse& ellipse, double rise) {
             double j = ellipse.first();
-            for (const auto& at : ellipse.places())
+            for (const auto& at : ellipse.places()) {
                 place(roundToInt(j++), (width(k) / 2) * at.cosine + shift,
                       (rise * at.sine - base) + elevation(k) + elevation_offset);
+            }
         };
         upper.setExponent(curvature(k));
         placeHalf(upper, height(k) * bias_curve(k));
-        if (nb_cross > 1)
+        if (nb_cross > 1) {
             place(roundToInt(middle + 1), -width(k) / 2 + shift,
                   elevation(k) + -base + elevation_offset);
+        }
         lower.setExponent(curv = curvature2(k));
         placeHalf(lower, (1.0 - bias_curve(k)) * height(k));
     }

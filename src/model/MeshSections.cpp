@@ -54,28 +54,32 @@ MeshSections::MeshSections() {
     if (Prefs.units == inches) switchToInches();
 }
 
-MeshSections::MeshSections(MeshSections& source)
-    : nb_sections(source.nb_sections), nb_cross(source.nb_cross) {
+MeshSections::MeshSections(std::int16_t sections, std::int16_t cross)
+    : nb_sections(sections), nb_cross(cross) {
     initArrays();
-    // The values are read as the panel reads them, by the selected section; the source's selection
-    // stays at its last section.
-    for (std::int16_t i = 1; i <= sectionCount(); ++i) {
-        source.sel_sec = i;
-        sectionOrder(i) = i;
-        height(i) = source.heightGet();
-        width(i) = source.widthGet();
-        pos(i) = source.posGet();
-        elevation(i) = source.elevationGet();
-        curvature(i) = source.curvatureGet();
-        curvature2(i) = source.curvature2Get();
-        bias_curve(i) = source.bias_curveGet();
+}
+
+MeshSections MeshSections::copyShapeAndSelectLast() {
+    MeshSections copy(nb_sections, nb_cross);
+    // The values are read as the panel reads them, by the selected section; the selection stays at
+    // the last one.
+    for (int i = 1; i <= copy.sectionCount(); ++i) {
+        sel_sec = copy.sectionOrder(i) = static_cast<std::int16_t>(i);
+        copy.height(i) = heightGet();
+        copy.width(i) = widthGet();
+        copy.pos(i) = posGet();
+        copy.elevation(i) = elevationGet();
+        copy.curvature(i) = curvatureGet();
+        copy.curvature2(i) = curvature2Get();
+        copy.bias_curve(i) = bias_curveGet();
     }
     // Offsets, editor scale and picture are not taken over: the copy lies on the centre line and is
     // meant to be reshaped.
-    transparent = source.transparent;
-    color_ = source.color_;
-    uniqueCurvature = source.uniqueCurvature;
-    linkedCurvatures = source.linkedCurvatures;
+    copy.transparent = transparent;
+    copy.color_ = color_;
+    copy.uniqueCurvature = uniqueCurvature;
+    copy.linkedCurvatures = linkedCurvatures;
+    return copy;
 }
 
 void MeshSections::initArrays() {

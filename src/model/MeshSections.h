@@ -66,11 +66,11 @@ public:
 
     /// The default shape in the project's unit.
     MeshSections();
-    /// A copy of the shape of `source` on the centre line, with its storage in order and no
-    /// picture; leaves `source.sel_sec` at its last section.
-    explicit MeshSections(MeshSections& source);
 
     // model/
+    /// A copy of the shape on the centre line, with its storage in order and no picture, meant to
+    /// be reshaped; leaves `sel_sec` of this fuselage at its last section.
+    MeshSections copyShapeAndSelectLast();
     /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents. The front
     /// outlines are dropped (with `nb_cross` above 0) and stand at 0 until they are computed.
     void initArrays();
@@ -186,6 +186,8 @@ public:
     LateArray1<Point2D> htopMinus;
 
 private:
+    /// A shape of zeros, with an editor scale of 0.
+    MeshSections(std::int16_t sections, std::int16_t cross);
     void changeLengths(double (*change)(double, double), double operand);
     void setOnShape(Array1<double>& values, double value);
     void createTexCoords();

@@ -106,9 +106,10 @@ void MeshSections::createTexCoords() {
     sizeGrid(texCoords, points.rows(), points.columns());
     const double length = lengthPoint();
     std::vector<double> round(static_cast<std::size_t>(nb_cross) + 1);
-    if (length != 0)
+    if (length != 0) {
         for (int j = 1; j <= nb_cross; ++j)
             round[static_cast<std::size_t>(j)] = (j - 1) / (nb_cross - 1.0);
+    }
     for (int i = 1; i <= points.rows(); ++i) {
         double u = 0;
         assignFinite(u, length != 0 ? points(i, 1).x / length : 0);

@@ -52,10 +52,11 @@ void SuperEllipse::setExponent(double p) {
     computed_ = true;
     exponent_ = p;
     // These calls take nearly all the time of a rebuild: nothing else stands in their loop.
-    if (p == 1)
+    if (p == 1) {
         powers_ = sizes_;
-    else
+    } else {
         for (std::size_t n = 0; n < sizes_.size(); ++n) powers_[n] = std::pow(sizes_[n], p);
+    }
     const Direction* direction = directions_.data();
     for (Place& place : places_) {
         place.cosine = withSign(powers_[direction->power], direction->value);

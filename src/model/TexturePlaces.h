@@ -14,9 +14,10 @@ void placeTexture(Array1<double>& places, const Array1<Point3D>& points, int cou
     places.allocate(count);
     // The tip is measured from the root's leading edge and by the span too, so it carries the
     // sweep: the picture then lies undistorted in plan.
-    for (int i = 1; i <= count / 2; ++i)
+    for (int i = 1; i <= count / 2; ++i) {
         assignFinite(places(i),
                      ((points(i).x - panel.pos1) / panel.span) * panel.ytex / panel.xtex);
+    }
     // The second surface takes the places of the first one, so the picture stands the same way on
     // both.
     for (int i = count / 2 + 1; i <= count; ++i) places(i) = places(count + 1 - i);

@@ -89,9 +89,10 @@ void VertWingSection::buildFinSection(Array1<Point3D>& points, const Point3D& or
     }
     for (int i = half + 1; i <= count; ++i)
         points(i) = {points(count + 1 - i).x, -points(count + 1 - i).y, 0};
-    for (int i = 1; i <= count; ++i)
+    for (int i = 1; i <= count; ++i) {
         assignFinite(points(i), points(i).x + origin.x, points(i).y + origin.y,
                      points(i).z + origin.z);
+    }
 }
 
 void VertWingSection::createTexCoords() {

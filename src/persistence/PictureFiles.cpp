@@ -75,10 +75,11 @@ std::string saveTextureNames(ReplacedFile& file, const std::string& folder) {
         saveText(file, object.qualified_texture_filename);
         const std::string failure =
             Bitmap::saveTarget(textureName(object), object.qualified_texture_filename, folder);
-        if (reason.empty() && !failure.empty())
+        if (reason.empty() && !failure.empty()) {
             reason = "The picture " + object.qualified_texture_filename +
                      " could not be put beside the project (" + failure +
                      "). All else has been saved.";
+        }
     });
     return reason;
 }

@@ -98,10 +98,11 @@ void renderScene(bool rebuild) {
     if (!replay) prepareScene();
     if (!contextCreated) return;
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    if (replay)
+    if (replay) {
         glCallList(sceneList);
-    else
+    } else {
         buildList();
+    }
     context->swapBuffers();
 }
 

@@ -68,13 +68,14 @@ void computeNormals(int n) {
     const auto size = static_cast<std::size_t>(n) + 1;
     rootNormals.assign(size, {});
     tipNormals.assign(size, {});
-    for (const NormalRule& rule : rulesFor(n))
+    for (const NormalRule& rule : rulesFor(n)) {
         for (int i = std::max(0, roundToInt(rule.from)); i <= std::min(n, roundToInt(rule.to));
              ++i) {
             const auto k = static_cast<std::size_t>(i);
             setNormal(rootNormals[k], rule.atRoot, i, n);
             setNormal(tipNormals[k], rule.atTip, i, n);
         }
+    }
 }
 
 void takePoints(const VertWingSection& rudder, int n, bool mirrored) {
@@ -121,8 +122,10 @@ void drawTipCap(int n) {
     glNormal3dv(&up.x);
     const int pairs = roundToInt(n / 2.0 - 1);
     for (int i = 1; i <= pairs; ++i) {
-        glVertex3dv(&tip[static_cast<std::size_t>(n - i + 1)].x);
-        glVertex3dv(&tip[static_cast<std::size_t>(i + 1)].x);
+        const int opposite = n - i + 1;
+        const int next = i + 1;
+        glVertex3dv(&tip[static_cast<std::size_t>(opposite)].x);
+        glVertex3dv(&tip[static_cast<std::size_t>(next)].x);
     }
     glEnd();
 }

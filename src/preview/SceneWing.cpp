@@ -82,7 +82,8 @@ void drawTipCap(const WingSide& side, int n) {
     glNormal3dv(&side.capNormal.x);
     const int pairs = roundToInt(n / 2.0);
     for (int i = 1; i <= pairs; ++i) {
-        glVertex3dv(&arrays.tip[static_cast<std::size_t>(n - i + 1)].x);
+        const int opposite = n - i + 1;
+        glVertex3dv(&arrays.tip[static_cast<std::size_t>(opposite)].x);
         glVertex3dv(&arrays.tip[static_cast<std::size_t>(i)].x);
     }
     glEnd();

@@ -84,10 +84,11 @@ void openTexture(const std::string& file) {
 
 void saveProjectAs(const std::string& file) {
     const std::string reason = Plane::saveProject(file);
-    if (reason.empty())
+    if (reason.empty()) {
         Main.savedProject = true;
-    else
+    } else {
         reportFailure(titleOf(file) + " could not be saved completely.", reason);
+    }
 }
 
 /// The model. That the export shows hidden fuselages is no work of the user's to be saved, and it

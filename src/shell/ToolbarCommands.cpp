@@ -153,8 +153,8 @@ std::uint32_t dialogColour(const Point3D& color) {
 }
 
 Point3D colourRecord(std::uint32_t value) {
-    return {static_cast<double>(value & 0xFF), static_cast<double>((value & 0xFF00) / 256),
-            static_cast<double>((value & 0xFF0000) / 65536)};
+    return {static_cast<double>(value & 0xFF), static_cast<double>(value >> 8 & 0xFF),
+            static_cast<double>(value >> 16 & 0xFF)};
 }
 
 }  // namespace velna::Toolbar

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <utility>
 
 #include "model/Fuselage.h"
 #include "support/FreshModel.h"
@@ -60,7 +61,7 @@ TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
     body().sectionOrder(2) = 3;
     body().sectionOrder(3) = 2;
     body().sel_sec = 2;
-    const MeshSections copy(body());
+    const MeshSections copy = body().copyShapeAndSelectLast();
     EXPECT_EQ(copy.shift, 0);
     EXPECT_EQ(copy.pos_offset, 0);
     EXPECT_EQ(copy.elevation_offset, 0);
@@ -78,6 +79,35 @@ TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
     EXPECT_EQ(copy.width(2), 10);
     EXPECT_EQ(copy.width(3), 100);
     EXPECT_EQ(body().sel_sec, 3);  // the source's selection stays at its last section
+}
+
+TEST_F(Body, AnOrdinaryCopyIsWholeAndLeavesItsSource) {
+    body().shift = 50;
+    body().texture_filename = "body.bmp";
+    body().set_color({1, 2, 3});
+    body().sectionOrder(2) = 3;
+    body().sectionOrder(3) = 2;
+    body().sel_sec = 2;
+    const MeshSections copy(std::as_const(body()));
+    EXPECT_EQ(copy.shift, 50);
+    EXPECT_EQ(copy.szoom, body().szoom);
+    EXPECT_EQ(copy.texture_filename, "body.bmp");
+    EXPECT_EQ(copy.color(), (Point3D{1, 2, 3}));
+    EXPECT_EQ(copy.sectionOrder, body().sectionOrder);
+    EXPECT_EQ(copy.width, body().width);
+    EXPECT_EQ(copy.sel_sec, 2);
+    EXPECT_EQ(body().sel_sec, 2);
+}
+
+TEST_F(Body, TheShapeOfTheLongestFuselageIsCopied) {
+    body().nb_sections = 32767;
+    body().initArrays();
+    body().sectionOrder(32767) = 3;
+    const MeshSections copy = body().copyShapeAndSelectLast();
+    EXPECT_EQ(copy.nb_sections, 32767);
+    EXPECT_EQ(copy.sectionOrder(32767), 32767);
+    EXPECT_EQ(copy.width(32767), body().width(3));
+    EXPECT_EQ(body().sel_sec, 32767);
 }
 
 TEST_F(Body, WithoutASelectedSectionAnswersZeroAndTakesNothing) {

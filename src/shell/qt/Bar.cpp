@@ -57,11 +57,12 @@ Bar::Bar(Mirrors& mirrors, QWidget* parent) : QWidget(parent) {
             // The button has changed by itself; what stands in the state is what counts.
             if (row.state) mirrors.show(*row.state);
         });
-        if (row.state)
+        if (row.state) {
             mirrors.add(*row.state, [button](const ControlState& state) {
                 button->setEnabled(state.enabled);
                 button->setChecked(state.checked);
             });
+        }
     }
     line->addStretch();
     drawIcons();

@@ -49,10 +49,11 @@ DrawArea::DrawArea(QWidget* parent) : SurfaceWidget(parent) {
 }
 
 void DrawArea::setShape(CursorShape shape, CursorIcon icon) {
-    if (shape == CursorShape::Custom)
+    if (shape == CursorShape::Custom) {
         setCursor(iconCursor(icon, devicePixelRatioF()));
-    else
+    } else {
         setCursor(toolkitShape(shape));
+    }
 }
 
 void DrawArea::mousePressEvent(QMouseEvent* event) {

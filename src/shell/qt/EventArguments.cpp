@@ -29,9 +29,10 @@ struct KeyRow {
 constexpr KeyRow latinKeyboard[] = {{24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
 
 std::int16_t letterAt(quint32 key) {
-    for (const KeyRow& row : latinKeyboard)
+    for (const KeyRow& row : latinKeyboard) {
         if (key >= row.firstKey && key - row.firstKey < row.letters.size())
             return row.letters[key - row.firstKey];
+    }
     return 0;
 }
 

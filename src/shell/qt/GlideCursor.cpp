@@ -35,18 +35,20 @@ void moveDrawn(MainWindow& window, QPoint place) {
     }
     drawn->move(place);
     const QPoint inside = window.drawArea().mapFrom(&window, place);
-    if (window.drawArea().rect().contains(inside))
+    if (window.drawArea().rect().contains(inside)) {
         Main.DrawArea_MouseMove(0, 0, static_cast<float>(inside.x()),
                                 static_cast<float>(inside.y()));
+    }
 }
 
 }  // namespace
 
 void moveTo(MainWindow& window, QPoint place) {
-    if (pointerIsFree())
+    if (pointerIsFree()) {
         QCursor::setPos(window.mapToGlobal(place));
-    else
+    } else {
         moveDrawn(window, place);
+    }
 }
 
 QPoint position(const MainWindow& window) {

@@ -83,10 +83,11 @@ void cutMajor(Walk& walk, std::int64_t size) {
 
 template <PixelRule rule>
 void write(std::uint32_t& pixel, std::uint32_t colour) {
-    if constexpr (rule == PixelRule::Copy)
+    if constexpr (rule == PixelRule::Copy) {
         pixel = colour;
-    else
+    } else {
         pixel ^= 0x00ffffffU;
+    }
 }
 
 // Writes the pixels of a walk that lies wholly inside the buffer.
@@ -142,19 +143,21 @@ void rasterLine(const PixelBuffer& buffer, double x1, double y1, double x2, doub
         cutMajor(walk, majorSize);
         cutMinor(walk, 0, minorSize);
         if (walk.major1 > walk.major2) continue;
-        if (rule == PixelRule::Copy)
+        if (rule == PixelRule::Copy) {
             walkPixels<PixelRule::Copy>(walk, buffer.pixels, majorStep, minorStep, colour);
-        else
+        } else {
             walkPixels<PixelRule::Invert>(walk, buffer.pixels, majorStep, minorStep, colour);
+        }
 
         const auto a = static_cast<int>(walk.major1), b = static_cast<int>(walk.major2) + 1;
         const std::int64_t end = walk.minor + walk.slope * (walk.major2 - walk.major1);
         const auto c = static_cast<int>(std::min(walk.minor, end) >> fractionBits);
         const auto d = static_cast<int>(std::max(walk.minor, end) >> fractionBits) + 1;
-        if (steep)
+        if (steep) {
             changed.include(c, a, d, b);
-        else
+        } else {
             changed.include(a, c, b, d);
+        }
     }
 }
 

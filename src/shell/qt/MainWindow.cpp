@@ -134,10 +134,11 @@ void MainWindow::layOut(QSize client) {
         drawArea_->surface().fitToWidget();
         layOutSigns(l);
     }
-    if (flight_)
+    if (flight_) {
         render_->setGeometry(rect());
-    else
+    } else {
         put(*render_, l.render);
+    }
     if (flight_) bar_->raise();
     flyingInfo_->adjustSize();
     flyingInfo_->move(render_->x() + 8, render_->geometry().bottom() - flyingInfo_->height() - 8);
@@ -256,10 +257,11 @@ void MainWindow::closeAfterDialogs() {
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
-    if (Flying::flying)
+    if (Flying::flying) {
         Toolbar::click(Toolbar::Key::FlyingPreview);
-    else
+    } else {
         Helper::stop();
+    }
 }
 
 // The releases that no control has kept for itself.

@@ -40,9 +40,10 @@ ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidg
     connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { reject(); });
     connect(list_, &QTreeWidget::itemSelectionChanged, this, [this] { keepSelection(); });
     connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
-        if (column == 0)
+        if (column == 0) {
             Main.rowChecked(list_->indexOfTopLevelItem(item) + 1,
                             item->checkState(0) == Qt::Checked);
+        }
     });
 }
 
@@ -85,9 +86,10 @@ void ManagerForm::showRows() {
 }
 
 void ManagerForm::keepSelection() {
-    for (int i = 0; i < list_->topLevelItemCount(); ++i)
+    for (int i = 0; i < list_->topLevelItemCount(); ++i) {
         ObjectList.rows[static_cast<std::size_t>(i)].selected =
             list_->topLevelItem(i)->isSelected();
+    }
 }
 
 void ManagerForm::reject() {

@@ -87,10 +87,11 @@ QWidget* PanelWidgets::button(Control control, const char* icon, const char* tip
         Main.buttonPressed(control,
                            EventArguments::shift(QGuiApplication::queryKeyboardModifiers()));
     };
-    if (control == Control::IndexFusPlusButton)
+    if (control == Control::IndexFusPlusButton) {
         connect(result, &QToolButton::pressed, this, act);
-    else
+    } else {
         connect(result, &QToolButton::clicked, this, act);
+    }
     mirrors_.add(control, [result](const ControlState& state) { showPresence(*result, state); });
     return result;
 }

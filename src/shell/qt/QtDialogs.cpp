@@ -38,10 +38,11 @@ QList<FileKind> fileKinds(const std::string& filter) {
     }
     // A picture is known by its content: the dialogs offer what the program can read, whatever the
     // caption names.
-    for (FileKind& kind : kinds)
-        if (kind.patterns.contains("*.bmp"))
-            for (const char* more : {"*.png", "*.gif", "*.tif", "*.jpeg"})
-                if (!kind.patterns.contains(more)) kind.patterns.append(more);
+    for (FileKind& kind : kinds) {
+        if (!kind.patterns.contains("*.bmp")) continue;
+        for (const char* more : {"*.png", "*.gif", "*.tif", "*.jpeg"})
+            if (!kind.patterns.contains(more)) kind.patterns.append(more);
+    }
     return kinds;
 }
 
@@ -76,10 +77,11 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Escape)
+        if (event->key() == Qt::Key_Escape) {
             reject();
-        else
+        } else {
             QMessageBox::keyPressEvent(event);
+        }
     }
 };
 

@@ -118,11 +118,12 @@ void QtPrinterSurface::StartDoc(const std::string& name) {
 
 bool QtPrinterSurface::beginPage() {
     if (!painter_.isActive()) return false;
-    for (; pagesToTurn_ > 0; --pagesToTurn_)
+    for (; pagesToTurn_ > 0; --pagesToTurn_) {
         if (!printer_.newPage()) {
             error_ = "The printer takes no further page";
             return false;
         }
+    }
     return true;
 }
 
@@ -140,10 +141,11 @@ void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colo
                          Qt::SolidLine, Qt::RoundCap));
     a = device(a.x(), a.y());
     b = device(b.x(), b.y());
-    if (a == b)
+    if (a == b) {
         painter_.drawPoint(a);
-    else
+    } else {
         painter_.drawLine(a, b);
+    }
 }
 
 void QtPrinterSurface::Text(double x, double y, const std::string& text) {
