@@ -112,7 +112,12 @@ const char* controlName(Control control) {
 
 void MainForm::setText(Control control, const std::string& text) {
     controls[control].text = text;
-    window->changed(control);
+    setEntry(control, TextEntry::Filled);
+}
+
+void MainForm::setEntry(Control box, TextEntry entry) {
+    controls[box].entry = entry;
+    window->changed(box);
 }
 
 void MainForm::setVisible(Control control, bool visible) {

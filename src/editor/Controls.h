@@ -51,13 +51,23 @@ enum class Control {
 
 inline constexpr std::size_t controlCount = static_cast<std::size_t>(Control::count);
 
+/// What the text in a box is to the model.
+enum class TextEntry {
+    Filled,       ///< the program has written it
+    Typed,        ///< the user has changed it, and the model knows nothing of it yet
+    Taken,        ///< typed, and stored
+    TakenInPart,  ///< typed; the number at its start is stored, 0 where there is none
+    Refused,      ///< typed; the model keeps what it had
+};
+
 /// What a control shows. Each kind of control uses the fields that it has.
 struct ControlState {
-    std::string text;      ///< text box, label, caption
-    int value = 0;         ///< scroll bar, slider, chosen entry of a combo, number of the open tab
-    int maximum = 0;       ///< scroll bar
-    double height = 0;     ///< BiasSlider, pixels
-    bool checked = false;  ///< check box, option, toggle, check mark
+    std::string text;   ///< text box, label, caption
+    int value = 0;      ///< scroll bar, slider, chosen entry of a combo, number of the open tab
+    int maximum = 0;    ///< scroll bar
+    double height = 0;  ///< BiasSlider, pixels
+    TextEntry entry = TextEntry::Filled;  ///< text box
+    bool checked = false;                 ///< check box, option, toggle, check mark
     bool enabled = true;
     bool visible = true;
 };

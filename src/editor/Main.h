@@ -137,10 +137,12 @@ public:
     void enableTexts();
     /// All fillers and the section editor's scale, in the order of the toolbar commands.
     void refreshPanels();
-    /// The user has changed the text of a box: nothing is stored in the model, but for
-    /// `NbCrossFuselageText`, whose changes commit.
+    /// The user has changed the text of a box, be it to the same: nothing is stored in the model,
+    /// but for `NbCrossFuselageText`, whose changes commit.
     void textEdited(Control box, const std::string& text);
-    /// A key goes down in a text box that shows `text`.
+    /// A key goes down in a text box that shows `text`. One that the user has not changed since it
+    /// was filled commits nothing: it shows whole millimetres, and walking through the boxes would
+    /// cut every fraction off.
     void textKeyDown(Control box, const std::string& text);
     /// The text of `NbCrossFuselageText` has changed.
     void nbCrossChanged(const std::string& text);
@@ -188,6 +190,7 @@ public:
 
     // Controls.cpp: change a control's state and show it
     void setText(Control control, const std::string& text);
+    void setEntry(Control box, TextEntry entry);
     void setVisible(Control control, bool visible);
     void setEnabled(Control control, bool enabled);
     void setChecked(Control control, bool checked);

@@ -37,8 +37,8 @@ double read() {
     return object().*field;
 }
 template <auto object, auto field>
-void store(double value) {
-    assignFinite(object().*field, value);
+bool store(double value) {
+    return assignFinite(object().*field, value);
 }
 
 /// Reads and stores through the operations of the current fuselage's selected section.
@@ -47,8 +47,10 @@ double readSection() {
     return (fuselage().*getter)();
 }
 template <auto setter>
-void storeSection(double value) {
-    if (std::isfinite(value)) (fuselage().*setter)(value);
+bool storeSection(double value) {
+    if (!std::isfinite(value)) return false;
+    (fuselage().*setter)(value);
+    return true;
 }
 
 /// The box shows the width over both halves; the panel's own width lies outside its shift. The
@@ -58,16 +60,17 @@ double readFullSpan() {
     return 2 * (object().span + object().shift);
 }
 template <auto object, Control shiftBox>
-void storeFullSpan(double value) {
-    assignFinite(object().span, value / 2 - leadingNumber(Main.controls[shiftBox].text));
+bool storeFullSpan(double value) {
+    return assignFinite(object().span, value / 2 - leadingNumber(Main.controls[shiftBox].text));
 }
 
-void storeCrossPoints(double value) {
-    if (!(0 <= value && value <= 100)) return;
+bool storeCrossPoints(double value) {
+    if (!(0 <= value && value <= 100)) return false;
     const std::int16_t count = roundToInt16(value);
-    if (!meshFits(&fuselage(), fuselage().nb_sections, count)) return;
+    if (!meshFits(&fuselage(), fuselage().nb_sections, count)) return false;
     fuselage().nb_cross = count;
     fuselage().initArrays();
+    return true;
 }
 
 template <auto field>
@@ -240,6 +243,22 @@ std::string panelTip(const PanelField& field) {
             return quantity;
     }
     return quantity;
+}
+
+std::string entryTip(const PanelField& field) {
+    const ControlState& box = Main.controls[field.control];
+    switch (box.entry) {
+        case TextEntry::Filled:
+        case TextEntry::Taken:
+            return {};
+        case TextEntry::Typed:
+            return "Enter takes this number";
+        case TextEntry::TakenInPart:
+            return "Taken: " + numberText(leadingNumber(box.text));
+        case TextEntry::Refused:
+            return "Not taken: " + panelText(field) + " stays";
+    }
+    return {};
 }
 
 }  // namespace velna

@@ -28,7 +28,7 @@ struct PanelField {
     Control control;
     int tab;
     double (*get)();
-    void (*set)(double value);  ///< a number that is not finite leaves the model alone
+    bool (*set)(double value);  ///< false: the model cannot hold the number, and keeps its own
     TextRule rule;
     AfterCommit after;
     const char* quantity;  ///< what it measures, for the tool tip
@@ -41,7 +41,7 @@ struct PanelSlider {
     int highest;
     int largeStep;
     double (*get)();
-    void (*set)(double value);
+    bool (*set)(double value);
     std::optional<Control> linked;  ///< follows with `LinkedCurvaturesCheck`
     const char* quantity;
 };
@@ -70,5 +70,8 @@ std::string panelText(const PanelField& field);
 
 /// What the box measures, and the unit in use ("Root chord (mm)").
 std::string panelTip(const PanelField& field);
+
+/// What becomes of the text that the user has left in the box; empty when the model holds it.
+std::string entryTip(const PanelField& field);
 
 }  // namespace velna

@@ -16,9 +16,14 @@ void fillTexts(int tab) {
         if (field.tab == tab) Main.setText(field.control, panelText(field));
 }
 
-/// The one commit: takes the number at the start of the text, stores it, and redraws.
-void commit(const PanelField& field, double value) {
-    changeModel(field.get, [&] { field.set(value); });
+/// The one commit: takes the number at the start of the text, stores it, and redraws. Gives what
+/// became of the text, for a refill may have overwritten that.
+TextEntry commit(const PanelField& field, const std::string& text) {
+    bool stored = false;
+    changeModel(field.get, [&] { stored = field.set(leadingNumber(text)); });
+    const TextEntry taken = wholeNumber(text) ? TextEntry::Taken : TextEntry::TakenInPart;
+    const TextEntry entry = stored ? taken : TextEntry::Refused;
+    Main.setEntry(field.control, entry);
     switch (field.after) {
         case AfterCommit::Redraw:
             Main.refreshDrawingArea();
@@ -37,6 +42,7 @@ void commit(const PanelField& field, double value) {
             Main.refreshDrawingArea();
             break;
     }
+    return entry;
 }
 
 }  // namespace
@@ -87,26 +93,32 @@ void MainForm::refreshPanels() {
 }
 
 void MainForm::textEdited(Control box, const std::string& text) {
-    if (box == Control::NbCrossFuselageText) {
-        nbCrossChanged(text);
-    } else {
-        controls[box].text = text;
-    }
+    if (box == Control::NbCrossFuselageText) return nbCrossChanged(text);
+    controls[box].text = text;
+    setEntry(box, TextEntry::Typed);
 }
 
 void MainForm::textKeyDown(Control box, const std::string& text) {
     const PanelField* field = panelField(box);
-    if (!field || !controls[box].enabled || field->after == AfterCommit::BuildOutline) return;
-    controls[box].text = text;
-    commit(*field, leadingNumber(text));
+    ControlState& state = controls[box];
+    if (!field || !state.enabled || state.entry == TextEntry::Filled) return;
+    if (field->after == AfterCommit::BuildOutline) {
+        // Filled at the last change of its text, it comes to show that now.
+        if (state.text == panelText(*field)) setEntry(box, TextEntry::Filled);
+        return;
+    }
+    state.text = text;
+    commit(*field, text);
 }
 
 void MainForm::nbCrossChanged(const std::string& text) {
-    controls[Control::NbCrossFuselageText].text = text;
+    constexpr Control box = Control::NbCrossFuselageText;
+    controls[box].text = text;
     // An empty box is on its way to the next number: the fuselage must not vanish meanwhile.
     const auto number = numericPrefix(text);
-    if (!number || !(0 <= *number && *number <= 100)) return;
-    commit(*panelField(Control::NbCrossFuselageText), *number);
+    if (!number || !(0 <= *number && *number <= 100)) return setEntry(box, TextEntry::Refused);
+    // Its refill comes between two digits: the box goes on showing what is typed.
+    setEntry(box, commit(*panelField(box), text));
 }
 
 void MainForm::checkClicked(Control control, bool on) {

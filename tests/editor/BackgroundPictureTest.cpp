@@ -127,10 +127,10 @@ TEST_F(BackgroundPictures, LockKeepsTheScaleSoThatThePictureStaysAligned) {
     load("top.bmp", {100, 100});
     Main.menuClicked(Control::LockZoom);
     const double zoom = Main.zoom;
-    Main.textKeyDown(Control::SpanText, "5000");
+    test::type(Control::SpanText, "5000");
     EXPECT_EQ(Main.zoom, zoom);
     Main.menuClicked(Control::LockZoom);
-    Main.textKeyDown(Control::SpanText, "5000");
+    test::type(Control::SpanText, "5000");
     EXPECT_LT(Main.zoom, zoom);
 }
 

@@ -91,7 +91,7 @@ TEST_F(FuselageManager, HiddenCurrentFuselageIsStillEditedInThePanel) {
     Main.hideCommand();
     Main.initSideView();
     EXPECT_EQ(Fuselage::current().paint, FuselagePart::none);
-    Main.textKeyDown(Control::WidthFuselageText, "66");
+    test::type(Control::WidthFuselageText, "66");
     EXPECT_EQ(Fuselages(1).width(1), 66);
 }
 

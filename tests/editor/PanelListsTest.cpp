@@ -157,7 +157,7 @@ TEST_F(PanelLists, SectionBarLeftOverFromAnotherFuselageDoesNoHarm) {
     ASSERT_EQ(control(Control::FuselageScroll).maximum, 3);
     Main.scrollChanged(Control::FuselageScroll, 3);
     Main.initSideView();
-    Main.textKeyDown(Control::WidthFuselageText, "9");
+    test::type(Control::WidthFuselageText, "9");
     Main.sliderChanged(Control::BiasSlider, 20);
     Main.nbCrossChanged("8");
     EXPECT_EQ(control(Control::FuselageScroll).maximum, 2);

@@ -92,7 +92,7 @@ TEST_F(ParameterPanel, EveryBoxCommitsItsTextOnAKey) {
         const double before = field.get();
         Main.savedProject = true;
         area.calls.clear();
-        Main.textKeyDown(field.control, "7.25 and more");
+        test::type(field.control, "7.25 and more");
         EXPECT_NEAR(field.get(), 7.25, 1e-12);
         EXPECT_FALSE(Main.savedProject);
         EXPECT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1);
@@ -104,7 +104,7 @@ TEST_F(ParameterPanel, EveryBoxCommitsItsTextOnAKey) {
 
 TEST_F(ParameterPanel, CommitRendersWithRenderPressed) {
     Main.setChecked(Control::RenderButton, true);
-    Main.textKeyDown(Control::LengthBText, "200");
+    test::type(Control::LengthBText, "200");
     EXPECT_EQ(window.rebuilds, 1);
 }
 
@@ -117,7 +117,7 @@ TEST_F(ParameterPanel, TypingAloneStoresNothing) {
 }
 
 TEST_F(ParameterPanel, KeyCommitsTheTextAsItStandsBeforeTheKey) {
-    Main.textKeyDown(Control::LengthBText, "12");
+    test::type(Control::LengthBText, "12");
     Main.textEdited(Control::LengthBText, "1");
     EXPECT_EQ(Wings(1).length1, 12);
     EXPECT_EQ(text(Control::LengthBText), "1");
@@ -132,7 +132,7 @@ struct TypedText {
 class TypedTexts : public test::EditorTest, public ::testing::WithParamInterface<TypedText> {};
 
 TEST_P(TypedTexts, StoreTheNumberAtTheirStart) {
-    Main.textKeyDown(Control::PosBText, GetParam().text);
+    test::type(Control::PosBText, GetParam().text);
     const double expected = std::isnan(GetParam().stored) ? 180 : GetParam().stored;
     EXPECT_EQ(Wings(1).pos1, expected);
     EXPECT_EQ(Main.controls[Control::PosBText].text, GetParam().text);
@@ -165,7 +165,7 @@ TEST_F(ParameterPanel, NoTextInAnyBoxEndsTheProgramOrLeavesANumberThatIsNotFinit
             if (field.after == AfterCommit::BuildOutline)
                 Main.nbCrossChanged(typed);
             else
-                Main.textKeyDown(field.control, typed);
+                test::type(field.control, typed);
             EXPECT_TRUE(std::isfinite(field.get()) || std::abs(field.get()) > 1e308);
             for (const auto view : {&MainForm::initVTopView, &MainForm::initFrontView,
                                     &MainForm::initSideView, &MainForm::initHTopView})
@@ -178,7 +178,7 @@ TEST_F(ParameterPanel, NoTextInAnyBoxEndsTheProgramOrLeavesANumberThatIsNotFinit
 }
 
 TEST_F(ParameterPanel, CommittingTheSameNumberIsNoChange) {
-    Main.textKeyDown(Control::LengthBText, "230");
+    test::type(Control::LengthBText, "230");
     EXPECT_TRUE(Main.savedProject);
     EXPECT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1) << "but the view is fitted anew";
 }
@@ -187,17 +187,17 @@ TEST_F(ParameterPanel, SpanLeavesOutTheShiftThatIsShown) {
     Wings(1).shift = 10.9;
     Main.updateWingInterface();
     ASSERT_EQ(text(Control::ShiftText), "10");
-    Main.textKeyDown(Control::SpanText, "1000");
+    test::type(Control::SpanText, "1000");
     EXPECT_EQ(Wings(1).span, 490);
     Main.textEdited(Control::ShiftText, "50 typed");
-    Main.textKeyDown(Control::SpanText, "1000");
+    test::type(Control::SpanText, "1000");
     EXPECT_EQ(Wings(1).span, 450);
 }
 
 TEST_F(ParameterPanel, ShiftOfTheWingRefillsAndThatOfTheStabilizerDoesNot) {
-    Main.textKeyDown(Control::ShiftText, "100");
+    test::type(Control::ShiftText, "100");
     EXPECT_EQ(text(Control::SpanText), "1600");
-    Main.textKeyDown(Control::ShiftStabText, "100");
+    test::type(Control::ShiftStabText, "100");
     EXPECT_EQ(text(Control::SpanStabText), "500");
     Main.updateStabilizerInterface();
     EXPECT_EQ(text(Control::SpanStabText), "700");
@@ -208,25 +208,25 @@ TEST_F(ParameterPanel, PanelEditsTheCurrentWing) {
     MainWing::addWing();
     currentWing = 2;
     Main.updateWingInterface();
-    Main.textKeyDown(Control::LengthEText, "33");
+    test::type(Control::LengthEText, "33");
     EXPECT_EQ(Wings(2).length2, 33);
     EXPECT_EQ(Wings(1).length2, 150);
 }
 
 TEST_F(ParameterPanel, SectionFieldsApplyToTheSelectedSection) {
     fuselage.sel_sec = 2;
-    Main.textKeyDown(Control::WidthFuselageText, "77");
+    test::type(Control::WidthFuselageText, "77");
     EXPECT_EQ(fuselage.width(2), 77);
     EXPECT_EQ(fuselage.width(1), 20);
 }
 
 TEST_F(ParameterPanel, OffsetsTakeTheOldPlanOffTheSurface) {
-    Main.textKeyDown(Control::ShiftOffsetText, "40");
+    test::type(Control::ShiftOffsetText, "40");
     EXPECT_EQ(fuselage.shift, 40);
     EXPECT_GT(area.lines(white), 0);
     area.calls.clear();
     fuselage.sel_sec = 3;
-    Main.textKeyDown(Control::PosOffsetText, "15");
+    test::type(Control::PosOffsetText, "15");
     EXPECT_EQ(fuselage.pos_offset, 15);
     EXPECT_EQ(fuselage.sel_sec, 3);
     EXPECT_GT(area.lines(white), 0);
@@ -292,7 +292,7 @@ TEST_F(ParameterPanel, FuselageWithoutOutlineLeavesOneBoxEnabledAlsoAfterARefill
                 << controlName(field.control);
         Main.updateFuselageInterface();
     }
-    Main.textKeyDown(Control::LengthBText, "5");
+    test::type(Control::LengthBText, "5");
     EXPECT_EQ(Wings(1).length1, 230) << "a disabled box takes no key";
     Main.nbCrossChanged("6");
     EXPECT_TRUE(Main.controls[Control::LengthBText].enabled);

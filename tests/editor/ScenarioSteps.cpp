@@ -149,10 +149,9 @@ void clickMenu(EditorBench& bench, const json& step) {
 void typeText(EditorBench&, const json& step) {
     const Control box = controlOf(step);
     if (!Main.controls[box].enabled) return;
-    if (box == Control::NbCrossFuselageText)
-        Main.nbCrossChanged(step.at("text"));
-    else
-        Main.textKeyDown(box, step.at("text"));
+    Main.textEdited(box, step.at("text"));
+    // The number of outline points needs no further key.
+    if (box != Control::NbCrossFuselageText) Main.textKeyDown(box, step.at("text"));
 }
 
 void moveSlider(EditorBench&, const json& step) {

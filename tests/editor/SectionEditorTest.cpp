@@ -60,7 +60,7 @@ TEST_F(SectionEditor, ScaleTakesTheSizeOfTheSurfaceInWholePixels) {
 TEST_F(SectionEditor, TypedSizeRescalesAtTheNextRelease) {
     Main.initSideView();
     const double before = fuselage.szoom;
-    Main.textKeyDown(Control::WidthFuselageText, "60");
+    test::type(Control::WidthFuselageText, "60");
     EXPECT_EQ(fuselage.szoom, before);
     test::drag(Main).press(20, 20).release();
     EXPECT_DOUBLE_EQ(fuselage.szoom, 150 * 0.9 / 60);

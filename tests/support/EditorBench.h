@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include <gtest/gtest.h>
 
 #include "editor/Main.h"
@@ -23,6 +25,12 @@ public:
     /// Forgets what was recorded so far.
     void forget();
 };
+
+/// The user has typed `text` into a box, and another key goes down in it.
+inline void type(Control box, const std::string& text) {
+    Main.textEdited(box, text);
+    Main.textKeyDown(box, text);
+}
 
 /// A test of the editor.
 class EditorTest : public ::testing::Test {

@@ -2,6 +2,7 @@
 
 import base
 import views
+from pictures import Picture
 from screen import wait_for
 
 FIELDS = {
@@ -84,6 +85,48 @@ class Panel(base.WindowTest):
         self.program.click("IndexWingPlusButton")
         self.program.click("IndexWingMinusButton")
         self.shows("LengthBText", "300")
+
+    def test_walking_through_the_fields_cuts_no_fraction_off(self):
+        self.program.enter("LengthBText", "240.5")
+        self.program.click("IndexWingPlusButton")
+        self.shows("IdWingLabel", "2")
+        self.program.click("IndexWingMinusButton")
+        self.shows("LengthBText", "240")
+        self.program.click("LengthBText")
+        self.screen.key("Home", "End", "Return", "Tab", "shift+Tab", "Down")
+        # A letter with Alt is no text. The number after it shows that all keys have been seen.
+        self.screen.key("alt+x")
+        self.program.enter("LengthEText", "99")
+        self.shows("LengthEText", "99")
+        self.assertEqual(self.program.text("LengthBText"), "240")
+        saved = self.program.folder / "fraction.vln"
+        self.program.save(saved)
+        self.assertIn("240.5", saved.read_text().split())
+
+    def test_a_field_tells_what_the_aircraft_has_not_taken(self):
+        def tells(tip):
+            wait_for(lambda: self.program.get("LengthBText").tip == tip, f"the tip {tip!r}", 4)
+
+        plain = self.take("field", self.program.get("LengthBText"))
+        self.program.enter("LengthBText", "1234", commit=None)
+        tells("Enter takes this number")
+        self.screen.move(5, 5)
+        self.program.click("LengthEText")
+        tinted = self.take("field-typed", self.program.get("LengthBText"))
+        light = Picture(plain).count(lambda r, g, b: r == g == b == 255)
+        self.assertGreater(light, 100)
+        self.assertEqual(Picture(tinted).count(lambda r, g, b: r == g == b == 255), 0)
+        self.program.click("LengthBText")
+        self.screen.key("Return")
+        tells("")
+        for text, tip in {"1234,5": "Taken: 1234", "1.5mm": "Taken: 1.5", "abc": "Taken: 0"}.items():
+            self.program.enter("LengthBText", text)
+            tells(tip)
+            self.assertEqual(self.program.text("LengthBText"), text)
+        self.program.click("IndexWingPlusButton")
+        self.program.click("IndexWingMinusButton")
+        tells("")
+        self.shows("LengthBText", "0")
 
     def test_a_new_panel_continues_the_wing_outward(self):
         self.program.click("IndexWingPlusButton")

@@ -42,6 +42,10 @@ bool isOtherLetter(int key) {
            QChar::isLetter(static_cast<char32_t>(key));
 }
 
+bool hasLetters(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
 }  // namespace
 
 std::int16_t button(Qt::MouseButton button) {
@@ -86,6 +90,14 @@ std::int16_t keyCode(const QKeyEvent& event) {
         default:
             return 0;
     }
+}
+
+bool types(const QKeyEvent& event) {
+    return hasLetters(event) && !(event.modifiers() & Qt::AltModifier);
+}
+
+bool typesWithAlt(const QKeyEvent& event) {
+    return hasLetters(event) && (event.modifiers() & Qt::AltModifier);
 }
 
 bool isModifier(std::int16_t keyCode) {

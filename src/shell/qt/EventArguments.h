@@ -25,6 +25,11 @@ std::int16_t shift(const QKeyEvent& event);
 /// Letters and digits by their capital, the modifiers by the classic codes, else 0. A letter of
 /// another alphabet counts as the Latin one in its place on the keyboard.
 std::int16_t keyCode(const QKeyEvent& event);
+/// Whether a key press puts letters, digits or signs into a text.
+bool types(const QKeyEvent& event);
+/// Whether it would in the toolkit's own boxes, but has Alt with it: that is a mnemonic or a
+/// command, and no text.
+bool typesWithAlt(const QKeyEvent& event);
 /// Whether a code is that of Shift, Ctrl or Alt.
 bool isModifier(std::int16_t keyCode);
 /// The code of the key that holds the lowest bit of a modifier mask.

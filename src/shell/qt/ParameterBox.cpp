@@ -5,7 +5,9 @@
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
+#include <QStyleOptionFrame>
 #include <QToolTip>
 #include <algorithm>
 #include <string>
@@ -13,6 +15,7 @@
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
 #include "shell/qt/Drawings.h"
+#include "shell/qt/EventArguments.h"
 #include "shell/qt/Mirrors.h"
 
 namespace velna {
@@ -20,9 +23,18 @@ namespace {
 
 /// Whether the key will change the text, not only leave it or move in it.
 bool edits(const QKeyEvent& event) {
-    const QString typed = event.text();
     return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete ||
-           (!typed.isEmpty() && typed.front().isPrint());
+           EventArguments::types(event);
+}
+
+/// A warm tint over the ground that letters stand on, light or dark.
+QColor tinted(const QColor& ground) {
+    constexpr float share = 0.25F;
+    const QColor amber(255, 170, 0);
+    const auto mixed = [](float a, float b) { return a + share * (b - a); };
+    return QColor::fromRgbF(mixed(ground.redF(), amber.redF()),
+                            mixed(ground.greenF(), amber.greenF()),
+                            mixed(ground.blueF(), amber.blueF()));
 }
 
 }  // namespace
@@ -32,20 +44,32 @@ ParameterBox::ParameterBox(Control control, QWidget* parent)
     setObjectName(controlName(control));
     setAccessibleName(panelField(control)->quantity);
     setMinimumWidth(40);
-    connect(this, &QLineEdit::textEdited, this,
-            [this](const QString& text) { Main.textEdited(control_, text.toStdString()); });
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+        const QScopedValueRollback typing(typing_, true);  // pasted, too
+        Main.textEdited(control_, text.toStdString());
+    });
 }
 
 bool ParameterBox::event(QEvent* event) {
     // Before the toolkit takes Tab and Enter for its own: they commit too.
     if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
-    typing_ = edits(static_cast<const QKeyEvent&>(*event));
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    typing_ = edits(key);
     Main.textKeyDown(control_, text().toStdString());
     // What was refilled while it was being typed is shown now.
     if (!typing_) showText(QString::fromStdString(Main.controls[control_].text));
-    const bool taken = QLineEdit::event(event);
+    const bool taken = !EventArguments::typesWithAlt(key) && QLineEdit::event(event);
     typing_ = false;
     return taken;
+}
+
+void ParameterBox::showState(const ControlState& state) {
+    setEnabled(state.enabled);
+    showText(QString::fromStdString(state.text));
+    const QString tip = QString::fromStdString(entryTip(*panelField(control_)));
+    if (tip == toolTip()) return;
+    setToolTip(tip);
+    update();
 }
 
 void ParameterBox::showText(const QString& shown) {
@@ -56,6 +80,13 @@ void ParameterBox::showText(const QString& shown) {
     const int cursor = cursorPosition();
     setText(shown);
     setCursorPosition(std::min(cursor, static_cast<int>(shown.size())));
+}
+
+void ParameterBox::initStyleOption(QStyleOptionFrame* option) const {
+    QLineEdit::initStyleOption(option);
+    // Where the box has something to tell, it is tinted.
+    if (!toolTip().isEmpty())
+        option->palette.setColor(QPalette::Base, tinted(option->palette.color(QPalette::Base)));
 }
 
 void ParameterBox::keyReleaseEvent(QKeyEvent* event) {
@@ -83,10 +114,7 @@ ParameterCell::ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors
     grid->addWidget(box, 1, 1);
     grid->setColumnStretch(1, 1);
 
-    mirrors.add(place.control, [box](const ControlState& state) {
-        box->setEnabled(state.enabled);
-        box->showText(QString::fromStdString(state.text));
-    });
+    mirrors.add(place.control, [box](const ControlState& state) { box->showState(state); });
 }
 
 bool ParameterCell::event(QEvent* event) {

@@ -17,16 +17,20 @@ class ParameterBox : public QLineEdit {
 public:
     ParameterBox(Control control, QWidget* parent);
 
-    /// Shows a text from the program, but not between the digits that are being typed.
-    void showText(const QString& shown);
+    /// Shows what the logic holds for the box: its text, but not between the digits that are being
+    /// typed; a tint and a tip where the model does not hold all of that text.
+    void showState(const ControlState& state);
 
 protected:
     bool event(QEvent* event) override;
+    void initStyleOption(QStyleOptionFrame* option) const override;
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
+    void showText(const QString& shown);
+
     Control control_;
-    bool typing_ = false;  // a key that changes the text is committing what stood before it
+    bool typing_ = false;  // the text is being changed, or a key that will is committing it
 };
 
 /// A text box with its caption and its drawing.
