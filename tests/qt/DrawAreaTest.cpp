@@ -60,6 +60,29 @@ TEST_F(DrawAreaEvents, ADragReachesTheModelAndItsReleaseThePicture) {
     EXPECT_EQ(window.rebuilds, 1);
 }
 
+TEST_F(DrawAreaEvents, TheMenuKeyAndShiftF10OpenTheMenu) {
+    key(QEvent::KeyPress, Qt::Key_Menu);
+    EXPECT_TRUE(window.popupOpen);
+    EXPECT_TRUE(Main.savedProject) << "no press has gone to the drawing";
+
+    window.popupOpen = false;
+    move({250, 240}, Qt::NoButton);
+    key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
+    ASSERT_TRUE(Main.shiftkey);
+    key(QEvent::KeyPress, Qt::Key_F10, Qt::ShiftModifier);
+    EXPECT_TRUE(window.popupOpen);
+    EXPECT_FALSE(Main.shiftkey) << "the menu takes the release of Shift";
+}
+
+TEST_F(DrawAreaEvents, F10AloneOrInADragOpensNoMenu) {
+    key(QEvent::KeyPress, Qt::Key_F10);
+    EXPECT_FALSE(window.popupOpen);
+    press({250, 240});
+    key(QEvent::KeyPress, Qt::Key_Menu);
+    EXPECT_FALSE(window.popupOpen);
+    EXPECT_TRUE(Main.anyBusy());
+}
+
 TEST_F(DrawAreaEvents, TheRightButtonOpensTheMenuAndItsReleaseDoesNothing) {
     press({250, 240}, Qt::RightButton);
     EXPECT_TRUE(window.popupOpen);

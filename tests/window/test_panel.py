@@ -241,6 +241,23 @@ class Sections(base.WindowTest):
         self.screen.click(*area.at(*view.at(500, 45)))
         self.assertEqual(self.sections(), 4)
 
+    def test_the_menu_comes_and_is_worked_by_keys_too(self):
+        self.program.click("Side")
+        area = self.program.get("DrawArea")
+        gap = area.at(*views.side(area.width, area.height).at(350, 50))
+        for number, key in enumerate(("Menu", "shift+F10"), 4):
+            with self.subTest(key):
+                self.screen.move(*area.at(7, 7))
+                wait_for(lambda: self.program.get("DrawArea").focus, "the focus")
+                self.screen.key(key)
+                menu = wait_for(lambda: (m := self.program.of_kind("PopupMenu", "QMenu")) and m[-1], "the menu")
+                self.assertEqual((menu.left, menu.top), area.at(7, 7))
+                self.screen.key("Down", "Down", "Return")  # Insert/Remove Section
+                wait_for(lambda: not self.program.of_kind("PopupMenu", "QMenu"), "the menu to close")
+                self.screen.click(*gap)
+                wait_for(lambda: self.sections() == number, f"{number} sections")
+                gap = area.at(*views.side(area.width, area.height).at(275, 50))
+
     def test_smooth_evens_out_the_line(self):
         self.program.click("Side")
         scroll = self.program.get("FuselageScroll")

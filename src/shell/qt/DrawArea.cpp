@@ -40,6 +40,12 @@ Qt::CursorShape toolkitShape(CursorShape shape) {
     }
 }
 
+// The keys that open a menu on every desktop.
+bool opensMenu(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Menu ||
+           (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
 }  // namespace
 
 DrawArea::DrawArea(QWidget* parent) : SurfaceWidget(parent) {
@@ -83,7 +89,19 @@ void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
     surface().refresh();
 }
 
+// Under the pointer, as for the right button, or in the middle when that is elsewhere.
+void DrawArea::openMenu() {
+    if (Main.anyBusy()) return;
+    // The Shift of Shift+F10 has armed the other direction, and comes up in the menu.
+    Main.cancelGesture();
+    const QPoint pointer = mapFromGlobal(QCursor::pos());
+    const QPoint at = rect().contains(pointer) ? pointer : rect().center();
+    Main.window->openPopup(static_cast<float>(at.x()), static_cast<float>(at.y()));
+    surface().refresh();
+}
+
 void DrawArea::keyPressEvent(QKeyEvent* event) {
+    if (opensMenu(*event)) return openMenu();
     const std::int16_t code = EventArguments::keyCode(*event);
     if (!event->isAutoRepeat() && !EventArguments::isModifier(code)) ++keysDown_;
     Main.DrawArea_keydown(code, EventArguments::shift(*event));

@@ -26,6 +26,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void openMenu();
+
     int keysDown_ = 0;  // that went down here, modifiers apart
 };
 
