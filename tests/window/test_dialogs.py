@@ -59,6 +59,20 @@ class Dialogs(base.WindowTest):
         self.assertEqual(self.program.quit(), 0)
         self.assertEqual((self.program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
 
+    def test_the_preferences_are_worked_by_letters_with_alt(self):
+        self.program.click("Prefs")
+        dialog = self.program.dialog("Preferences")
+        self.take("preferences-letters", dialog)
+        self.screen.key("alt+i")
+        wait_for(lambda: self.program.get("InchesOption").checked, "inches")
+        self.screen.key("alt+s")
+        wait_for(lambda: self.program.get("ScaleText").focus, "the scale")
+        self.screen.key("ctrl+a", "5", "alt+x", "0", "End")
+        self.shows("ScaleText", "50")
+        self.screen.key("alt+m", "alt+c")
+        self.program.no_dialog()
+        self.shows("SpanText", "700")
+
     def test_the_manager_hides_and_shows_and_chooses(self):
         self.program.tab(0)
         self.program.click("IndexFusPlusButton")

@@ -16,6 +16,7 @@
 #include "model/Prefs.h"
 #include "shell/Preferences.h"
 #include "shell/Startup.h"
+#include "shell/qt/EventArguments.h"
 
 namespace velna {
 namespace {
@@ -27,11 +28,11 @@ public:
 
 protected:
     bool event(QEvent* event) override {
-        if (event->type() == QEvent::KeyPress) {
-            Main.scaleTextKeyDown(text().toStdString());
-            committed_();
-        }
-        return QLineEdit::event(event);
+        if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
+        Main.scaleTextKeyDown(text().toStdString());
+        committed_();
+        return !EventArguments::typesWithAlt(static_cast<const QKeyEvent&>(*event)) &&
+               QLineEdit::event(event);
     }
 
 private:
@@ -58,9 +59,9 @@ PrefsForm::PrefsForm(QWidget* parent) : QDialog(parent) {
     layout->addWidget(scaleFrame());
 
     auto* buttons = new QDialogButtonBox;
-    auto* close = buttons->addButton("Close", QDialogButtonBox::AcceptRole);
+    auto* close = buttons->addButton("&Close", QDialogButtonBox::AcceptRole);
     close->setObjectName("CloseCommand");
-    auto* cancel = buttons->addButton("Cancel", QDialogButtonBox::RejectRole);
+    auto* cancel = buttons->addButton("C&ancel", QDialogButtonBox::RejectRole);
     cancel->setObjectName("CancelCommand");
     connect(close, &QPushButton::clicked, this, [this] { closeCommand(); });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
@@ -79,9 +80,9 @@ void PrefsForm::growWithSmallFonts() {
 QWidget* PrefsForm::unitFrame() {
     auto* frame = new QGroupBox("Units");
     auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(unitOption("InchesOption", "Inches", inches, Prefs.InchesOption));
+    layout->addWidget(unitOption("InchesOption", "&Inches", inches, Prefs.InchesOption));
     layout->addWidget(
-        unitOption("MillimetersOption", "Millimeters", millimetres, Prefs.MillimetersOption));
+        unitOption("MillimetersOption", "&Millimeters", millimetres, Prefs.MillimetersOption));
     return frame;
 }
 
@@ -91,7 +92,7 @@ QWidget* PrefsForm::scaleFrame() {
     scaleText_ = new ScaleText([this] { showSpan(); });
     scaleText_->setObjectName("ScaleText");
     scaleText_->setText(QString::fromStdString(Prefs.ScaleText));
-    auto* caption = new QLabel("Size of the whole model");
+    auto* caption = new QLabel("&Size of the whole model");
     caption->setBuddy(scaleText_);
     spanLabel_ = new QLabel;
     spanLabel_->setObjectName("SpanLabel");
