@@ -140,6 +140,26 @@ class Dialogs(base.WindowTest):
         self.program.click("CancelCommand")
         self.program.no_dialog()
 
+    def test_the_help_stands_beside_the_drawing_and_marks_its_page(self):
+        def marked():
+            return [row["cells"][0] for row in self.program.get("HelpContents").rows if row["selected"]]
+
+        self.program.click("Help")
+        window = self.program.get("HelpWindow")
+        area = self.program.get("DrawArea")
+        self.assertLessEqual(window.top + window.height, area.top)
+        self.assertGreaterEqual(window.left, area.left)
+        wait_for(lambda: marked() == ["Contents"], "the mark on the contents")
+        row = next(r for r in self.program.get("HelpContents").rows if r["cells"] == ["The main window"])
+        x, y, width, height = row["place"]
+        self.screen.click(x + width // 2, y + height // 2)
+        wait_for(lambda: marked() == ["The main window"], "the mark on the page")
+        self.screen.key("Down")
+        wait_for(lambda: self.program.text("HelpBrowser").startswith("The first-use demonstration"), "the next page")
+        self.program.click("HelpBack")
+        wait_for(lambda: marked() == ["The main window"], "the mark to come back")
+        self.take("help-beside")
+
     def test_a_missing_help_file_gives_a_plain_message(self):
         (self.program.folder / "Velna.HLP").unlink()
         self.program.click("Help")

@@ -6,7 +6,9 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPointer>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
 #include <QTabWidget>
@@ -14,6 +16,9 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
+#include <algorithm>
+
+#include "shell/qt/Legible.h"
 
 namespace velna {
 namespace {
@@ -97,32 +102,62 @@ void HelpWindow::build() {
     browser_->setObjectName("HelpBrowser");
     contents_ = new QListWidget(this);
     contents_->setObjectName("HelpContents");
+    contents_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     search_ = new QLineEdit(this);
     search_->setObjectName("HelpSearch");
     search_->setPlaceholderText("Search");
     search_->setClearButtonEnabled(true);
 
-    auto* halves = new QSplitter(this);
-    halves->addWidget(contents_);
-    halves->addWidget(browser_);
-    halves->setStretchFactor(1, 1);
-    halves->setSizes({180, 500});
+    halves_ = new QSplitter(this);
+    halves_->addWidget(contents_);
+    halves_->addWidget(browser_);
+    halves_->setStretchFactor(1, 1);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(4, 4, 4, 4);
     column->addLayout(buildBar());
-    column->addWidget(halves, 1);
+    column->addWidget(halves_, 1);
 
     connect(browser_, &QTextBrowser::sourceChanged, this, &HelpWindow::pageShown);
     connect(search_, &QLineEdit::textChanged, this, &HelpWindow::search);
-    const auto open = [this](const QListWidgetItem* item) {
-        const QString page = item->data(pageRole).toString();
-        if (!page.isEmpty()) browser_->setSource(QUrl(HelpFile::address(page)));
-    };
-    connect(contents_, &QListWidget::itemClicked, this, open);
-    connect(contents_, &QListWidget::itemActivated, this, open);
+    connect(contents_, &QListWidget::itemSelectionChanged, this, &HelpWindow::openMarked);
     connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, search_,
             [this] { search_->setFocus(); });
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::hide);
+    setInks();
+}
+
+// Some desktops set a dark ground and leave these inks at what suits white paper.
+void HelpWindow::setInks() {
+    const QColor ground = palette().color(QPalette::Base);
+    const QColor letters = palette().color(QPalette::Text);
+    const QColor link = legible(palette().color(QPalette::Link), ground, letters);
+    browser_->document()->setDefaultStyleSheet(QStringLiteral("a { color: %1; }").arg(link.name()));
+    QPalette inks = search_->palette();
+    inks.setColor(QPalette::PlaceholderText,
+                  legible(palette().color(QPalette::PlaceholderText), ground, letters));
+    search_->setPalette(inks);
+}
+
+void HelpWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange && browser_) {
+        setInks();
+        if (readable_) {
+            fillContents();
+            browser_->reload();
+        }
+    }
+    QWidget::changeEvent(event);
+}
+
+// A selection dragged out of the text scrolls by a timer that only the release ends, and a hidden
+// window gets none.
+void HelpWindow::hideEvent(QHideEvent*) {
+    if (!browser_) return;
+    const QPointF outside(-1, -1);
+    QMouseEvent release(QEvent::MouseButtonRelease, outside,
+                        browser_->viewport()->mapToGlobal(outside), Qt::LeftButton, Qt::NoButton,
+                        Qt::NoModifier);
+    QApplication::sendEvent(browser_->viewport(), &release);
 }
 
 QLayout* HelpWindow::buildBar() {
@@ -154,6 +189,10 @@ void HelpWindow::setHelpFile(const QString& file) {
 
 void HelpWindow::setPlace(const QRect& place) {
     if (place.isValid()) place_ = place;
+}
+
+void HelpWindow::setRoom(std::function<QRect()> room) {
+    room_ = std::move(room);
 }
 
 void HelpWindow::answerF1(std::function<bool()> wanted) {
@@ -194,6 +233,7 @@ void HelpWindow::showPage(const QString& page) {
     if (!readable_) {
         readable_ = help_.open(file_);
         fillContents();
+        markPage();
     }
     if (readable_) {
         browser_->setSource(QUrl(HelpFile::address(help_.has(page) ? page : "index")));
@@ -218,10 +258,33 @@ void HelpWindow::bringUp() {
         hide();
         windowHandle()->setTransientParent(owner);
     }
-    if (!isVisible()) setGeometry(place_);
+    const bool opens = !isVisible();
+    if (opens) setGeometry(placeToStand());
     show();
+    if (opens) fitContents();
     raise();
     activateWindow();
+}
+
+QRect HelpWindow::placeToStand() const {
+    constexpr QSize least(360, 200);
+    if (!room_) return place_;
+    constexpr int frame = 8;
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect inside = room_().adjusted(frame, title, -frame, -frame);
+    const bool enough = inside.width() >= least.width() && inside.height() >= least.height();
+    return enough ? inside : place_;
+}
+
+// The list is as wide as its longest title, or half the window with the title on two lines.
+void HelpWindow::fitContents() {
+    contents_->setWordWrap(false);
+    const int titles = contents_->sizeHintForColumn(0) + 2 * contents_->frameWidth() +
+                       contents_->verticalScrollBar()->sizeHint().width();
+    contents_->setWordWrap(true);
+    const int all = halves_->width() - halves_->handleWidth();
+    const int list = std::min(titles, all / 2);
+    halves_->setSizes({list, all - list});
 }
 
 // With words to search, the list shows the pages that have them all; otherwise every page and
@@ -242,7 +305,9 @@ void HelpWindow::fillContents() {
             QFont bold = item->font();
             bold.setBold(true);
             item->setFont(bold);
-            item->setFlags(Qt::ItemIsEnabled);
+            // No mark stops there, and it looks no paler for that.
+            item->setFlags(Qt::NoItemFlags);
+            item->setForeground(palette().color(QPalette::Active, QPalette::Text));
         }
     }
     if (readable_ && shown.empty()) {
@@ -253,17 +318,29 @@ void HelpWindow::fillContents() {
 void HelpWindow::search(const QString& text) {
     words_ = text.split(' ', Qt::SkipEmptyParts);
     fillContents();
-    pageShown();
+    markPage();
 }
 
-void HelpWindow::pageShown() {
-    const QString page = currentPage();
-    for (int row = 0; row < contents_->count(); ++row) {
-        QListWidgetItem* item = contents_->item(row);
-        if (!page.isEmpty() && item->data(pageRole).toString() == page)
-            contents_->setCurrentItem(item);
+// The browser tells of a page before it names it as its own.
+void HelpWindow::pageShown(const QUrl& address) {
+    page_ = readable_ ? HelpFile::nameOf(address.toString()) : QString();
+    markPage();
+}
+
+// The mark stands on the page shown, and nowhere where the list has not got that page.
+void HelpWindow::markPage() {
+    QListWidgetItem* shown = nullptr;
+    for (int row = 0; row < contents_->count() && !page_.isEmpty(); ++row) {
+        if (contents_->item(row)->data(pageRole).toString() == page_) shown = contents_->item(row);
     }
+    contents_->setCurrentItem(shown);
     markWords();
+}
+
+void HelpWindow::openMarked() {
+    const QList<QListWidgetItem*> marked = contents_->selectedItems();
+    const QString page = marked.isEmpty() ? QString() : marked.first()->data(pageRole).toString();
+    if (!page.isEmpty() && page != page_) browser_->setSource(QUrl(HelpFile::address(page)));
 }
 
 void HelpWindow::markWords() {

@@ -11,7 +11,9 @@
 class QLayout;
 class QLineEdit;
 class QListWidget;
+class QSplitter;
 class QTextBrowser;
+class QUrl;
 
 namespace velna {
 
@@ -34,6 +36,9 @@ public:
     void setHelpFile(const QString& file);
     /// Place and size of the window, in screen pixels; taken at the next showing.
     void setPlace(const QRect& place);
+    /// Gives the part of the screen beside the drawing, asked at each showing: the window stands
+    /// there, frame and all, instead of in its place where a page has room.
+    void setRoom(std::function<QRect()> room);
     /// From now on F1 anywhere in the program opens the page of the widget in use, whenever
     /// `wanted` says so.
     void answerF1(std::function<bool()> wanted = {});
@@ -50,6 +55,8 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     HelpWindow();
@@ -59,16 +66,24 @@ private:
     void fillContents();
     void search(const QString& text);
     void markWords();
-    void pageShown();
+    void pageShown(const QUrl& address);
+    void markPage();
+    void openMarked();
+    void setInks();
     void bringUp();
+    QRect placeToStand() const;
+    void fitContents();
 
     QString file_;
     QRect place_;
+    std::function<QRect()> room_;
     HelpFile help_;
     bool readable_ = false;
+    QString page_;  ///< the one shown, by its name
     std::function<bool()> wanted_;
     QStringList words_;  ///< what is searched, marked in the page shown
     QTextBrowser* browser_ = nullptr;
+    QSplitter* halves_ = nullptr;
     QListWidget* contents_ = nullptr;
     QLineEdit* search_ = nullptr;
 };

@@ -164,6 +164,10 @@ QSize MainWindow::renderSize() const {
     return render_->size();
 }
 
+QRect MainWindow::picturePlace() const {
+    return {mapToGlobal(render_->pos()), render_->size()};
+}
+
 void MainWindow::setFlight(bool on) {
     flight_ = on;
     // What lies behind the picture must not take the keys: the model stays as it is.

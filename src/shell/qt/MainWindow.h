@@ -36,6 +36,8 @@ public:
 
     /// Size that the layout gives to `Render`.
     QSize renderSize() const;
+    /// Where the picture stands, in screen pixels.
+    QRect picturePlace() const;
     /// The flight: the picture fills the screen, with the toolbar above it.
     void setFlight(bool on);
     void setFlyingInfo(bool visible, const QString& text);

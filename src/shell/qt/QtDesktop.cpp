@@ -138,7 +138,10 @@ void QtDesktop::setHelpFile(const std::string& file) {
 }
 
 void QtDesktop::placeHelpWindow(int x, int y, int width, int height) {
-    HelpWindow::instance().setPlace({window_.mapToGlobal(QPoint(x, y)), QSize(width, height)});
+    HelpWindow& help = HelpWindow::instance();
+    help.setPlace({window_.mapToGlobal(QPoint(x, y)), QSize(width, height)});
+    // Over the picture a page can be read while the drawing is worked.
+    help.setRoom([this] { return window_.picturePlace(); });
 }
 
 void QtDesktop::showHelpContents() {

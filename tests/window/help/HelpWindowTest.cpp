@@ -1,16 +1,21 @@
 #include <QApplication>
 #include <QDialog>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QTabWidget>
+#include <QTextBlock>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
 
 #include "shell/qt/HelpWindow.h"
+#include "shell/qt/Legible.h"
 
 using namespace velna;
 
@@ -62,6 +67,135 @@ TEST_F(HelpWindowTest, GoesBackAndForward) {
     EXPECT_EQ(HelpWindow::instance().currentPage(), "index");
     part<QToolButton>("HelpForward").click();
     EXPECT_EQ(HelpWindow::instance().currentPage(), "tab-wing");
+}
+
+TEST_F(HelpWindowTest, TheMarkInTheListIsOnThePageShown) {
+    const auto marked = [] {
+        const auto items = part<QListWidget>("HelpContents").selectedItems();
+        return items.isEmpty() ? QString() : items.first()->text();
+    };
+    HelpWindow::instance().showContents();
+    EXPECT_EQ(marked(), "Contents");
+    HelpWindow::instance().showPage("tab-wing");
+    EXPECT_EQ(marked(), "Wing tab");
+    part<QToolButton>("HelpBack").click();
+    EXPECT_EQ(marked(), "Contents");
+    part<QToolButton>("HelpForward").click();
+    EXPECT_EQ(marked(), "Wing tab");
+    press(part<QListWidget>("HelpContents"), Qt::Key_Down);
+    EXPECT_EQ(marked(), "Stabiliser tab");
+    EXPECT_EQ(HelpWindow::instance().currentPage(), "tab-stabiliser");
+    part<QTextBrowser>("HelpBrowser").setSource(QUrl(HelpFile::address("print")));
+    EXPECT_EQ(marked(), "Print plans");
+    part<QLineEdit>("HelpSearch").setText("stabiliser chord");
+    EXPECT_EQ(marked(), "") << "the search has not found the page shown";
+    part<QLineEdit>("HelpSearch").clear();
+    EXPECT_EQ(marked(), "Print plans");
+}
+
+TEST_F(HelpWindowTest, TheMarkPassesOverHeadings) {
+    HelpWindow::instance().showPage("examples");
+    auto& list = part<QListWidget>("HelpContents");
+    ASSERT_EQ(list.item(list.currentRow() + 1)->text(), "Drawing");
+    press(list, Qt::Key_Down);
+    EXPECT_EQ(HelpWindow::instance().currentPage(), "views");
+}
+
+TEST_F(HelpWindowTest, StandsInTheRoomBesideTheDrawingWhereAPageHasRoom) {
+    HelpWindow::instance().setPlace({10, 300, 500, 250});
+    QRect room(40, 60, 400, 300);
+    HelpWindow::instance().setRoom([&] { return room; });
+    HelpWindow::instance().showContents();
+    EXPECT_TRUE(room.contains(HelpWindow::instance().geometry()));
+    EXPECT_GT(HelpWindow::instance().height(), 200);
+    HelpWindow::instance().hide();
+    room.setHeight(100);
+    HelpWindow::instance().showContents();
+    EXPECT_EQ(HelpWindow::instance().geometry(), QRect(10, 300, 500, 250));
+}
+
+TEST_F(HelpWindowTest, EveryTitleOfTheListIsWhole) {
+    for (const int width : {900, 420}) {
+        HelpWindow::instance().setPlace({0, 0, width, 400});
+        HelpWindow::instance().showContents();
+        QApplication::processEvents();
+        auto& list = part<QListWidget>("HelpContents");
+        EXPECT_GT(part<QTextBrowser>("HelpBrowser").width(), width * 2 / 5);
+        for (int row = 0; row < list.count(); ++row) {
+            const QListWidgetItem* item = list.item(row);
+            const QRect place = list.visualItemRect(item).adjusted(3, 0, -3, 0);
+            const QRect text =
+                QFontMetrics(item->font())
+                    .boundingRect(QRect(0, 0, place.width(), 1000), Qt::TextWordWrap, item->text());
+            EXPECT_LE(place.right(), list.viewport()->width());
+            EXPECT_LE(text.width(), place.width()) << qPrintable(item->text());
+            EXPECT_LE(text.height(), place.height()) << qPrintable(item->text());
+        }
+        HelpWindow::instance().hide();
+    }
+}
+
+TEST_F(HelpWindowTest, LinksAndTheSearchBoxCanBeReadOnADarkDesktop) {
+    const QPalette before = QApplication::palette();
+    HelpWindow::instance().showContents();
+    QPalette dark = before;
+    const QColor ground(35, 38, 41);
+    for (const auto role : {QPalette::Base, QPalette::Window}) dark.setColor(role, ground);
+    for (const auto role : {QPalette::Text, QPalette::WindowText}) dark.setColor(role, Qt::white);
+    dark.setColor(QPalette::PlaceholderText, QColor(0, 0, 0, 128));
+    dark.setColor(QPalette::Link, Qt::blue);
+    QApplication::setPalette(dark);
+    QApplication::processEvents();
+    const QColor hint =
+        part<QLineEdit>("HelpSearch").palette().color(QPalette::Active, QPalette::PlaceholderText);
+    EXPECT_GT(contrast(hint, ground), 4.5);
+    int links = 0;
+    const QTextDocument& page = *part<QTextBrowser>("HelpBrowser").document();
+    for (QTextBlock block = page.begin(); block.isValid(); block = block.next()) {
+        for (auto at = block.begin(); !at.atEnd(); ++at) {
+            const QTextCharFormat format = at.fragment().charFormat();
+            if (!format.isAnchor()) continue;
+            ++links;
+            EXPECT_GT(contrast(format.foreground().color(), ground), 4.5);
+        }
+    }
+    EXPECT_GT(links, 20);
+    QApplication::setPalette(before);
+}
+
+/// Counts the timer events of a widget.
+class Ticks : public QObject {
+public:
+    explicit Ticks(QObject& watched) { watched.installEventFilter(this); }
+    int seen = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Timer) ++seen;
+        return false;
+    }
+};
+
+TEST_F(HelpWindowTest, HidingEndsTheScrollingOfADragInTheText) {
+    HelpWindow::instance().showPage("mouse-and-keys");
+    auto& browser = part<QTextBrowser>("HelpBrowser");
+    QWidget& text = *browser.viewport();
+    const auto mouse = [&](QEvent::Type type, QPointF at) {
+        QMouseEvent event(type, at, text.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton,
+                          Qt::NoModifier);
+        QApplication::sendEvent(&text, &event);
+    };
+    const Ticks ticks(browser);
+    mouse(QEvent::MouseButtonPress, {20, 20});
+    mouse(QEvent::MouseMove, {20, -300});
+    while (ticks.seen == 0) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    HelpWindow::instance().hide();
+    const int before = ticks.seen;
+    // The slowest scrolling ticks every 100 milliseconds.
+    QEventLoop loop;
+    QTimer::singleShot(500, &loop, &QEventLoop::quit);
+    loop.exec();
+    EXPECT_EQ(ticks.seen, before);
 }
 
 TEST_F(HelpWindowTest, SearchListsThePagesWithTheWordsAndMarksThem) {
