@@ -140,9 +140,9 @@ public:
     /// The user has changed the text of a box, be it to the same: nothing is stored in the model,
     /// but for `NbCrossFuselageText`, whose changes commit.
     void textEdited(Control box, const std::string& text);
-    /// A key goes down in a text box that shows `text`. One that the user has not changed since it
-    /// was filled commits nothing: it shows whole millimetres, and walking through the boxes would
-    /// cut every fraction off.
+    /// A key goes down in a text box that shows `text`: what the user has typed there is committed,
+    /// once. What the program has filled in is not, for it shows whole millimetres; nor what was
+    /// taken before, for the model may have changed since without a refill.
     void textKeyDown(Control box, const std::string& text);
     /// The text of `NbCrossFuselageText` has changed.
     void nbCrossChanged(const std::string& text);

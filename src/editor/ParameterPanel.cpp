@@ -101,12 +101,13 @@ void MainForm::textEdited(Control box, const std::string& text) {
 void MainForm::textKeyDown(Control box, const std::string& text) {
     const PanelField* field = panelField(box);
     ControlState& state = controls[box];
-    if (!field || !state.enabled || state.entry == TextEntry::Filled) return;
+    if (!field || !state.enabled) return;
     if (field->after == AfterCommit::BuildOutline) {
         // Filled at the last change of its text, it comes to show that now.
         if (state.text == panelText(*field)) setEntry(box, TextEntry::Filled);
         return;
     }
+    if (state.entry != TextEntry::Typed) return;
     state.text = text;
     commit(*field, text);
 }

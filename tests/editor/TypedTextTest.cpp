@@ -1,6 +1,7 @@
 #include "editor/PanelTable.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
+#include "model/Prefs.h"
 #include "support/EditorBench.h"
 
 // What a box that the user types in tells about the model, and when a key in it commits.
@@ -41,15 +42,23 @@ TEST_F(TypedText, TheSameDigitsTypedAgainAreAChange) {
     EXPECT_EQ(tip(Control::LengthBText), "");
 }
 
-TEST_F(TypedText, EachKeyCommitsUntilTheBoxIsFilledAgain) {
-    test::type(Control::LengthBText, "12.5");
-    Wings(1).length1 = 99.75;
-    Main.textKeyDown(Control::LengthBText, "12.5");
-    EXPECT_EQ(Wings(1).length1, 12.5);
-    Wings(1).length1 = 99.75;
-    Main.updateWingInterface();
-    Main.textKeyDown(Control::LengthBText, "99");
-    EXPECT_EQ(Wings(1).length1, 99.75);
+TEST_F(TypedText, WhatWasTakenIsNotCommittedAgain) {
+    Wings(1).length1 = 230.5;
+    for (const char* typed : {"12.5", "12.5mm"}) {
+        test::type(Control::LengthBText, typed);
+        EXPECT_EQ(Wings(1).length1, 12.5);
+        Wings(1).length1 = 99.75;  // without a refill
+        Main.textKeyDown(Control::LengthBText, typed);
+        EXPECT_EQ(Wings(1).length1, 99.75) << typed;
+    }
+}
+
+TEST_F(TypedText, ANumberTypedBeforeAnotherUnitIsNotTakenAsOneOfThat) {
+    test::type(Control::LengthBStabText, "130");
+    Prefs.selectUnit(inches);
+    Main.closePreferences();
+    Main.textKeyDown(Control::LengthBStabText, "130");
+    EXPECT_NEAR(Stabilizer.length1, 130 / 25.4, 1e-9);
 }
 
 TEST_F(TypedText, AFillTakesTheTipAwayAndTheWindowIsTold) {
