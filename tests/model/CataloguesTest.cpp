@@ -1,79 +1,102 @@
+#include <array>
+#include <string>
 #include <vector>
 
 #include "model/Equipment.h"
 #include "support/FreshModel.h"
 
+// The makers' lists, held against what a calculator makes of them: a table beside the table would
+// repeat its slips.
+
 namespace velna {
 namespace {
 
 using Catalogues = FreshModel;
+using Catalogue = std::vector<CatalogueEntry>;
 
-/// A model as the catalogues list it: name, length, width, height in millimetres, weight.
-struct Listed {
-    const char* name;
-    double length;
-    double width;
-    double height;
-    double weight;
+/// The sum of a column, and its sum with each value times its row's number from 1 on, which a row
+/// in another place changes.
+struct Column {
+    double CatalogueEntry::*field;
+    double sum;
+    double byPlace;
 };
 
-const std::vector<Listed> servos = {
-    {"Custom", 25, 15, 25, 15},    {"HS60", 26, 13, 24, 14},        {"HS80", 28, 13.7, 28, 17.5},
-    {"HS101", 34, 13.8, 32, 26.5}, {"HS300", 41, 20, 36, 44.5},     {"S3001", 40.4, 19.8, 36, 45.1},
-    {"S3002", 31, 16, 30.2, 35},   {"S3003", 40.4, 19.8, 36, 37.2}, {"S3101", 28, 13, 29.7, 17},
-    {"S5102", 28, 13, 29, 22},     {"Micro3BB", 32, 15, 33, 24},    {"SuperFlBB", 42.5, 11, 41, 24},
-    {"MicroMc", 32, 15, 33, 28},   {"RoyalBB", 41, 21, 40, 46},     {"EuropaBB", 39, 19, 36, 46},
-    {"RoyalMc", 41, 21, 40, 46},   {"ProfiMc", 39, 19, 36, 49},     {"PowerMc", 47, 23, 47, 82},
-    {"JumboMc", 60, 30, 60, 162},
+struct Totals {
+    const Catalogue& catalogue;
+    std::string names;  ///< in order, as the list shows them
+    std::array<Column, 4> columns;
 };
 
-const std::vector<Listed> receivers = {
-    {"Custom", 25, 25, 15, 0},
-    {"Supreme", 55.43, 33.74, 19.28, 0},
-    {"Micro535", 45.79, 26.51, 19.28, 0},
-    {"Platinum", 57.84, 36.15, 21.69, 0},
-    {"Pico4", 42, 16, 16, 12},
-    {"Micro5/7", 53, 29, 16, 30},
-    {"Mini9", 51, 39, 21, 33},
-    {"MiniDS", 51, 39, 21, 42},
-    {"RX12", 70, 41, 25, 64},
-    {"C12", 53, 36, 15, 29},
-    {"C16", 62, 36, 21, 45},
-    {"C18", 51, 36, 21, 45},
-};
+using E = CatalogueEntry;
 
-const std::vector<Listed> accumulators = {
-    {"Custom", 100, 20, 20, 100},
-    {"7Elts-1000SRC", 130, 47, 24, 320},
-    {"7Elts-2000SRC", 152, 46, 23, 420},
-};
+/// What the lists add up to in millimetres and in the makers' weights.
+std::array<Totals, 3> totals() {
+    return {{
+        {Equipment::servoTypes,
+         "Custom HS60 HS80 HS101 HS300 S3001 S3002 S3003 S3101 S5102 Micro3BB SuperFlBB MicroMc "
+         "RoyalBB EuropaBB RoyalMc ProfiMc PowerMc JumboMc ",
+         {{{&E::length, 695.3, 7558.6},
+           {&E::width, 331.1, 3587.5},
+           {&E::height, 671.9, 7359.7},
+           {&E::weight, 780.8, 9983.2}}}},
+        {Equipment::receiverTypes,
+         "Custom Supreme Micro535 Platinum Pico4 Micro5/7 Mini9 MiniDS RX12 C12 C16 C18 ",
+         {{{&E::length, 617.06, 4251.59},
+           {&E::width, 393.4, 2712.61},
+           {&E::height, 231.25, 1547.16},
+           {&E::weight, 300, 2708}}}},
+        {Equipment::accuTypes,
+         "Custom 7Elts-1000SRC 7Elts-2000SRC ",
+         {{{&E::length, 382, 816},
+           {&E::width, 113, 252},
+           {&E::height, 67, 137},
+           {&E::weight, 840, 2000}}}},
+    }};
+}
 
-/// Every row in its order, the lengths divided by `unit` millimetres and the weight as it is.
-void expectRows(const std::vector<CatalogueEntry>& catalogue, const std::vector<Listed>& listed,
-                double unit) {
-    ASSERT_EQ(catalogue.size(), listed.size());
-    for (std::size_t n = 0; n < listed.size(); ++n) {
-        SCOPED_TRACE(listed[n].name);
-        EXPECT_EQ(catalogue[n].name, listed[n].name);
-        EXPECT_EQ(catalogue[n].length, listed[n].length / unit);
-        EXPECT_EQ(catalogue[n].width, listed[n].width / unit);
-        EXPECT_EQ(catalogue[n].height, listed[n].height / unit);
-        EXPECT_EQ(catalogue[n].weight, listed[n].weight);
+/// A weight is a weight in any project; lengths are in its unit, of so many millimetres.
+void expectTotals(double unit) {
+    for (const Totals& expected : totals()) {
+        std::string names;
+        for (const CatalogueEntry& row : expected.catalogue) names += row.name + " ";
+        EXPECT_EQ(names, expected.names);
+        for (std::size_t n = 0; n < expected.columns.size(); ++n) {
+            const Column& column = expected.columns[n];
+            const double divisor = column.field == &E::weight ? 1 : unit;
+            double sum = 0;
+            double byPlace = 0;
+            for (std::size_t i = 0; i < expected.catalogue.size(); ++i) {
+                const double value = expected.catalogue[i].*column.field;
+                sum += value;
+                byPlace += static_cast<double>(i + 1) * value;
+            }
+            EXPECT_NEAR(sum, column.sum / divisor, 1e-9) << names << ", column " << n;
+            EXPECT_NEAR(byPlace, column.byPlace / divisor, 1e-9) << names << ", column " << n;
+        }
     }
 }
 
-TEST_F(Catalogues, HaveTheirRowsInMillimetres) {
-    expectRows(Equipment::servoTypes, servos, 1);
-    expectRows(Equipment::receiverTypes, receivers, 1);
-    expectRows(Equipment::accuTypes, accumulators, 1);
+TEST_F(Catalogues, HaveTheMakersRowsInMillimetres) {
+    expectTotals(1);
 }
 
 TEST_F(Catalogues, AreReplacedByAFillInTheUnitInForce) {
     Prefs.units = inches;
     Equipment::fillCatalogues();
-    expectRows(Equipment::servoTypes, servos, 25.4);
-    expectRows(Equipment::receiverTypes, receivers, 25.4);
-    expectRows(Equipment::accuTypes, accumulators, 25.4);
+    expectTotals(25.4);
+    Prefs.units = millimetres;
+    Equipment::fillCatalogues();
+    expectTotals(1);
+}
+
+TEST_F(Catalogues, ARowIsGivenToTheCurrentBoxOfItsKind) {
+    Equipments(1).box = 1;
+    Equipment::applyCatalogueRow(2);
+    EXPECT_EQ(Equipments(1).length, 45.79);
+    EXPECT_EQ(Equipments(1).width, 26.51);
+    EXPECT_EQ(Equipments(1).height, 19.28);
+    EXPECT_EQ(Equipments(1).weight, 0);
 }
 
 }  // namespace
