@@ -174,9 +174,39 @@ TEST_F(DxfExport, VTopPutsTheNoseAtTheTop) {
 }
 
 TEST_F(DxfExport, FrontAndSideKeepUpUp) {
-    const auto front = write(Plane::exportDXFFront);
-    const double top = std::ranges::max(front, {}, [](const Entity& e) { return e.at[4]; }).at[4];
-    EXPECT_EQ(top, 180);  // the fin's tip
+    Rudder.shift = 40;  // its tip stands at 190, high above the body's bottom at 10
+    for (Export exportView : {Plane::exportDXFFront, Plane::exportDXFSide}) {
+        const auto entities = write(exportView);
+        double top = -1E9;
+        double bottom = 1E9;
+        for (const Entity& entity : entities) {
+            top = std::max({top, entity.at[1], entity.at[4]});
+            bottom = std::min({bottom, entity.at[1], entity.at[4]});
+        }
+        EXPECT_EQ(top, 190);
+        EXPECT_EQ(bottom, 10);
+    }
+}
+
+TEST_F(DxfExport, SideStandsAtItsPositionAndHeight) {
+    Fuselages(1).pos_offset = 7;
+    Fuselages(1).elevation_offset = 3;
+    std::vector<std::array<double, 6>> body;
+    std::vector<std::array<double, 6>> fin;
+    for (const Entity& entity : write(Plane::exportDXFSide)) {
+        if (entity.layer == "Fuselage_1") body.push_back(entity.at);
+        if (entity.layer == "Fin") fin.push_back(entity.at);
+    }
+    const std::vector<std::array<double, 6>> lines{
+        {7, 33, 0, 207, 113, 0}, {207, 113, 0, 807, 43, 0},                            // top
+        {7, 13, 0, 207, 13, 0},  {207, 13, 0, 807, 33, 0},                             // bottom
+        {7, 13, 0, 7, 33, 0},    {207, 13, 0, 207, 113, 0}, {807, 33, 0, 807, 43, 0},  // bars
+    };
+    EXPECT_EQ(body, lines);
+    ASSERT_EQ(fin.size(), 4U);
+    EXPECT_EQ(fin[0][1], Rudder.shift);
+    EXPECT_EQ(std::ranges::max(fin, {}, [](const auto& at) { return at[4]; })[4],
+              Rudder.shift + Rudder.span);
 }
 
 TEST_F(DxfExport, FinInVTopHasItsTwinByTheHeightOfItsRoot) {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <set>
 
@@ -31,12 +32,18 @@ protected:
         return result;
     }
 
-    static bool hasCross(const Sheet& sheet, double x, double y, double arm) {
+    static bool hasLine(const Sheet& sheet, const std::array<double, 4>& at) {
         return std::ranges::any_of(sheet, [&](const PrinterCall& call) {
-            return call.kind == Kind::Line && std::abs(call.at[0] - (x - arm)) < 1e-9 &&
-                   std::abs(call.at[2] - (x + arm)) < 1e-9 && std::abs(call.at[1] - y) < 1e-9 &&
-                   call.at[1] == call.at[3] && call.colour == dimColor;
+            if (call.kind != Kind::Line || call.colour != dimColor) return false;
+            for (std::size_t i = 0; i < 4; ++i)
+                if (!(std::abs(call.at[i] - at[i]) < 1e-9)) return false;
+            return true;
         });
+    }
+
+    /// Both arms: a mark is laid on its neighbour's in both directions.
+    static bool hasCross(const Sheet& sheet, double x, double y, double arm) {
+        return hasLine(sheet, {x - arm, y, x + arm, y}) && hasLine(sheet, {x, y - arm, x, y + arm});
     }
 
     static bool hasText(const Sheet& sheet, const std::string& text) {
@@ -60,8 +67,10 @@ TEST_F(TapedSheets, OverlapByTenMillimetres) {
     const auto pages = sheets(printer);
     // 180 new millimetres a sheet behind the first 190.
     ASSERT_EQ(pages.size(), 5U);
-    for (std::size_t n = 0; n < pages.size(); ++n)
+    for (std::size_t n = 0; n < pages.size(); ++n) {
         EXPECT_EQ(pages[n][0].at[0], -180.0 * static_cast<double>(n));
+        EXPECT_EQ(pages[n][0].at[1], pages[0][0].at[1]) << "side by side, in one row";
+    }
     // The last sheet holds the fuselage's end.
     EXPECT_LE(pages.back()[1].at[2], 190);
 }
@@ -85,6 +94,34 @@ TEST_F(TapedSheets, MarksOfNeighboursLieOnEachOther) {
             EXPECT_TRUE(hasCross(sheet, share * 190, 5, 3));
             EXPECT_TRUE(hasCross(sheet, share * 190, 272, 3));
         }
+}
+
+TEST_F(TapedSheets, MarksOfRowsLieOnEachOtherToo) {
+    Fuselages(1).width(2) = 700;
+    RecordingPrinter printer(190, 277);
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    const auto pages = sheets(printer);
+    ASSERT_EQ(pages.size(), 15U);
+    // The lower edge's mark of one row and the upper edge's of the next are the same place of the
+    // plan, which both sheets show by its first line.
+    for (std::size_t n = 0; n + 5 < pages.size(); ++n) {
+        EXPECT_EQ(272 - pages[n][0].at[1], 5 - pages[n + 5][0].at[1]) << n;
+        EXPECT_EQ(pages[n][0].at[0], pages[n + 5][0].at[0]) << n;
+    }
+}
+
+TEST_F(TapedSheets, TextsAndRulerStandInsideTheOverlap) {
+    RecordingPrinter printer(190, 277);
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    for (const Sheet& sheet : sheets(printer)) {
+        EXPECT_TRUE(hasLine(sheet, {12, 20, 112, 20}));
+        for (double end : {12.0, 112.0}) EXPECT_TRUE(hasLine(sheet, {end, 18, end, 22})) << end;
+        for (const PrinterCall& call : sheet) {
+            if (call.kind != Kind::Text) continue;
+            EXPECT_GE(call.at[0], 10) << call.text;
+            EXPECT_GE(call.at[1], 10) << call.text;
+        }
+    }
 }
 
 TEST_F(TapedSheets, EachTellsItsRowAndColumn) {
@@ -144,6 +181,36 @@ TEST_F(TapedSheets, WingBeyondTheFuselagesEndHasItsSheet) {
     RecordingPrinter printer(190, 277);
     EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
     EXPECT_EQ(printer.pages(), 8);  // 10 + 8 x 180 reaches the trailing edge at 1430
+}
+
+TEST_F(TapedSheets, PlanFromAboveLiesInTheMiddleOfTheSheetsHeight) {
+    RecordingPrinter printer(190, 277);
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    for (const Sheet& sheet : sheets(printer)) {
+        // The plus edge goes from 10 to 50 and back to 5 beside the centre line, the other
+        // likewise.
+        EXPECT_EQ(sheet[0].at[1], 138.5 + 10);
+        EXPECT_EQ(sheet[0].at[3], 138.5 + 50);
+        EXPECT_EQ(sheet[1].at[3], 138.5 + 5);
+        EXPECT_EQ(sheet[2].at[1], 138.5 - 10);
+        EXPECT_EQ(sheet[2].at[3], 138.5 - 50);
+    }
+}
+
+TEST_F(TapedSheets, PlanFromAboveWiderThanThePaperHasRowsOnBothSides) {
+    Fuselages(1).width(2) = 700;
+    RecordingPrinter printer(190, 277);
+    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    const auto pages = sheets(printer);
+    // 700 in rows of 267 new, stacked upward from the lowest line at 138.5 + 350.
+    ASSERT_EQ(pages.size(), 15U);
+    EXPECT_TRUE(hasText(pages[14], "Row 3, column 5"));
+    for (std::size_t row = 0; row < 3; ++row) {
+        const double down = 3 * 267 + 10 - 488.5 - 267.0 * static_cast<double>(row);
+        EXPECT_EQ(pages[5 * row][0].at[1], 138.5 + 10 + down) << row;
+        EXPECT_EQ(pages[5 * row][2].at[3], 138.5 - 350 + down) << row;
+        EXPECT_EQ(pages[5 * row + 4][0].at[0], -720) << row;
+    }
 }
 
 TEST_F(TapedSheets, FirstSheetLiesAsASingleOneDoes) {
