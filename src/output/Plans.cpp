@@ -43,14 +43,16 @@ std::string endJob(PrinterSurface& printer, const Work& work) {
     return printer.EndDoc() ? std::string() : printer.error();
 }
 
-/// Prints `count` sheets, each begun by `draw(number)`; none when `count` is 0 or below.
+/// Prints `count` sheets, each begun by `draw(number)`. A plan without any is refused with the
+/// reason `whyNone`: who asked for it would look for its paper.
 template <class Draw>
-std::string printSheets(PrinterSurface& printer, double count, Draw draw) {
+std::string printSheets(PrinterSurface& printer, double count, const char* whyNone, Draw draw) {
     if (!(count <= static_cast<double>(mostSheets))) {
         return refuse(printer,
                       "The plan needs more than " + std::to_string(mostSheets) + " sheets.");
     }
-    const auto sheets = static_cast<long long>(std::max(count, 0.0));
+    if (!(count >= 1)) return refuse(printer, whyNone);
+    const auto sheets = static_cast<long long>(count);
     Work work(sheets, everySheet);
     for (long long sheet = 1; sheet <= sheets; ++sheet) {
         if (!printer.error().empty()) break;
@@ -65,20 +67,24 @@ bool printable(const PrinterSurface& printer) {
     return printer.ScaleWidth() > 0 && printer.ScaleHeight() > 0;
 }
 
+constexpr const char* nothingOnPaper =
+    "The plan has no sheets: the fuselage lies wholly before position 0.";
+constexpr const char* noSections = "The plan has no sheets: the fuselage has no sections.";
+
 /// A true-scale plan in sheets side by side: plain tiles as far as the current fuselage reaches,
 /// or, for taping, sheets that overlap and hold the whole plan.
 std::string printTiles(PrinterSurface& printer, double yoff, const PlanDrawing& draw) {
     const double width = printer.ScaleWidth();
     if (!PrintSelect.overlap) {
         const double sheets = std::floor(Fuselage::current().lengthPoint() / width) + 1;
-        return printSheets(printer, sheets, [&](long long sheet) {
+        return printSheets(printer, sheets, nothingOnPaper, [&](long long sheet) {
             draw(printer, -static_cast<double>(sheet - 1) * width, yoff);
         });
     }
     const SheetGrid grid = SheetMarks::cut(draw, yoff, width, printer.ScaleHeight());
     if (grid.columns == 0) return refuse(printer, "The sheet is too small to overlap.");
     const double sheets = static_cast<double>(grid.rows) * static_cast<double>(grid.columns);
-    return printSheets(printer, sheets, [&](long long sheet) {
+    return printSheets(printer, sheets, nothingOnPaper, [&](long long sheet) {
         const long long row = (sheet - 1) / grid.columns;
         const long long column = (sheet - 1) % grid.columns;
         draw(printer, -(grid.left + static_cast<double>(column) * grid.stepX),
@@ -116,7 +122,7 @@ std::string printSectionsJob(PrinterSurface& printer) {
     const double middle = (fuselage.maxElevationPoint() + fuselage.minElevationPoint()) / 2;
     const double xoff = width / 2 + fuselage.shift;
     if (fuselage.nb_cross != 0) fuselage.computeFrontPoints(trueScale, xoff, height / 2 + middle);
-    return printSheets(printer, fuselage.nb_sections, [&](long long section) {
+    return printSheets(printer, fuselage.nb_sections, noSections, [&](long long section) {
         printer.Line(width / 2, 0, width / 2, height, black);
         printer.Line(0, height / 2, width, height / 2, black);
         if (fuselage.nb_cross != 0)

@@ -163,6 +163,19 @@ TEST_F(PlansTest, TopLineOffsetIsRoundedHalfToEven) {
     EXPECT_EQ(printer.calls[1].at[3], -(30 + 10 + 0.5));
 }
 
+TEST_F(PlansTest, TopLineOffsetThatLeadsToSectionZeroTakesTheEntryThatHoldsNothing) {
+    Fuselages(1).elevation_offset = -1;
+    Fuselages(1).printSide(printer, 1, 0, 0);
+    // The arrays begin at 0, and nothing has been raised there.
+    EXPECT_EQ(printer.calls[0].at[1], -20);
+    EXPECT_EQ(printer.calls[0].at[3], -(10 + 100)) << "section 2 takes the elevation of section 1";
+    Fuselages(1).elevation_offset = -2;
+    printer.calls.clear();
+    Fuselages(1).printSide(printer, 1, 0, 0);
+    EXPECT_EQ(printer.calls[0].at[1], -(10 + 20 - 2)) << "there is no entry before it";
+    EXPECT_EQ(printer.calls[0].at[3], -100);
+}
+
 TEST_F(PlansTest, HugeOffsetsStayInsideTheArrays) {
     for (double offset : {-1E+300, -50.0, 1E+300}) {
         Fuselages(1).elevation_offset = offset;
@@ -215,15 +228,32 @@ TEST_F(PlansTest, FittedPlansTakeTheirFactorFromTheDrawArea) {
     EXPECT_DOUBLE_EQ(Main.r, 190.0 / 900);
 }
 
-TEST_F(PlansTest, FuselageOfNoLengthHasOneSheetOneOfNegativeLengthNone) {
+TEST_F(PlansTest, FuselageOfNoLengthHasOneSheet) {
     for (int i = 1; i <= 3; ++i) Fuselages(1).pos(i) = 0;
     EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
     EXPECT_EQ(printer.pages(), 1);
+}
+
+TEST_F(PlansTest, PlanOfNoSheetsIsRefusedWithAReason) {
     for (int i = 1; i <= 3; ++i) Fuselages(1).pos(i) = -400.0 * i;
-    printer.calls.clear();
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
-    EXPECT_EQ(printer.pages(), 0);
-    EXPECT_EQ(printer.calls.back().kind, Kind::EndDoc);
+    for (PlanJob job : {PlanJob::Side, PlanJob::htop}) {
+        printer.calls.clear();
+        EXPECT_NE(Plans::printJob(job, printer).find("before position 0"), std::string::npos);
+        EXPECT_EQ(printer.pages(), 0);
+        EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc) << "an empty file would be left";
+    }
+    Fuselages(1).nb_sections = 0;
+    EXPECT_NE(Plans::printJob(PlanJob::frontSections, printer).find("no sections"),
+              std::string::npos);
+    EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
+}
+
+TEST_F(PlansTest, PlanOfNoSheetsEndsTheJobsBehindItAsAFailureDoes) {
+    Fuselages(1).pos_offset = -5000;
+    PrintSelect.frontSections = PrintSelect.htop = PrintSelect.Side = true;
+    EXPECT_NE(Plans::printPlans(printer), "");
+    EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
 TEST_F(PlansTest, PaperSmallerThanItsMarginsIsRefused) {

@@ -62,6 +62,16 @@ TEST_F(PrintCommand, AFailureIsToldOnceWithItsReason) {
     EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
+TEST_F(PrintCommand, APlanOfNoSheetsSaysSoAndPrintsNothing) {
+    Fuselages(1).pos_offset = -5000;
+    print();
+    EXPECT_EQ(dialogs.story(), "printselect printer message");
+    EXPECT_NE(dialogs.asked.back().text.find("no sheets"), std::string::npos);
+    EXPECT_EQ(printer.pages(), 0);
+    EXPECT_EQ(printer.count(PrinterCall::Kind::EndDoc), 0);
+    EXPECT_EQ(Main.mode, ViewMode::VTop);
+}
+
 TEST_F(PrintCommand, ACancelOnTheWaySaysNothing) {
     Impatient user;
     progress = &user;
