@@ -92,11 +92,13 @@ void saveProjectAs(const std::string& file) {
 }
 
 /// The model. That the export shows hidden fuselages is no work of the user's to be saved, and it
-/// leaves the last fuselage current: the panel must not edit it under the numbers of another.
+/// leaves the last fuselage current: the panel must not edit it under the numbers of another. What
+/// was hidden has no outline of this view yet: the view is drawn again.
 std::string exportModel(const std::string& file) {
     const bool saved = Main.savedProject;
     const std::string reason = Plane::exportVRML(file);
     Main.updateFuselageInterface();
+    Main.redrawAtSameScale();
     Main.savedProject = saved;
     return reason;
 }

@@ -221,6 +221,33 @@ TEST_F(FileCommands, TheDrawingIsOfTheViewOnScreen) {
         for (std::size_t j = 0; j < i; ++j) EXPECT_NE(drawings[i], drawings[j]);
 }
 
+TEST_F(FileCommands, AnExportDrawsTheViewAgainWithWhatItHasShown) {
+    Main.buttonPressed(Control::IndexFusPlusButton, 0);
+    Fuselages(1).width(1) = 444;
+    for (const char* target : {"a.wrl", "missing/folder/a.wrl"}) {
+        ObjectList.setShown(1, false);
+        Toolbar::click(Key::VTop);
+        // Its outline stands at another scale, of a view entered long ago.
+        Fuselages(1).computeVTopPoints(50, 0, 0);
+        drawArea.calls.clear();
+        saveAs(target, 2);
+        ASSERT_TRUE(ObjectList.shown(1)) << target;
+        ASSERT_FALSE(drawArea.calls.empty()) << target;
+        EXPECT_EQ(drawArea.calls[0].kind, SurfaceCall::Kind::Clear) << target;
+        EXPECT_NEAR(Fuselages(1).vtopPoints(1).x, Main.xoff + 222 * Main.zoom, 1e-9) << target;
+    }
+}
+
+TEST_F(FileCommands, AnExportKeepsTheScaleThatKeyAHasGiven) {
+    Toolbar::click(Key::Side);
+    Main.DrawArea_keydown('A', 0);
+    const double near = Main.zoom;
+    for (const int kind : {2, 3}) {
+        saveAs("a", kind);
+        EXPECT_EQ(Main.zoom, near) << kind;
+    }
+}
+
 TEST_F(FileCommands, ADrawingLeavesTheHandlesWhereTheyAreOnScreen) {
     Toolbar::click(Key::VTop);
     const Outline before = Wings(1).vtopPoints;
