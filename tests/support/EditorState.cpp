@@ -1,4 +1,4 @@
-#include "editor/EditorState.h"
+#include "support/EditorState.h"
 
 #include <functional>
 #include <stdexcept>

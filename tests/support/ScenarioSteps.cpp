@@ -1,16 +1,16 @@
-#include "editor/ScenarioSteps.h"
+#include "support/ScenarioSteps.h"
 
 #include <map>
 #include <stdexcept>
 #include <string>
 
-#include "editor/EditorState.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
+#include "support/EditorState.h"
 
 namespace velna::test {
 namespace {
@@ -94,21 +94,6 @@ void view(EditorBench&, const json& step) {
     if (name == "HTop") Main.initHTopView();
 }
 
-/// The toolbar stands above the editor: this is what its keys ask of the editor.
-void toolbar(EditorBench& bench, const json& step) {
-    const std::string key = step.at("key");
-    if (key == "Render") {
-        Main.setChecked(Control::RenderButton, !Main.renderPressed());
-        Plane::createAllSolids();
-        bench.window.renderScene(true);
-    } else if (key == "HTop") {
-        if (Main.controls[Control::HTopButton].enabled) Main.initHTopView();
-    } else {
-        Main.selectTab(key == "Side" ? PanelTab::fuselage : PanelTab::wing);
-        view(bench, {{"view", key}});
-    }
-}
-
 template <void (MainForm::*event)(std::int16_t, std::int16_t, float, float)>
 void pointer(EditorBench&, const json& step) {
     (Main.*event)(step.at("button"), step.at("shift"), step.at("x"), step.at("y"));
@@ -183,7 +168,6 @@ void preferences(EditorBench&, const json& step) {
 
 const std::map<std::string, Runner> runners{
     {"view", view},
-    {"toolbar", toolbar},
     {"tab", [](EditorBench&, const json& step) { Main.tabClicked(step.at("tab")); }},
     {"press", pointer<&MainForm::DrawArea_MouseDown>},
     {"move", pointer<&MainForm::DrawArea_MouseMove>},
@@ -226,9 +210,12 @@ void applySetup(EditorBench& bench, const json& setup) {
     bench.forget();
 }
 
-void runStep(EditorBench& bench, const json& step) {
+void runStep(EditorBench& bench, const json& step, ToolbarClick click) {
     scriptAnswers(bench, step);
-    runners.at(step.at("op"))(bench, step);
+    if (step.at("op") == "toolbar")
+        click(bench, step.at("key"));
+    else
+        runners.at(step.at("op"))(bench, step);
 }
 
 }  // namespace velna::test
