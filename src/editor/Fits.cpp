@@ -174,8 +174,9 @@ void fitSide(int width, int height, double& zoom, double& xoff, double& yoff) {
 
 void fitHTop(int width, int height, double& zoom, double& xoff, double& yoff) {
     const MeshSections& body = Fuselage::current();
+    // Fuselages stand here with their shift downward, so what is upward is the mirrored extent.
     const auto across = [&](double bodyWidth) {
-        return Extent{body.shift - bodyWidth / 2, body.shift + bodyWidth / 2};
+        return Extent{-(body.shift + bodyWidth / 2), -(body.shift - bodyWidth / 2)};
     };
     if (Main.focusZoom) return fitSection(width, height, across(body.widthGet()), zoom, xoff, yoff);
     fitBoth(width, {body.startpoint(), body.lengthPoint()}, height, across(body.maxWidthPoint()),

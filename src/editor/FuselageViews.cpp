@@ -125,11 +125,19 @@ void testGaps(Body& body, const LateArray1<Point2D>& upper, const LateArray1<Poi
 
 }  // namespace
 
+void MeshSections::eraseSide() {
+    if (nb_cross != 0) erasePicture(sidePicture(*this));
+}
+
+void MeshSections::eraseHTop() {
+    if (nb_cross != 0) erasePicture(htopPicture(*this));
+}
+
 void MeshSections::drawSide(double zoom, double xoff, double yoff, int selected1, int which) {
     if (nb_cross == 0) return;
     if (selected1 != noSection) selected = true;
     const bool dim = which == otherFuselage;
-    if (!dim && Main.erases()) erasePicture(sidePicture(*this));
+    if (!dim && Main.erases()) eraseSide();
     computeSidePoints(zoom, xoff, yoff);
     drawPicture(sidePicture(*this), dim ? noSection : selected1, which == litTopLine,
                 which == litBottomLine, dim ? dimColor : black);
@@ -139,7 +147,7 @@ void MeshSections::drawHTop(double zoom, double xoff, double yoff, int selected1
     if (nb_cross == 0) return;
     if (selected1 != noSection) selected = true;
     const bool dim = which == otherFuselage;
-    if (Main.erases()) erasePicture(htopPicture(*this));
+    if (Main.erases()) eraseHTop();
     computeHTopPoints(zoom, xoff, yoff);
     // The minus edge never lights: a drag of either end changes the width, shown at the plus edge.
     drawPicture(htopPicture(*this), dim ? noSection : selected1, which == litPlusEdge, false,

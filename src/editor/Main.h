@@ -68,7 +68,7 @@ public:
     bool focusZoom = false;            ///< the next fit goes to the active section
     bool centerUpdate = false;         ///< toggled by the key `Centering`; nothing else reads it
     bool firstPictureRefresh = false;  ///< the next redraw erases nothing
-    bool enteringView = false;         ///< the surface was just cleared: no old lines are on it
+    bool nothingToErase = false;       ///< no old lines are on the surface: all have just gone
 
     // pointer and keys
     bool shiftkey = false;
@@ -203,7 +203,7 @@ public:
     int tab() const { return controls[Control::Parameters].value; }
     /// Whether a redraw takes the old lines off. White over a background picture just painted would
     /// scratch it, so neither the entry of a view nor the first redraw over a picture erases.
-    bool erases() const { return !firstPictureRefresh && !enteringView; }
+    bool erases() const { return !firstPictureRefresh && !nothingToErase; }
     bool renderPressed() const { return controls[Control::RenderButton].checked; }
     bool checked(Control control) const { return controls[control].checked; }
 

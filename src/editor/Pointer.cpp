@@ -20,41 +20,75 @@ bool equipmentTab() {
 
 // ---- press
 
-/// Takes a section in or out where the press with Ctrl has found one; the second test meets the
-/// state that the first has left, on the same `paint`.
-void insertOrRemoveSection(std::int16_t button, void (*draw)(double, double, double, int, int)) {
+/// How a section view draws the fuselages, and takes the current one's old lines off.
+struct SectionView {
+    void (*draw)(double zoom, double xoff, double yoff, int selected1, int which);
+    void (MeshSections::*erase)();
+};
+
+constexpr SectionView sideSections{Fuselage::drawFuselagesSide, &MeshSections::eraseSide};
+constexpr SectionView htopSections{Fuselage::drawFuselagesHTop, &MeshSections::eraseHTop};
+
+/// The old lines go before the arrays grow: a point that has never been drawn stands at the origin,
+/// and a white line to it would cut the picture.
+void insertSection(const SectionView& view) {
     MeshSections& fuselage = Fuselage::current();
-    const auto showChange = [&] {
-        draw(Main.zoom, Main.xoff, Main.yoff, noPart, 0);
-        Main.setScrollMaximum(Control::FuselageScroll, fuselage.nb_sections);
-        if (Main.renderPressed() && button == leftButton) Main.window->renderScene(true);
-    };
-    if (fuselage.paint == FuselagePart::gap) {
-        if (meshFits(&fuselage, fuselage.nb_sections + 1, fuselage.nb_cross))
-            fuselage.insertSection((Main.xloc - Main.xoff) / Main.zoom - fuselage.pos_offset);
-        showChange();
-    }
-    if (fuselage.paint == FuselagePart::bar) {
-        fuselage.removeSection();
-        Main.DrawArea->clear();
-        showChange();
-    }
+    if (Main.erases()) (fuselage.*view.erase)();
+    if (meshFits(&fuselage, fuselage.nb_sections + 1, fuselage.nb_cross))
+        fuselage.insertSection((Main.xloc - Main.xoff) / Main.zoom - fuselage.pos_offset);
+    Main.nothingToErase = true;
+    view.draw(Main.zoom, Main.xoff, Main.yoff, noPart, 0);
+    Main.nothingToErase = false;
 }
 
-void pressSide(std::int16_t button, float x, float y) {
+/// A bar that stood below its new maximum runs no event: the selection may still lie on the section
+/// that is gone.
+void selectLastSection() {
+    MeshSections& fuselage = Fuselage::current();
+    if (fuselage.sel_sec <= fuselage.nb_sections) return;
+    fuselage.sel_sec = fuselage.nb_sections;
+    Main.updateFuselageInterface();
+}
+
+void showSectionCount(std::int16_t button) {
+    Main.setScrollMaximum(Control::FuselageScroll, Fuselage::current().nb_sections);
+    selectLastSection();
+    if (Main.renderPressed() && button == leftButton) Main.window->renderScene(true);
+}
+
+/// Takes a section in or out where the press with Ctrl has found one; the second test meets the
+/// state that the first has left, on the same `paint`. True where the press was on a bar.
+bool insertOrRemoveSection(std::int16_t button, const SectionView& view) {
+    MeshSections& fuselage = Fuselage::current();
+    if (fuselage.paint == FuselagePart::gap) {
+        insertSection(view);
+        showSectionCount(button);
+    }
+    if (fuselage.paint != FuselagePart::bar) return false;
+    fuselage.removeSection();
+    Main.DrawArea->clear();
+    view.draw(Main.zoom, Main.xoff, Main.yoff, noPart, 0);
+    showSectionCount(button);
+    return true;
+}
+
+/// True where the press has removed the section that it hit, or could have.
+bool pressSide(std::int16_t button, float x, float y) {
     if (equipmentTab()) {
         Equipment::testEquipmentsSide(x, y);
         Equipment::initMouseValEquipmentsSide();
-        return;
+        return false;
     }
+    bool removed = false;
     if (ObjectList.shown(currentFuselage)) {
         MeshSections& fuselage = Fuselage::current();
         fuselage.paint = fuselage.testPositionSide(x, y);
         fuselage.initMouseValSide();
-        if (Main.ctrlkey) insertOrRemoveSection(button, Fuselage::drawFuselagesSide);
+        removed = Main.ctrlkey && insertOrRemoveSection(button, sideSections);
     }
     Rudder.paint = Rudder.testPositionSide(x, y);
     Rudder.initMouseValSide();
+    return removed;
 }
 
 void pressFront(float x, float y) {
@@ -76,17 +110,18 @@ void pressVTop(float x, float y) {
     Stabilizer.initMouseValVTop();
 }
 
-void pressHTop(std::int16_t button, float x, float y) {
+/// As `pressSide`.
+bool pressHTop(std::int16_t button, float x, float y) {
     if (equipmentTab()) {
         Equipment::testEquipmentsHTop(x, y);
         Equipment::initMouseValEquipmentsHTop();
-        return;
+        return false;
     }
-    if (!ObjectList.shown(currentFuselage)) return;
+    if (!ObjectList.shown(currentFuselage)) return false;
     MeshSections& fuselage = Fuselage::current();
     fuselage.paint = fuselage.testPositionHTop(x, y);
     fuselage.initMouseValHTop();
-    if (Main.ctrlkey) insertOrRemoveSection(button, Fuselage::drawFuselagesHTop);
+    return Main.ctrlkey && insertOrRemoveSection(button, htopSections);
 }
 
 /// The panel follows what the press has hit, each test overruling the one before. Of the wings only
@@ -255,9 +290,10 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
     yloc = roundToInt16(static_cast<double>(y));
     // Such a press takes the picture: the model must not go along with it.
     if (altkey && pictureShownHere()) return;
+    bool removed = false;
     switch (mode) {
         case ViewMode::Side:
-            pressSide(button, x, y);
+            removed = pressSide(button, x, y);
             break;
         case ViewMode::Front:
             pressFront(x, y);
@@ -266,12 +302,15 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
             pressVTop(x, y);
             break;
         case ViewMode::HTop:
-            pressHTop(button, x, y);
+            removed = pressHTop(button, x, y);
             break;
         default:
             break;
     }
     followHit();
+    // The section has gone from under the pointer: the hand's next pixel must not pull the one that
+    // took its place.
+    if (removed) Fuselage::current().paint = FuselagePart::none;
     DrawArea->refresh();
 }
 

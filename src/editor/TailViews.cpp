@@ -79,7 +79,7 @@ void VertWingSection::drawSide(double zoom, double xoff, double yoff, int select
 void VertWingSection::drawFront(int which) {
     // Over a picture just painted neither the old nor the new outline is drawn: the one would
     // scratch it, and the other would then stay when the fin moves on.
-    if (Main.firstPictureRefresh && !Main.enteringView) return;
+    if (Main.firstPictureRefresh && !Main.nothingToErase) return;
     const Rgb colour = which == eraseState ? white : which == backgroundState ? dimColor : black;
     polyline(*Main.DrawArea, pointsOf(frontPoints), colour);
     if (mirrored()) mirroredPolyline(*Main.DrawArea, pointsOf(frontPoints), Main.xoff, colour);

@@ -23,10 +23,10 @@ public:
             form.setChecked(button, button == key);
         form.mode = mode;
         form.initDrawArea();
-        form.enteringView = true;
+        form.nothingToErase = true;
     }
     ~ViewEntry() {
-        form_.enteringView = false;
+        form_.nothingToErase = false;
         form_.DrawArea->refresh();
     }
     ViewEntry(const ViewEntry&) = delete;

@@ -156,6 +156,9 @@ public:
     void drawVTop(int which);
     void drawHTop(double zoom, double xoff, double yoff, int selected1, int which);
     void drawSection();
+    /// Take the lines of the last drawing off, as the draws do by themselves.
+    void eraseSide();
+    void eraseHTop();
     /// Fits the section editor of `w` x `h` pixels to the selected section.
     void zoomSectionSet(int w, int h);
     std::int32_t testPositionSide(float x, float y);

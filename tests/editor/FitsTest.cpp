@@ -130,7 +130,20 @@ TEST_F(Fits, HTopFitsTheCurrentFuselageAboutItsOwnMiddle) {
     htop();
     EXPECT_EQ(zoom, 0.95 * (500 / 600.0));
     EXPECT_EQ(xoff, (900 - zoom * 800) / 2);
-    EXPECT_EQ(yoff, (500 + zoom * 60) / 2);
+    EXPECT_EQ(yoff, (500 - zoom * 60) / 2) << "it is drawn with its shift downward";
+}
+
+TEST_F(Fits, HTopCentresAHullThatLiesFarToOneSide) {
+    body.shift = 400;
+    body.sel_sec = 2;
+    for (bool focus : {false, true}) {
+        Main.focusZoom = focus;
+        Main.initHTopView();
+        const int section = focus ? 2 : 3;  // the last is the narrowest: it lies in the middle
+        EXPECT_NEAR((body.htopPlus(section).y + body.htopMinus(section).y) / 2, 250, 1e-9);
+        EXPECT_GT(body.htopMinus(2).y, 0);
+        EXPECT_LT(body.htopPlus(2).y, 500);
+    }
 }
 
 TEST_F(Fits, FocusFillsNineTenthsOfTheHeightWithTheSelectedSectionOnce) {
@@ -148,7 +161,7 @@ TEST_F(Fits, FocusFillsNineTenthsOfTheHeightWithTheSelectedSectionOnce) {
     body.shift = 4;
     htop();
     EXPECT_EQ(zoom, 0.9 * 500 / 100);
-    EXPECT_EQ(yoff, (500 + zoom * 8) / 2);
+    EXPECT_EQ(yoff, (500 - zoom * 8) / 2);
     EXPECT_FALSE(Main.focusZoom);
     htop();
     EXPECT_EQ(zoom, 0.95 * (900 / 800.0)) << "the next redraw fits the whole again";

@@ -365,17 +365,5 @@ TEST_F(FuselageHandles, VTopHoverLightsAndUnlightsWithoutErasing) {
     EXPECT_EQ(drawnColours(area), repeated(6, black));
 }
 
-TEST_F(FuselageHandles, AfterARemovalADragEditsTheSectionThatTookThePlace) {
-    body.sel_sec = 2;
-    body.paint = 0;
-    body.initMouseValSide();
-    ASSERT_EQ(body.initval, 10);
-    body.removeSection();
-    ASSERT_EQ(body.nb_sections, 2);
-    body.selectsSide(100, 110);
-    EXPECT_EQ(body.paint, 0);
-    EXPECT_EQ(body.elevation(body.sectionOrder(2)), 5) << "the start value of the one removed";
-}
-
 }  // namespace
 }  // namespace velna

@@ -237,52 +237,6 @@ TEST_F(Pointer, ViewEntryClearsShiftAndCtrlButNotAlt) {
     EXPECT_TRUE(Main.altkey);
 }
 
-TEST_F(Pointer, CtrlPressInAGapInsertsASectionThatMovesDoNotTouch) {
-    enterSide();
-    drag(Main).key(17, 2).press(450, 250).move(460, 230).release();
-    EXPECT_EQ(fuselage.nb_sections, 4);
-    EXPECT_EQ(Main.controls[Control::FuselageScroll].maximum, 4);
-    EXPECT_EQ(fuselage.sectionOrder(3), 4);
-    EXPECT_EQ(fuselage.pos(4), 400);
-    EXPECT_NEAR(fuselage.height(4), 70, 1e-9);
-    EXPECT_FALSE(Main.ctrlkey);
-}
-
-TEST_F(Pointer, InsertionRendersOnlyUnderTheLeftButtonWithRenderPressed) {
-    Main.setChecked(Control::RenderButton, true);
-    enterSide();
-    drag(Main).key(17, 2).press(450, 250);
-    EXPECT_EQ(window.rebuilds, 1);
-    Main.cancelGesture();
-    bench.forget();
-    drag(Main).key(17, 2).press(350, 250, 4);
-    EXPECT_EQ(fuselage.nb_sections, 5);
-    EXPECT_EQ(window.rebuilds, 0);
-}
-
-TEST_F(Pointer, MoveAfterARemovalEditsTheSectionThatTookThePlaceFromTheRemovedStartValue) {
-    enterSide();
-    drag(Main).key(17, 2).press(250, 240);
-    ASSERT_EQ(fuselage.nb_sections, 2);
-    ASSERT_EQ(fuselage.paint, FuselagePart::bar);
-    ASSERT_EQ(fuselage.elevationGet(), 30);
-    drag(Main).hover(20, 20);
-    Main.DrawArea_MouseMove(1, 0, 250, 230);
-    EXPECT_EQ(fuselage.elevationGet(), 20) << "10, the removed section's, and 10 up";
-}
-
-TEST_F(Pointer, CtrlPressOnABarOfTwoSectionsRemovesNothingAndClearsTheSurface) {
-    fuselage.nb_sections = 2;
-    fuselage.initArrays();
-    enterSide();
-    drag(Main).key(17, 2).press(250, 240);
-    EXPECT_EQ(fuselage.nb_sections, 2);
-    ASSERT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1);
-    // White over the old place, then two edges and two bars: wing and fin wait for the next move.
-    EXPECT_EQ(area.lines(black) + area.lines(highlightColor), 4);
-    EXPECT_EQ(area.lines(dimColor), 0);
-}
-
 TEST_F(Pointer, HoverChangesTheSelectedSectionInAGapWithCtrlToo) {
     enterSide();
     drag(Main).hover(250, 240);
@@ -355,24 +309,6 @@ TEST_F(Pointer, HTopReleaseDrawsTheFuselagesPlainlyUnderTheElectronicsTabToo) {
     EXPECT_EQ(area.lines(black), 0);
     drag(Main).press(20, 20).release();
     EXPECT_GT(area.lines(black), 0);
-}
-
-TEST_F(Pointer, InsertionStopsWhereAProjectFileWouldNotTakeTheMesh) {
-    ++nbFuselages;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
-    ObjectList.setShown(2, false);
-    // Room for 32 points: the 24 of the default fuselage and one section more. It is hidden, so
-    // nobody asks for the points that it only counts.
-    Fuselages(2).nb_sections = 2551;
-    Fuselages(2).nb_cross = 1568;
-    enterSide();
-    drag(Main).key(17, 2).press(450, 250);
-    EXPECT_EQ(fuselage.nb_sections, 4);
-    Main.cancelGesture();
-    drag(Main).key(17, 2).press(350, 250);
-    EXPECT_EQ(fuselage.nb_sections, 4);
 }
 
 }  // namespace

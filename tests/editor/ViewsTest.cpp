@@ -63,7 +63,7 @@ TEST_F(Views, EntryPressesItsKeyAndClearsShiftAndCtrlButNotAlt) {
         EXPECT_FALSE(Main.ctrlkey);
         EXPECT_TRUE(Main.altkey);
         for (int key = 1; key <= 4; ++key) EXPECT_EQ(Main.checked(viewKeys[key - 1]), key == mode);
-        EXPECT_FALSE(Main.enteringView);
+        EXPECT_FALSE(Main.nothingToErase);
     }
 }
 
