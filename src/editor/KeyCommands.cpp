@@ -70,7 +70,9 @@ CursorShape constrainedCursor() {
 }
 
 void armModifier(std::int16_t shift) {
-    if (shift == ShiftState::shift && Main.anySelected() && Main.cursor != CursorShape::Custom) {
+    // Armed already, the cursor is the table's, which shows the direction of the drag to come.
+    if (shift == ShiftState::shift && !Main.shiftkey && Main.anySelected() &&
+        Main.cursor != CursorShape::Custom) {
         Main.setCursor(constrainedCursor());
         Main.shiftkey = true;
     }

@@ -134,16 +134,27 @@ TEST_F(KeyCommands, ShiftArmsWhenSomethingIsSelectedAndTheCursorIsNotTheCustomOn
     EXPECT_EQ(Main.cursor, CursorShape::WestEast) << "as the cursor table says";
 }
 
+TEST_F(KeyCommands, AnArmedShiftLeavesTheCursorThatShowsTheWayOfTheDrag) {
+    enterSide();
+    drag(Main).hover(250, 240).key(16, 1).hover(250, 241);
+    ASSERT_EQ(Main.cursor, CursorShape::WestEast);
+    Main.DrawArea_keydown(16, 1);
+    EXPECT_EQ(Main.cursor, CursorShape::WestEast) << "a held key goes down again and again";
+    drag(Main).press(250, 241).move(260, 230);
+    EXPECT_EQ(fuselage.pos(2), 210);
+    EXPECT_EQ(fuselage.elevation(2), 10);
+}
+
 TEST_F(KeyCommands, ShiftPointsSidewaysOverFinBoxAndTheFuselageInVTop) {
     Rudder.selected = true;
     Main.DrawArea_keydown(16, 1);
     EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Rudder.selected = false;
+    Rudder.selected = Main.shiftkey = false;
     Main.setCursor(CursorShape::Default);
     Equipments(1).selected = true;
     Main.DrawArea_keydown(16, 1);
     EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Equipments(1).selected = false;
+    Equipments(1).selected = Main.shiftkey = false;
     Main.setCursor(CursorShape::Default);
     fuselage.selected = true;
     Main.DrawArea_keydown(16, 1);
