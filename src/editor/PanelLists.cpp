@@ -45,8 +45,9 @@ void fuselageChosen(std::int16_t value) {
         Main.setText(Control::NbCrossFuselageText, "0");
         return;
     }
-    Main.updateFuselageInterface();
+    // The scale first: the filler draws the section.
     Main.zoomSectionSet();
+    Main.updateFuselageInterface();
     Main.refreshDrawingArea();
 }
 

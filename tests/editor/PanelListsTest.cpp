@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -95,6 +97,24 @@ TEST_F(PanelLists, FuselagePlusWithCtrlAloneCopiesTheCurrentOne) {
     EXPECT_GT(Fuselages(2).szoom, 0) << "a copy has no scale until the first fit, run at once";
     press(Control::IndexFusPlusButton, ShiftState::ctrl + ShiftState::shift);
     EXPECT_EQ(Fuselages(3).width(2), 100);
+}
+
+TEST_F(PanelLists, AnotherFuselagesSectionIsDrawnAtItsOwnScale) {
+    press(Control::IndexFusPlusButton);
+    Fuselages(1).width(1) = 400;
+    Fuselages(2).width(1) = 80;
+    Fuselages(1).szoom = Fuselages(2).szoom = 0.5;  // as a file leaves them
+    for (int n : {1, 2}) {
+        bench.forget();
+        Main.scrollChanged(Control::IndexFusScroll, n);
+        double left = 150;
+        double right = 0;
+        for (const auto& call : sectionArea.sinceClear()) {
+            left = std::min({left, call.x1, call.x2});
+            right = std::max({right, call.x1, call.x2});
+        }
+        EXPECT_NEAR(right - left, 135, 1e-4) << "nine tenths of the picture, fuselage " << n;
+    }
 }
 
 TEST_F(PanelLists, FuselageMinusAsksAndTakesTheLastOne) {
