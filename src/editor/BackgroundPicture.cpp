@@ -5,6 +5,12 @@
 
 namespace velna {
 
+void MainForm::enablePictureEntries(bool on) {
+    for (Control entry :
+         {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap, Control::LockZoom})
+        setEnabled(entry, on);
+}
+
 void MainForm::paintPicture() {
     const BackgroundPicture& picture = pictureHere();
     DrawArea->paintPicture(picture.file, picture.position, picture.size);
@@ -28,9 +34,7 @@ void MainForm::loadBitmapAction() {
     }
     clearBitmapAction();
     picture.shown = true;
-    setEnabled(Control::MoveBitmap, true);
-    setEnabled(Control::SizeBitmap, true);
-    setEnabled(Control::ClearBitmap, true);
+    enablePictureEntries(true);
     if (const auto natural = DrawArea->pictureSize(picture.file)) {
         picture.size = *natural;
         picture.position = {DrawArea->width() / 2 - natural->x / 2,
@@ -39,7 +43,6 @@ void MainForm::loadBitmapAction() {
     picture.scale = 100;
     DrawArea->clear();
     paintPicture();
-    setEnabled(Control::LockZoom, true);
     DrawArea->refresh();
 }
 
@@ -69,9 +72,7 @@ void MainForm::clearBitmapAction() {
     DrawArea->clear();
     pictureHere().shown = false;
     refreshDrawingArea();
-    for (Control entry :
-         {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap, Control::LockZoom})
-        setEnabled(entry, false);
+    enablePictureEntries(false);
     setChecked(Control::LockZoom, false);
 }
 

@@ -164,6 +164,8 @@ public:
     bool pictureShownHere() const { return pictures[static_cast<std::size_t>(mode)].shown; }
     BackgroundPicture& pictureHere() { return pictures[static_cast<std::size_t>(mode)]; }
     void paintPicture();
+    /// The menu entries that work on a shown picture.
+    void enablePictureEntries(bool on);
     void setDrawMode(DrawMode drawMode);
     void loadBitmapAction();
     void moveBitmapAction();

@@ -22,6 +22,8 @@ public:
              {Control::VTopButton, Control::FrontButton, Control::SideButton, Control::HTopButton})
             form.setChecked(button, button == key);
         form.mode = mode;
+        // What another view's Clear has disabled: this view's picture must be within reach.
+        if (form.pictureShownHere()) form.enablePictureEntries(true);
         form.initDrawArea();
         form.nothingToErase = true;
     }

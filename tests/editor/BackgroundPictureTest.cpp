@@ -104,7 +104,7 @@ TEST_F(BackgroundPictures, EachViewHasItsOwn) {
     EXPECT_EQ(shown[0].file, "top.bmp");
 }
 
-TEST_F(BackgroundPictures, EntriesFollowTheLastActionAndNotTheView) {
+TEST_F(BackgroundPictures, EntriesFollowTheLastActionInAViewWithoutOne) {
     load("top.bmp", {100, 100});
     Main.initSideView();
     EXPECT_TRUE(enabled(Control::ClearBitmap));
@@ -185,7 +185,35 @@ TEST_F(BackgroundPictures, DragOverAPictureErasesNothingOnceAndThenInverts) {
     EXPECT_GT(area.lines(white), 0);
     gesture.release();
     EXPECT_EQ(area.mode, DrawMode::Copy);
+}
+
+TEST_F(BackgroundPictures, AClickWithoutAMoveLeavesTheNextDragItsErasing) {
+    load("top.bmp", {100, 100});
+    drag(Main).press(20, 20);
+    ASSERT_TRUE(Main.firstPictureRefresh);
+    Main.DrawArea_MouseUp(1, 0, 20, 20);
     EXPECT_FALSE(Main.firstPictureRefresh);
+    Main.menuClicked(Control::ClearBitmap);
+    area.calls.clear();
+    drag(Main).hover(866, 170);
+    EXPECT_GT(area.lines(white), 0) << "the highlight comes in place of the plain lines";
+}
+
+TEST_F(BackgroundPictures, EnteringAViewThatShowsOneEnablesItsEntries) {
+    load("top.bmp", {100, 100});
+    Main.initSideView();
+    Main.menuClicked(Control::ClearBitmap);
+    for (Control entry :
+         {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap, Control::LockZoom})
+        ASSERT_FALSE(enabled(entry)) << controlName(entry);
+    Main.initFrontView();
+    EXPECT_FALSE(enabled(Control::ClearBitmap)) << "a view without one leaves them";
+    Main.initVTopView();
+    for (Control entry :
+         {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap, Control::LockZoom})
+        EXPECT_TRUE(enabled(entry)) << controlName(entry);
+    Main.menuClicked(Control::ClearBitmap);
+    EXPECT_FALSE(Main.pictureShownHere());
 }
 
 TEST_F(BackgroundPictures, PictureThatVanishesOrChangesIsNoTrouble) {
@@ -201,8 +229,12 @@ TEST_F(BackgroundPictures, PictureThatVanishesOrChangesIsNoTrouble) {
     drag(Main).press(866, 170).move(870, 170).release();
     size("30");
     EXPECT_EQ(Main.pictureHere().size, (Point2D{100, 100}));
-    Main.clearBitmapAction();
-    EXPECT_FALSE(Main.pictureShownHere());
+    EXPECT_EQ(Main.pictureHere().position, (Point2D{400, 200}));
+    EXPECT_TRUE(Main.pictureShownHere()) << "it comes back with its file";
+    area.pictures["top.bmp"] = {100, 100};
+    area.calls.clear();
+    Main.refreshDrawingArea();
+    EXPECT_EQ(area.count(SurfaceCall::Kind::Picture), 1);
 }
 
 TEST_F(BackgroundPictures, UnreadableFileIsShownAsNothingWithoutAMessage) {
