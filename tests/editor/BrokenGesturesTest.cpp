@@ -1,3 +1,4 @@
+#include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
 #include "support/Drag.h"
@@ -37,12 +38,56 @@ TEST_F(BrokenGestures, CancelEndsADragInHover) {
     EXPECT_EQ(fuselage.elevation(2), 20) << "what was dragged so far stands, and no more moves";
 }
 
-TEST_F(BrokenGestures, CancelEndsADragWhoseViewWasLeft) {
-    enterSide();
-    drag(Main).press(250, 240);
-    Main.mode = ViewMode::Front;
-    Main.cancelGesture();
-    EXPECT_FALSE(Main.anyBusy());
+Point2D middle(Point2D a, Point2D b) {
+    return {(a.x + b.x) / 2, a.y};
+}
+
+/// A handle of each kind on the surface as drawn, and another view, whose release asks no such
+/// kind.
+struct Grab {
+    const char* kind;
+    int tab;
+    void (MainForm::*enter)();
+    Point2D (*handle)();
+    bool (*busy)();
+    void (MainForm::*leaveTo)();
+};
+
+const Grab grabs[] = {
+    {"fuselage", PanelTab::fuselage, &MainForm::initSideView,
+     [] {
+         return Point2D{250, 240};
+     },
+     [] { return Fuselage::current().paint != FuselagePart::none; }, &MainForm::initFrontView},
+    {"fin", PanelTab::rudder, &MainForm::initSideView,
+     [] { return middle(Rudder.sidePoints[3], Rudder.sidePoints[4]); },
+     [] { return Rudder.paint != FinPart::none; }, &MainForm::initVTopView},
+    {"wing", PanelTab::wing, &MainForm::initVTopView, [] { return Wings(1).vtopPoints[2]; },
+     [] { return Wings(1).paint != WingPart::none; }, &MainForm::initSideView},
+    {"stabiliser", PanelTab::stabilizer, &MainForm::initVTopView,
+     [] { return Stabilizer.vtopPoints[2]; }, [] { return Stabilizer.paint != WingPart::none; },
+     &MainForm::initHTopView},
+    {"box", PanelTab::electronics, &MainForm::initSideView,
+     [] { return middle(Equipments(1).sideOutline[1], Equipments(1).sideOutline[2]); },
+     [] { return Equipments(1).paint == 0; }, &MainForm::initFrontView},
+};
+
+TEST_F(BrokenGestures, CancelEndsADragOfEachKindWhoseViewWasLeft) {
+    for (const Grab& grab : grabs) {
+        SCOPED_TRACE(grab.kind);
+        enterSide();
+        Main.selectTab(grab.tab);
+        (Main.*grab.enter)();
+        const Point2D place = grab.handle();
+        drag(Main).press(static_cast<float>(place.x), static_cast<float>(place.y));
+        ASSERT_TRUE(grab.busy());
+        (Main.*grab.leaveTo)();
+        ASSERT_TRUE(grab.busy()) << "a view's entry lets nothing go";
+        Main.selectTab(PanelTab::wing);
+        Main.cancelGesture();
+        EXPECT_FALSE(grab.busy());
+        EXPECT_FALSE(Main.anyBusy());
+    }
 }
 
 TEST_F(BrokenGestures, CancelDisarmsAndElseDoesNothing) {
