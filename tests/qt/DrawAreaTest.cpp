@@ -153,6 +153,28 @@ TEST_F(DrawAreaEvents, AKeyHeldWhenTheFocusGoesIsForgotten) {
     EXPECT_TRUE(Main.ctrlkey);
 }
 
+TEST_F(DrawAreaEvents, WhatKeyAShowsStandsWhenTheKeyComesUp) {
+    Main.setChecked(Control::LockZoom, false);
+    Main.initSideView();
+    const double whole = Main.zoom;
+    key(QEvent::KeyPress, Qt::Key_A);
+    const double section = Main.zoom;
+    ASSERT_NE(section, whole);
+    key(QEvent::KeyRelease, Qt::Key_A);
+    move({250, 240}, Qt::NoButton);
+    EXPECT_EQ(Main.zoom, section);
+    Main.refreshDrawingArea();
+    EXPECT_EQ(Main.zoom, whole) << "until the next redraw that fits";
+}
+
+TEST_F(DrawAreaEvents, AHeldShiftShowsTheWayOfTheDragAtEveryPixel) {
+    move({250, 240}, Qt::NoButton, Qt::ShiftModifier);
+    for (double y : {241, 242, 243}) {
+        move({250, y}, Qt::NoButton, Qt::ShiftModifier);
+        EXPECT_EQ(Main.cursor, CursorShape::WestEast) << y;
+    }
+}
+
 TEST_F(DrawAreaEvents, AnUnknownKeyGoesOnToTheWindow) {
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, {});
     QApplication::sendEvent(&widget, &escape);

@@ -118,7 +118,6 @@ void DrawArea::keyReleaseEvent(QKeyEvent* event) {
         if (keysDown_ == 0) return;
         --keysDown_;
     }
-    Main.Form_keyup();  // the form sees a key before its control does
     Main.DrawArea_keyup();
     surface().refresh();
 }

@@ -1,5 +1,6 @@
 #include "shell/qt/MainWindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -75,6 +76,7 @@ void MainWindow::build(bool smallFonts) {
     bar_ = new Bar(mirrors_, this);
     buildSigns();
     popup_ = new PopupMenu(mirrors_, this);
+    for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
     layOut(size());
     connect(windowHandle(), &QWindow::screenChanged, this, [this] { followScreen(); });
 }
@@ -268,13 +270,23 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
     }
 }
 
+void MainWindow::formKeyUp(const QKeyEvent& event) {
+    if (!started_ || flight_ || event.isAutoRepeat()) return;
+    Main.Form_keyup();
+    drawArea_->surface().refresh();
+}
+
 // The releases that no control has kept for itself.
 void MainWindow::keyReleaseEvent(QKeyEvent* event) {
-    if (started_ && !flight_ && !event->isAutoRepeat()) {
-        Main.Form_keyup();
-        drawArea_->surface().refresh();
-    }
+    formKeyUp(*event);
     QWidget::keyReleaseEvent(event);
+}
+
+// A button keeps the key that has pressed it.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyRelease && static_cast<QAbstractButton*>(watched)->isDown())
+        formKeyUp(static_cast<const QKeyEvent&>(*event));
+    return false;
 }
 
 }  // namespace velna

@@ -53,6 +53,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -66,6 +67,8 @@ private:
     /// What was drawn for another size is drawn anew.
     void redraw();
     void followScreen();
+    /// The form's own key-up, which comes from every control but the drawing area.
+    void formKeyUp(const QKeyEvent& event);
 
     Mirrors mirrors_;
     Bar* bar_ = nullptr;
