@@ -6,7 +6,9 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <limits>
+#include <string>
 #include <system_error>
 
 namespace velna {
@@ -73,7 +75,32 @@ long long leadingPlace(std::string_view mantissa) {
     return static_cast<long long>(point) - static_cast<long long>(first) + 1;
 }
 
-/// What a number stands for that no double can hold: an infinity, or 0 when it is too small.
+/// The digits of a mantissa without its point, and without zeros before and behind.
+std::string significantOf(std::string_view mantissa) {
+    std::string digits;
+    std::copy_if(mantissa.begin(), mantissa.end(), std::back_inserter(digits), isDigit);
+    digits.erase(0, digits.find_first_not_of('0'));
+    digits.erase(digits.find_last_not_of('0') + 1);
+    return digits;
+}
+
+/// Whether these digits, at the largest double's own power of ten, are that double with its last
+/// digit rounded up: a file keeps 15 digits, and in those the largest double has no neighbour
+/// below.
+bool isLargestRounded(const std::string& digits) {
+    const auto count = static_cast<int>(digits.size());
+    if (count < significantDigits || count > std::numeric_limits<double>::max_digits10)
+        return false;
+    char text[longestNumber];
+    auto* const end = std::to_chars(text, text + longestNumber, std::numeric_limits<double>::max(),
+                                    std::chars_format::scientific, count - 1)
+                          .ptr;
+    const std::string_view largest(text, static_cast<std::size_t>(end - text));
+    return significantOf(largest.substr(0, largest.find('e'))) == digits;
+}
+
+/// What a number stands for that no double can hold: an infinity, the largest double where only the
+/// rounding of the last digit carried it beyond, or 0 when it is too small.
 double outOfRange(std::string_view number) {
     const bool negative = number.front() == '-';
     if (negative) number.remove_prefix(1);
@@ -84,10 +111,14 @@ double outOfRange(std::string_view number) {
         if (c == '-') negativeExponent = true;
         if (isDigit(c)) exponent = std::min(exponent * 10 + (c - '0'), 1LL << 40);
     }
-    const long long size =
-        leadingPlace(number.substr(0, letter)) + (negativeExponent ? -exponent : exponent);
-    const double magnitude = size > 0 ? std::numeric_limits<double>::infinity() : 0.0;
-    return negative && size > 0 ? -magnitude : magnitude;
+    const auto mantissa = number.substr(0, letter);
+    const long long size = leadingPlace(mantissa) + (negativeExponent ? -exponent : exponent);
+    if (size <= 0) return 0;
+    constexpr int largestSize = std::numeric_limits<double>::max_exponent10 + 1;
+    const double magnitude = size == largestSize && isLargestRounded(significantOf(mantissa))
+                                 ? std::numeric_limits<double>::max()
+                                 : std::numeric_limits<double>::infinity();
+    return negative ? -magnitude : magnitude;
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ void appendInteger(std::string& out, long long value);
 /// The number that the longest numeric prefix of `text` gives (blanks before it are skipped, an
 /// exponent counts when complete, `.5` and `5.` are numbers, no hexadecimal), or nothing when the
 /// text starts with no number. A number beyond the range of a double comes back as an infinity, so
-/// that the assignment that follows fails.
+/// that the assignment that follows fails; but the largest double, which `numberText` must round
+/// up, comes back as itself.
 std::optional<double> numericPrefix(std::string_view text);
 
 /// `numericPrefix`, and takes what it read, blanks included, off the front of `text`. Without a

@@ -71,6 +71,21 @@ TEST(NumberText, AppendingLeavesWhatStandsThere) {
     EXPECT_EQ(text, "x -2.25-32768");
 }
 
+TEST(NumericPrefix, TakesTheLargestDoubleThoughItsTextIsRoundedUp) {
+    constexpr double largest = std::numeric_limits<double>::max();
+    EXPECT_EQ(numberText(largest), "1.79769313486232E+308");
+    for (const char* text :
+         {"1.79769313486232E+308", "1.79769313486232000E+308", "179769313486232e294",
+          "0.00179769313486232E311", "1.797693134862316E308", "1.7976931348623157E308"}) {
+        EXPECT_EQ(numericPrefix(text), largest) << text;
+        EXPECT_EQ(numericPrefix(std::string("-") + text), -largest) << text;
+        EXPECT_EQ(wholeNumber(text), largest) << text;
+    }
+    for (const char* text : {"1.79769313486233E+308", "1.79769313486232E+309", "1.8E308", "2E308",
+                             "1.7976931348623159E308", "1.79769313486232001E308", "1e999"})
+        EXPECT_EQ(numericPrefix(text), infinity) << text;
+}
+
 TEST(NumericPrefix, TakesTheLongestNumber) {
     EXPECT_EQ(numericPrefix("12.5 mm"), 12.5);
     EXPECT_EQ(numericPrefix("  \t7"), 7);

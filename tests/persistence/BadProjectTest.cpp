@@ -98,6 +98,26 @@ TEST_F(BadProject, WhatABadFileLeftCanBeUsedSavedAndReadAgain) {
         }
 }
 
+TEST_F(BadProject, WhatIsSavedFromExtremeValuesCanBeReadAgain) {
+    const auto lines = linesOf(bytesOf(projectData + "current/default.vln"));
+    const auto isLength = [](const std::string& line) {
+        return line.find('.') != std::string::npos || line == "700" || line == "150";
+    };
+    for (const std::string extreme : {"1.79769313486232E+308", "-1.79769313486232E+308",
+                                      "4.94065645841247E-324", "2.2250738585072E-308"}) {
+        auto changed = lines;
+        for (auto line = changed.begin() + 1; line != changed.end(); ++line)
+            if (isLength(*line)) *line = extreme;
+        ASSERT_NE(changed, lines);
+        ASSERT_TRUE(readBytes(joinedLines(changed))) << extreme;
+        EXPECT_TRUE(allFinite(modelJson()));
+        const std::string saved = savedBytes();
+        EXPECT_NE(saved.find(extreme), std::string::npos);
+        ASSERT_TRUE(readBytes(saved)) << extreme;
+        EXPECT_TRUE(sameBytes(savedBytes(), saved));
+    }
+}
+
 TEST_F(BadProject, CountsThatPromiseMoreThanTheFileHoldsAreRead) {
     auto lines = linesOf(bytesOf(projectData + "current/default.vln"));
     lines[1] = "32767";
