@@ -26,7 +26,8 @@ public:
     virtual ~Dialogs() = default;
 
     virtual FileAnswer openFile(const std::string& filter) = 0;
-    /// Asks before overwriting; appends the chosen kind's extension when none is typed.
+    /// Appends the chosen kind's extension to a name that ends in none of the kinds'; asks before
+    /// overwriting.
     virtual FileAnswer saveFile(const std::string& filter) = 0;
     /// Nothing when cancelled. A colour is a 24-bit value with red in the low byte.
     virtual std::optional<std::uint32_t> pickColour(std::uint32_t preset) = 0;

@@ -18,6 +18,7 @@
 #include "shell/qt/PrintSelectForm.h"
 #include "shell/qt/QtPrinterSurface.h"
 #include "shell/qt/QtProgress.h"
+#include "shell/qt/SaveDialog.h"
 
 namespace velna {
 namespace {
@@ -44,6 +45,16 @@ QList<FileKind> fileKinds(const std::string& filter) {
             if (!kind.patterns.contains(more)) kind.patterns.append(more);
     }
     return kinds;
+}
+
+QString extensionOf(const FileKind& kind) {
+    return kind.patterns.first().mid(2);
+}
+
+QStringList extensionsOf(const std::string& filter) {
+    QStringList extensions;
+    for (const FileKind& kind : fileKinds(filter)) extensions.append(extensionOf(kind));
+    return extensions;
 }
 
 // The dialog takes its patterns from the last brackets and shows what stands before them.
@@ -98,16 +109,15 @@ FileAnswer QtDialogs::openFile(const std::string& filter) {
 FileAnswer QtDialogs::openFile(const std::string& filter, FilePurpose purpose) {
     QFileDialog dialog(&owner_, "Open");
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return ask(dialog, filter, false, purpose);
+    return ask(dialog, nullptr, filter, purpose);
 }
 
 FileAnswer QtDialogs::saveFile(const std::string& filter) {
-    QFileDialog dialog(&owner_, "Save");
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    return ask(dialog, filter, true, FilePurpose::Project);
+    SaveDialog dialog(&owner_, extensionsOf(filter));
+    return ask(dialog, &dialog, filter, FilePurpose::Project);
 }
 
-FileAnswer QtDialogs::ask(QFileDialog& dialog, const std::string& filter, bool saving,
+FileAnswer QtDialogs::ask(QFileDialog& dialog, SaveDialog* saving, const std::string& filter,
                           FilePurpose purpose) {
     const QList<FileKind> kinds = fileKinds(filter);
     QStringList names;
@@ -124,13 +134,14 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, const std::string& filter, bool s
         return qsizetype{0};
     };
     const auto purposeNow = [&] {
-        return purpose == FilePurpose::Background ? purpose : purposeOf(kinds[chosen()], saving);
+        return purpose == FilePurpose::Background ? purpose
+                                                  : purposeOf(kinds[chosen()], saving != nullptr);
     };
     // Another kind of file has another folder, and a typed name gets its extension.
     const auto follow = [&] {
         const QString& folder = folders_[purposeNow()];
         if (!folder.isEmpty()) dialog.setDirectory(folder);
-        if (saving) dialog.setDefaultSuffix(kinds[chosen()].patterns.first().mid(2));
+        if (saving) saving->setExtension(extensionOf(kinds[chosen()]));
     };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
                      [&](const QString&) { follow(); });

@@ -14,6 +14,7 @@ namespace velna {
 
 class ManagerForm;
 class QtPrinterSurface;
+class SaveDialog;
 
 /// The dialogs of the program, each over the main window.
 class QtDialogs : public Dialogs {
@@ -39,7 +40,8 @@ public:
     void showFuselageRows();
 
 private:
-    FileAnswer ask(QFileDialog& dialog, const std::string& filter, bool saving,
+    /// Asks by `dialog`, which is also `saving` where a name to save under is wanted.
+    FileAnswer ask(QFileDialog& dialog, SaveDialog* saving, const std::string& filter,
                    FilePurpose purpose);
 
     QWidget& owner_;
