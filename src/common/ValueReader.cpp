@@ -37,6 +37,33 @@ public:
     const int descriptor;
 };
 
+/// The size of a regular file; anything else cannot be read to an end, nor a larger one held.
+off_t sizeOf(const OpenFile& file, const std::string& path) {
+    if (file.descriptor < 0) failWithErrno(path);
+    struct stat status {};
+    if (::fstat(file.descriptor, &status) != 0) failWithErrno(path);
+    if (!S_ISREG(status.st_mode)) throw ReadFailure(path + ": not a regular file");
+    if (status.st_size > largestFile) throw ReadFailure(path + ": too large");
+    return status.st_size;
+}
+
+/// The first `size` bytes, fewer where the file has become shorter. What a file gains while it is
+/// read is left for the next time: a file that keeps growing must not keep the reader busy.
+std::string readBytes(const OpenFile& file, const std::string& path, off_t size) {
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    std::size_t have = 0;
+    while (have < bytes.size()) {
+        const auto got = ::read(file.descriptor, bytes.data() + have,
+                                std::min(bytes.size() - have, readSize * 16));
+        if (got < 0 && errno == EINTR) continue;
+        if (got < 0) failWithErrno(path);
+        if (got == 0) break;
+        have += static_cast<std::size_t>(got);
+    }
+    bytes.resize(have);
+    return bytes;
+}
+
 bool isLineEnd(char c) {
     return c == '\r' || c == '\n';
 }
@@ -76,25 +103,12 @@ T wholeInteger(std::string_view text) {
 
 std::string readWholeFile(const std::string& path) {
     const OpenFile file(path);
-    if (file.descriptor < 0) failWithErrno(path);
-    struct stat status {};
-    if (::fstat(file.descriptor, &status) != 0) failWithErrno(path);
-    if (!S_ISREG(status.st_mode)) throw ReadFailure(path + ": not a regular file");
-    if (status.st_size > largestFile) throw ReadFailure(path + ": too large");
-    // What a file gains while it is read is left for the next time: a file that keeps growing must
-    // not keep the reader busy.
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
-    std::size_t have = 0;
-    while (have < bytes.size()) {
-        const auto got = ::read(file.descriptor, bytes.data() + have,
-                                std::min(bytes.size() - have, readSize * 16));
-        if (got < 0 && errno == EINTR) continue;
-        if (got < 0) failWithErrno(path);
-        if (got == 0) break;
-        have += static_cast<std::size_t>(got);
-    }
-    bytes.resize(have);
-    return bytes;
+    return readBytes(file, path, sizeOf(file, path));
+}
+
+std::string readFileStart(const std::string& path, std::size_t most) {
+    const OpenFile file(path);
+    return readBytes(file, path, std::min(sizeOf(file, path), static_cast<off_t>(most)));
 }
 
 std::string_view ValueReader::line() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <stdexcept>
 #include <string>
@@ -17,6 +18,10 @@ public:
 /// Reads the whole of a regular file into memory; throws ReadFailure when it cannot (no such file,
 /// a directory, no permission, more than memory should hold).
 std::string readWholeFile(const std::string& path);
+
+/// Reads the first `most` bytes of a regular file, or all where it has fewer; throws ReadFailure
+/// when it cannot.
+std::string readFileStart(const std::string& path, std::size_t most);
 
 /// Reads lines and values from the bytes of a text file, in order. A value ends at a comma or at
 /// the line end, which is consumed with it; CR LF, LF and CR end a line. Every operation throws

@@ -72,6 +72,9 @@ void fitHTop(int width, int height, double& zoom, double& xoff, double& yoff);
 // persistence/
 /// Saves the project and its pictures' side files. Returns the reason of a failure, empty for none.
 std::string saveProject(const std::string& file);
+/// Why `file` is no project, empty where it is one: it cannot be read, or it neither begins as a
+/// project does nor gives even a first wing. The model is not touched.
+std::string whyNoProject(const std::string& file);
 /// Replaces the model by the file's; expects setDefaultPlane to have run. Never fails aloud: what
 /// was read before a failure stands. Returns the text of the one message that a refused version
 /// has, or an empty text.

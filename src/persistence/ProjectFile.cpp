@@ -1,5 +1,6 @@
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
@@ -20,6 +21,9 @@ namespace {
 
 constexpr const char* firstLinePrefix = "# VELNA File Format V ";
 constexpr const char* refusedVersion = "The vln file version 0.1.x is not any more supported";
+
+/// What a file begins with that was once a project, whatever has become of the rest.
+constexpr std::string_view projectMark = "# VELNA File Format V";
 
 /// A failed read is no matter for a message box; whoever runs the program from a terminal sees it.
 void complain(const std::string& file, const char* reason) {
@@ -43,6 +47,16 @@ std::string saveProject(const std::string& file) {
     // A picture that cannot be copied is told of, but must not keep the aircraft from being saved.
     const std::string pictureFailure = PictureFiles::saveTextureNames(target, folderOf(file));
     return target.commit() ? pictureFailure : target.error();
+}
+
+std::string whyNoProject(const std::string& file) {
+    try {
+        if (readFileStart(file, projectMark.size()) == projectMark) return {};
+        if (holdsFirstWing(readWholeFile(file))) return {};
+    } catch (const ReadFailure& failure) {
+        return failure.what();
+    }
+    return file + ": no Velna project";
 }
 
 std::string readProject(const std::string& file) {

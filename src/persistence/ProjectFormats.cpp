@@ -120,4 +120,19 @@ bool readProjectBytes(std::string_view bytes) {
     return true;
 }
 
+bool holdsFirstWing(std::string_view bytes) {
+    try {
+        ValueReader file(bytes);
+        const ProjectFormat& format = formatOf(file.line());
+        if (!format.readWings) return false;
+        file.count(1);
+        // In every version the stabiliser's record is a wing's.
+        Wing scratch;
+        (scratch.*format.readStabilizer)(file);
+        return true;
+    } catch (const ReadFailure&) {
+        return false;
+    }
+}
+
 }  // namespace velna

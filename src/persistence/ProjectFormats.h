@@ -30,4 +30,7 @@ const ProjectFormat& formatOf(std::string_view firstLine);
 /// the model.
 bool readProjectBytes(std::string_view bytes);
 
+/// Whether a project's first wing can be read from `bytes`; the model is not touched.
+bool holdsFirstWing(std::string_view bytes);
+
 }  // namespace velna

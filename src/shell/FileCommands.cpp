@@ -46,8 +46,14 @@ void resetModel() {
     Main.setScroll(Control::IndexServosScroll, nbEquipments, currentEquipment);
 }
 
-/// False when the user would rather keep the current project.
+/// False when the user would rather keep the current project. A file that is no project is found
+/// out before the aircraft in hand is touched, or asked about.
 bool openProject(const std::string& file) {
+    const std::string reason = Plane::whyNoProject(file);
+    if (!reason.empty()) {
+        reportFailure(titleOf(file) + " could not be opened. The aircraft stays as it is.", reason);
+        return true;
+    }
     if (!Main.savedProject &&
         !Shell.dialogs->askYesNo("The current project has not been saved and will be lost\n"
                                  "Do you want to proceed ?",

@@ -78,4 +78,38 @@ TEST_F(FormatDispatch, AFirstLineOfAMegabyteIsRead) {
     EXPECT_TRUE(readBytes(joinedLines(lines)));
 }
 
+TEST_F(FormatDispatch, EveryVersionIsKnownByItsFirstWingToo) {
+    for (const auto& name : namesIn(projectData + "legacy/", ".json")) {
+        SCOPED_TRACE(name);
+        const std::string path = projectData + "legacy/" + name + ".vln";
+        EXPECT_EQ(Plane::whyNoProject(path), "");
+        auto lines = linesOf(bytesOf(path));
+        if (lines[0].find("V0.1") != std::string::npos) continue;
+        // Whatever stands before the version.
+        if (lines[0].starts_with("# ")) lines[0].erase(0, 1);
+        const auto firstWing = [&](std::ptrdiff_t count) {
+            return joinedLines({lines.begin(), lines.begin() + count});
+        };
+        const auto head = std::ranges::find(lines, "Wing Type") - lines.begin();
+        const auto next = std::find(lines.begin() + head + 1, lines.end(), "Wing Type");
+        const auto end = next - lines.begin();
+        EXPECT_TRUE(holdsFirstWing(firstWing(end)));
+        EXPECT_FALSE(holdsFirstWing(firstWing(end - 1)));
+        EXPECT_FALSE(holdsFirstWing(firstWing(1)));
+    }
+}
+
+TEST_F(FormatDispatch, WhatBeginsAsAProjectIsOneHoweverShort) {
+    const auto whyNot = [&](const std::string& bytes) {
+        writeBytes(folder / "x.vln", bytes);
+        return Plane::whyNoProject(folder / "x.vln");
+    };
+    EXPECT_EQ(whyNot("# VELNA File Format V"), "");
+    EXPECT_EQ(whyNot("# VELNA File Format V0.1\r\n"), "");
+    for (const std::string bytes : {"", "# VELNA File Format ", "2.2.1\r\n1\r\n", "V0.1\r\n1\r\n"})
+        EXPECT_EQ(whyNot(bytes), folder / "x.vln: no Velna project") << bytes;
+    EXPECT_NE(Plane::whyNoProject(folder / "missing.vln"), "");
+    EXPECT_NE(Plane::whyNoProject(folder.path()), "");
+}
+
 }  // namespace velna::test

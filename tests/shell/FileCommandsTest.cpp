@@ -126,6 +126,51 @@ TEST_F(FileCommands, ARefusedVersionShowsItsMessage) {
     EXPECT_EQ(Wings(1).span, 700);
 }
 
+TEST_F(FileCommands, WhatIsNoProjectKeepsTheAircraftAndIsNamedInOneBox) {
+    writeFile(file("photo.vln"), std::string("\xff\xd8\xff\xe0\0\x10JFIF", 10));
+    writeFile(file("empty.vln"), "");
+    writeFile(file("letter.vln"), "Dear Sir,\n\n1\nWing Type\n16\n700\n");
+    writeFile(file("old.vln"), "# something V0.1\n1\n");
+    for (const std::string title :
+         {"photo.vln", "empty.vln", "letter.vln", "old.vln", "missing.vln", "program"}) {
+        SCOPED_TRACE(title);
+        dialogs.asked.clear();
+        Wings(1).span = 651;
+        projectDirectory = "/before/";
+        Main.savedProject = false;
+        Main.initSideView();
+        answerFile(file(title), 1);
+        Toolbar::click(Key::Open);
+        EXPECT_EQ(dialogs.story(), "open message");
+        EXPECT_NE(dialogs.asked.back().text.find(title), std::string::npos);
+        EXPECT_EQ(dialogs.asked.back().icon, BoxIcon::Exclamation);
+        EXPECT_EQ(Wings(1).span, 651);
+        EXPECT_EQ(projectDirectory, "/before/");
+        EXPECT_FALSE(Main.savedProject);
+        EXPECT_EQ(Main.mode, ViewMode::VTop);
+    }
+}
+
+TEST_F(FileCommands, AProjectCutShortOrWithAnotherFirstLineIsReadAsItStands) {
+    saveAs("whole.vln", 1);
+    const std::string whole = contentOf(file("whole.vln"));
+    const auto opened = [&](const std::string& bytes) {
+        writeFile(file("a.vln"), bytes);
+        Wings(1).span = 1;
+        Main.savedProject = true;
+        dialogs.asked.clear();
+        answerFile(file("a.vln"), 1);
+        Toolbar::click(Key::Open);
+        EXPECT_EQ(dialogs.story(), "open");
+        return Wings(1).span;
+    };
+    EXPECT_EQ(opened(whole.substr(0, 29)), 700);
+    EXPECT_EQ(opened("# VELNA File Format V"), 700);
+    EXPECT_EQ(opened("a line of one's own" + whole.substr(27)), 700);
+    // The first wing is all that need be there: what follows it is missing here.
+    EXPECT_EQ(opened(whole.substr(27, whole.find("Fuselage") - 27)), 700);
+}
+
 TEST_F(FileCommands, AFailedSaveTellsTheReasonAndLeavesTheStateAsItWas) {
     for (const bool saved : {false, true}) {
         dialogs.asked.clear();

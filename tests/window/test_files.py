@@ -53,6 +53,37 @@ class Files(base.WindowTest):
         wait_for(lambda: target.read_bytes() != first, "the new project in place of the old one")
         self.assertEqual(sorted(p.name for p in self.program.folder.glob("plane*")), ["plane.vln"])
 
+    def test_a_name_with_a_dot_gets_its_extension_too(self):
+        target = self.program.folder / "glider v1.2.vln"
+        target.write_bytes(b"another glider")
+        self.program.click("Save")
+        self.program.choose_file(self.program.folder / "glider v1.2")
+        self.program.push("No")
+        self.take("overwrite-with-a-dot")
+        self.assertEqual(target.read_bytes(), b"another glider")
+        self.screen.key("Escape")
+        self.program.no_dialog()
+        self.program.save(self.program.folder / "glider v1.3", settle=False)
+        wait_for((self.program.folder / "glider v1.3.vln").exists, "the project")
+        self.program.no_dialog()
+        self.program.click("Save")
+        self.program.choose_file(self.program.folder / "glider v1.4", "DXF")
+        wait_for((self.program.folder / "glider v1.4.dxf").exists, "the drawing")
+        self.program.no_dialog()
+
+    def test_what_is_no_project_keeps_the_aircraft_and_is_named(self):
+        swept = self.drag_tip()
+        photo = self.program.folder / "photo.vln"
+        photo.write_bytes(b"\xff\xd8\xff\xe0" + os.urandom(3000))
+        self.program.open(photo)
+        self.program.button("OK")
+        self.take("no-project")
+        texts = [c.told.get("text", "") for c in self.program.controls() if c.modal]
+        self.assertTrue(any("photo.vln" in text for text in texts), texts)
+        self.program.push("OK")
+        self.program.no_dialog()
+        self.assertEqual(self.program.text("PosEText"), swept)
+
     def test_a_save_that_fails_says_so_once_and_the_question_stays(self):
         self.drag_tip()
         self.program.click("Save")
@@ -104,6 +135,8 @@ class Files(base.WindowTest):
             damaged = self.program.folder / name
             damaged.write_bytes(data)
             self.program.open(damaged)
+            if name != "cut.vln":
+                self.program.push("OK")
             self.program.no_dialog()
             self.assertEqual(self.program.get("VTop").checked, True)
         self.drag_tip()
