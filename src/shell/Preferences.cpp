@@ -1,5 +1,6 @@
 #include "shell/Preferences.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <filesystem>
 
@@ -16,12 +17,19 @@ namespace velna::Preferences {
 namespace {
 
 constexpr const char* fileTitle = "prefs.txt";
+/// Beside the user's own settings: the folder of the program that had no other place for them.
+constexpr const char* ownerTitle = "prefs-owner.txt";
+constexpr std::size_t mostSettings = 65536;
 
 std::string sharedFile() {
     return Shell.desktop->programFolder() + fileTitle;
 }
 std::string ownFile() {
     return Shell.desktop->configurationFolder() + fileTitle;
+}
+
+std::string ownerFile() {
+    return Shell.desktop->configurationFolder() + ownerTitle;
 }
 
 /// Runs one record's reading; a failure skips it and those behind it, for they have no place of
@@ -34,6 +42,21 @@ bool read(Statement statement) {
     } catch (const ReadFailure&) {
         return false;
     }
+}
+
+/// Whether the last quit of this program could only write to the user's folder.
+bool wroteToOwn() {
+    std::string bytes;
+    if (!read([&] { bytes = settingsBytes(ownerFile()); })) return false;
+    return bytes == Shell.desktop->programFolder();
+}
+
+/// Notes whose settings lie in the user's folder. Without the note the program's folder decides
+/// alone, as it does where nothing of this kind ever happened.
+void noteOwner() {
+    ReplacedFile file(ownerFile());
+    file.buffer() = Shell.desktop->programFolder();
+    file.commit();
 }
 
 const char* record(bool on) {
@@ -58,14 +81,19 @@ bool known = false;
 std::string fileToRead() {
     std::error_code ignored;
     const std::string own = ownFile();
-    const bool shared = takesFiles(Shell.desktop->programFolder());
-    return !shared && std::filesystem::exists(own, ignored) ? own : sharedFile();
+    if (!std::filesystem::exists(own, ignored)) return sharedFile();
+    const bool shared = takesFiles(Shell.desktop->programFolder()) && !wroteToOwn();
+    return shared ? sharedFile() : own;
+}
+
+std::string settingsBytes(const std::string& file) {
+    return readFileStart(file, mostSettings);
 }
 
 void readAll() {
     known = true;
     std::string bytes;
-    if (!read([&] { bytes = readWholeFile(fileToRead()); })) return;
+    if (!read([&] { bytes = settingsBytes(fileToRead()); })) return;
     ValueReader file(bytes);
     bool inchesOn = Prefs.InchesOption;
     bool millimetresOn = Prefs.MillimetersOption;
@@ -81,13 +109,19 @@ void readAll() {
 }
 
 void writeAll() {
-    std::string reason = writeTo(sharedFile());
-    if (reason.empty()) return;
     std::error_code ignored;
+    std::string reason = writeTo(sharedFile());
+    if (reason.empty()) {
+        if (wroteToOwn()) std::filesystem::remove(ownerFile(), ignored);
+        return;
+    }
     std::filesystem::create_directories(Shell.desktop->configurationFolder(), ignored);
     reason = writeTo(ownFile());
-    if (!reason.empty())
+    if (reason.empty()) {
+        noteOwner();
+    } else {
         std::fprintf(stderr, "velna: the settings could not be saved: %s\n", reason.c_str());
+    }
 }
 
 void formLoad() {

@@ -10,8 +10,13 @@ extern std::string firstUseState;
 extern bool known;
 
 /// The settings file that is read: the one beside the program where its folder can be written, else
-/// the user's own once it exists.
+/// the user's own once it exists. The last quit counts: what it could only write to the user's
+/// folder is read from there, whatever can be written now.
 std::string fileToRead();
+
+/// The bytes of a settings file, its first 64 KB at most: no quit writes a longer one, and what has
+/// grown or was put in its place must not cost the start. Throws ReadFailure when there is none.
+std::string settingsBytes(const std::string& file);
 
 /// Reads `prefs.txt` as far as it goes: a record that fails leaves its option as it was.
 /// `Prefs.units` is not touched. A missing file changes nothing.

@@ -78,6 +78,44 @@ TEST_F(PreferencesFile, WhatWasWrittenBesideTheProgramIsReadThere) {
     EXPECT_TRUE(Prefs.InchesOption) << "an older one of the user's own does not hide it";
 }
 
+TEST_F(PreferencesFile, WhatCouldOnlyBeWrittenToTheUsersFolderIsReadThere) {
+    // The folder takes files, but this one cannot be replaced.
+    std::filesystem::create_directory(programFile("prefs.txt"));
+    Prefs.selectUnit(inches);
+    Preferences::writeAll();
+    Prefs = {};
+    Preferences::readAll();
+    EXPECT_TRUE(Prefs.InchesOption);
+    // Back beside the program as soon as that can be.
+    std::filesystem::remove(programFile("prefs.txt"));
+    Prefs.selectUnit(millimetres);
+    Preferences::writeAll();
+    EXPECT_EQ(Preferences::fileToRead(), programFile("prefs.txt"));
+    Preferences::readAll();
+    EXPECT_FALSE(Prefs.InchesOption);
+}
+
+TEST_F(PreferencesFile, WhatAnotherProgramFolderCouldNotHoldIsNotReadForThisOne) {
+    const std::string here = desktop.program;
+    writeFile(programFile("prefs.txt"), "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
+    desktop.program = "/proc/velna-cannot-write-here/";
+    Prefs.selectUnit(inches);
+    Preferences::writeAll();
+    EXPECT_EQ(Preferences::fileToRead(), desktop.configuration + "prefs.txt");
+    desktop.program = here;
+    EXPECT_EQ(Preferences::fileToRead(), programFile("prefs.txt"));
+}
+
+TEST_F(PreferencesFile, OfALongFileTheStartIsRead) {
+    std::string longFile = "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n";
+    longFile.resize(1 << 20, 'x');
+    EXPECT_EQ(optionsAfter(longFile), "on off");
+    EXPECT_EQ(Preferences::settingsBytes(programFile("prefs.txt")), longFile.substr(0, 65536));
+    // A text without an end is cut there, too.
+    optionsAfter(std::string(1 << 20, 'x'));
+    EXPECT_EQ(Preferences::firstUseState.size(), 65536U);
+}
+
 TEST_F(PreferencesFile, NowhereToWriteIsNoCrash) {
     desktop.program = "/proc/velna-a/";
     desktop.configuration = "/proc/velna-b/";
