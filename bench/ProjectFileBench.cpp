@@ -208,6 +208,36 @@ void readMemory(benchmark::State& state) {
 }
 BENCHMARK(readMemory)->Unit(benchmark::kMillisecond)->Iterations(1);
 
+/// What a tiny file costs that promises as many wings or fuselages as a count can: the limit is
+/// 150 MB more than the default aircraft. `fuselages` tells which of the two.
+void promised(benchmark::State& state, bool fuselages) {
+    makeLargeModel();
+    freshModel();
+    const std::string path = scratch("velna-bench-promised-");
+    Plane::saveProject(path);
+    std::string bytes = readWholeFile(path);
+    std::filesystem::remove(path);
+    bytes.resize(bytes.find(fuselages ? "Fuselage\r\n" : "Wing Type\r\n"));
+    bytes.erase(bytes.rfind('\n', bytes.size() - 2) + 1);
+    bytes += "32767\r\n";
+    ::malloc_trim(0);
+    const double before = heapInUse();
+    for (auto _ : state) {
+        try {
+            readProjectBytes(bytes);
+        } catch (const ReadFailure&) {
+            // It ends where its lines end.
+        }
+        ObjectList.update();
+        Plane::createAllSolids();
+    }
+    if ((fuselages ? nbFuselages : nbWings) != 32767) state.SkipWithError("nothing promised");
+    state.counters["more_MB"] = (heapInUse() - before) / 1e6;
+    state.counters["limit_MB"] = 150;
+}
+BENCHMARK_CAPTURE(promised, wings, false)->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK_CAPTURE(promised, fuselages, true)->Unit(benchmark::kMillisecond)->Iterations(1);
+
 /// The large model as version 1.2 wrote it: two wings, five numbers a section.
 std::string legacyBytes() {
     makeLargeModel();

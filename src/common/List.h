@@ -103,7 +103,7 @@ private:
 /// A 1-based list that owns its objects. Its capacity is apart from the counter of its user: an
 /// object past the counter stays until a later entry replaces it. `fill` promises entries that are
 /// made only when they are first asked for, so that a large count in a file costs nothing by
-/// itself.
+/// itself. Promised entries are all alike: what only looks at them or draws them takes one for all.
 template <class T>
 class OwnedList {
 public:
@@ -115,6 +115,35 @@ public:
         auto& slot = items_[static_cast<std::size_t>(i) - 1];
         if (!slot) slot = make_();
         return *slot;
+    }
+
+    /// Entry `i`; where that is only promised, the one object that stands for all such. To look at
+    /// and to draw: what is changed in it reaches no entry.
+    T& alike(int i) {
+        const auto& slot = items_[static_cast<std::size_t>(i) - 1];
+        if (slot) return *slot;
+        if (!standIn_) standIn_ = make_();
+        return *standIn_;
+    }
+
+    /// Calls `visit(i, entry)` for each of the first `n` entries that `wanted(i)` chooses; of the
+    /// promised ones among them for the first alone, with what stands for all.
+    template <class Wanted, class Visit>
+    void forEachDistinct(int n, Wanted wanted, Visit visit) {
+        bool promisedSeen = false;
+        for (int i = 1; i <= n && i <= size(); ++i) {
+            const bool promised = !items_[static_cast<std::size_t>(i) - 1];
+            if ((promised && promisedSeen) || !wanted(i)) continue;
+            promisedSeen = promisedSeen || promised;
+            visit(i, alike(i));
+        }
+    }
+
+    /// The same for all of the first `n` entries, as `visit(entry)`.
+    template <class Visit>
+    void forEachDistinct(int n, Visit visit) {
+        forEachDistinct(
+            n, [](int) { return true; }, [&](int, T& entry) { visit(entry); });
     }
 
     /// Keeps the first `n` entries; a new one is made by `make` when it is first asked for.
@@ -136,16 +165,21 @@ public:
         items_[static_cast<std::size_t>(i) - 1] = std::move(item);
     }
 
-    void clear() { items_.clear(); }
+    void clear() {
+        items_.clear();
+        standIn_.reset();
+    }
 
 private:
     /// Promised entries belong to the maker that promised them.
     void settle() {
         for (auto& slot : items_)
             if (!slot) slot = make_();
+        standIn_.reset();
     }
 
     std::vector<std::unique_ptr<T>> items_;
+    std::unique_ptr<T> standIn_;  // for all entries without an object of their own
     Maker make_;
 };
 

@@ -38,13 +38,13 @@ double maxOf(std::initializer_list<double> list) {
 
 template <class Value>
 double lowestOfWings(double start, Value value) {
-    for (int i = 1; i <= nbWings; ++i) lower(start, value(Wings(i)));
+    for (int i = 1; i <= nbWings; ++i) lower(start, value(Wings.alike(i)));
     return start;
 }
 
 template <class Value>
 double highestOfWings(double start, Value value) {
-    for (int i = 1; i <= nbWings; ++i) raise(start, value(Wings(i)));
+    for (int i = 1; i <= nbWings; ++i) raise(start, value(Wings.alike(i)));
     return start;
 }
 

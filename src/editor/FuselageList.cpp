@@ -11,8 +11,13 @@ constexpr int otherFuselage = 7;
 /// Calls `draw` on each shown fuselage but the current one.
 template <class Draw>
 void forShownOthers(Draw draw) {
-    for (int i = 1; i <= nbFuselages; ++i)
-        if (i != currentFuselage && ObjectList.shown(i)) draw(Fuselages(i));
+    Fuselages.forEachDistinct(
+        nbFuselages, [](int i) { return i != currentFuselage && ObjectList.shown(i); },
+        [&](int, MeshSections& other) { draw(other); });
+}
+
+bool shown(int i) {
+    return ObjectList.shown(i);
 }
 
 bool currentShown() {
@@ -38,16 +43,16 @@ void drawFuselagesVTop(int which) {
     // While nothing is lit on it, the current one is drawn dim in its place among the others, and
     // in black on top of them all at the end.
     const bool all = !current().selected;
-    for (int i = 1; i <= nbFuselages; ++i) {
-        if ((all || i != currentFuselage) && ObjectList.shown(i))
-            Fuselages(i).drawVTop(otherFuselage);
-    }
+    Fuselages.forEachDistinct(
+        nbFuselages, [&](int i) { return (all || i != currentFuselage) && ObjectList.shown(i); },
+        [](int, MeshSections& body) { body.drawVTop(otherFuselage); });
     if (currentShown()) current().drawVTop(which);
 }
 
 void computeFuselagesVTop(double zoom, double xoff, double yoff) {
-    for (int i = 1; i <= nbFuselages; ++i)
-        if (ObjectList.shown(i)) Fuselages(i).computeVTopPoints(zoom, xoff, yoff);
+    Fuselages.forEachDistinct(nbFuselages, shown, [&](int, MeshSections& body) {
+        body.computeVTopPoints(zoom, xoff, yoff);
+    });
 }
 
 void drawFuselageFront(double zoom, double xoff, double yoff) {
@@ -63,14 +68,13 @@ void selectsFuselagesSide(float x, float y) {
 
 // In list order: the erasing of each one's old lines is followed by the drawing of all behind it.
 void selectsFuselagesHTop(float x, float y) {
-    for (int i = 1; i <= nbFuselages; ++i) {
-        if (!ObjectList.shown(i)) continue;
+    Fuselages.forEachDistinct(nbFuselages, shown, [&](int i, MeshSections& body) {
         if (i == currentFuselage) {
-            Fuselages(i).selectsHTop(x, y);
+            body.selectsHTop(x, y);
         } else {
-            Fuselages(i).drawHTop(Main.zoom, Main.xoff, Main.yoff, -1, otherFuselage);
+            body.drawHTop(Main.zoom, Main.xoff, Main.yoff, -1, otherFuselage);
         }
-    }
+    });
 }
 
 void selectsFuselagesVTop(float x, float y) {

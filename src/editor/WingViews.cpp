@@ -154,8 +154,10 @@ namespace {
 void press(std::int32_t (Wing::*partAt)(float, float) const, void (Wing::*initMouseVal)(), float x,
            float y) {
     for (int i = 1; i <= nbWings; ++i) {
-        Wing& wing = Wings(i);
-        wing.paint = (wing.*partAt)(x, y);
+        const std::int32_t part = (Wings.alike(i).*partAt)(x, y);
+        // What is taken hold of becomes an object of its own.
+        Wing& wing = part == WingPart::none ? Wings.alike(i) : Wings(i);
+        wing.paint = part;
         (wing.*initMouseVal)();
         if (wing.paint != WingPart::rootEdge) continue;
         for (int outer = i + 1; outer <= nbWings; ++outer) {
@@ -169,19 +171,21 @@ void press(std::int32_t (Wing::*partAt)(float, float) const, void (Wing::*initMo
 }  // namespace
 
 void drawFront(double zoom, double xoff, double yoff) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).drawFront(zoom, xoff, yoff, -1, -1, -1, -1);
+    Wings.forEachDistinct(nbWings,
+                          [&](Wing& wing) { wing.drawFront(zoom, xoff, yoff, -1, -1, -1, -1); });
 }
 
 void drawVTop(double zoom, double xoff, double yoff, int which) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).drawVTop(zoom, xoff, yoff, -1, -1, -1, -1, which);
+    Wings.forEachDistinct(
+        nbWings, [&](Wing& wing) { wing.drawVTop(zoom, xoff, yoff, -1, -1, -1, -1, which); });
 }
 
 void selectsFront(float x, float y) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).selectsFront(x, y);
+    Wings.forEachDistinct(nbWings, [&](Wing& wing) { wing.selectsFront(x, y); });
 }
 
 void selectsVTop(float x, float y) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).selectsVTop(x, y);
+    Wings.forEachDistinct(nbWings, [&](Wing& wing) { wing.selectsVTop(x, y); });
 }
 
 void testFront(float x, float y) {

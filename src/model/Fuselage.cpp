@@ -24,8 +24,9 @@ void addFuselage(bool copyCurrent) {
 }
 
 void createVisibleFuselages() {
-    for (int i = 1; i <= nbFuselages; ++i)
-        if (ObjectList.shown(i)) Fuselages(i).create();
+    Fuselages.forEachDistinct(
+        nbFuselages, [](int i) { return ObjectList.shown(i); },
+        [](int, MeshSections& body) { body.create(); });
 }
 
 void zeroElevationOffsets() {

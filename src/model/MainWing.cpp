@@ -62,28 +62,28 @@ void switchToMillimeters() {
 
 bool anyHit() {
     for (int i = 1; i <= nbWings; ++i)
-        if (Wings(i).paint != WingPart::none) return true;
+        if (Wings.alike(i).paint != WingPart::none) return true;
     return false;
 }
 
 bool anySelected() {
     for (int i = 1; i <= nbWings; ++i)
-        if (Wings(i).selected) return true;
+        if (Wings.alike(i).selected) return true;
     return false;
 }
 
 int selectedPart() {
     for (int i = 1; i <= nbWings; ++i)
-        if (Wings(i).selected) return Wings(i).selected_part;
+        if (Wings.alike(i).selected) return Wings.alike(i).selected_part;
     return WingPart::none;
 }
 
 void clearPaint() {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).paint = WingPart::none;
+    Wings.forEachDistinct(nbWings, [](SymWingSections& wing) { wing.paint = WingPart::none; });
 }
 
 void clearSelection() {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).selected = false;
+    Wings.forEachDistinct(nbWings, [](SymWingSections& wing) { wing.selected = false; });
 }
 
 }  // namespace velna::MainWing

@@ -38,7 +38,8 @@ void ObjectListRecord::update() {
     }
     rows.resize(wanted);
     for (int i = 1; i <= nbFuselages; ++i)
-        rows[static_cast<std::size_t>(i) - 1].sections = threeDigits(Fuselages(i).nb_sections);
+        rows[static_cast<std::size_t>(i) - 1].sections =
+            threeDigits(Fuselages.alike(i).nb_sections);
 }
 
 }  // namespace velna

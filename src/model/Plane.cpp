@@ -93,7 +93,7 @@ void rescaleAll(double k) {
 
 void createAllSolids() {
     Fuselage::createVisibleFuselages();
-    for (int i = 1; i <= nbWings; ++i) Wings(i).create();
+    Wings.forEachDistinct(nbWings, [](SymWingSections& wing) { wing.create(); });
     Stabilizer.create();
     Rudder.create();
     Equipment::createEquipments();

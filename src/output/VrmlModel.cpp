@@ -48,7 +48,7 @@ void writeWing(Target& target, const std::string& folder, const SymWingSections&
 void writeFuselages(Target& target, const std::string& folder) {
     for (int i = 1; i <= nbFuselages && !target.work.cancelled(); ++i) {
         currentFuselage = static_cast<std::int16_t>(i);
-        const MeshSections& fuselage = Fuselages(i);
+        const MeshSections& fuselage = Fuselages.alike(i);
         const Look look{fuselage.color(), fuselage.texture_filename,
                         fuselage.qualified_texture_filename, true, true};
         for (bool mirrored : {false, true}) {
@@ -86,12 +86,12 @@ void writeBoxes(Target& target) {
 long long expectedLines() {
     long long total = 0;
     for (int i = 1; i <= nbFuselages; ++i) {
-        const MeshSections& fuselage = Fuselages(i);
+        const MeshSections& fuselage = Fuselages.alike(i);
         const long long points = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
         total +=
             points * (fuselage.texture_filename.empty() ? 3 : 6) * (fuselage.shift != 0 ? 2 : 1);
     }
-    for (int i = 1; i <= nbWings; ++i) total += 8LL * Wings(i).pointCount();
+    for (int i = 1; i <= nbWings; ++i) total += 8LL * Wings.alike(i).pointCount();
     return total + 8LL * Stabilizer.pointCount() + 8LL * Rudder.pointCount();
 }
 
@@ -111,7 +111,7 @@ std::string exportVRML(const std::string& file) {
     IO_VRMl::writeVrmlHeader(target);
     vrmlUnitScale = {1, 1, 1};
     for (int i = 1; i <= nbWings && !work.cancelled(); ++i)
-        writeWing(target, folder, Wings(i), "WingLeft", "WingRight");
+        writeWing(target, folder, Wings.alike(i), "WingLeft", "WingRight");
     writeWing(target, folder, Stabilizer, "StabLeft", "StabRight");
     writeFuselages(target, folder);
     if (!work.cancelled()) writeRudder(target, folder);

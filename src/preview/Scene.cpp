@@ -1,7 +1,5 @@
 #include "preview/Scene.h"
 
-#include <algorithm>
-
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "preview/Rendering.h"
@@ -22,14 +20,15 @@ struct Preparing {
 
 template <class Visit>
 void forEachPanel(Visit visit) {
-    for (int i = 1; i <= std::min<int>(nbWings, Wings.size()); ++i) visit(Wings(i));
+    Wings.forEachDistinct(nbWings, visit);
     visit(Stabilizer);
 }
 
 template <class Visit>
 void forEachShownFuselage(Visit visit) {
-    for (int i = 1; i <= std::min<int>(nbFuselages, Fuselages.size()); ++i)
-        if (ObjectList.shown(i)) visit(Fuselages(i));
+    Fuselages.forEachDistinct(
+        nbFuselages, [](int i) { return ObjectList.shown(i); },
+        [&](int, MeshSections& body) { visit(body); });
 }
 
 /// Everything that the list will need, so that nothing inside it opens a box or lets events
