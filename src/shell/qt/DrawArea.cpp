@@ -51,7 +51,8 @@ bool opensMenu(const QKeyEvent& event) {
 DrawArea::DrawArea(QWidget* parent) : SurfaceWidget(parent) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName("DrawArea");
+    setObjectName("DrawArea");
+    setAccessibleName("Drawing");
 }
 
 void DrawArea::setShape(CursorShape shape, CursorIcon icon) {

@@ -86,6 +86,7 @@ void MainWindow::buildSurfaces() {
     renderWindow_ = new RenderWindow;
     render_ = QWidget::createWindowContainer(renderWindow_, this);
     render_->setFocusPolicy(Qt::NoFocus);
+    render_->setAccessibleName("Picture");
     render_->setProperty("helpPage", "picture");
     drawArea_->setProperty("helpPage", "mouse-and-keys");
     // Black until the first picture, and where the picture stays dark.

@@ -3,9 +3,11 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <functional>
 #include <utility>
 
@@ -21,12 +23,11 @@ ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidg
     setWindowTitle("Fuselage Manager");
     setProperty("helpPage", "manager");
     list_->setObjectName("ListView");
+    list_->setAccessibleName("Fuselages");
     list_->setHeaderLabels({"Id", "Status", "Sections"});
     list_->setRootIsDecorated(false);
     list_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list_->setUniformRowHeights(true);
-    list_->header()->setSectionResizeMode(0, QHeaderView::Stretch);
-    list_->setMinimumSize(380, 220);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(list_);
@@ -34,6 +35,7 @@ ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidg
 
     ObjectList.update();
     showRows();
+    fitColumns();
     if (QTreeWidgetItem* current = list_->topLevelItem(currentFuselage - 1))
         list_->setCurrentItem(current);
     keepSelection();
@@ -83,6 +85,22 @@ void ManagerForm::showRows() {
         item.setText(2, QString::fromStdString(row.sections));
         item.setCheckState(0, row.checked ? Qt::Checked : Qt::Unchecked);
     }
+}
+
+// Every column shows its letters, however large the desktop has them; the first takes what is left.
+void ManagerForm::fitColumns() {
+    constexpr int leastWidth = 380, leastHeight = 220, leastRows = 8;
+    QHeaderView& header = *list_->header();
+    header.setStretchLastSection(false);
+    header.setSectionResizeMode(QHeaderView::ResizeToContents);
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
+    list_->ensurePolished();
+    const QAbstractItemView& view = *list_;
+    int width = 2 * list_->frameWidth() + list_->verticalScrollBar()->sizeHint().width();
+    for (int column = 0; column < header.count(); ++column)
+        width += std::max(header.sectionSizeHint(column), view.sizeHintForColumn(column));
+    list_->setMinimumSize(std::max(leastWidth, width),
+                          std::max(leastHeight, leastRows * fontMetrics().height() * 3 / 2));
 }
 
 void ManagerForm::keepSelection() {

@@ -21,6 +21,7 @@ protected:
 
 private:
     QLayout* buildButtons();
+    void fitColumns();
     void keepSelection();
 
     QTreeWidget* list_;

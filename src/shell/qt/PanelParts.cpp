@@ -6,7 +6,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QToolButton>
@@ -19,6 +18,7 @@
 #include "model/Equipment.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
+#include "shell/qt/ListBar.h"
 #include "shell/qt/Mirrors.h"
 #include "shell/qt/PanelWidgets.h"
 #include "shell/qt/SurfaceWidget.h"
@@ -29,6 +29,11 @@ namespace {
 const std::vector<CatalogueEntry>& catalogueOf(Control combo) {
     if (combo == Control::ServosCombo) return Equipment::servoTypes;
     return combo == Control::ReceiverCombo ? Equipment::receiverTypes : Equipment::accuTypes;
+}
+
+const char* catalogueName(Control combo) {
+    if (combo == Control::ServosCombo) return "Servo model";
+    return combo == Control::ReceiverCombo ? "Receiver model" : "Accumulator model";
 }
 
 void fillCombo(QComboBox& box, Control combo) {
@@ -55,7 +60,7 @@ QHBoxLayout* PanelWidgets::listRow(const char* caption, Control label, Control b
     });
     row->addWidget(number);
 
-    auto* scroll = new QScrollBar(Qt::Horizontal);
+    auto* scroll = new ListBar;
     scroll->setObjectName(controlName(bar));
     scroll->setAccessibleName(caption);
     scroll->setMinimum(1);
@@ -69,8 +74,16 @@ QHBoxLayout* PanelWidgets::listRow(const char* caption, Control label, Control b
     connect(scroll, &QScrollBar::valueChanged, this,
             [bar](int value) { Main.scrollChanged(bar, value); });
     row->addWidget(scroll, 1);
-    if (plus) row->addWidget(button(*plus, "icons/Plus", "Adds one"));
-    if (minus) row->addWidget(button(*minus, "icons/Minus", "Removes the last one"));
+    const auto add = [&](const Control* control, const char* icon, const char* tip,
+                         const char* act) {
+        if (!control) return;
+        QWidget* sign = button(*control, icon, tip);
+        // Said without the row before it, the tip would leave open what.
+        sign->setAccessibleName(QString(act).arg(QString(caption).toLower()));
+        row->addWidget(sign);
+    };
+    add(plus, "icons/Plus", "Adds one", "Add %1");
+    add(minus, "icons/Minus", "Removes the last one", "Remove last %1");
     return row;
 }
 
@@ -118,8 +131,15 @@ QAbstractButton* PanelWidgets::option(Control control, const char* caption) {
     return result;
 }
 
-QWidget* PanelWidgets::catalogue(Control control) {
+void PanelWidgets::addCatalogue(QVBoxLayout& page, Control control) {
     auto* box = new QComboBox;
+    // To a screen reader a list's own name is the row that stands in it: a label says what it is,
+    // and need not be seen, for the options above say it too.
+    auto* label = new QLabel(catalogueName(control));
+    label->setBuddy(box);
+    label->hide();
+    page.addWidget(label);
+    page.addWidget(box);
     box->setObjectName(controlName(control));
     box->setToolTip("Commercial models: sets the size of the box");
     box->setMinimumContentsLength(10);
@@ -130,7 +150,6 @@ QWidget* PanelWidgets::catalogue(Control control) {
         showPresence(*box, state);
         fillCombo(*box, control);
     });
-    return box;
 }
 
 QWidget* PanelWidgets::slider(Control control) {
@@ -189,6 +208,7 @@ QWidget* PanelWidgets::sectionEditor() {
     const int side = compact_ ? 100 : 116;
     sectionArea_ = new SurfaceWidget(editor);
     sectionArea_->setObjectName("DrawSectionArea");
+    sectionArea_->setAccessibleName("Section");
     sectionArea_->setFixedSize(side, side);
 
     auto* shape = new QHBoxLayout;

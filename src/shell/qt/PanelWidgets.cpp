@@ -157,6 +157,7 @@ QVBoxLayout* PanelWidgets::addPage(int tab) {
     scroll->setWidget(page);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);  // it follows the focus of its controls
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     addTab(scroll, QString());
     setTabToolTip(tab, tabs[tab].name);
@@ -265,7 +266,7 @@ void PanelWidgets::buildElectronicsPage() {
                {Control::ReceiverOption, "Receiver"},
                {Control::AccuOption, "Accumulator"}});
     for (const Control combo : {Control::ServosCombo, Control::ReceiverCombo, Control::AccuCombo})
-        inside->addWidget(catalogue(combo));
+        addCatalogue(*inside, combo);
     optionRow({{Control::HorizontalServoOption, "Horizontal"},
                {Control::VerticalServoOption, "Vertical"}});
     inside->addLayout(fieldGrid(PanelTab::electronics, 0, allRows));

@@ -54,7 +54,7 @@ private:
     QWidget* checkBox(Control control, const char* caption);
     QWidget* button(Control control, const char* icon, const char* tip);
     QAbstractButton* option(Control control, const char* caption);
-    QWidget* catalogue(Control control);
+    void addCatalogue(QVBoxLayout& page, Control control);
 
     bool compact_;
     Mirrors& mirrors_;

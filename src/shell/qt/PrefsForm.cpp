@@ -68,6 +68,9 @@ PrefsForm::PrefsForm(QWidget* parent) : QDialog(parent) {
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     showSpan();
+    // On the unit that is set: a key must not set the other one before anything was looked at.
+    for (auto* option : findChildren<QRadioButton*>())
+        if (option->isChecked()) option->setFocus();
 }
 
 // With the letters the layout grows everything that holds them.

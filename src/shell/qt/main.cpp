@@ -6,6 +6,8 @@
 #include "preview/Rendering.h"
 #include "shell/Ports.h"
 #include "shell/Startup.h"
+#include "shell/qt/Accessibility.h"
+#include "shell/qt/FrameStyle.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/LogOut.h"
@@ -23,7 +25,8 @@ using namespace velna;
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName("velna");
-    QApplication::setStyle("Fusion");
+    QApplication::setStyle(new FrameStyle);
+    Accessibility::install();
 
     // The window and what stands behind each port.
     MainWindow mainWindow;

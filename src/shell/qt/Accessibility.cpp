@@ -1,0 +1,37 @@
+#include "shell/qt/Accessibility.h"
+
+#include <QAccessibleWidget>
+#include <QWidget>
+
+#include "shell/qt/Bar.h"
+#include "shell/qt/HelpWindow.h"
+#include "shell/qt/MainWindow.h"
+#include "shell/qt/SurfaceWidget.h"
+
+namespace velna::Accessibility {
+namespace {
+
+QAccessible::Role roleOf(const QWidget& widget) {
+    if (dynamic_cast<const MainWindow*>(&widget) || dynamic_cast<const HelpWindow*>(&widget))
+        return QAccessible::Window;
+    if (dynamic_cast<const SurfaceWidget*>(&widget)) return QAccessible::Canvas;
+    if (dynamic_cast<const Bar*>(&widget)) return QAccessible::ToolBar;
+    return QAccessible::NoRole;
+}
+
+// Asked for each class of an object, from its own to the first; what is left at the plain widget
+// has no other interface.
+QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
+    auto* widget = qobject_cast<QWidget*>(object);
+    if (!widget || className != "QWidget") return nullptr;
+    const QAccessible::Role role = roleOf(*widget);
+    return role == QAccessible::NoRole ? nullptr : new QAccessibleWidget(widget, role);
+}
+
+}  // namespace
+
+void install() {
+    QAccessible::installFactory(interfaceOf);
+}
+
+}  // namespace velna::Accessibility
