@@ -63,10 +63,13 @@ class Stick:
 
 
 class Program:
-    def __init__(self, screen, binary, probe_folder, prefs=QUIET_PREFS):
+    def __init__(self, screen, binary, probe_folder, prefs=QUIET_PREFS, below="."):
+        """Installed in a folder of its own, or `below` it."""
         self.screen = screen
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velna-"))
-        self.binary = self.folder / "velna"
+        self.installed = self.folder / below
+        self.installed.mkdir(exist_ok=True)
+        self.binary = self.installed / "velna"
         self.log = self.folder / "stderr.txt"
         self.socket = self.folder / "probe"
         self._install(pathlib.Path(binary), prefs)
@@ -96,9 +99,9 @@ class Program:
             shutil.copy2(binary, self.binary)
         for beside in ("Velna.HLP",):
             if (binary.parent / beside).exists():
-                shutil.copy2(binary.parent / beside, self.folder)
+                shutil.copy2(binary.parent / beside, self.installed)
         if prefs is not None:
-            (self.folder / "prefs.txt").write_text(prefs, newline="")
+            (self.installed / "prefs.txt").write_text(prefs, newline="")
 
     def start(self, wait=True):
         with open(self.log, "ab") as log:

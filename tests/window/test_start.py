@@ -1,5 +1,6 @@
 """Start and end of the program: what stands at first, what is asked, what prefs.txt holds."""
 
+import os
 import time
 
 import base
@@ -47,6 +48,19 @@ class Start(base.WindowTest):
         self.assertEqual([c for c in program.controls() if c.modal], [])
         self.assertEqual(program.quit(), 0)
         self.assertEqual((program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
+
+    def test_a_folder_whose_name_is_no_text_is_found(self):
+        program = self.new_program(prefs='"Done"\r\n#TRUE#\r\n#FALSE#\r\n', below=os.fsdecode(b"gl\xfcck"))
+        program.start()
+        wait_for(lambda: program.text("SpanText") == "55.12", "the inches that its settings ask for")
+        program.click("Help")
+        wait_for(lambda: program.find("HelpBrowser"), "the help window")
+        self.assertIn("Velna draws radio-controlled", program.text("HelpBrowser"))
+        self.screen.key("Escape")
+        wait_for(lambda: not program.find("HelpBrowser"), "the help window to close")
+        (program.installed / "prefs.txt").unlink()
+        self.assertEqual(program.quit(), 0)
+        self.assertTrue((program.installed / "prefs.txt").exists())
 
     def test_without_any_opengl_it_tells_so_and_leaves_the_settings_alone(self):
         prefs = '"DoIt"\r\n#TRUE#\r\n#FALSE#\r\n'

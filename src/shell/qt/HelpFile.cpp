@@ -8,6 +8,7 @@
 #include <QTextDocument>
 #include <QUrl>
 #include <algorithm>
+#include <cstdio>
 
 namespace velna {
 namespace {
@@ -42,10 +43,13 @@ void HelpFile::close() {
     pages_.clear();
 }
 
-bool HelpFile::open(const QString& file) {
+bool HelpFile::open(const std::string& file) {
     close();
-    QFile input(file);
-    if (!input.open(QIODevice::ReadOnly)) return false;
+    // Opened by its bytes: the folder's name need not be a text.
+    std::FILE* const stream = std::fopen(file.c_str(), "rb");
+    QFile input;
+    if (!stream || !input.open(stream, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        return false;
     QByteArray data = input.readAll();
     if (data.size() <= sumLength) return false;
     const QByteArray sum = data.right(sumLength);

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <string>
 #include <vector>
 
 namespace velna {
@@ -26,7 +27,7 @@ public:
 
     /// Reads the file and lists its pages. False if it is missing or damaged; then there are no
     /// pages.
-    bool open(const QString& file);
+    bool open(const std::string& file);
     void close();
 
     /// Pages and headings in the order of the list of contents, the list itself first.

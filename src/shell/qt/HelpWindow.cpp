@@ -1,7 +1,6 @@
 #include "shell/qt/HelpWindow.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -91,7 +90,7 @@ void HelpWindow::quit() {
 }
 
 HelpWindow::HelpWindow()
-    : file_(QDir(QCoreApplication::applicationDirPath()).filePath("Velna.HLP")),
+    : file_((QCoreApplication::applicationDirPath() + "/Velna.HLP").toStdString()),
       place_(256, 256, 512, 512) {
     setWindowTitle("Velna Help");
     setObjectName("HelpWindow");
@@ -182,7 +181,7 @@ QLayout* HelpWindow::buildBar() {
     return bar;
 }
 
-void HelpWindow::setHelpFile(const QString& file) {
+void HelpWindow::setHelpFile(const std::string& file) {
     file_ = file;
     readable_ = false;
 }
@@ -238,8 +237,8 @@ void HelpWindow::showPage(const QString& page) {
     if (readable_) {
         browser_->setSource(QUrl(HelpFile::address(help_.has(page) ? page : "index")));
     } else {
-        browser_->setPlainText(
-            QStringLiteral("The help cannot be shown: %1 is missing or damaged.").arg(file_));
+        browser_->setPlainText(QStringLiteral("The help cannot be shown: %1 is missing or damaged.")
+                                   .arg(QString::fromStdString(file_)));
     }
     bringUp();
 }

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QWidget>
 #include <functional>
+#include <string>
 
 #include "shell/qt/HelpFile.h"
 
@@ -33,7 +34,7 @@ public:
     static void quit();
 
     /// Names another help file than `Velna.HLP` beside the program.
-    void setHelpFile(const QString& file);
+    void setHelpFile(const std::string& file);
     /// Place and size of the window, in screen pixels; taken at the next showing.
     void setPlace(const QRect& place);
     /// Gives the part of the screen beside the drawing, asked at each showing: the window stands
@@ -74,7 +75,7 @@ private:
     QRect placeToStand() const;
     void fitContents();
 
-    QString file_;
+    std::string file_;
     QRect place_;
     std::function<QRect()> room_;
     HelpFile help_;

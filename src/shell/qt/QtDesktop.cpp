@@ -9,7 +9,9 @@
 #include <QStandardPaths>
 #include <cmath>
 #include <cstdlib>
+#include <filesystem>
 
+#include "common/ReplacedFile.h"
 #include "editor/Main.h"
 #include "shell/Startup.h"
 #include "shell/qt/DrawArea.h"
@@ -39,8 +41,12 @@ QtDesktop::QtDesktop(MainWindow& window) : window_(window) {
 
 QtDesktop::~QtDesktop() = default;
 
+// A folder's name is bytes, and the toolkit's text does not hold them all.
 std::string QtDesktop::programFolder() const {
-    return folderText(QCoreApplication::applicationDirPath());
+    std::error_code failed;
+    const auto program = std::filesystem::read_symlink("/proc/self/exe", failed);
+    if (failed) return folderText(QCoreApplication::applicationDirPath());
+    return folderOf(program.string());
 }
 
 std::string QtDesktop::configurationFolder() const {
@@ -134,7 +140,7 @@ void QtDesktop::openPopupAtCursor() {
 }
 
 void QtDesktop::setHelpFile(const std::string& file) {
-    HelpWindow::instance().setHelpFile(QString::fromStdString(file));
+    HelpWindow::instance().setHelpFile(file);
 }
 
 void QtDesktop::placeHelpWindow(int x, int y, int width, int height) {

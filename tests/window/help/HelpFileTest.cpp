@@ -16,12 +16,12 @@ QByteArray shipped() {
     return file.readAll();
 }
 
-QString written(const QTemporaryDir& folder, const QByteArray& data) {
+std::string written(const QTemporaryDir& folder, const QByteArray& data) {
     const QString name = folder.filePath("Velna.HLP");
     QFile file(name);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(data);
-    return name;
+    return name.toStdString();
 }
 
 QString resource(const QString& path) {
@@ -81,8 +81,8 @@ TEST(HelpFile, SearchWantsEveryWordAndIgnoresCase) {
 TEST(HelpFile, RefusesAMissingOrEmptyFile) {
     const QTemporaryDir folder;
     HelpFile help;
-    EXPECT_FALSE(help.open(folder.filePath("absent.HLP")));
-    EXPECT_FALSE(help.open(folder.path()));
+    EXPECT_FALSE(help.open(folder.filePath("absent.HLP").toStdString()));
+    EXPECT_FALSE(help.open(folder.path().toStdString()));
     EXPECT_FALSE(help.open(written(folder, {})));
     EXPECT_TRUE(help.pages().empty());
 }
