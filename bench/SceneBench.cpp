@@ -115,10 +115,11 @@ const ReadyStrips& readyStrips() {
 
 void bareRebuild() {
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glNewList(bareList, GL_COMPILE_AND_EXECUTE);
+    glNewList(bareList, GL_COMPILE);
     glDisable(GL_BLEND);
     readyStrips().emitAll();
     glEndList();
+    glCallList(bareList);
     offscreen.swapBuffers();
 }
 

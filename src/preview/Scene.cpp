@@ -61,9 +61,11 @@ void drawBlended(MeshSections& fuselage) {
     drawFuselage(fuselage);
 }
 
-// The fuselages come last: a transparent one blends over what already stands behind it.
+// The fuselages come last: a transparent one blends over what already stands behind it. The list is
+// called once it is complete: an implementation that draws while it compiles may give an object the
+// material of the next.
 void buildList() {
-    glNewList(sceneList, GL_COMPILE_AND_EXECUTE);
+    glNewList(sceneList, GL_COMPILE);
     glDisable(GL_BLEND);
     drawEquipments();
     forEachPanel(drawPanel);
@@ -97,11 +99,8 @@ void renderScene(bool rebuild) {
     if (!replay) prepareScene();
     if (!contextCreated) return;
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    if (replay) {
-        glCallList(sceneList);
-    } else {
-        buildList();
-    }
+    if (!replay) buildList();
+    glCallList(sceneList);
     context->swapBuffers();
 }
 

@@ -3,12 +3,16 @@
 
 #include <array>
 #include <cmath>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include <GL/gl.h>
 
+#include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "preview/Flying.h"
+#include "preview/Imaging.h"
 #include "preview/Rendering.h"
 #include "support/FreshModel.h"
 #include "support/OffscreenContext.h"
@@ -46,6 +50,10 @@ protected:
     void show(double spin, double tilt) {
         Rendering::setViewTransform(0, 0, 0, spin, tilt);
         Rendering::renderScene(true);
+        readBack();
+    }
+
+    void readBack() {
         bytes.resize(3UL * width * height);
         glPixelStorei(GL_PACK_ALIGNMENT, 1);
         glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
@@ -125,9 +133,46 @@ TEST_F(PixelsTest, ReplayedListGivesTheSamePicture) {
     show(300, 200);
     const std::vector<unsigned char> built = bytes;
     Rendering::renderScene(false);
-    glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
+    readBack();
     EXPECT_EQ(bytes, built);
     EXPECT_GT(litPixels(), 500);
+}
+
+/// Three boxes of three kinds side by side, high above the aircraft.
+void layBoxes() {
+    nbEquipments = 3;
+    Equipment::resizeEquipments(nbEquipments);
+    for (const int kind : {BoxKind::servo, BoxKind::receiver, BoxKind::accumulator}) {
+        ElectroBox& box = Equipments(kind + 1);
+        box.box = kind;
+        box.length = 100;
+        box.width = 100;
+        box.height = 100;
+        box.pos = 100 + 200 * kind;
+        box.elevation = 300;
+        box.shift = 0;
+    }
+}
+
+TEST_F(PixelsTest, BoxesHaveTheirOwnColoursWhenTheListIsBuiltAndWhenItIsReplayed) {
+    layBoxes();
+    show(0, 0);
+    for (const char* frame : {"built", "replayed"}) {
+        SCOPED_TRACE(frame);
+        for (const int kind : {BoxKind::servo, BoxKind::receiver, BoxKind::accumulator}) {
+            const auto [x, y] = placeOf(150 + 200 * kind, 350);
+            const Pixel seen = pixel(x, y);
+            const auto colour = static_cast<std::size_t>(2 - kind);  // blue, green, red
+            for (std::size_t i = 0; i < 3; ++i) {
+                if (i == colour)
+                    EXPECT_GT(seen[i], 50) << "kind " << kind;
+                else
+                    EXPECT_EQ(seen[i], 0) << "kind " << kind << " part " << i;
+            }
+        }
+        Rendering::renderScene(false);
+        readBack();
+    }
 }
 
 TEST_F(PixelsTest, FlightShowsTheAircraftAndLeavesThePicture) {
@@ -146,6 +191,72 @@ TEST_F(PixelsTest, FlightShowsTheAircraftAndLeavesThePicture) {
     show(0, 0);
     EXPECT_GT(litPixels(), 500);
 }
+
+/// An imaging in which every file is one small picture, with a colour of its own for each pixel.
+class SmallPictures : public Imaging {
+public:
+    bool load(const std::string&, std::string&) override {
+        width_ = 8;
+        height_ = 16;
+        return true;
+    }
+    int width() const override { return width_; }
+    int height() const override { return height_; }
+    void rotateQuarter() override { std::swap(width_, height_); }
+    void resize(int width, int height) override {
+        width_ = width;
+        height_ = height;
+    }
+    PictureBytes pixels() override {
+        PictureBytes picture{width_, height_, {}};
+        for (int i = 0; i < width_ * height_; ++i)
+            for (const int part : {40, 255 - i, i})
+                picture.bytes.push_back(static_cast<unsigned char>(part));
+        return picture;
+    }
+    bool save(const std::string&, PictureFormat, std::string&) override { return false; }
+    void showProgress(int) override {}
+    void hideProgress() override {}
+    void showError(const std::string&) override {}
+
+private:
+    int width_ = 0;
+    int height_ = 0;
+};
+
+class ExamplePixels : public PixelsTest, public ::testing::WithParamInterface<const char*> {
+protected:
+    SmallPictures pictures;
+
+    void SetUp() override {
+        PixelsTest::SetUp();
+        imaging = &pictures;
+        Plane::readProject(VELNA_SOURCE_DIR "/examples/" + std::string(GetParam()) + ".vln");
+        ObjectList.update();
+    }
+    void TearDown() override {
+        imaging = nullptr;
+        PixelsTest::TearDown();
+    }
+};
+
+TEST_P(ExamplePixels, AreTheSameBuiltAndReplayed) {
+    for (const double spin : {900.0, 300.0, -1350.0}) {
+        show(spin, 450);
+        const std::vector<unsigned char> built = bytes;
+        EXPECT_GT(litPixels(), 500);
+        Rendering::renderScene(false);
+        readBack();
+        EXPECT_EQ(bytes, built) << spin;
+        Rendering::renderScene(true);
+        readBack();
+        EXPECT_EQ(bytes, built) << spin;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ExamplePixels,
+                         ::testing::Values("glider", "sport_inches", "trainer", "twin_hull"),
+                         [](const auto& instance) { return std::string(instance.param); });
 
 }  // namespace
 }  // namespace velna::test

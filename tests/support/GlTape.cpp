@@ -43,7 +43,7 @@ const std::map<GLenum, std::string>& constantNames() {
         {GL_LIGHT_MODEL_AMBIENT, "GL_LIGHT_MODEL_AMBIENT"},
         {GL_PROJECTION, "GL_PROJECTION"},
         {GL_MODELVIEW, "GL_MODELVIEW"},
-        {GL_COMPILE_AND_EXECUTE, "GL_COMPILE_AND_EXECUTE"},
+        {GL_COMPILE, "GL_COMPILE"},
         {GL_LINE_SMOOTH_HINT, "GL_LINE_SMOOTH_HINT"},
         {GL_NICEST, "GL_NICEST"},
         {GL_TEXTURE_2D, "GL_TEXTURE_2D"},
