@@ -1,18 +1,24 @@
 // The conversion of a large picture into a wing's texture beside what the toolkit alone needs to
-// load, turn and scale it and to pass once over its pixels.
+// load, turn and scale it and to pass once over its pixels; and a hundred wings with that picture
+// beside one such wing.
 
 #include <QApplication>
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTransform>
 #include <QWidget>
+#include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <vector>
 
 #include <benchmark/benchmark.h>
 
+#include "model/MainWing.h"
 #include "model/Plane.h"
 #include "preview/Imaging.h"
+#include "preview/Rendering.h"
+#include "preview/Textures.h"
 #include "shell/qt/QtImaging.h"
 #include "support/OffscreenContext.h"
 
@@ -36,27 +42,83 @@ const QString& pictureFile() {
     return file;
 }
 
+/// A real OpenGL and a real reader for `wings` wings with that one picture.
+class WingsWithPictures {
+public:
+    explicit WingsWithPictures(int wings) {
+        Rendering::context = &context_;
+        Rendering::createRenderContext();
+        imaging = &pictures_;
+        Plane::setDefaultPlane();
+        while (nbWings < wings) {
+            ++nbWings;
+            MainWing::addWing();
+        }
+        for (int i = 1; i <= nbWings; ++i)
+            Wings(i).set_texture_filename(pictureFile().toStdString());
+    }
+    ~WingsWithPictures() {
+        Plane::setDefaultPlane();
+        imaging = nullptr;
+        Rendering::context = nullptr;
+        Rendering::reset();
+    }
+    WingsWithPictures(const WingsWithPictures&) = delete;
+    WingsWithPictures& operator=(const WingsWithPictures&) = delete;
+
+    bool ready() const { return Rendering::contextCreated; }
+    static void forgetPictures() {
+        for (int i = 1; i <= nbWings; ++i) Wings(i).set_texture_loaded(false);
+    }
+
+private:
+    test::OffscreenContext context_{64, 64};
+    QWidget owner_;
+    QtImaging pictures_{owner_};
+};
+
 void convertWingPicture(benchmark::State& state) {
-    test::OffscreenContext context(64, 64);
-    if (!context.create()) {
-        state.SkipWithError("no OpenGL that draws off screen");
-        return;
-    }
-    QWidget owner;
-    QtImaging pictures(owner);
-    imaging = &pictures;
-    Plane::setDefaultPlane();
+    const WingsWithPictures wings(1);
+    if (!wings.ready()) return state.SkipWithError("no OpenGL that draws off screen");
     Plane::createAllSolids();
-    WingSection& wing = *Wings(1).Left;
-    wing.texture_filename = pictureFile().toStdString();
     for (auto _ : state) {
-        wing.texture_loaded = false;
-        wing.convertPicture();
+        WingsWithPictures::forgetPictures();
+        Textures::convertPictures();
     }
-    if (wing.xtex != side) state.SkipWithError("not converted");
-    imaging = nullptr;
+    if (Wings(1).Left->xtex != side) state.SkipWithError("not converted");
 }
 BENCHMARK(convertWingPicture)->Unit(benchmark::kMillisecond);
+
+/// What opening a project shows first: the pictures converted, the list built and called.
+void firstPictureOfWings(benchmark::State& state) {
+    const WingsWithPictures wings(static_cast<int>(state.range(0)));
+    if (!wings.ready()) return state.SkipWithError("no OpenGL that draws off screen");
+    for (auto _ : state) {
+        WingsWithPictures::forgetPictures();
+        Rendering::renderScene(true);
+    }
+    if (Wings(nbWings).Right->xtex != side) state.SkipWithError("not converted");
+}
+BENCHMARK(firstPictureOfWings)->ArgName("wings")->Arg(1)->Arg(100)->Unit(benchmark::kMillisecond);
+
+/// How much more a hundred wings with one picture take than one such wing, in one run.
+void hundredWingsToOne(benchmark::State& state) {
+    const auto timeOf = [&state](int count) {
+        const WingsWithPictures wings(count);
+        if (!wings.ready()) state.SkipWithError("no OpenGL that draws off screen");
+        double best = 1e9;
+        for (int i = 0; i < 5; ++i) {
+            WingsWithPictures::forgetPictures();
+            const auto start = std::chrono::steady_clock::now();
+            Rendering::renderScene(true);
+            const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+            best = std::min(best, time.count());
+        }
+        return best;
+    };
+    for (auto _ : state) state.counters["ratio"] = timeOf(100) / timeOf(1);
+}
+BENCHMARK(hundredWingsToOne)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void toolkitAlone(benchmark::State& state) {
     std::vector<unsigned char> texels(3UL * side * side);

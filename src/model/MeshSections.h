@@ -7,6 +7,7 @@
 #include "common/List.h"
 #include "common/Palette.h"
 #include "common/Point.h"
+#include "model/ObjectPicture.h"
 
 namespace velna {
 
@@ -144,9 +145,8 @@ public:
     void readV026(ValueReader& file);
 
     // preview/
-    /// Converts the picture once, before a display list is begun, since a failure may open a
-    /// message box; a failed one is tried again at the next call.
-    void convertPicture();
+    /// What the conversion of the picture reads and fills.
+    ObjectPicture picture() { return {texture_filename, texture_loaded, xtex, ytex, texels}; }
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
 
@@ -197,7 +197,7 @@ private:
 
     Array2<Point2D> texCoords;
     Point3D color_;
-    std::vector<unsigned char> texels;
+    Texels texels;
 };
 
 }  // namespace velna

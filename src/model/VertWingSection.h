@@ -3,11 +3,11 @@
 #include <array>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "common/List.h"
 #include "common/Palette.h"
 #include "common/Point.h"
+#include "model/ObjectPicture.h"
 #include "model/SymWingSections.h"
 
 namespace velna {
@@ -81,9 +81,8 @@ public:
     void readV0212(ValueReader& file);
 
     // preview/
-    /// Converts the picture once, before a display list is begun, since a failure may open a
-    /// message box; a failed one is tried again at the next call.
-    void convertPicture();
+    /// What the conversion of the picture reads and fills.
+    ObjectPicture picture() { return {texture_filename, texture_loaded, xtex, ytex, texels}; }
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
 
@@ -122,7 +121,7 @@ private:
     Array1<double> chordRatios;
     Array1<double> rootTexCoords;
     Array1<double> tipTexCoords;
-    std::vector<unsigned char> texels;
+    Texels texels;
 };
 
 }  // namespace velna

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "common/List.h"
 #include "common/Point.h"
+#include "model/ObjectPicture.h"
 
 namespace velna {
 
@@ -55,9 +55,8 @@ public:
     int builtCount() const { return rootPoints.upper() < 0 ? 0 : rootPoints.upper(); }
 
     // preview/
-    /// Converts the picture once, before a display list is begun, since a failure may open a
-    /// message box; a failed one is tried again at the next call.
-    void convertPicture();
+    /// What the conversion of the picture reads and fills.
+    ObjectPicture picture() { return {texture_filename, texture_loaded, xtex, ytex, texels}; }
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
 
@@ -71,7 +70,7 @@ private:
     Array1<Point3D> airfoil;
     Point3D rootOrigin;
     Point3D tipOrigin;
-    std::vector<unsigned char> texels;
+    Texels texels;
     Array1<double> rootTexCoords;
     Array1<double> tipTexCoords;
 };

@@ -3,6 +3,7 @@
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "preview/Rendering.h"
+#include "preview/Textures.h"
 
 namespace velna::Rendering {
 namespace {
@@ -36,12 +37,7 @@ void forEachShownFuselage(Visit visit) {
 void prepareScene() {
     const Preparing whileThisRuns;
     Plane::createAllSolids();
-    forEachPanel([](SymWingSections& panel) {
-        if (panel.Left) panel.Left->convertPicture();
-        if (panel.Right) panel.Right->convertPicture();
-    });
-    Rudder.convertPicture();
-    forEachShownFuselage([](MeshSections& fuselage) { fuselage.convertPicture(); });
+    Textures::convertPictures();
 }
 
 void drawPanel(SymWingSections& panel) {
@@ -65,6 +61,7 @@ void drawBlended(MeshSections& fuselage) {
 // called once it is complete: an implementation that draws while it compiles may give an object the
 // material of the next.
 void buildList() {
+    Textures::beginList();
     glNewList(sceneList, GL_COMPILE);
     glDisable(GL_BLEND);
     drawEquipments();

@@ -21,6 +21,8 @@ public:
     bool creationWorks = true;
     /// The window events of a turn.
     std::function<void()> events = [] {};
+    /// What happens when a frame is shown.
+    std::function<void()> shown = [] {};
 
     bool chooseFormat() override {
         GlTape::add({"chooseFormat"});
@@ -35,7 +37,10 @@ public:
         GlTape::add({"destroy"});
         GlTape::hasContext = false;
     }
-    void swapBuffers() override { GlTape::add({"SwapBuffers"}); }
+    void swapBuffers() override {
+        GlTape::add({"SwapBuffers"});
+        shown();
+    }
     double width() const override { return full_ ? screenAreaWidth : areaWidth; }
     double height() const override { return full_ ? screenAreaHeight : areaHeight; }
     double devicePixelRatio() const override { return pixelRatio; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <numbers>
 #include <optional>
 #include <set>
@@ -43,8 +44,9 @@ struct Machine {
     std::array<double, 4> color{0, 0, 0, 1};
     bool blend = true;
     bool texturing = false;
-    bool hasImage = false;
-    Texture texture;
+    int bound = 0;
+    std::map<int, Texture> textures;  ///< by their names; one without an image has no size
+    std::string environment = "GL_MODULATE";
     std::array<double, 3> normal{0, 0, 1};
     std::array<double, 2> coordinate{};
     std::size_t normalAt = 0;
@@ -75,15 +77,17 @@ void Machine::takeState(const std::string& name, const json& call) {
     } else if (name == "glMaterialfv" && call[2] == "GL_AMBIENT_AND_DIFFUSE") {
         color = call[3].get<std::array<double, 4>>();
     } else if (name == "glTexImage2D") {
-        texture.size = {call[4], call[5]};
-        hasImage = true;
+        textures[bound].size = {call[4], call[5]};
+    } else if (name == "glBindTexture") {
+        bound = call[2];
     } else if (starts(name, "glTexParameter")) {
+        Texture& texture = textures[bound];
         if (call[2] == "GL_TEXTURE_WRAP_S") texture.wrap[0] = call[3];
         if (call[2] == "GL_TEXTURE_WRAP_T") texture.wrap[1] = call[3];
         if (call[2] == "GL_TEXTURE_MAG_FILTER") texture.filter[0] = call[3];
         if (call[2] == "GL_TEXTURE_MIN_FILTER") texture.filter[1] = call[3];
     } else if (starts(name, "glTexEnv") && call[2] == "GL_TEXTURE_ENV_MODE") {
-        texture.environment = call[3];
+        environment = call[3];
     }
 }
 
@@ -98,7 +102,10 @@ void Machine::take(const json& call, std::size_t index) {
         addVertex(call);
     } else if (name == "glBegin") {
         open = Primitive{call[1], color, blend, std::nullopt, {}};
-        if (texturing && hasImage) open->texture = texture;
+        if (texturing && textures[bound].size[0] > 0) {
+            open->texture = textures[bound];
+            open->texture->environment = environment;
+        }
     } else if (name == "glEnd") {
         if (!open->vertices.empty()) done.push_back(std::move(*open));
         open.reset();

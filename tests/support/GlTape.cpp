@@ -23,6 +23,7 @@ std::vector<std::vector<unsigned char>> uploaded;
 bool listOpen = false;
 bool primitiveOpen = false;
 bool alignedToBytes = false;
+GLuint lastTexture = 0;
 
 const std::map<GLenum, std::string>& constantNames() {
     static const std::map<GLenum, std::string> names{
@@ -267,6 +268,20 @@ void glTexParameteri(GLenum target, GLenum what, GLint value) {
 }
 void glTexEnvi(GLenum target, GLenum what, GLint value) {
     record({"glTexEnvi", constant(target), constant(what), constant(static_cast<GLenum>(value))});
+}
+
+void glGenTextures(GLsizei count, GLuint* names) {
+    fault(count != 1, "glGenTextures of several");
+    *names = ++lastTexture;
+    record({"glGenTextures", *names});
+}
+void glBindTexture(GLenum target, GLuint name) {
+    fault(name > lastTexture, "glBindTexture of a name that was not given");
+    record({"glBindTexture", constant(target), name});
+}
+void glDeleteTextures(GLsizei count, const GLuint* names) {
+    fault(count != 1, "glDeleteTextures of several");
+    record({"glDeleteTextures", *names});
 }
 
 void glTexImage2D(GLenum target, GLint level, GLint components, GLsizei width, GLsizei height,
