@@ -1,17 +1,22 @@
+#include <QApplication>
+#include <QEventLoop>
 #include <QImage>
 #include <QImageWriter>
 #include <QProgressBar>
 #include <QScreen>
+#include <QTimer>
 #include <QWidget>
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
-#include "shell/qt/PictureReading.h"
 #include "shell/qt/QtImaging.h"
+#include "support/MemoryLimit.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna {
@@ -122,28 +127,6 @@ TEST_F(Pictures, WhatCannotBeReadGivesAReason) {
     EXPECT_FALSE(load(folder.path()));
 }
 
-TEST_F(Pictures, AHeaderThatPromisesMoreThanMemoryShouldHoldIsRefused) {
-    std::string header = {'B', 'M'};
-    const auto number = [&](std::uint32_t value) {
-        for (int i = 0; i < 4; ++i) header += static_cast<char>(value >> (8 * i) & 255);
-    };
-    for (const std::uint32_t value :
-         {54U, 0U, 54U, 40U, 30000U, 30000U, 1U | 24U << 16, 0U, 0U, 0U, 0U, 0U, 0U})
-        number(value);
-    const std::string file = folder.path() + "huge.bmp";
-    std::ofstream(file, std::ios::binary) << header;
-    EXPECT_FALSE(load(file));
-    EXPECT_FALSE(reason.empty());
-}
-
-TEST_F(Pictures, APictureBeyondMemoryIsHalvedUntilItFits) {
-    EXPECT_EQ(affordablePicture({12000, 9000}), QSize(12000, 9000));
-    EXPECT_EQ(affordablePicture({24000, 10000}), QSize(12000, 5000));
-    EXPECT_EQ(affordablePicture({65000, 65000}), QSize(8125, 8125));
-    EXPECT_EQ(affordablePicture({1, 2000000000}).width(), 1);
-    EXPECT_EQ(affordablePicture(QSize()), QSize()) << "a size that no header told";
-}
-
 TEST_F(Pictures, TheFormStandsRoundThePictureWithItsBarBelow) {
     ASSERT_TRUE(load(write(twoHalves({64, 32}), "a.png", "png")));
     imaging.showProgress(0);
@@ -182,6 +165,109 @@ TEST_F(Pictures, ACutPictureIsNoCrash) {
         else
             EXPECT_FALSE(reason.empty());
     }
+}
+
+// Each step in turn finds the memory used up. The room is enough for everything but a picture.
+TEST_F(Pictures, NoStepThrowsWhereMemoryHasNoRoom) {
+    const std::string file = write(twoHalves({5000, 4000}), "large.png", "png");
+    const std::string target = folder.path() + "out.bmp";
+    std::ofstream(target) << "old";
+    constexpr unsigned long room = 40UL << 20;
+    {
+        const test::MemoryLimit limit(room);
+        EXPECT_FALSE(load(file));
+        EXPECT_FALSE(reason.empty());
+    }
+    const std::function<void()> steps[] = {
+        [this] { imaging.rotateQuarter(); },
+        [this] { imaging.resize(4096, 4096); },
+        [this] { EXPECT_TRUE(imaging.pixels().bytes.empty()); },
+        [&] { EXPECT_FALSE(imaging.save(target, PictureFormat::Bmp, reason)); },
+        [this] { imaging.showProgress(0); },
+    };
+    for (const auto& step : steps) {
+        ASSERT_TRUE(load(file)) << reason;
+        {
+            const test::MemoryLimit limit(room);
+            step();
+        }
+        // What comes after a step that failed fails too, and no more.
+        imaging.rotateQuarter();
+        imaging.resize(64, 64);
+        imaging.showProgress(0);
+        imaging.pixels();
+        imaging.showProgress(100);
+        imaging.hideProgress();
+        EXPECT_FALSE(imaging.save(target, PictureFormat::Bmp, reason));
+    }
+    std::ifstream old(target);
+    const std::string kept{std::istreambuf_iterator<char>(old), {}};
+    EXPECT_EQ(kept, "old");
+}
+
+/// Runs `commands` one after the other in an event loop, closing each box; how many there were. Of
+/// several within each other the innermost closes them.
+std::vector<int> boxesOf(const std::vector<std::function<void()>>& commands) {
+    static int depth = 0;
+    const int own = ++depth;
+    QEventLoop loop;
+    int boxes = 0;
+    QTimer closer;
+    QObject::connect(&closer, &QTimer::timeout, [&] {
+        if (own != depth) return;
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            ++boxes;
+            box->close();
+        }
+    });
+    closer.start(1);
+    std::vector<int> counts;
+    std::size_t next = 0;
+    QTimer starter;
+    starter.setSingleShot(true);
+    QObject::connect(&starter, &QTimer::timeout, [&] {
+        boxes = 0;
+        commands[next++]();
+        counts.push_back(boxes);
+        if (next < commands.size())
+            starter.start(1);
+        else
+            loop.quit();
+    });
+    starter.start(1);
+    loop.exec();
+    --depth;
+    return counts;
+}
+
+TEST_F(Pictures, ABoxIsShownOnceACommand) {
+    const auto complain = [this](const char* text) { imaging.showError(text); };
+    const auto twoHalvesTwice = [&] {
+        for (int i = 0; i < 4; ++i) complain("wing");
+    };
+    const auto thenAnother = [&] {
+        complain("wing");
+        complain("tail");
+        complain("wing");
+    };
+    EXPECT_EQ(boxesOf({twoHalvesTwice, twoHalvesTwice, [] {}, thenAnother, twoHalvesTwice}),
+              (std::vector{1, 1, 0, 2, 1}));
+}
+
+// A command may come from a dialog, and open others between two of its pictures.
+TEST_F(Pictures, ABoxOfACommandInADialogIsShownOnceToo) {
+    const auto command = [this] {
+        imaging.showError("wing");
+        QCoreApplication::processEvents();
+        QEventLoop dialog;
+        QTimer::singleShot(20, &dialog, &QEventLoop::quit);
+        dialog.exec();
+        imaging.showError("wing");
+    };
+    std::vector<int> inside;
+    const auto dialog = [&] { inside = boxesOf({command, command}); };
+    EXPECT_EQ(boxesOf({command, dialog, command}), (std::vector{1, 0, 1}));
+    EXPECT_EQ(inside, (std::vector{1, 1}));
 }
 
 TEST_F(Pictures, AFailedSaveLeavesTheOldFileAndTellsTheReason) {

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/qt/QtSurface.h"
+#include "support/MemoryLimit.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna {
@@ -115,6 +116,18 @@ TEST_F(Surfaces, WhatCannotBeReadIsSkipped) {
         surface.paintPicture(folder.path() + name, {0, 0}, {40, 20});
         EXPECT_EQ(at(10, 10), white) << name;
     }
+}
+
+TEST_F(Surfaces, APictureThatMemoryHasNoRoomForIsSkipped) {
+    const std::string file = picture("large.bmp", "bmp", {5000, 4000});
+    {
+        const test::MemoryLimit limit(40UL << 20);
+        surface.paintPicture(file, {0, 0}, {120, 80});
+        surface.pictureSize(file);
+    }
+    EXPECT_EQ(at(60, 40), white);
+    surface.paintPicture(file, {0, 0}, {120, 80});
+    EXPECT_EQ(at(60, 40), 0xffff0000U);
 }
 
 TEST_F(Surfaces, AHugePlaceOrSizeDrawsNothingAndHarmsNothing) {

@@ -6,16 +6,16 @@
 
 namespace velna {
 
-/// Reads the first page of a picture file, its kind found by its content. `largest`, where it is
-/// not empty, is a size that need not be exceeded: decoders that can will deliver less. A null
-/// image, with the reason, when the file cannot be read or would take more memory than a picture
-/// may.
+/// The most pixels of a picture that is read.
+inline constexpr qint64 mostPixels = 100'000'000;
+
+/// Reads the first page of a picture file: a regular file with a BMP, ICO, JPEG, PNG, GIF or TIFF
+/// picture of at most `mostPixels`, its kind found by its content. `largest`, where it is not
+/// empty, is a size that need not be exceeded: decoders that can will deliver less. A null image,
+/// with the reason, for everything else and where memory has no room; never throws.
 QImage readPicture(const std::string& file, QSize largest, std::string& reason);
 
-/// The size at which a picture of `natural` pixels may be decoded: halved until memory has room.
-QSize affordablePicture(QSize natural);
-
-/// The size that the file's header tells, invalid when it cannot be read.
+/// The size of a picture that `readPicture` takes, invalid for everything else; never throws.
 QSize readPictureSize(const std::string& file);
 
 }  // namespace velna

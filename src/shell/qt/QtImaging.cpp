@@ -1,5 +1,6 @@
 #include "shell/qt/QtImaging.h"
 
+#include <QAbstractEventDispatcher>
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -10,8 +11,11 @@
 #include <QPainter>
 #include <QProgressBar>
 #include <QScreen>
+#include <QThread>
 #include <QTransform>
 #include <QWindow>
+#include <algorithm>
+#include <exception>
 
 #include "common/ReplacedFile.h"
 #include "shell/Ports.h"
@@ -21,6 +25,7 @@ namespace velna {
 namespace {
 
 constexpr int jpegQuality = 90;
+constexpr const char* noMemory = "The picture needs more memory than there is";
 
 QByteArray encode(const QImage& image, PictureFormat format, std::string& reason) {
     QByteArray bytes;
@@ -80,39 +85,68 @@ private:
     QProgressBar bar_{this};
 };
 
-QtImaging::QtImaging(QWidget& owner) : owner_(owner) {}
+QtImaging::QtImaging(QWidget& owner) : owner_(owner) {
+    waiting_ =
+        QObject::connect(QAbstractEventDispatcher::instance(),
+                         &QAbstractEventDispatcher::aboutToBlock, [this] { waitsForTheUser(); });
+}
 
-QtImaging::~QtImaging() = default;
+QtImaging::~QtImaging() {
+    QObject::disconnect(waiting_);
+}
+
+/// Runs a step on the picture; one that finds no memory leaves no picture.
+void QtImaging::whereMemoryHasRoom(const std::function<void()>& step) {
+    try {
+        step();
+    } catch (const std::exception&) {
+        image_ = {};
+    }
+}
 
 bool QtImaging::load(const std::string& file, std::string& reason) {
+    image_ = {};
     QImage picture = readPicture(file, {}, reason);
     if (picture.isNull()) return false;
-    // Clear parts of a picture are seen on white.
-    if (picture.hasAlphaChannel()) {
-        QImage flat(picture.size(), QImage::Format_RGB32);
-        flat.fill(Qt::white);
-        QPainter(&flat).drawImage(0, 0, picture);
-        picture = std::move(flat);
-    }
-    // Qt turns and scales 32-bit pixels fastest; three bytes each are made once, at the end.
-    image_ = std::move(picture).convertToFormat(QImage::Format_RGB32);
-    if (image_.isNull()) reason = "The picture needs more memory than there is";
+    whereMemoryHasRoom([&] {
+        // Clear parts of a picture are seen on white.
+        if (picture.hasAlphaChannel()) {
+            QImage flat(picture.size(), QImage::Format_RGB32);
+            if (flat.isNull()) return;
+            flat.fill(Qt::white);
+            QPainter(&flat).drawImage(0, 0, picture);
+            picture = std::move(flat);
+        }
+        // Qt turns and scales 32-bit pixels fastest; three bytes each are made once, at the end.
+        image_ = std::move(picture).convertToFormat(QImage::Format_RGB32);
+    });
+    if (image_.isNull()) reason = noMemory;
     return !image_.isNull();
 }
 
 void QtImaging::rotateQuarter() {
-    image_ = image_.transformed(QTransform().rotate(90));
+    if (image_.isNull()) return;
+    whereMemoryHasRoom([&] { image_ = image_.transformed(QTransform().rotate(90)); });
 }
 
 void QtImaging::resize(int width, int height) {
-    if (QSize(width, height) == image_.size()) return;
-    image_ = image_.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-                 .convertToFormat(QImage::Format_RGB32);
+    if (image_.isNull() || QSize(width, height) == image_.size()) return;
+    whereMemoryHasRoom([&] {
+        image_ = image_.scaled(width, height, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                     .convertToFormat(QImage::Format_RGB32);
+    });
 }
 
 PictureBytes QtImaging::pixels() {
+    PictureBytes result;
+    whereMemoryHasRoom([&] { copyPixels(result); });
+    return image_.isNull() ? PictureBytes{} : result;
+}
+
+void QtImaging::copyPixels(PictureBytes& result) {
     constexpr int step = 10;  // per cent: the bar's repaints must not take longer than the copy
-    PictureBytes result{image_.width(), image_.height(), {}};
+    result.width = image_.width();
+    result.height = image_.height();
     const std::size_t rowBytes = 3UL * static_cast<std::size_t>(result.width);
     // Row by row, so that the large memory is written once and not cleared before.
     std::vector<unsigned char> row(rowBytes);
@@ -128,23 +162,31 @@ PictureBytes QtImaging::pixels() {
         }
         result.bytes.insert(result.bytes.end(), row.begin(), row.end());
     }
-    return result;
 }
 
 bool QtImaging::save(const std::string& file, PictureFormat format, std::string& reason) {
-    const QByteArray bytes = encode(image_, format, reason);
-    if (bytes.isEmpty()) return false;
-    ReplacedFile target(file);
-    target.buffer().append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-    if (target.commit()) return true;
-    reason = target.error();
+    try {
+        const QByteArray bytes = encode(image_, format, reason);
+        if (bytes.isEmpty()) return false;
+        ReplacedFile target(file);
+        target.buffer().append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+        if (target.commit()) return true;
+        reason = target.error();
+    } catch (const std::exception&) {
+        reason = noMemory;
+    }
     return false;
 }
 
 void QtImaging::showProgress(int percent) {
-    if (!form_) form_ = std::make_unique<ConversionForm>(owner_);
-    form_->showPercent(percent);
-    if (!form_->isVisible()) form_->showPicture(image_);
+    if (image_.isNull()) return;
+    try {
+        if (!form_) form_ = std::make_unique<ConversionForm>(owner_);
+        form_->showPercent(percent);
+        if (percent == 0) form_->showPicture(image_);
+    } catch (const std::exception&) {
+        form_.reset();  // the conversion goes on unseen
+    }
 }
 
 void QtImaging::hideProgress() {
@@ -154,7 +196,17 @@ void QtImaging::hideProgress() {
 }
 
 void QtImaging::showError(const std::string& text) {
+    if (told_.empty()) commandLoop_ = std::max(1, QThread::currentThread()->loopLevel());
+    if (!told_.insert(text).second) return;
+    boxOpen_ = true;
     QMessageBox::critical(&owner_, applicationTitle, QString::fromStdString(text));
+    boxOpen_ = false;
+}
+
+/// The command is over when the loop that it came from waits for the next one; loops of its own
+/// boxes and dialogs lie deeper.
+void QtImaging::waitsForTheUser() {
+    if (!boxOpen_ && QThread::currentThread()->loopLevel() <= commandLoop_) told_.clear();
 }
 
 }  // namespace velna

@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <algorithm>
 #include <cmath>
+#include <exception>
 
 #include "shell/qt/PictureReading.h"
 
@@ -88,9 +89,13 @@ void QtSurface::paintPicture(const std::string& file, Point2D position, Point2D 
     std::string reason;
     const QImage picture = readPicture(file, shown, reason);
     if (picture.isNull()) return;
-    QPainter painter(&image_);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(QRectF(position.x, position.y, size.x, size.y), picture);
+    try {
+        QPainter painter(&image_);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRectF(position.x, position.y, size.x, size.y), picture);
+    } catch (const std::exception&) {
+        // Memory had no room to scale it: what is painted of it is only an aid.
+    }
     changed_.include(0, 0, image_.width(), image_.height());
 }
 
