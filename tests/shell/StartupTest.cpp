@@ -194,6 +194,36 @@ nlohmann::json shownNow() {
     return {"setViewTransform", view.panX, view.panY, view.distance, view.spin, view.tilt};
 }
 
+void expectViewState(const nlohmann::json& state, const std::string& step) {
+    EXPECT_EQ(Rendering::renderSpin, state["renderSpin"].get<double>()) << step;
+    EXPECT_EQ(Rendering::renderTilt, state["renderTilt"].get<double>()) << step;
+    EXPECT_EQ(Rendering::renderDistance, state["renderDistance"].get<double>()) << step;
+    EXPECT_EQ(Rendering::renderPanX, state["renderPanX"].get<double>()) << step;
+    EXPECT_EQ(Rendering::renderPanY, state["renderPanY"].get<double>()) << step;
+    EXPECT_EQ(Rendering::rotating, state["rotating"].get<bool>()) << step;
+    EXPECT_EQ(Rendering::zooming, state["zooming"].get<bool>()) << step;
+    EXPECT_EQ(Rendering::panning, state["panning"].get<bool>()) << step;
+}
+
+/// Contexts made, lists built and frames shown of a step. A new context shows a first picture, and
+/// builds it; of several frames of one step the last is enough.
+void expectRenderCalls(const nlohmann::json& told, const std::string& step) {
+    int contexts = 0;
+    int built = 0;
+    int replayed = 0;
+    for (const auto& call : told) {
+        if (call[0] == "createRenderContext") ++contexts;
+        if (call[0] == "renderScene") ++(call[1].get<bool>() ? built : replayed);
+    }
+    EXPECT_EQ(GlTape::count("create"), contexts) << step;
+    const int lists = GlTape::count("glNewList") - contexts;
+    EXPECT_EQ(lists > 0, built > 0) << step;
+    EXPECT_LE(lists, built) << step;
+    const int frames = GlTape::count("SwapBuffers") - contexts;
+    EXPECT_EQ(frames > 0, built + replayed > 0) << step;
+    EXPECT_LE(frames, built + replayed) << step;
+}
+
 /// The picture's state at the end of the start, after the timer's first interval and after its
 /// second, and under the first drag, with and without a stored inch setting, as computed by other
 /// means.
@@ -202,6 +232,7 @@ TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
     const auto cases = nlohmann::json::parse(in);
     for (const auto& scenario : cases["startup"]) {
         SetUp();
+        GlTape::calls().clear();
         velna::Startup::run();
         Prefs.selectUnit(scenario["InchesOption"].get<bool>() ? inches : millimetres);
         nlohmann::json expected;
@@ -218,12 +249,9 @@ TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
             if (!expected.empty()) {
                 EXPECT_EQ(shownNow(), expected) << name;
             }
-            const auto& state = step["state"];
-            EXPECT_EQ(Rendering::renderSpin, state["renderSpin"].get<double>()) << name;
-            EXPECT_EQ(Rendering::renderTilt, state["renderTilt"].get<double>()) << name;
-            EXPECT_EQ(Rendering::renderDistance, state["renderDistance"].get<double>()) << name;
-            EXPECT_EQ(Rendering::renderPanX, state["renderPanX"].get<double>()) << name;
-            EXPECT_EQ(Rendering::renderPanY, state["renderPanY"].get<double>()) << name;
+            expectViewState(step["state"], name);
+            expectRenderCalls(step["calls"], name);
+            GlTape::calls().clear();
             if (step.contains("timer1")) {
                 EXPECT_EQ(desktop.timer1, step["timer1"].get<bool>()) << name;
             }
