@@ -1,20 +1,36 @@
 #include "common/ReplacedFile.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <cstdlib>
-#include <memory>
+#include <ctime>
+#include <filesystem>
 #include <system_error>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "common/FileCalls.h"
+
 namespace velna {
+
+FileCalls fileCalls;
+
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr mode_t modeOfNewFiles = 0666;
+constexpr std::string_view temporaryHead = ".velna-";
+constexpr std::string_view temporaryTail = "XXXXXX";
+constexpr std::string_view oldTail = "~";
+constexpr std::time_t longestSave = 24 * 60 * 60;  // seconds
+
+std::string reasonOf(int number) {
+    return std::generic_category().message(number);
+}
 
 /// The file that `path` names in the end: a link stays a link, and what it points to is replaced.
 /// A link whose target does not exist yet is followed by hand, one step at a time.
@@ -38,45 +54,77 @@ mode_t modeFor(const struct stat* old) {
     return modeOfNewFiles & ~mask;
 }
 
-/// Makes the new name durable: without it the rename may be lost with the power.
-bool syncFolder(const std::string& path) {
-    const std::string folder = folderOf(path);
+/// Makes the new names durable: without it the renames may be lost with the power.
+bool syncFolder(const std::string& folder) {
     const int descriptor =
         ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     // A folder that may be written but not read cannot be synced; the file itself stands.
     if (descriptor < 0) return errno == EACCES;
-    const bool synced = ::fsync(descriptor) == 0 || errno == EINVAL;
+    const bool synced = fileCalls.sync(descriptor) == 0 || errno == EINVAL;
     const int kept = errno;
     ::close(descriptor);
     errno = kept;
     return synced;
 }
 
+/// Whether `title` is one that a new file, or an old one kept meanwhile, has.
+bool isTemporary(std::string_view title) {
+    if (!title.starts_with(temporaryHead)) return false;
+    title.remove_prefix(temporaryHead.size());
+    if (title.ends_with(oldTail)) title.remove_suffix(oldTail.size());
+    return title.size() == temporaryTail.size() && std::ranges::all_of(title, [](char c) {
+               return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+           });
+}
+
+/// Removes what a killed run has left in `folder`. What is younger than a day may be another run's
+/// that is still at work.
+void sweep(const std::string& folder) {
+    std::error_code failure;
+    fs::directory_iterator entry(folder.empty() ? "." : folder, failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
+        const std::string& path = entry->path().native();
+        struct stat status {};
+        if (!isTemporary(titleOf(path)) || ::lstat(path.c_str(), &status) != 0) continue;
+        const bool ours =
+            (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode)) && status.st_uid == ::geteuid();
+        if (ours && status.st_mtime < std::time(nullptr) - longestSave)
+            fileCalls.unlink(path.c_str());
+    }
+}
+
 }  // namespace
 
-ReplacedFile::ReplacedFile(std::string target) : target_(resolved(std::move(target))) {
+ReplacedFile::ReplacedFile(std::string target, Links links)
+    : target_(links == Links::followed ? resolved(std::move(target)) : std::move(target)) {
+    sweepFolderOf(target_);
+    open(links);
+}
+
+void ReplacedFile::open(Links links) {
     struct stat old {};
-    const bool exists = ::stat(target_.c_str(), &old) == 0;
-    if (exists && !S_ISREG(old.st_mode)) {
+    const bool exists = ::lstat(target_.c_str(), &old) == 0;
+    const bool link = exists && S_ISLNK(old.st_mode);
+    if (exists && !S_ISREG(old.st_mode) && !(link && links == Links::replaced)) {
         // Only a regular file can be replaced by another: a device or a pipe would vanish.
-        errno = S_ISDIR(old.st_mode) ? EISDIR : EINVAL;
+        errno = S_ISDIR(old.st_mode) ? EISDIR : link ? ELOOP : EINVAL;
         fail();
         return;
     }
-    std::string name = folderOf(target_) + ".velna-XXXXXX";
-    descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
+    std::string name = folderOf(target_).append(temporaryHead).append(temporaryTail);
+    descriptor_ = fileCalls.create(name.data(), O_CLOEXEC);
     if (descriptor_ < 0) {
         fail();
         return;
     }
     temporary_ = name;
-    if (::fchmod(descriptor_, modeFor(exists ? &old : nullptr)) != 0) fail();
-    buffer_.reserve(2 * flushSize);
+    if (fileCalls.mode(descriptor_, modeFor(exists && !link ? &old : nullptr)) != 0) fail();
 }
 
 ReplacedFile::~ReplacedFile() {
     if (descriptor_ >= 0) ::close(descriptor_);
-    if (!temporary_.empty()) ::unlink(temporary_.c_str());
+    if (!temporary_.empty()) fileCalls.unlink(temporary_.c_str());
+    if (!old_.empty()) fileCalls.unlink(old_.c_str());
 }
 
 void ReplacedFile::line(std::string_view text) {
@@ -84,32 +132,125 @@ void ReplacedFile::line(std::string_view text) {
     buffer_.append("\r\n");
 }
 
-void ReplacedFile::fail() {
-    if (error_.empty()) error_ = std::generic_category().message(errno);
+void ReplacedFile::sweepFolderOf(const std::string& target) {
+    const std::string folder = folderOf(target);
+    if (swept_ == folder) return;
+    sweep(folder);
+    swept_ = folder;
 }
 
-void ReplacedFile::flush() {
-    std::size_t written = 0;
-    while (error_.empty() && written < buffer_.size()) {
-        const auto count = ::write(descriptor_, buffer_.data() + written, buffer_.size() - written);
+void ReplacedFile::beside(const std::string& target, std::string_view bytes) {
+    sweepFolderOf(target);
+    std::erase_if(beside_, [&](const auto& file) { return file->target_ == target; });
+    auto& file = *beside_.emplace_back(new ReplacedFile);
+    file.target_ = target;
+    file.open(Links::replaced);
+    file.write(bytes);
+    file.complete();
+    failFor(file);
+}
+
+void ReplacedFile::fail() {
+    fail(reasonOf(errno));
+}
+
+void ReplacedFile::fail(const std::string& reason) {
+    if (error_.empty()) error_ = reason;
+}
+
+void ReplacedFile::write(std::string_view bytes) {
+    while (error_.empty() && !bytes.empty()) {
+        const auto count = fileCalls.write(descriptor_, bytes.data(), bytes.size());
         if (count >= 0) {
-            written += static_cast<std::size_t>(count);
+            bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (errno != EINTR) {
             fail();
         }
     }
+}
+
+void ReplacedFile::flush() {
+    write(buffer_);
     buffer_.clear();
 }
 
-bool ReplacedFile::commit() {
+/// All bytes on disk, and the file closed.
+void ReplacedFile::complete() {
     flush();
-    if (error_.empty() && ::fsync(descriptor_) != 0) fail();
-    if (descriptor_ >= 0 && ::close(descriptor_) != 0) fail();
+    if (error_.empty() && fileCalls.sync(descriptor_) != 0) fail();
+    if (descriptor_ >= 0 && fileCalls.close(descriptor_) != 0) fail();
     descriptor_ = -1;
-    if (error_.empty() && ::rename(temporary_.c_str(), target_.c_str()) != 0) fail();
-    if (!error_.empty()) return false;
+}
+
+/// Keeps the old file under a second name, by which it can be put back. A file system that knows no
+/// second names gets a copy.
+bool ReplacedFile::keepOld() {
+    struct stat old {};
+    if (::lstat(target_.c_str(), &old) != 0) return true;
+    old_ = std::string(temporary_).append(oldTail);
+    if (fileCalls.link(target_.c_str(), old_.c_str()) != 0) {
+        std::error_code failure;
+        fs::copy(target_, old_, fs::copy_options::copy_symlinks, failure);
+        if (failure) fail(failure.message());
+    }
+    return error_.empty();
+}
+
+bool ReplacedFile::place() {
+    if (fileCalls.rename(temporary_.c_str(), target_.c_str()) != 0) {
+        fail();
+        return false;
+    }
     temporary_.clear();
-    if (!syncFolder(target_)) fail();
+    inPlace_ = true;
+    return true;
+}
+
+/// Undoes `place`.
+bool ReplacedFile::putBack() {
+    inPlace_ = old_.empty() ? fileCalls.unlink(target_.c_str()) != 0
+                            : fileCalls.rename(old_.c_str(), target_.c_str()) != 0;
+    if (!inPlace_) old_.clear();
+    return !inPlace_;
+}
+
+/// Takes over a failure of a file beside this one.
+void ReplacedFile::failFor(const ReplacedFile& file) {
+    if (!file.error_.empty()) fail(titleOf(file.target_) + ": " + file.error_);
+}
+
+/// Puts all files in their places; where one cannot be, those before it are put back.
+void ReplacedFile::placeAll() {
+    for (const auto& file : beside_) {
+        if (!file->keepOld()) failFor(*file);
+        if (!error_.empty()) return;
+    }
+    for (const auto& file : beside_) {
+        if (!file->place()) failFor(*file);
+        if (!error_.empty()) break;
+    }
+    if (error_.empty() && place()) return;
+    std::string standing;
+    for (auto file = beside_.rbegin(); file != beside_.rend(); ++file)
+        if ((*file)->inPlace_ && !(*file)->putBack()) standing += " " + titleOf((*file)->target_);
+    if (!standing.empty()) error_ += ". Beside the old file new ones stand now:" + standing;
+}
+
+void ReplacedFile::syncFolders() {
+    std::vector<std::string> folders{folderOf(target_)};
+    for (const auto& file : beside_) folders.push_back(folderOf(file->target_));
+    std::ranges::sort(folders);
+    const auto repeated = std::ranges::unique(folders);
+    folders.erase(repeated.begin(), repeated.end());
+    for (const std::string& folder : folders)
+        if (!syncFolder(folder)) fail();
+}
+
+bool ReplacedFile::commit() {
+    complete();
+    if (!error_.empty()) return false;
+    placeAll();
+    if (inPlace_) syncFolders();
     return error_.empty();
 }
 

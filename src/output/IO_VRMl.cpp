@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "common/NumberText.h"
+#include "common/ValueReader.h"
 #include "common/Version.h"
 #include "model/MeshSections.h"
 #include "model/VertWingSection.h"
@@ -13,6 +14,8 @@
 namespace velna::IO_VRMl {
 
 namespace {
+
+constexpr std::string_view urlHead = "            url ";
 
 void lines(Target& target, std::initializer_list<std::string_view> texts) {
     for (std::string_view text : texts) target.file.line(text);
@@ -288,8 +291,25 @@ void writeVrmlAppearance(Target& target, const Point3D& colour, std::string_view
                    "            texture ImageTexture {",
                    repeat ? "            repeatS TRUE" : "            repeatS FALSE",
                    repeat ? "            repeatT TRUE" : "            repeatT FALSE"});
-    target.file.buffer() += "            url ";
+    target.file.buffer() += urlHead;
     lines(target, {quoted(url), "                       }", "          }"});
+}
+
+std::set<std::string> picturesIn(std::string_view bytes) {
+    std::set<std::string> names;
+    ValueReader lines(bytes);
+    while (!lines.atEnd()) {
+        std::string_view line = lines.line();
+        if (!line.starts_with(urlHead) || !line.ends_with('"')) continue;
+        line.remove_prefix(urlHead.size() + 1);
+        std::string name;
+        for (std::size_t i = 0; i + 1 < line.size(); ++i) {
+            if (line[i] == '\\') ++i;
+            name += line[i];
+        }
+        names.insert(name);
+    }
+    return names;
 }
 
 void writeVrmlNodeEnd(Target& target) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -40,6 +41,8 @@ void writeVrmlFuselage(Target& target, const MeshSections& fuselage, bool mirror
 void writeVrmlBox(Target& target, const Point3D& size);
 /// `colour` is 0 to 255; `url` the bare name of a picture beside the file, empty for none.
 void writeVrmlAppearance(Target& target, const Point3D& colour, std::string_view url, bool repeat);
+/// The pictures that a file of these `bytes` names.
+std::set<std::string> picturesIn(std::string_view bytes);
 /// Closes Shape and Transform.
 void writeVrmlNodeEnd(Target& target);
 void writeVrmlFooter(Target& target);

@@ -6,7 +6,7 @@
 #include "model/Plane.h"
 #include "output/IO_VRMl.h"
 #include "output/Progress.h"
-#include "preview/Bitmap.h"
+#include "preview/PictureCopies.h"
 
 namespace velna::Plane {
 
@@ -25,27 +25,27 @@ struct Look {
 };
 
 template <class Geometry>
-void writeNode(Target& target, const std::string& folder, const char* name, const Look& look,
+void writeNode(Target& target, PictureCopies& pictures, const char* name, const Look& look,
                Geometry writeGeometry) {
     IO_VRMl::writeVrmlNodeName(target, name);
     IO_VRMl::writeVrmlTranslation(target, zeroTranslation);
     writeGeometry();
-    const std::string url = Bitmap::convertJPG(look.picture, look.title, folder, look.unturned);
+    const std::string url = pictures.convertJPG(look.picture, look.title, look.unturned);
     IO_VRMl::writeVrmlAppearance(target, look.color, url, look.repeat);
     IO_VRMl::writeVrmlNodeEnd(target);
 }
 
-void writeWing(Target& target, const std::string& folder, const SymWingSections& wing,
+void writeWing(Target& target, PictureCopies& pictures, const SymWingSections& wing,
                const char* leftName, const char* rightName) {
     const Look look{wing.color(), wing.texture_filename(), wing.qualified_texture_filename, false,
                     false};
-    writeNode(target, folder, leftName, look,
+    writeNode(target, pictures, leftName, look,
               [&] { IO_VRMl::writeVrmlWing(target, *wing.Left, Side::left); });
-    writeNode(target, folder, rightName, look,
+    writeNode(target, pictures, rightName, look,
               [&] { IO_VRMl::writeVrmlWing(target, *wing.Right, Side::right); });
 }
 
-void writeFuselages(Target& target, const std::string& folder) {
+void writeFuselages(Target& target, PictureCopies& pictures) {
     for (int i = 1; i <= nbFuselages && !target.work.cancelled(); ++i) {
         currentFuselage = static_cast<std::int16_t>(i);
         const MeshSections& fuselage = Fuselages.alike(i);
@@ -53,19 +53,19 @@ void writeFuselages(Target& target, const std::string& folder) {
                         fuselage.qualified_texture_filename, true, true};
         for (bool mirrored : {false, true}) {
             if (!mirrored || fuselage.shift != 0) {
-                writeNode(target, folder, "Fuselage", look,
+                writeNode(target, pictures, "Fuselage", look,
                           [&] { IO_VRMl::writeVrmlFuselage(target, fuselage, mirrored); });
             }
         }
     }
 }
 
-void writeRudder(Target& target, const std::string& folder) {
+void writeRudder(Target& target, PictureCopies& pictures) {
     const Look look{Rudder.color(), Rudder.texture_filename, Rudder.qualified_texture_filename,
                     true, false};
     for (bool mirrored : {false, true}) {
         if (!mirrored || Rudder.mirrored()) {
-            writeNode(target, folder, "Rudder", look,
+            writeNode(target, pictures, "Rudder", look,
                       [&] { IO_VRMl::writeVrmlRudder(target, Rudder, mirrored); });
         }
     }
@@ -105,21 +105,24 @@ std::string exportVRML(const std::string& file) {
     if (!output.error().empty()) return output.error();
     Work work(expectedLines());
     Target target{output, work};
-    const std::string folder = folderOf(file);
-    Bitmap::beginExport();
+    PictureCopies pictures(output, file, IO_VRMl::picturesIn);
 
     IO_VRMl::writeVrmlHeader(target);
     vrmlUnitScale = {1, 1, 1};
     for (int i = 1; i <= nbWings && !work.cancelled(); ++i)
-        writeWing(target, folder, Wings.alike(i), "WingLeft", "WingRight");
-    writeWing(target, folder, Stabilizer, "StabLeft", "StabRight");
-    writeFuselages(target, folder);
-    if (!work.cancelled()) writeRudder(target, folder);
+        writeWing(target, pictures, Wings.alike(i), "WingLeft", "WingRight");
+    writeWing(target, pictures, Stabilizer, "StabLeft", "StabRight");
+    writeFuselages(target, pictures);
+    if (!work.cancelled()) writeRudder(target, pictures);
     writeBoxes(target);
     IO_VRMl::writeVrmlFooter(target);
 
     if (work.cancelled()) return cancelledReason;
-    return output.commit() ? std::string() : output.error();
+    output.commit();
+    if (output.inPlace()) pictures.madeHere();
+    if (!output.error().empty()) return output.error();
+    const std::string missing = pictures.missing(" could not be put beside the model");
+    return missing.empty() ? missing : missing + " All else has been exported.";
 }
 
 }  // namespace velna::Plane

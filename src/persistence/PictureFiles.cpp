@@ -8,7 +8,7 @@
 #include "common/ValueReader.h"
 #include "model/Plane.h"
 #include "persistence/RecordFields.h"
-#include "preview/Bitmap.h"
+#include "preview/PictureCopies.h"
 
 namespace velna::PictureFiles {
 
@@ -69,19 +69,34 @@ void forEachObject(Visit visit) {
 
 }  // namespace
 
-std::string saveTextureNames(ReplacedFile& file, const std::string& folder) {
-    std::string reason;
+std::vector<std::string> saveTextureNames(ReplacedFile& file, PictureCopies& copies) {
+    std::vector<std::string> titles;
     forEachObject([&](const auto& object) {
-        saveText(file, object.qualified_texture_filename);
-        const std::string failure =
-            Bitmap::saveTarget(textureName(object), object.qualified_texture_filename, folder);
-        if (reason.empty() && !failure.empty()) {
-            reason = "The picture " + object.qualified_texture_filename +
-                     " could not be put beside the project (" + failure +
-                     "). All else has been saved.";
-        }
+        titles.push_back(copies.saveTarget(textureName(object), object.qualified_texture_filename));
+        saveText(file, titles.back());
     });
-    return reason;
+    return titles;
+}
+
+void keepTitles(const std::vector<std::string>& titles) {
+    auto title = titles.begin();
+    forEachObject([&](auto& object) { object.qualified_texture_filename = *title++; });
+}
+
+// They are the last lines, and the only ones there that are texts.
+std::set<std::string> namesIn(std::string_view bytes) {
+    std::set<std::string> names;
+    if (!bytes.starts_with(projectHead)) return names;
+    ValueReader lines(bytes);
+    while (!lines.atEnd()) {
+        const std::string_view line = lines.line();
+        const auto end = line.rfind('"');
+        if (line.starts_with('"') && end > 0)
+            names.emplace(line.substr(1, end - 1));
+        else
+            names.clear();
+    }
+    return names;
 }
 
 void readTextureNames(ValueReader& file) {

@@ -1,19 +1,28 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace velna {
 
+class PictureCopies;
 class ReplacedFile;
 class ValueReader;
 
 /// The names of the objects' pictures at the end of a project, and the pictures beside it.
 namespace PictureFiles {
 
-/// Writes the names: the wings', the stabiliser's, the fuselages', the fin's. Returns the reason of
-/// the first picture that could not be put into `folder`, empty for none.
-std::string saveTextureNames(ReplacedFile& file, const std::string& folder);
+/// Writes the names, and has a copy of each picture made: the wings', the stabiliser's, the
+/// fuselages', the fin's. Returns the titles as they now stand in the file, in that order.
+std::vector<std::string> saveTextureNames(ReplacedFile& file, PictureCopies& copies);
+
+/// Gives the objects the titles that a save has put into the file.
+void keepTitles(const std::vector<std::string>& titles);
+
+/// The names at the end of the project that consists of `bytes`; none where it is no project.
+std::set<std::string> namesIn(std::string_view bytes);
 
 /// Reads the names; the pictures are looked for in `projectDirectory` when they are first used.
 void readTextureNames(ValueReader& file);

@@ -14,12 +14,12 @@
 #include "persistence/PictureFiles.h"
 #include "persistence/ProjectFormats.h"
 #include "persistence/RecordFields.h"
+#include "preview/PictureCopies.h"
 
 namespace velna::Plane {
 
 namespace {
 
-constexpr const char* firstLinePrefix = "# VELNA File Format V ";
 constexpr const char* refusedVersion = "The vln file version 0.1.x is not any more supported";
 
 /// What a file begins with that was once a project, whatever has become of the rest.
@@ -35,7 +35,7 @@ void complain(const std::string& file, const char* reason) {
 std::string saveProject(const std::string& file) {
     ReplacedFile target(file);
     if (!target.error().empty()) return target.error();
-    target.line(std::string(firstLinePrefix) + versionText);
+    target.line(std::string(projectHead) + " " + versionText);
     MainWing::saveWings(target);
     Stabilizer.save(target);
     Fuselage::saveFuselages(target);
@@ -44,9 +44,16 @@ std::string saveProject(const std::string& file) {
     saveFlag(target, Prefs.InchesOption);
     ObjectList.save(target);
     MainWing::saveWingAirfoils(target);
-    // A picture that cannot be copied is told of, but must not keep the aircraft from being saved.
-    const std::string pictureFailure = PictureFiles::saveTextureNames(target, folderOf(file));
-    return target.commit() ? pictureFailure : target.error();
+    PictureCopies copies(target, file, PictureFiles::namesIn);
+    const auto titles = PictureFiles::saveTextureNames(target, copies);
+    target.commit();
+    if (!target.inPlace()) return target.error();
+    copies.madeHere();
+    PictureFiles::keepTitles(titles);
+    if (!target.error().empty()) return target.error();
+    // A picture that cannot be read is told of, but must not keep the aircraft from being saved.
+    const std::string missing = copies.missing(" could not be put beside the project");
+    return missing.empty() ? missing : missing + " All else has been saved.";
 }
 
 std::string whyNoProject(const std::string& file) {

@@ -14,6 +14,9 @@
 
 namespace velna {
 
+/// How the first line of a project begins.
+inline constexpr std::string_view projectHead = "# VELNA File Format V";
+
 /// One of the three parts of an object's `color`, a line of its own.
 struct ColorPart {
     double Point3D::*part;

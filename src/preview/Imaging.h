@@ -31,8 +31,8 @@ public:
     virtual void resize(int width, int height) = 0;
     /// The picture's pixels as they stand.
     virtual PictureBytes pixels() = 0;
-    /// Encodes to a new file that replaces `file` when complete; false with the reason otherwise.
-    virtual bool save(const std::string& file, PictureFormat format, std::string& reason) = 0;
+    /// The bytes of a file that holds the picture; false with the reason otherwise.
+    virtual bool encode(PictureFormat format, std::string& bytes, std::string& reason) = 0;
 
     /// The form `Bitmap` with the picture and its progress bar, shown during a conversion.
     virtual void showProgress(int percent) = 0;

@@ -1,6 +1,5 @@
 #include "shell/FileCommands.h"
 
-#include <algorithm>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -14,6 +13,7 @@
 #include "model/Prefs.h"
 #include "output/Progress.h"
 #include "persistence/AirfoilFiles.h"
+#include "preview/PictureCopies.h"
 #include "preview/Rendering.h"
 #include "shell/Failure.h"
 #include "shell/Ports.h"
@@ -76,15 +76,8 @@ void openWingAirfoil(const std::string& file) {
     changeModel(section, [&] { openAirfoil(file); });
 }
 
-/// The project keeps a title in a line of its own: a line's end within it would cut the file there.
-std::string inOneLine(std::string title) {
-    std::replace_if(
-        title.begin(), title.end(), [](char c) { return c == '\r' || c == '\n'; }, '_');
-    return title;
-}
-
 void openTexture(const std::string& file) {
-    const std::string title = inOneLine(titleOf(file));
+    const std::string title = storedTitle(titleOf(file));
     if (TabElement::setTexture(file, title)) Main.savedProject = false;
 }
 
@@ -177,9 +170,13 @@ void save() {
         saveProjectAs(answer.file);
         return;
     }
-    const std::string reason =
-        answer.filterIndex == Saved::model ? exportModel(answer.file) : exportView(answer.file);
-    if (!reason.empty() && reason != cancelledReason) reportFailure("The export failed.", reason);
+    const bool model = answer.filterIndex == Saved::model;
+    const std::string reason = model ? exportModel(answer.file) : exportView(answer.file);
+    if (reason.empty() || reason == cancelledReason) return;
+    // A model stands without the pictures that could not be read.
+    reportFailure(
+        model ? titleOf(answer.file) + " could not be exported completely." : "The export failed.",
+        reason);
 }
 
 }  // namespace velna::FileCommands

@@ -18,7 +18,7 @@ MAY_INCLUDE = {
     "preview": ["common", "model"],
     "editor": ["common", "model"],
     # Saving copies the pictures beside the project; sizes and conversions need no GL.
-    "persistence": ["common", "model", "preview/Bitmap.h"],
+    "persistence": ["common", "model", "preview/PictureCopies.h"],
     "output": ["common", "model", "preview", "editor", "persistence"],
     "shell": ["common", "model", "preview", "editor", "persistence", "output"],
     "shell/qt": ["common", "model", "preview", "editor", "persistence", "output", "shell"],
@@ -26,13 +26,19 @@ MAY_INCLUDE = {
 # The core knows no toolkit. C headers of the system are named one by one, each for its reason.
 STANDARD = re.compile(r"^[a-z_0-9]+$")
 SYSTEM = {
-    "common": {"fcntl.h", "unistd.h", "sys/stat.h"},  # a file put in place whole, and synced
+    "common": {"fcntl.h", "unistd.h", "sys/stat.h", "sys/types.h"},  # a file put in place whole, and synced
     "persistence": {"unistd.h", "sys/stat.h"},
-    "preview": {"GL/gl.h", "GL/glu.h"},
+    "preview": {"GL/gl.h", "GL/glu.h", "sys/stat.h"},  # which file a picture's path names
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)')
 # The part of preview that the core links, so it may not draw.
-WITHOUT_GL = {"preview/Bitmap.h", "preview/Bitmap.cpp", "preview/Imaging.h"}
+WITHOUT_GL = {
+    "preview/Bitmap.h",
+    "preview/Bitmap.cpp",
+    "preview/Imaging.h",
+    "preview/PictureCopies.h",
+    "preview/PictureCopies.cpp",
+}
 
 
 def folder_of(path):

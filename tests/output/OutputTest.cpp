@@ -68,11 +68,11 @@ void NamedPictures::resize(int width, int height) {
     height_ = height;
 }
 
-bool NamedPictures::save(const std::string& file, PictureFormat format, std::string&) {
-    writeBytes(file, title_ + " " + std::to_string(width_) + " x " + std::to_string(height_) +
-                         (turns_ == 1 ? " turned" : "") +
-                         (format == PictureFormat::Jpeg ? " jpeg" : " bmp"));
-    return true;
+bool NamedPictures::encode(PictureFormat format, std::string& bytes, std::string& reason) {
+    reason = "no form for it";
+    bytes = title_ + " " + std::to_string(width_) + " x " + std::to_string(height_) +
+            (turns_ == 1 ? " turned" : "") + (format == PictureFormat::Jpeg ? " jpeg" : " bmp");
+    return encodes;
 }
 
 bool ScriptedProgress::step(long long done, long long total) {

@@ -14,8 +14,8 @@
 
 namespace velna::test {
 
-/// Pictures by their file's name, none of which is really decoded: a saved picture is a line that
-/// tells its source, size and turn.
+/// Pictures by their file's name, none of which is really decoded: an encoded picture is a line
+/// that tells its source, size and turn.
 class NamedPictures : public Imaging {
 public:
     bool load(const std::string& file, std::string& reason) override;
@@ -24,12 +24,14 @@ public:
     void rotateQuarter() override;
     void resize(int width, int height) override;
     PictureBytes pixels() override { return {}; }
-    bool save(const std::string& file, PictureFormat format, std::string& reason) override;
+    bool encode(PictureFormat format, std::string& bytes, std::string& reason) override;
     void showProgress(int) override {}
     void hideProgress() override {}
     void showError(const std::string&) override {}
 
     std::vector<std::string> loaded;
+    /// Whether pictures can be encoded.
+    bool encodes = true;
 
 private:
     std::string title_;

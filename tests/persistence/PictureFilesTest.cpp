@@ -1,3 +1,5 @@
+#include <set>
+
 #include "Projects.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -35,8 +37,9 @@ TEST_F(PictureNames, StandAtTheEndInTheOrderWingsStabiliserFuselagesFin) {
 TEST_F(PictureNames, ACopyOfEachPictureIsPutBesideTheProject) {
     setPictures("/pictures/");
     savedBytes();
-    EXPECT_EQ(pictures.saved, (std::vector<std::string>{folder / "wing.bmp", folder / "stab.JPG",
-                                                        folder / "body.bmp", folder / "fin.bmp"}));
+    for (const char* name : {"wing.bmp", "stab.JPG", "body.bmp", "fin.bmp"})
+        EXPECT_EQ(bytesOf(folder / name), std::string("/pictures/") + name);
+    EXPECT_EQ(folder.count(), 5);
 }
 
 TEST_F(PictureNames, ObjectsWithoutPictureHaveAnEmptyNameAndNoFile) {
@@ -109,6 +112,78 @@ TEST_F(PictureNames, AVanishedPictureIsToldAndTheAircraftIsSavedAllTheSame) {
     resetModel();
     EXPECT_TRUE(readBytes(bytesOf(folder / "project.vln")));
     EXPECT_EQ(Wings(1).qualified_texture_filename, "wing.bmp");
+}
+
+TEST_F(PictureNames, TheNextFreeNameStandsInTheFileAndInTheModel) {
+    setPictures("/pictures/");
+    writeBytes(folder / "stab.JPG", "the user's");
+    const auto lines = linesOf(savedBytes());
+    EXPECT_EQ(lines[lines.size() - 3], "\"stab-2.JPG\"");
+    EXPECT_EQ(Stabilizer.qualified_texture_filename, "stab-2.JPG");
+    EXPECT_EQ(Stabilizer.texture_filename(), "/pictures/stab.JPG");
+    EXPECT_EQ(bytesOf(folder / "stab.JPG"), "the user's");
+    EXPECT_EQ(bytesOf(folder / "stab-2.JPG"), "/pictures/stab.JPG");
+}
+
+TEST_F(PictureNames, OneTitleOfTwoPicturesBecomesTwoAndTwoOfOneBecomeOne) {
+    setPictures("/pictures/");
+    Rudder.texture_filename = "/other/wing.bmp";
+    Rudder.qualified_texture_filename = "wing.bmp";
+    Fuselages(1).texture_filename = "/pictures/wing.bmp";
+    savedBytes();
+    EXPECT_EQ(Rudder.qualified_texture_filename, "wing-2.bmp");
+    EXPECT_EQ(Fuselages(1).qualified_texture_filename, "wing.bmp");
+    EXPECT_EQ(bytesOf(folder / "wing.bmp"), "/pictures/wing.bmp");
+    EXPECT_EQ(bytesOf(folder / "wing-2.bmp"), "/other/wing.bmp");
+    EXPECT_FALSE(std::filesystem::exists(folder / "body.bmp"));
+}
+
+TEST_F(PictureNames, AProjectThatIsSavedOverTakesItsPicturesPlaces) {
+    setPictures("/pictures/");
+    savedBytes();
+    // As another run that finds them: other sources with the same titles.
+    setPictures("/elsewhere/");
+    savedBytes();
+    EXPECT_EQ(Wings(1).qualified_texture_filename, "wing.bmp");
+    EXPECT_EQ(bytesOf(folder / "wing.bmp"), "/elsewhere/wing.bmp");
+    EXPECT_EQ(folder.count(), 5);
+    // Under another name it leaves them to that project.
+    setPictures("/pictures/");
+    ASSERT_EQ(Plane::saveProject(folder / "second.vln"), "");
+    EXPECT_EQ(Wings(1).qualified_texture_filename, "wing-2.bmp");
+    EXPECT_EQ(bytesOf(folder / "wing.bmp"), "/elsewhere/wing.bmp");
+}
+
+TEST_F(PictureNames, TheNamesInAProjectAreItsLastLines) {
+    setPictures("/pictures/");
+    const std::string bytes = savedBytes();
+    EXPECT_EQ(PictureFiles::namesIn(bytes),
+              (std::set<std::string>{"wing.bmp", "stab.JPG", "body.bmp", "fin.bmp"}));
+    EXPECT_TRUE(PictureFiles::namesIn("a list\r\n\"thesis.doc\"\r\n").empty());
+    EXPECT_TRUE(PictureFiles::namesIn("").empty());
+    const auto path = projectData + "legacy/1.7.0_two_wings_inches.vln";
+    EXPECT_TRUE(PictureFiles::namesIn(bytesOf(path)).empty());
+}
+
+TEST_F(PictureNames, AFolderInATitleLeadsNowhere) {
+    setPictures("/pictures/");
+    Wings(1).qualified_texture_filename = "../.bashrc";
+    Stabilizer.qualified_texture_filename = "a/b.bmp";
+    Rudder.qualified_texture_filename = "..";
+    std::filesystem::create_directory(folder / "deep");
+    writeBytes(folder / ".bashrc", "mine");
+    const std::string reason = Plane::saveProject(folder / "deep/p.vln");
+    EXPECT_EQ(reason,
+              "The picture .. could not be put beside the project (it has no name). All else has "
+              "been saved.");
+    EXPECT_EQ(bytesOf(folder / ".bashrc"), "mine");
+    EXPECT_EQ(folder.count(), 2);
+    const auto lines = linesOf(bytesOf(folder / "deep/p.vln"));
+    EXPECT_EQ(std::vector(lines.end() - 4, lines.end()),
+              (std::vector<std::string>{"\".bashrc\"", "\"b.bmp\"", "\"body.bmp\"", "\"..\""}));
+    EXPECT_EQ(Wings(1).qualified_texture_filename, ".bashrc");
+    for (const char* name : {".bashrc", "b.bmp", "body.bmp", "p.vln"})
+        EXPECT_TRUE(std::filesystem::exists(folder / "deep/" + name)) << name;
 }
 
 TEST_F(PictureNames, ThePictureInUseIsNotOverwritten) {

@@ -50,15 +50,17 @@ inline std::string joinedLines(const std::vector<std::string>& lines) {
     return bytes;
 }
 
-/// An imaging control that reads a picture where a file lies, and writes its name for its content.
+/// An imaging control that reads a picture where a file lies, and gives its name for its content.
 class NamingImaging : public Imaging {
 public:
+    /// The pictures that were encoded.
     std::vector<std::string> saved;
     /// Whether every picture is there, wherever it is looked for.
     bool allThere = true;
 
     bool load(const std::string& file, std::string& reason) override {
         reason = "no such picture";
+        file_ = file;
         return allThere || std::filesystem::is_regular_file(file);
     }
     int width() const override { return 64; }
@@ -66,14 +68,21 @@ public:
     void rotateQuarter() override {}
     void resize(int, int) override {}
     PictureBytes pixels() override { return {}; }
-    bool save(const std::string& file, PictureFormat, std::string&) override {
-        saved.push_back(file);
-        writeBytes(file, file);
-        return true;
+    bool encode(PictureFormat, std::string& bytes, std::string& reason) override {
+        reason = "no form for it";
+        bytes = file_;
+        saved.push_back(file_);
+        return encodes;
     }
     void showProgress(int) override {}
     void hideProgress() override {}
     void showError(const std::string&) override {}
+
+    /// Whether pictures can be encoded.
+    bool encodes = true;
+
+private:
+    std::string file_;
 };
 
 /// A test that starts from the default aircraft and has a folder for its files.

@@ -32,7 +32,6 @@ protected:
         FreshModel::SetUp();
         Rendering::reset();
         Flying::reset();
-        Bitmap::beginExport();
         GlTape::clear();
         GlTape::hasContext = false;
         GlTape::largestTexture = 4096;

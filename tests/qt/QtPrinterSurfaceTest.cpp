@@ -172,7 +172,23 @@ TEST_F(Paper, ADroppedJobLeavesTheOldFileWhole) {
     std::string text;
     std::getline(std::ifstream(job("side")), text);
     EXPECT_EQ(text, "old");
-    EXPECT_FALSE(std::filesystem::exists(job("side") + ".new"));
+    EXPECT_EQ(folder.count(), 1);
+}
+
+TEST_F(Paper, AJobWritesNoFileButItsOwn) {
+    const std::string near = job("side") + ".new";
+    test::writeBytes(near, "the user's");
+    test::writeBytes(folder.path() + "precious", "the user's");
+    std::filesystem::create_symlink("precious", job("side"));
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, 20, 20, black);
+    ASSERT_TRUE(paper->EndDoc()) << paper->error();
+    EXPECT_EQ(test::bytesOf(near), "the user's");
+    EXPECT_EQ(test::bytesOf(folder.path() + "precious"), "the user's");
+    EXPECT_FALSE(std::filesystem::is_symlink(job("side")));
+    EXPECT_EQ(pagesOf(job("side")), 1);
+    EXPECT_EQ(folder.count(), 3);
 }
 
 TEST_F(Paper, ATargetThatCannotBeWrittenTellsTheReason) {
@@ -181,8 +197,8 @@ TEST_F(Paper, ATargetThatCannotBeWrittenTellsTheReason) {
     paper->StartDoc("side");
     paper->Line(10, 10, 20, 20, black);
     EXPECT_FALSE(paper->EndDoc());
-    EXPECT_FALSE(paper->error().empty());
-    EXPECT_FALSE(std::filesystem::exists(job("side") + ".new"));
+    EXPECT_EQ(paper->error(), job("side") + ": Is a directory");
+    EXPECT_EQ(folder.count(), 1);
 }
 
 }  // namespace

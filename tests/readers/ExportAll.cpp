@@ -41,7 +41,7 @@ public:
     }
 };
 
-/// Sizes of BMP pictures; a picture written is the old one under its new name, which no reader
+/// Sizes of BMP pictures; a picture encoded is the old one, which no reader
 /// decodes here: what is read is the model.
 class BmpSizes : public Imaging {
 public:
@@ -65,8 +65,9 @@ public:
         height_ = height;
     }
     PictureBytes pixels() override { return {}; }
-    bool save(const std::string& file, PictureFormat, std::string&) override {
-        std::ofstream(file, std::ios::binary) << std::ifstream(file_, std::ios::binary).rdbuf();
+    bool encode(PictureFormat, std::string& bytes, std::string&) override {
+        std::ifstream stream(file_, std::ios::binary);
+        bytes = {std::istreambuf_iterator<char>(stream), {}};
         return true;
     }
     void showProgress(int) override {}

@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <map>
+
 #include "FileCommandsFixture.h"
 #include "model/Fuselage.h"
 #include "model/ObjectList.h"
@@ -232,6 +235,41 @@ TEST_F(FileCommands, AFailedExportTellsTheReasonToo) {
         Toolbar::click(Key::Save);
         EXPECT_EQ(dialogs.story(), "save message") << kind;
     }
+}
+
+TEST_F(FileCommands, AFailureIsToldOnceOnStandardErrorAndOnceInABox) {
+    Rudder.texture_filename = "/gone.bmp";
+    Rudder.qualified_texture_filename = "gone.bmp";
+    const std::map<int, std::string> told{
+        {1,
+         "a.vln could not be saved completely.\nThe picture gone.bmp could not be put beside "
+         "the project (cannot be read). All else has been saved."},
+        {2,
+         "a.wrl could not be exported completely.\nThe picture gone.bmp could not be put beside "
+         "the model (cannot be read). All else has been exported."}};
+    for (const auto& [kind, text] : told) {
+        dialogs.asked.clear();
+        testing::internal::CaptureStderr();
+        saveAs(kind == 1 ? "a.vln" : "a.wrl", kind);
+        std::string line = "velna: " + text + "\n";
+        line[line.find('\n')] = ' ';
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), line);
+        EXPECT_EQ(dialogs.story(), "save message");
+        EXPECT_EQ(dialogs.asked.back().text, text);
+    }
+    testing::internal::CaptureStderr();
+    answerFile(folder.string(), 1);
+    Toolbar::click(Key::Save);
+    const std::string reported = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::ranges::count(reported, '\n'), 1) << reported;
+}
+
+TEST_F(FileCommands, AQuoteInAPicturesNameIsStoredAsALowLine) {
+    Main.selectTab(PanelTab::rudder);
+    answerFile("/pictures/3\" fin.bmp", 3);
+    Toolbar::click(Key::Open);
+    EXPECT_EQ(Rudder.texture_filename, "/pictures/3\" fin.bmp");
+    EXPECT_EQ(Rudder.qualified_texture_filename, "3_ fin.bmp");
 }
 
 TEST_F(FileCommands, AnExportLeavesTheSavedStateAlone) {

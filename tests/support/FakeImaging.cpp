@@ -91,12 +91,15 @@ PictureBytes FakeImaging::pixels() {
     return picture;
 }
 
-bool FakeImaging::save(const std::string& file, PictureFormat format, std::string& reason) {
-    if (!saveFailure.empty()) {
-        reason = saveFailure;
+bool FakeImaging::encode(PictureFormat format, std::string& bytes, std::string& reason) {
+    if (!encodeFailure.empty()) {
+        reason = encodeFailure;
         return false;
     }
-    saved.push_back({file, format, current_});
+    saved.push_back({format, current_});
+    bytes = (format == PictureFormat::Bmp ? "bmp " : "jpeg ") + std::to_string(current_.width) +
+            " x " + std::to_string(current_.height) + " " +
+            std::string(current_.bytes.begin(), current_.bytes.end());
     return true;
 }
 

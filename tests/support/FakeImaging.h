@@ -16,8 +16,8 @@ class FakeImaging : public Imaging {
 public:
     /// By file name, before the disk is looked at.
     std::map<std::string, PictureBytes> pictures;
-    /// The reason of every save; empty lets them pass.
-    std::string saveFailure;
+    /// The reason why no picture can be encoded; empty lets them pass.
+    std::string encodeFailure;
     /// Pixels that are fewer than the size says.
     bool cutPixels = false;
     /// The memory for the pixels is not to be had.
@@ -26,11 +26,10 @@ public:
     std::function<void()> whileBoxOpen = [] {};
 
     struct Saved {
-        std::string file;
         PictureFormat format;
         PictureBytes picture;
     };
-    std::vector<Saved> saved;
+    std::vector<Saved> saved;         ///< every picture encoded
     std::vector<std::string> loads;   ///< every file asked for
     std::vector<std::string> errors;  ///< every message box
 
@@ -40,7 +39,7 @@ public:
     void rotateQuarter() override;
     void resize(int width, int height) override;
     PictureBytes pixels() override;
-    bool save(const std::string& file, PictureFormat format, std::string& reason) override;
+    bool encode(PictureFormat format, std::string& bytes, std::string& reason) override;
     void showProgress(int percent) override;
     void hideProgress() override;
     void showError(const std::string& text) override;

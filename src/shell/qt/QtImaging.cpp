@@ -17,7 +17,6 @@
 #include <algorithm>
 #include <exception>
 
-#include "common/ReplacedFile.h"
 #include "shell/Ports.h"
 #include "shell/qt/PictureReading.h"
 
@@ -26,17 +25,6 @@ namespace {
 
 constexpr int jpegQuality = 90;
 constexpr const char* noMemory = "The picture needs more memory than there is";
-
-QByteArray encode(const QImage& image, PictureFormat format, std::string& reason) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, format == PictureFormat::Bmp ? "bmp" : "jpeg");
-    if (format == PictureFormat::Jpeg) writer.setQuality(jpegQuality);
-    if (writer.write(image)) return bytes;
-    reason = writer.errorString().toStdString();
-    return {};
-}
 
 }  // namespace
 
@@ -164,14 +152,18 @@ void QtImaging::copyPixels(PictureBytes& result) {
     }
 }
 
-bool QtImaging::save(const std::string& file, PictureFormat format, std::string& reason) {
+bool QtImaging::encode(PictureFormat format, std::string& bytes, std::string& reason) {
     try {
-        const QByteArray bytes = encode(image_, format, reason);
-        if (bytes.isEmpty()) return false;
-        ReplacedFile target(file);
-        target.buffer().append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
-        if (target.commit()) return true;
-        reason = target.error();
+        QByteArray encoded;
+        QBuffer buffer(&encoded);
+        buffer.open(QIODevice::WriteOnly);
+        QImageWriter writer(&buffer, format == PictureFormat::Bmp ? "bmp" : "jpeg");
+        if (format == PictureFormat::Jpeg) writer.setQuality(jpegQuality);
+        if (writer.write(image_)) {
+            bytes.assign(encoded.constData(), static_cast<std::size_t>(encoded.size()));
+            return true;
+        }
+        reason = writer.errorString().toStdString();
     } catch (const std::exception&) {
         reason = noMemory;
     }

@@ -28,7 +28,7 @@ public:
     void rotateQuarter() override;
     void resize(int width, int height) override;
     PictureBytes pixels() override;
-    bool save(const std::string& file, PictureFormat format, std::string& reason) override;
+    bool encode(PictureFormat format, std::string& bytes, std::string& reason) override;
     void showProgress(int percent) override;
     void hideProgress() override;
     /// A text is shown once a command, however many objects fail in it.

@@ -5,10 +5,7 @@
 #include <QPageLayout>
 #include <QPageSize>
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstdio>
-#include <cstring>
 
 namespace velna {
 namespace {
@@ -98,18 +95,17 @@ void QtPrinterSurface::StartDoc(const std::string& name) {
     error_.clear();
     pagesToTurn_ = 0;
     if (!target_.isEmpty()) {
-        // Written beside the target, which stays whole until the job is complete.
         finished_ = jobFile(target_, name);
-        unfinished_ = finished_ + ".new";
-        QFile file(unfinished_);
-        if (!file.open(QIODevice::WriteOnly)) {
-            error_ = (finished_ + ": " + file.errorString()).toStdString();
-            unfinished_.clear();
+        file_ = std::make_unique<ReplacedFile>(QFile::encodeName(finished_).toStdString(),
+                                               Links::replaced);
+        if (!file_->error().empty()) {
+            error_ = finished_.toStdString() + ": " + file_->error();
+            file_.reset();
             return;
         }
-        file.close();
         printer_.setOutputFormat(QPrinter::PdfFormat);
-        printer_.setOutputFileName(unfinished_);
+        printer_.setOutputFileName(
+            QFile::decodeName(QByteArray::fromStdString(file_->temporary())));
         printer_.setFullPage(true);
     }
     printer_.setDocName(QString("Velna %1").arg(QString::fromStdString(name)));
@@ -166,27 +162,16 @@ bool QtPrinterSurface::EndDoc() {
         error_ = "The job could not be ended";
     if (printer_.printerState() == QPrinter::Error && error_.empty())
         error_ = "The printer has failed";
-    if (!error_.empty()) {
-        dropFile();
-        return false;
-    }
-    if (unfinished_.isEmpty()) return true;
-    if (std::rename(QFile::encodeName(unfinished_).constData(),
-                    QFile::encodeName(finished_).constData()))
-        error_ = finished_.toStdString() + ": " + std::strerror(errno);
-    dropFile();
+    if (file_ && error_.empty() && !file_->commit())
+        error_ = finished_.toStdString() + ": " + file_->error();
+    file_.reset();
     return error_.empty();
 }
 
 void QtPrinterSurface::KillDoc() {
     printer_.abort();
     if (painter_.isActive()) painter_.end();
-    dropFile();
-}
-
-void QtPrinterSurface::dropFile() {
-    if (!unfinished_.isEmpty()) QFile::remove(unfinished_);
-    unfinished_.clear();
+    file_.reset();
 }
 
 QStringList QtPrinterSurface::existingFiles(const QPrinter& printer,

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "common/ReplacedFile.h"
 #include "output/PrinterSurface.h"
 
 namespace velna {
@@ -40,15 +41,15 @@ public:
 private:
     void readPaper();
     bool beginPage();
-    void dropFile();
     QPointF device(double x, double y) const;
 
     std::unique_ptr<QPrinter> owned_;
     QPrinter& printer_;
     QPainter painter_;
-    QString target_;       // the file that the user named; empty for a printer
-    QString unfinished_;   // the file being written for the present job
-    QString finished_;     // where it goes
+    QString target_;  // the file that the user named; empty for a printer
+    // the file of the present job, which takes its place when it is complete
+    std::unique_ptr<ReplacedFile> file_;
+    QString finished_;     // its place
     double unit_ = 1;      // millimetres
     QMarginsF margins_;    // millimetres
     QSizeF printable_;     // millimetres

@@ -1,4 +1,4 @@
 #pragma once
-#include "preview/Bitmap.h"
+#include "preview/PictureCopies.h"
 #include "preview/Rendering.h"  // bad: neighbours
 #include "editor/Main.h"  // bad: neighbours

@@ -2,4 +2,4 @@
 #include <GL/gl.h>
 #include "model/Plane.h"
 #include "editor/Main.h"  // bad: neighbours
-#include "preview/Bitmap.h"
+#include "preview/PictureCopies.h"
