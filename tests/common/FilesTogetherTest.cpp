@@ -21,6 +21,8 @@ const Files newFiles{{"main", "new"}, {"one", "new one"}, {"two", "new two"}, {"
 
 class FilesTogether : public ::testing::Test {
 protected:
+    void TearDown() override { fileCalls = {}; }
+
     void putOldFiles() const {
         for (const auto& entry : fs::directory_iterator(folder.path())) fs::remove(entry);
         for (const auto& [name, bytes] : oldFiles) writeBytes(folder / name, bytes);
