@@ -2,6 +2,7 @@
 
 import os
 import pathlib
+import shutil
 
 import base
 import views
@@ -83,6 +84,34 @@ class Files(base.WindowTest):
         self.program.push("OK")
         self.program.no_dialog()
         self.assertEqual(self.program.text("PosEText"), swept)
+
+    def test_a_save_leaves_the_users_own_files_alone_and_says_which_picture_is_missing(self):
+        source = self.program.folder / "source.vln"
+        self.program.save(source)
+        lines = source.read_bytes().split(b"\r\n")
+        self.assertEqual(lines[-5:], [b'""'] * 4 + [b""])
+        lines[-5:-1] = [b'"sky.bmp"', b'""', b'""', b'"../precious"']
+        source.write_bytes(b"\r\n".join(lines))
+        shutil.copy(base.HERE.parents[1] / "tests" / "data" / "scene" / "tex_fin.bmp", self.program.folder / "sky.bmp")
+        (self.program.folder / "precious").write_bytes(b"mine")
+        there = self.program.folder / "there"
+        there.mkdir()
+        (there / "sky.bmp").write_bytes(b"mine")
+
+        self.program.open(source)
+        self.program.click("Save")
+        self.program.choose_file(there / "again.vln")
+        self.program.dialog()
+        texts = [c.told.get("text", "") for c in self.program.controls() if c.modal]
+        self.assertTrue(any("again.vln could not be saved completely.\nThe picture ../precious" in t for t in texts), texts)
+        self.take("missing-picture")
+        self.program.push("OK")
+        self.program.no_dialog()
+        self.assertEqual((there / "sky.bmp").read_bytes(), b"mine")
+        self.assertEqual((there / "sky-2.bmp").read_bytes()[:2], b"BM")
+        self.assertEqual((self.program.folder / "precious").read_bytes(), b"mine")
+        self.assertEqual(sorted(p.name for p in there.iterdir()), ["again.vln", "sky-2.bmp", "sky.bmp"])
+        self.assertTrue((there / "again.vln").read_bytes().endswith(b'"sky-2.bmp"\r\n""\r\n""\r\n"precious"\r\n'))
 
     def test_a_save_that_fails_says_so_once_and_the_question_stays(self):
         self.drag_tip()
