@@ -6,26 +6,32 @@ import unittest
 
 from pictures import check_like
 from program import Program
-from screen import HEIGHT, WIDTH, Screen
+from screen import HEIGHT, WIDTH, Screen, wait_for
 
 HERE = pathlib.Path(__file__).resolve().parent
 STORED = HERE / "pictures"
 BINARY = None
 BUILD = None
+LATE = 20  # seconds after which a picture that differs will not become like the stored one any more
 
 
 class WindowTest(unittest.TestCase):
     """A test has `self.screen`, and `self.program` unless the class sets `starts` to False; the screen
-    has the class's `size`."""
+    has the class's `size`, and is made by its `new_screen`."""
 
     starts = True
     size = WIDTH, HEIGHT
+    kind = Program
 
     @classmethod
     def setUpClass(cls):
-        cls.screen = cls.enterClassContext(Screen(cls.size))
+        cls.screen = cls.enterClassContext(cls.new_screen())
         cls.taken = BUILD / "taken"
         cls.taken.mkdir(parents=True, exist_ok=True)
+
+    @classmethod
+    def new_screen(cls):
+        return Screen(cls.size)
 
     def setUp(self):
         self.program = self.new_program() if self.starts else None
@@ -33,7 +39,7 @@ class WindowTest(unittest.TestCase):
             self.program.start()
 
     def new_program(self, **options):
-        program = Program(self.screen, BINARY, BUILD / "plugins", **options)
+        program = self.kind(self.screen, BINARY, BUILD / "plugins", **options)
         self.addCleanup(self._finish, program)
         return program
 
@@ -52,9 +58,28 @@ class WindowTest(unittest.TestCase):
         place = control.place if control else None
         return self.screen.picture(self.taken / f"{name}.png", place)
 
+    def still(self, name, control):
+        """A picture of a control that does not change any more: what was drawn late is in it."""
+        def same():
+            before = self.take(name, control).read_bytes()
+            return self.take(name, control).read_bytes() == before
+
+        wait_for(same, f"{name} to stand still")
+        return self.taken / f"{name}.png"
+
     def looks(self, name, control=None):
         """The screen, or one control, looks like the stored picture of that name."""
-        check_like(self.take(name, control), STORED / f"{name}.png")
+        def like():
+            try:
+                check_like(self.take(name, control), STORED / f"{name}.png")
+            except AssertionError:
+                return False
+            return True
+
+        try:
+            wait_for(like, "", LATE)
+        except AssertionError:
+            check_like(self.take(name, control), STORED / f"{name}.png")
 
 
 def main():

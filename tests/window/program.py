@@ -8,7 +8,7 @@ import socket
 import subprocess
 import tempfile
 
-from screen import wait_for
+from screen import PATIENCE, wait_for
 
 # A first record other than "DoIt" starts without the demonstration.
 QUIET_PREFS = '"Done"\r\n#FALSE#\r\n#TRUE#\r\n'
@@ -85,9 +85,11 @@ class Program:
         self._plug_in("velnastick", stick.pipe)
         return stick
 
-    def lose_picture(self, milliseconds):
-        """The picture's native window goes, and comes back empty, so long after the next start."""
-        self._plug_in("velnaloss", milliseconds)
+    def can_lose_picture(self):
+        """Gives a function: when it is called, the picture's native window goes, and comes back empty."""
+        sign = self.folder / "loss"
+        self._plug_in("velnaloss", sign)
+        return sign.touch
 
     def _plug_in(self, plugin, told):
         self.env["QT_QPA_GENERIC_PLUGINS"] += f",{plugin}:{told}"
@@ -107,8 +109,9 @@ class Program:
         with open(self.log, "ab") as log:
             self.process = subprocess.Popen([self.binary], env=self.env, cwd=self.folder, stdin=subprocess.DEVNULL,
                                             stdout=log, stderr=log)
+        self.screen.seen = self.seen
         if wait:
-            wait_for(lambda: self.running_or_raise() and self.ready("DrawArea"), "the main window", 30)
+            wait_for(lambda: self.running_or_raise() and self.ready("DrawArea"), "the main window")
         return self
 
     def running_or_raise(self):
@@ -124,26 +127,39 @@ class Program:
         if self.process and self.process.poll() is None:
             self.process.terminate()
             try:
-                self.process.wait(5)
+                self.process.wait(PATIENCE)
             except subprocess.TimeoutExpired:
                 self.process.kill()
                 self.process.wait()
+        if self.screen.seen == self.seen:
+            self.screen.seen = None
         shutil.rmtree(self.folder, ignore_errors=True)
 
     # ---- looking
 
     def controls(self):
         """Every visible control; none while the program does not answer."""
+        return [Control(told) for told in self._ask().get("controls", [])]
+
+    def seen(self):
+        """What of mouse and keyboard has reached the program; empty while it does not answer."""
+        return self._ask().get("seen", {})
+
+    def platform(self):
+        """The toolkit's name for what the program draws on."""
+        return wait_for(self._ask, "the program")["platform"]
+
+    def _ask(self):
         try:
             with socket.socket(socket.AF_UNIX) as link:
-                link.settimeout(10)
+                link.settimeout(60)
                 link.connect(str(self.socket))
                 parts = []
                 while part := link.recv(1 << 16):
                     parts.append(part)
-            return [Control(told) for told in json.loads(b"".join(parts) or b"[]")]
+            return json.loads(b"".join(parts) or b"{}")
         except (OSError, json.JSONDecodeError):
-            return []
+            return {}
 
     def find(self, name):
         for control in self.controls():
@@ -156,8 +172,8 @@ class Program:
         control = self.find(name)
         return control if control and control.enabled and control.active else None
 
-    def get(self, name, seconds=5):
-        return wait_for(lambda: self.find(name), f'the control "{name}"', seconds)
+    def get(self, name):
+        return wait_for(lambda: self.find(name), f'the control "{name}"')
 
     def text(self, name):
         return self.get(name).text
@@ -171,7 +187,7 @@ class Program:
     def of_kind(self, *kinds):
         return [control for control in self.controls() if control.kind in kinds]
 
-    def dialog(self, title=None, seconds=5):
+    def dialog(self, title=None):
         """The modal window that is open, by its title."""
         def look():
             for control in self.controls():
@@ -179,19 +195,19 @@ class Program:
                     return control
             return None
 
-        return wait_for(look, f"a dialog {title or ''}", seconds)
+        return wait_for(look, f"a dialog {title or ''}")
 
     def no_dialog(self):
         wait_for(lambda: not any(c.isWindow and c.modal for c in self.controls()), "the dialog to close")
 
-    def button(self, text, seconds=5):
+    def button(self, text):
         """A push button by its caption, whatever its mnemonic; of the newest window if there are several."""
         def look():
             found = [c for c in self.controls() if c.told.get("text", "").replace("&", "") == text
                      and "Button" in c.kind and c.active and c.enabled]
             return found[-1] if found else None
 
-        return wait_for(look, f'the button "{text}"', seconds)
+        return wait_for(look, f'the button "{text}"')
 
     def picture(self):
         """The picture in three dimensions; its toolbar key has the name."""
@@ -285,5 +301,5 @@ class Program:
         """The window's close key, and Yes to the question."""
         self.screen.key("alt+F4")
         self.push("Yes")
-        self.process.wait(15)
+        self.process.wait(PATIENCE)
         return self.process.returncode

@@ -15,7 +15,7 @@ class Demonstration(base.WindowTest):
         def look():
             return any(words in c.told.get("text", "") for c in program.controls() if c.modal)
 
-        wait_for(look, f"the box about {words}", 30)
+        wait_for(look, f"the box about {words}")
         self.take(f"demonstration-{words.split()[0]}")
         self.assertIn("First use Help", {c.window for c in program.controls() if c.modal})
         program.push("OK")
@@ -28,7 +28,7 @@ class Demonstration(base.WindowTest):
         self.assertNotEqual(program.text("PosEText"), "10")
         self.box(program, "CTRL key for insert/remove sections ...")
         self.assertNotEqual(program.text("SpanText") if program.find("SpanText") else "", "1400")
-        menu = wait_for(lambda: (m := program.of_kind("QMenu")) and m, "the open menu", 30)
+        menu = wait_for(lambda: (m := program.of_kind("QMenu")) and m, "the open menu")
         self.take("demonstration-end")
         self.assertEqual(len(menu[0].entries), 7)
         self.screen.key("Escape")
@@ -42,6 +42,7 @@ class Demonstration(base.WindowTest):
         program = self.new_program(prefs=ASKED_FOR).start(wait=False)
         self.box(program, "The cursor will move AUTOMATICALLY")
         self.box(program, "MOUSE edits ...")
+        wait_for(lambda: any(c.active for c in program.controls()), "a window that takes the keys")
         self.screen.key("Escape")
         program.no_dialog()
         wait_for(lambda: program.ready("DrawArea"), "the window")

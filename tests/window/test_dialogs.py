@@ -7,7 +7,7 @@ from screen import wait_for
 
 class Dialogs(base.WindowTest):
     def shows(self, name, text):
-        wait_for(lambda: (c := self.program.find(name)) and c.text == text, f"{name} to show {text}", 5)
+        wait_for(lambda: (c := self.program.find(name)) and c.text == text, f"{name} to show {text}")
 
     def preferences(self, option=None, scale=None, close="CloseCommand"):
         self.program.click("Prefs")

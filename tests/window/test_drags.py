@@ -1,7 +1,6 @@
 """Every handle of every object dragged in each view, with and without Shift, by a real mouse."""
 
 import math
-import time
 
 import base
 import views
@@ -15,10 +14,9 @@ class Drags(base.WindowTest):
         start = area.at(*handle.place)
         end = start[0] + handle.way[0], start[1] + handle.way[1]
         self.screen.move(start[0] + 40, start[1] + 40)
-        self.screen.tool("mousemove", start[0] - 1, start[1] + 1, "sleep", 0.02, "mousemove", *start,
-                         "sleep", 0.05)
+        self.screen.hover(*start)
         with self.screen.held(["shift"] if handle.shift else []):
-            self.screen.tool("mousedown", 1)
+            self.screen.press(*start)
             self.screen.drag_to(start, end)
             for field, (value, right, down) in handle.fields.items():
                 shown = value + (handle.way[0] * right + handle.way[1] * down) / view.zoom
@@ -26,7 +24,7 @@ class Drags(base.WindowTest):
             self.screen.drag_to(end, start)
             for field, (value, _, _) in handle.fields.items():
                 self.check_shows(field, value, handle)
-            self.screen.tool("mouseup", 1)
+            self.screen.release()
 
     def check_shows(self, field, value, handle):
         def shows():
@@ -34,7 +32,7 @@ class Drags(base.WindowTest):
             return control is not None and control.text == str(value)
 
         try:
-            wait_for(shows, "", 3)
+            wait_for(shows, "")
         except AssertionError:
             control = self.program.find(field)
             self.take(f"drag-{handle.name.replace(' ', '-')}")
@@ -49,7 +47,6 @@ class Drags(base.WindowTest):
                 self.check_handle(view, handle)
                 self.assertEqual(self.program.get("Parameters").told.get("value", tab), tab)
         self.program.click(button)
-        time.sleep(0.2)
         self.take(f"view-{button}", self.program.get("DrawArea"))
 
     def test_vtop_edits_wing_stabiliser_and_fuselage(self):
@@ -80,13 +77,16 @@ class Drags(base.WindowTest):
         start = area.at(*handle.place)
         self.program.click("VTop")
         self.screen.move(start[0] + 40, start[1] + 40)
-        self.screen.tool("mousemove", *start, "sleep", 0.1, "mousedown", 1)
+        self.screen.press(*start)
         self.screen.drag_to(start, (start[0], start[1] + 20))
-        wait_for(lambda: self.program.text("PosEText") != "0", "the drag")
-        self.screen.tool("click", 3, "sleep", 0.3, "mouseup", 1, "sleep", 0.1, "key", "Escape", "sleep", 0.3)
+        wait_for(lambda: self.program.text("PosEText") != "10", "the drag")
+        self.screen.tool("click", 3)
+        wait_for(lambda: self.program.of_kind("QMenu"), "the menu")
+        self.screen.release()
+        self.screen.key("Escape")
+        wait_for(lambda: not self.program.of_kind("QMenu"), "the menu to close")
         left = self.program.text("PosEText")
         self.screen.drag_to((start[0], start[1] + 20), (start[0], start[1] + 80))
-        time.sleep(0.3)
         self.assertEqual(self.program.text("PosEText"), left)
 
     def test_htop_edits_widths(self):

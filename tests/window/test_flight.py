@@ -1,7 +1,5 @@
 """The flight round the aircraft: by mouse and by stick, and the window as before after it."""
 
-import time
-
 import base
 from pictures import difference
 from screen import wait_for
@@ -42,13 +40,13 @@ class FlightByMouse(FlightTest):
         self.take_off()
         wait_for(lambda: self.program.text("FlyingInfo") == "Mouse enabled", "the mode")
         self.screen.move(700, 560)
-        time.sleep(0.7)
+        self.screen.until_seen_at(700, 560)
         self.take("flight")
         self.assertIsNone(self.program.find("Logo"))
         self.assertIsNone(self.program.find("Hints"))
         self.screen.click(640, 500)
         self.screen.click(640, 500, button=3)
-        self.assertTrue(self.moves())
+        wait_for(self.moves, "the aircraft to move")
         self.land()
         wait_for(lambda: self.program.picture().place == before, "the window as before")
         self.program.get("Logo")
@@ -85,7 +83,9 @@ class FlightByStick(FlightTest):
     def stand_still(self):
         """Each left click halves the speed; what then moves is turned by the stick."""
         middle = self.screen.size[0] // 2, self.screen.size[1] // 2
+        before = self.program.seen()["presses"]
         self.screen.click(*middle, times=16)
+        self.screen.until_seen("the clicks", lambda seen: seen["presses"] >= before + 16)
         wait_for(lambda: not self.moves(), "the aircraft to stand still")
 
     def test_each_axis_turns_the_aircraft_and_a_button_makes_it_yaw(self):
@@ -107,7 +107,7 @@ class FlightByStick(FlightTest):
         self.take_off()
         self.stand_still()
         self.screen.move(60, self.screen.size[1] - 60)
-        time.sleep(0.3)
+        self.screen.until_seen_at(60, self.screen.size[1] - 60)
         self.assertFalse(self.moves())
 
     def test_a_stick_pulled_out_in_flight_leaves_its_last_turn_and_the_next_flight_to_the_mouse(self):
@@ -116,8 +116,7 @@ class FlightByStick(FlightTest):
         self.stick.move(x=20000)
         wait_for(self.moves, "the turn")
         self.stick.pull_out()
-        time.sleep(0.5)
-        self.assertTrue(self.moves())
+        wait_for(self.moves, "the last turn to go on")
         self.land()
         self.take_off()
         wait_for(lambda: self.program.text("FlyingInfo") == "Mouse enabled", "the mode")

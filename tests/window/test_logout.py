@@ -3,7 +3,7 @@
 import subprocess
 
 import base
-from screen import wait_for
+from screen import PATIENCE, wait_for
 
 
 class Desktop:
@@ -49,7 +49,7 @@ class LogOut(base.WindowTest):
         self.asked()
         self.program.push("Yes")
         self.assertEqual([self.desktop.hear(), self.desktop.hear()], ["answered", "ready"])
-        self.assertEqual(self.program.process.wait(15), 0)
+        self.assertEqual(self.program.process.wait(PATIENCE), 0)
         self.assertEqual((self.program.folder / "prefs.txt").read_bytes(), b'"Done"\r\n#FALSE#\r\n#TRUE#\r\n')
 
     def test_no_calls_it_off_and_the_next_one_asks_again(self):

@@ -75,7 +75,7 @@ class Output(base.WindowTest):
         self.program.click("Side")
         print_plans(self.program, ["CheckSide", "CheckHtop", "CheckSections", "CheckVtop", "CheckFront"], file)
         self.program.no_dialog()
-        wait_for(lambda: (self.program.folder / "plan-htop.pdf").exists(), "the last plan", 20)
+        wait_for(lambda: (self.program.folder / "plan-htop.pdf").exists(), "the last plan")
         wait_for(lambda: self.program.get("VTop").checked, "the top view")
         pages = {name: self.pages(name) for name in ("side", "sections", "vtop", "front", "htop")}
         self.assertEqual(pages["sections"], 3)

@@ -24,7 +24,7 @@ OFFSETS = dict(PosOffsetText="15", ShiftOffsetText="80")
 
 class Panel(base.WindowTest):
     def shows(self, name, text):
-        wait_for(lambda: (c := self.program.find(name)) and c.text == text, f"{name} to show {text}", 4)
+        wait_for(lambda: (c := self.program.find(name)) and c.text == text, f"{name} to show {text}")
 
     def fill(self, tab):
         self.program.tab(tab)
@@ -277,7 +277,7 @@ class Sections(base.WindowTest):
         self.shows("WidthFuselageText", "79")
 
     def shows(self, name, text):
-        wait_for(lambda: self.program.text(name) == text, f"{name} to show {text}", 4)
+        wait_for(lambda: self.program.text(name) == text, f"{name} to show {text}")
 
 
 class Tabs(base.WindowTest):

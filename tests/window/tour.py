@@ -104,7 +104,7 @@ class Tour:
         self.program.no_dialog()
         for name in ("side", "sections", "vtop", "front", "htop"):
             plan = self.folder / f"plan-{name}.pdf"
-            wait_for(plan.exists, f"{plan}", 30)
+            wait_for(plan.exists, f"{plan}")
             self.tell(plan, "a building plan")
         if shutil.which("pdftoppm"):
             sheet = self.folder / "08-plan-sections"

@@ -1,3 +1,4 @@
+#include <QFile>
 #include <QGenericPlugin>
 #include <QGuiApplication>
 #include <QTimer>
@@ -16,18 +17,20 @@ void loseNativeWindows() {
 
 }  // namespace
 
-/// Qt creates it by its key and hands the text after the colon over: "velnaloss:1500" takes the
-/// window away after 1500 ms.
+/// Qt creates it by its key and hands the text after the colon over: "velnaloss:/path" takes the
+/// window away when something lies at the path, and what lies there too.
 class LossPlugin : public QGenericPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "loss.json")
 
 public:
-    QObject* create(const QString&, const QString& delay) override {
+    QObject* create(const QString&, const QString& path) override {
+        constexpr int pause = 50;  // milliseconds between two looks
         auto* timer = new QTimer(qGuiApp);
-        timer->setSingleShot(true);
-        connect(timer, &QTimer::timeout, timer, loseNativeWindows);
-        timer->start(delay.toInt());
+        connect(timer, &QTimer::timeout, timer, [path] {
+            if (QFile::remove(path)) loseNativeWindows();
+        });
+        timer->start(pause);
         return timer;
     }
 };

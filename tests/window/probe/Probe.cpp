@@ -1,6 +1,7 @@
 #include "Probe.h"
 
 #include <QGenericPlugin>
+#include <QGuiApplication>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTimer>
@@ -33,7 +34,10 @@ Probe::~Probe() {
 void Probe::answer() {
     const int client = ::accept(listener_, nullptr, nullptr);
     if (client < 0) return;
-    const QByteArray text = QJsonDocument(visibleWidgets()).toJson(QJsonDocument::Compact);
+    const QJsonObject told{{"controls", visibleWidgets()},
+                           {"seen", seen_.told()},
+                           {"platform", QGuiApplication::platformName()}};
+    const QByteArray text = QJsonDocument(told).toJson(QJsonDocument::Compact);
     qsizetype sent = 0;
     while (sent < text.size()) {
         const ssize_t part =

@@ -5,6 +5,8 @@
 #include <QSocketNotifier>
 #include <memory>
 
+#include "Seen.h"
+
 /// Tells a test what stands on the screen, where, and what it shows. It lives in the program as a
 /// Qt plugin that Qt itself loads, so the program needs no door for its tests; and it can only
 /// look: whatever a test does, it does by mouse and keys.
@@ -13,7 +15,7 @@ class Probe : public QObject {
 
 public:
     /// Listens on the Unix socket at `path`; each connection is answered with one JSON text and
-    /// closed.
+    /// closed: "controls", "seen" of mouse and keyboard, and the "platform".
     explicit Probe(const QByteArray& path);
     ~Probe() override;
 
@@ -22,6 +24,7 @@ private:
 
     int listener_ = -1;
     QByteArray path_;
+    Seen seen_;
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 
