@@ -21,6 +21,7 @@
 #include "shell/qt/PanelWidgets.h"
 #include "shell/qt/PopupMenu.h"
 #include "shell/qt/RenderWindow.h"
+#include "shell/qt/StayMaximised.h"
 #include "shell/qt/WindowLayout.h"
 
 namespace velna {
@@ -199,6 +200,7 @@ void MainWindow::placeSign(int left, int top) {
 
 void MainWindow::start() {
     started_ = true;
+    new StayMaximised(*this);
     mirrors_.showAll();
     layOut(size());
     if (size() != QSize()) redraw();
@@ -230,9 +232,6 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 void MainWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (!started_) return;
-    // The window is always as large as the desktop lets it be.
-    if (event->type() == QEvent::WindowStateChange && windowState() == Qt::WindowNoState)
-        QTimer::singleShot(0, this, [this] { showMaximized(); });
     // Another window has come up: what was being dragged is let go.
     if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !Helper::running)
         Main.cancelGesture();
