@@ -1,12 +1,12 @@
 #include "shell/qt/GlideCursor.h"
 
 #include <QCursor>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QPointer>
 #include <memory>
 
 #include "editor/Main.h"
+#include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/MainWindow.h"
@@ -18,14 +18,13 @@ QPointer<QLabel> drawn;
 
 // Under Wayland, native or through its X server, a program cannot move the pointer.
 bool pointerIsFree() {
-    return QGuiApplication::platformName() != "wayland" &&
-           qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return !DisplaySystem::isWayland() && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
 void moveDrawn(MainWindow& window, QPoint place) {
     if (!drawn) {
         drawn = new QLabel(&window);
-        drawn->setAttribute(Qt::WA_NativeWindow);  // it also crosses the native picture
+        DisplaySystem::standAbovePicture(*drawn);
         drawn->setAttribute(Qt::WA_TransparentForMouseEvents);
         drawn->setPixmap(
             Drawings::picture("cursors/Arrow", {24, 24}, window.devicePixelRatioF(), Qt::black));

@@ -5,6 +5,8 @@
 #include <QSessionManager>
 
 #include "shell/Startup.h"
+#include "shell/qt/DisplaySystem.h"
+#include "shell/qt/SessionClient.h"
 
 namespace velna {
 
@@ -12,6 +14,14 @@ LogOut::LogOut() {
     // The desktop waits for the answer of this very call.
     connect(qApp, &QGuiApplication::commitDataRequest, this, &LogOut::ask, Qt::DirectConnection);
     qApp->installEventFilter(this);
+    if (DisplaySystem::isWayland())
+        session_ = std::make_unique<SessionClient>(Startup::querySessionEnd);
+}
+
+LogOut::~LogOut() = default;
+
+bool LogOut::asks() const {
+    return !session_ || session_->joined();
 }
 
 void LogOut::ask(QSessionManager& manager) {

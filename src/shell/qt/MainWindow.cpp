@@ -16,6 +16,7 @@
 #include "shell/Startup.h"
 #include "shell/ToolbarCommands.h"
 #include "shell/qt/Bar.h"
+#include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/PanelWidgets.h"
@@ -108,14 +109,14 @@ void MainWindow::buildSigns() {
 
     flyingInfo_ = new QLabel(this);
     flyingInfo_->setObjectName("FlyingInfo");
-    flyingInfo_->setAttribute(Qt::WA_NativeWindow);  // else the native picture would hide it
+    DisplaySystem::standAbovePicture(*flyingInfo_);
     flyingInfo_->setAutoFillBackground(true);
     flyingInfo_->setMargin(6);
     flyingInfo_->hide();
 
     shiftButton_ = new QPushButton(this);
     shiftButton_->setObjectName(controlName(Control::ShiftButton));
-    shiftButton_->setAttribute(Qt::WA_NativeWindow);
+    DisplaySystem::standAbovePicture(*shiftButton_);
     shiftButton_->setFocusPolicy(Qt::NoFocus);
     shiftButton_->hide();
     mirrors_.add(Control::ShiftButton, [this](const ControlState& state) {
@@ -138,14 +139,22 @@ void MainWindow::layOut(QSize client) {
         drawArea_->surface().fitToWidget();
         layOutSigns(l);
     }
+    flyingInfo_->adjustSize();
     if (flight_) {
-        render_->setGeometry(rect());
+        render_->setGeometry(flightPlace());
     } else {
         put(*render_, l.render);
     }
     if (flight_) bar_->raise();
-    flyingInfo_->adjustSize();
-    flyingInfo_->move(render_->x() + 8, render_->geometry().bottom() - flyingInfo_->height() - 8);
+    const int above = DisplaySystem::isWayland() && flight_ ? -1 : flyingInfo_->height() + 8;
+    flyingInfo_->move(render_->x() + 8, render_->geometry().bottom() - above);
+}
+
+// The whole screen, under the toolbar and the mode; where these cannot stand above the picture, the
+// room between them.
+QRect MainWindow::flightPlace() const {
+    if (!DisplaySystem::isWayland()) return rect();
+    return rect().adjusted(0, bar_->height(), 0, -flyingInfo_->height());
 }
 
 void MainWindow::layOutSigns(const WindowLayout& l) {
@@ -179,8 +188,10 @@ void MainWindow::setFlight(bool on) {
     drawArea_->setEnabled(!on);
     if (on) {
         setFocus();
-        bar_->setAttribute(Qt::WA_NativeWindow);  // to stand above the native picture
+        DisplaySystem::standAbovePicture(*bar_);
         showFullScreen();
+    } else if (DisplaySystem::isWayland()) {
+        showNormal();  // and then maximised: some desktops end a program that asks for both at once
     } else {
         showMaximized();
     }
@@ -251,6 +262,9 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     stop();
     Startup::unload();
+    // The toolkit ends the program with the last window that it knows of; nothing is left to wait
+    // for.
+    QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
 }
 
 // A log-out closes the main window under an open dialog, which is cancelled first.

@@ -62,6 +62,7 @@ private:
     void closeAfterDialogs();
     /// Applies the formulas to the present client area.
     void layOut(QSize client);
+    QRect flightPlace() const;
     /// What is beside the controls: hints and logo.
     void layOutSigns(const WindowLayout& l);
     /// What was drawn for another size is drawn anew.

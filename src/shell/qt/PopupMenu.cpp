@@ -1,6 +1,10 @@
 #include "shell/qt/PopupMenu.h"
 
+#include <QTimer>
+#include <algorithm>
+
 #include "editor/Main.h"
+#include "shell/qt/DisplaySystem.h"
 #include "shell/qt/Mirrors.h"
 
 namespace velna {
@@ -38,6 +42,34 @@ PopupMenu::PopupMenu(Mirrors& mirrors, QWidget* parent) : QMenu(parent) {
             action->setChecked(state.checked);
         });
     }
+}
+
+// Wayland lets a menu have the pointer only when a press has opened it, and else closes it at once:
+// there it stands inside the window.
+void PopupMenu::openUnasked(QPoint place) {
+    if (!DisplaySystem::isWayland()) return popup(place);
+    QWidget& window = *parentWidget();
+    const QSize size = sizeHint();
+    const QPoint corner = window.mapFromGlobal(place);
+    setParent(&window, Qt::Widget);
+    setGeometry({{std::clamp(corner.x(), 0, std::max(window.width() - size.width(), 0)),
+                  std::clamp(corner.y(), 0, std::max(window.height() - size.height(), 0))},
+                 size});
+    show();
+    raise();
+    setFocus(Qt::PopupFocusReason);
+}
+
+// A press beside it closes it, as it does a window's menu.
+void PopupMenu::focusOutEvent(QFocusEvent* event) {
+    QMenu::focusOutEvent(event);
+    if (!isWindow()) hide();
+}
+
+void PopupMenu::hideEvent(QHideEvent* event) {
+    QMenu::hideEvent(event);
+    if (isWindow()) return;
+    QTimer::singleShot(0, this, [this] { setParent(parentWidget(), Qt::Popup); });
 }
 
 }  // namespace velna

@@ -10,6 +10,13 @@ class Mirrors;
 class PopupMenu : public QMenu {
 public:
     PopupMenu(Mirrors& mirrors, QWidget* parent);
+
+    /// Opens it at `place` on the screen without a press of the user's.
+    void openUnasked(QPoint place);
+
+protected:
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 };
 
 }  // namespace velna

@@ -136,7 +136,7 @@ void QtDesktop::placeSign(int left, int top) {
 }
 
 void QtDesktop::openPopupAtCursor() {
-    window_.popup().popup(GlideCursor::position(window_));
+    window_.popup().openUnasked(GlideCursor::position(window_));
 }
 
 void QtDesktop::setHelpFile(const std::string& file) {

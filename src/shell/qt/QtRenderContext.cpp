@@ -10,6 +10,7 @@
 
 #include "shell/Ports.h"
 #include "shell/Startup.h"
+#include "shell/qt/DisplaySystem.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/RenderWindow.h"
 
@@ -64,6 +65,12 @@ bool QtRenderContext::create() {
         context_ = contextFor(format_);
     }
     unused_ = false;
+    // A window that Wayland has not shown yet has no surface to draw on: it asks again when it has.
+    if (context_ && DisplaySystem::isWayland() && !window_.renderWindow().isExposed()) {
+        window_.renderWindow().awaitSurface();
+        unused_ = true;
+        return false;
+    }
     if (!context_) {
         std::fprintf(stderr, "velna: the picture stays dark: no OpenGL context\n");
     } else if (!context_->makeCurrent(&window_.renderWindow())) {

@@ -12,6 +12,8 @@ public:
 
     /// The picture is drawn for its new size, in the next turn of the event loop.
     void resized();
+    /// There is no context yet; one is made when the window is first shown.
+    void awaitSurface() { lostContext_ = true; }
 
 protected:
     void exposeEvent(QExposeEvent* event) override;
@@ -25,7 +27,7 @@ protected:
 private:
     void answer();
 
-    bool lostContext_ = false;  // the native window went, and the context with it
+    bool lostContext_ = false;  // none yet, or the native window went, and the context with it
     bool resized_ = false;
     bool held_ = false;  // a press has not been followed by a release
     QPointF last_;       // where the pointer was seen last

@@ -10,6 +10,8 @@
 
 #include <xcb/xcb.h>
 
+#include "shell/qt/DisplaySystem.h"
+
 namespace velna {
 namespace {
 
@@ -58,7 +60,7 @@ StayMaximised::StayMaximised(QWidget& window) : QObject(&window), window_(window
 
 bool StayMaximised::eventFilter(QObject*, QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && window_.windowState() == Qt::WindowNoState)
-        askFrom(0);
+        askFrom(DisplaySystem::isWayland() ? pause : 0);
     // A drag may last longer than the tries: its end moves the window once more.
     if (event->type() == QEvent::Move && tries_ > 0 &&
         static_cast<QMoveEvent*>(event)->pos() != static_cast<QMoveEvent*>(event)->oldPos())
@@ -81,8 +83,9 @@ void StayMaximised::ask() {
         tries_ = 0;
         return;
     }
-    // The toolkit passes a wish on only when it differs from the one before.
-    window_.windowHandle()->setWindowStates(Qt::WindowNoState);
+    // On X the toolkit passes a wish on only when it differs from the one before. (Under Wayland it
+    // compares with what the desktop has granted, and taking the wish back would be seen.)
+    if (!DisplaySystem::isWayland()) window_.windowHandle()->setWindowStates(Qt::WindowNoState);
     window_.setWindowState(Qt::WindowMaximized);
     window_.windowHandle()->setWindowStates(Qt::WindowMaximized);
     if (++tries_ <= mostTries) again_.start(pause);

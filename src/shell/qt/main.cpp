@@ -7,6 +7,7 @@
 #include "shell/Ports.h"
 #include "shell/Startup.h"
 #include "shell/qt/Accessibility.h"
+#include "shell/qt/DisplaySystem.h"
 #include "shell/qt/FrameStyle.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
@@ -23,6 +24,7 @@
 using namespace velna;
 
 int main(int argc, char** argv) {
+    DisplaySystem::choose();
     QApplication application(argc, argv);
     QApplication::setApplicationName("velna");
     QApplication::setStyle(new FrameStyle);
@@ -38,6 +40,7 @@ int main(int argc, char** argv) {
     SdlJoystick joystick;
     QtProgress watcher;
     const LogOut logOut;
+    if (DisplaySystem::isWayland()) DisplaySystem::tellWhatIsDenied(logOut.asks());
 
     Main.window = &window;
     Shell = {&desktop, &dialogs};
