@@ -214,7 +214,7 @@ public:
                 picture.bytes.push_back(static_cast<unsigned char>(part));
         return picture;
     }
-    bool save(const std::string&, PictureFormat, std::string&) override { return false; }
+    bool encode(PictureFormat, std::string&, std::string&) override { return false; }
     void showProgress(int) override {}
     void hideProgress() override {}
     void showError(const std::string&) override {}
