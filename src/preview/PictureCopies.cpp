@@ -24,12 +24,11 @@ std::string identityOf(const std::string& path) {
 
 template <class Visit>
 void forEachPicture(Visit visit) {
-    for (int i = 1; i <= std::min<int>(nbWings, Wings.size()); ++i)
-        visit(Wings(i).texture_filename());
+    Wings.forEachDistinct(nbWings, [&](SymWingSections& wing) { visit(wing.texture_filename()); });
     visit(Stabilizer.texture_filename());
     visit(Rudder.texture_filename);
-    for (int i = 1; i <= std::min<int>(nbFuselages, Fuselages.size()); ++i)
-        visit(Fuselages(i).texture_filename);
+    Fuselages.forEachDistinct(nbFuselages,
+                              [&](MeshSections& body) { visit(body.texture_filename); });
 }
 
 /// The last part of a title, which alone names a file: a folder in it could lead anywhere. Empty

@@ -35,13 +35,8 @@ void forEachWingHalf(Visit visit) {
         if (panel.Left) visit(*panel.Left);
         if (panel.Right) visit(*panel.Right);
     };
-    for (int i = 1; i <= std::min<int>(nbWings, Wings.size()); ++i) halves(Wings(i));
+    Wings.forEachDistinct(nbWings, halves);
     halves(Stabilizer);
-}
-
-template <class Visit>
-void forEachFuselage(Visit visit) {
-    for (int i = 1; i <= std::min<int>(nbFuselages, Fuselages.size()); ++i) visit(i);
 }
 
 /// What the pictures of all objects take at present; one that objects share counts once.
@@ -52,7 +47,7 @@ std::int64_t texelsInUse() {
     };
     forEachWingHalf([&add](WingSection& half) { add(half.picture()); });
     add(Rudder.picture());
-    forEachFuselage([&add](int i) { add(Fuselages(i).picture()); });
+    Fuselages.forEachDistinct(nbFuselages, [&add](MeshSections& body) { add(body.picture()); });
     std::int64_t sum = 0;
     for (const auto& [texels, size] : bytes) sum += size;
     return sum;
@@ -177,9 +172,9 @@ std::vector<Carriers> waitingObjects() {
         look(half.picture(), true, [&half] { half.create_texcoords(); });
     });
     look(Rudder.picture(), false, [] { Rudder.create(); });
-    forEachFuselage([&look](int i) {
-        if (ObjectList.shown(i)) look(Fuselages(i).picture(), false, [] {});
-    });
+    Fuselages.forEachDistinct(
+        nbFuselages, [](int i) { return ObjectList.shown(i); },
+        [&look](int, MeshSections& body) { look(body.picture(), false, [] {}); });
     return waiting;
 }
 
