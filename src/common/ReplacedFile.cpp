@@ -6,6 +6,7 @@
 #include <climits>
 #include <ctime>
 #include <filesystem>
+#include <set>
 #include <system_error>
 
 #include <fcntl.h>
@@ -237,11 +238,8 @@ void ReplacedFile::placeAll() {
 }
 
 void ReplacedFile::syncFolders() {
-    std::vector<std::string> folders{folderOf(target_)};
-    for (const auto& file : beside_) folders.push_back(folderOf(file->target_));
-    std::ranges::sort(folders);
-    const auto repeated = std::ranges::unique(folders);
-    folders.erase(repeated.begin(), repeated.end());
+    std::set<std::string> folders{folderOf(target_)};
+    for (const auto& file : beside_) folders.insert(folderOf(file->target_));
     for (const std::string& folder : folders)
         if (!syncFolder(folder)) fail();
 }

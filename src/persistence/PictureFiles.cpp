@@ -91,10 +91,11 @@ std::set<std::string> namesIn(std::string_view bytes) {
     while (!lines.atEnd()) {
         const std::string_view line = lines.line();
         const auto end = line.rfind('"');
-        if (line.starts_with('"') && end > 0)
+        if (line.starts_with('"') && end > 0) {
             names.emplace(line.substr(1, end - 1));
-        else
+        } else {
             names.clear();
+        }
     }
     return names;
 }
