@@ -37,9 +37,10 @@ void ObjectListRecord::update() {
         rows.push_back(row);
     }
     rows.resize(wanted);
-    for (int i = 1; i <= nbFuselages; ++i)
-        rows[static_cast<std::size_t>(i) - 1].sections =
-            threeDigits(Fuselages.alike(i).nb_sections);
+    for (int i = 1; i <= nbFuselages; ++i) {
+        FuselageRow& row = rows[static_cast<std::size_t>(i) - 1];
+        row.sections = threeDigits(Fuselages.alike(i).nb_sections);
+    }
 }
 
 }  // namespace velna

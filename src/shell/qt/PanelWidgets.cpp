@@ -87,7 +87,7 @@ PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
     drawIcons();
 
     mirrors_.add(Control::Parameters, [this](const ControlState& state) {
-        const QSignalBlocker silent(this);
+        const QSignalBlocker silent(*this);
         setCurrentIndex(state.value);
     });
     connect(tabBar(), &QTabBar::tabBarClicked, this, [](int tab) {
