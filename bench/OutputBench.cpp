@@ -174,11 +174,11 @@ const Numbers& drawingNumbers() {
     static const Numbers numbers = [] {
         Numbers result;
         for (int n = 1; n <= fuselages; ++n) {
-            Fuselages(n).computeFrontPoints(1, 0, 0);
+            const auto front = Fuselages(n).computeFrontPoints({});
             for (int i = 1; i <= sections; ++i)
                 for (int j = 1; j <= outlinePoints; ++j) {
-                    const Point2D from = Fuselages(n).frontPoint(i, j);
-                    const Point2D to = Fuselages(n).frontPoint(i, j % outlinePoints + 1);
+                    const Point2D from = front(i, j);
+                    const Point2D to = front(i, j % outlinePoints + 1);
                     for (double value : {from.x, -from.y, 0.0, to.x, -to.y, 0.0})
                         result.coordinates.push_back(value);
                 }

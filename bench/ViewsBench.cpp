@@ -178,7 +178,7 @@ Steps dragChain() {
     startUp();
     chainOfWings(100);
     Main.initVTopView();
-    const Outline& first = Wings(1).vtopPoints;
+    const Outline& first = Main.views.wings(1).vtopPoints;
     return dragOf(static_cast<float>(first[1].x),
                   static_cast<float>((first[1].y + first[4].y) / 2));
 }
@@ -187,7 +187,7 @@ Steps dragSectionInSide() {
     startUp();
     bodyOf500Sections();
     Main.initSideView();
-    const Point2D end = Fuselages(1).topPoints(250);
+    const Point2D end = Main.views.fuselages(1).side.top(250);
     return dragOf(static_cast<float>(end.x), static_cast<float>(end.y));
 }
 
@@ -195,7 +195,7 @@ Steps dragSectionInHTop() {
     startUp();
     bodyOf500Sections();
     Main.initHTopView();
-    const Point2D end = Fuselages(1).htopPlus(250);
+    const Point2D end = Main.views.fuselages(1).htop.plus(250);
     return dragOf(static_cast<float>(end.x), static_cast<float>(end.y));
 }
 

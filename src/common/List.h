@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -32,38 +33,6 @@ public:
 
 private:
     std::vector<T> items_;
-};
-
-/// As `Array1`, but its entries are made when one is first asked for: for what may be drawn, and
-/// need not be, so that a size alone costs nothing.
-template <class T>
-class LateArray1 {
-public:
-    /// Bounds 0 to `n`, the entries up to there kept.
-    void resize(int n) {
-        upper_ = n;
-        if (items_.size() > count()) made();
-    }
-
-    /// The upper bound; -1 before the first sizing.
-    int upper() const { return upper_; }
-
-    T& operator()(int i) { return made()[static_cast<std::size_t>(i)]; }
-    const T& operator()(int i) const { return made()[static_cast<std::size_t>(i)]; }
-
-    /// Entry 0 first.
-    const T* data() const { return made().data(); }
-
-private:
-    std::size_t count() const { return static_cast<std::size_t>(upper_) + 1; }
-
-    std::vector<T>& made() const {
-        if (items_.size() != count()) items_.resize(count());
-        return items_;
-    }
-
-    mutable std::vector<T> items_;
-    int upper_ = -1;
 };
 
 /// A grid with bounds 0 to n by 0 to m, contiguous by rows, used from (1, 1).
@@ -132,19 +101,25 @@ public:
     void forEachDistinct(int n, Wanted wanted, Visit visit) {
         bool promisedSeen = false;
         for (int i = 1; i <= n && i <= size(); ++i) {
-            const bool promised = !items_[static_cast<std::size_t>(i) - 1];
-            if ((promised && promisedSeen) || !wanted(i)) continue;
-            promisedSeen = promisedSeen || promised;
+            if ((promised(i) && promisedSeen) || !wanted(i)) continue;
+            promisedSeen = promisedSeen || promised(i);
             visit(i, alike(i));
         }
     }
 
-    /// The same for all of the first `n` entries, as `visit(entry)`.
+    /// The same for all of the first `n` entries, as `visit(entry)` or `visit(i, entry)`.
     template <class Visit>
     void forEachDistinct(int n, Visit visit) {
-        forEachDistinct(
-            n, [](int) { return true; }, [&](int, T& entry) { visit(entry); });
+        const auto all = [](int) { return true; };
+        if constexpr (std::is_invocable_v<Visit, int, T&>) {
+            forEachDistinct(n, all, visit);
+        } else {
+            forEachDistinct(n, all, [&](int, T& entry) { visit(entry); });
+        }
     }
+
+    /// Whether entry `i` is only promised: of those, `forEachDistinct` visits the first for all.
+    bool promised(int i) const { return !items_[static_cast<std::size_t>(i) - 1]; }
 
     /// Keeps the first `n` entries; a new one is made by `make` when it is first asked for.
     void resize(int n, Maker make) {

@@ -4,10 +4,6 @@
 #include <optional>
 
 #include "editor/Main.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/Plane.h"
 
 namespace velna {
 namespace {
@@ -54,15 +50,15 @@ bool holds(Ask ask, bool state) {
 bool applies(CursorBlock block) {
     switch (block) {
         case OverWing:
-            return MainWing::anySelected();
+            return Main.views.wingSelected();
         case OverStabilizer:
-            return Stabilizer.selected;
+            return Main.views.stabilizer.grip.selected;
         case OverFuselage:
-            return Fuselage::current().selected;
+            return Main.views.fuselage().grip.selected;
         case OverBox:
-            return Equipment::anySelected();
+            return Main.views.boxSelected();
         case OverFin:
-            return Rudder.selected;
+            return Main.views.rudder.grip.selected;
         case OverNothing:
             return !Main.anySelected() && !Main.ctrlkey;
         case CtrlSet:
@@ -76,13 +72,13 @@ bool applies(CursorBlock block) {
 int selectedPart(CursorBlock block) {
     switch (block) {
         case OverWing:
-            return MainWing::selectedPart();
+            return Main.views.selectedWingPart();
         case OverStabilizer:
-            return Stabilizer.selected_part;
+            return Main.views.stabilizer.grip.selected_part;
         case OverFuselage:
-            return Fuselage::current().selected_part;
+            return Main.views.fuselage().grip.selected_part;
         case OverFin:
-            return Rudder.selected_part;
+            return Main.views.rudder.grip.selected_part;
         default:
             return 0;
     }

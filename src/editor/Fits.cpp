@@ -1,3 +1,5 @@
+#include "editor/Fits.h"
+
 #include <cmath>
 #include <initializer_list>
 #include <limits>

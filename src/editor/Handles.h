@@ -4,10 +4,11 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 
 #include "common/Finite.h"
 #include "common/List.h"
-#include "editor/Main.h"
+#include "editor/Canvas.h"
 #include "model/MeshSections.h"
 
 namespace velna {
@@ -25,11 +26,24 @@ inline bool near(Point2D point, float x, float y) {
     return near(x, point.x) && near(y, point.y);
 }
 
+/// What the pointer does with an object of the aircraft.
+struct Grip {
+    std::int32_t paint = 0;  ///< the part that a drag has grabbed; each kind has its idle one
+    bool selected = false;   ///< the pointer rests on a part
+    std::int32_t selected_part = 0;  ///< the part of the last hover test
+    double initval = 0;              ///< value of the dragged field at the press
+    double initval2 = 0;             ///< second such value
+    double initval3 = 0;             ///< third such value
+};
+
 /// The direction on the screen that a drag is measured in.
 enum class Axis { Right, Down };
 
 /// Pixels from the press to the pointer along `axis`, in single precision as the pointer comes.
-float pixelsFromPress(Axis axis, float x, float y);
+inline float pixelsFromPress(Axis axis, const Pointer& pointer) {
+    return axis == Axis::Right ? pointer.x - static_cast<float>(pointer.xloc)
+                               : pointer.y - static_cast<float>(pointer.yloc);
+}
 
 /// One value that a drag writes: the value at the press, which lies in `start`, plus the pixels
 /// along `axis` times `factor` in model units. `Value` tells where in `Object` the value lies. A
@@ -37,7 +51,7 @@ float pixelsFromPress(Axis axis, float x, float y);
 template <class Object, class Value = double Object::*>
 struct DragTerm {
     Value value{};
-    double Object::*start{};
+    double Grip::*start{};
     Axis axis = Axis::Right;
     float factor = 1;
 };
@@ -61,13 +75,13 @@ struct Handle {
 
     /// The terms of this moment. The key is asked at every move, so that pressing Shift in mid-drag
     /// goes on with the other value, from the start value of the first.
-    const DragTerms<Object, Value>& terms() const {
-        return Main.shiftkey && shifted[0].value ? shifted : plain;
+    const DragTerms<Object, Value>& terms(bool shiftkey) const {
+        return shiftkey && shifted[0].value ? shifted : plain;
     }
 
     /// Whether a drag moves anything at this moment.
-    bool moves() const {
-        return std::ranges::any_of(terms(),
+    bool moves(bool shiftkey) const {
+        return std::ranges::any_of(terms(shiftkey),
                                    [](const auto& term) { return term.value && term.factor != 0; });
     }
 };
@@ -95,46 +109,50 @@ double* valueOf(Object& object, double Object::*value) {
 }
 
 /// A value of the selected section; null when no section is selected.
-double* valueOf(MeshSections& fuselage, Array1<double> MeshSections::*values);
+inline double* valueOf(MeshSections& fuselage, Array1<double> MeshSections::*values) {
+    if (!fuselage.sectionSelected()) return nullptr;
+    return &(fuselage.*values)(fuselage.storageIndex(fuselage.sel_sec));
+}
 
-/// The press: remembers the values that a drag of the object's `paint` starts from. 0 stands for a
-/// value of a section while none is selected.
+/// The press: remembers the values that a drag of the part in `grip.paint` starts from. 0 stands
+/// for a value of a section while none is selected.
 template <class Object, class Value, std::size_t n>
-void rememberStart(Object& object, const std::array<Handle<Object, Value>, n>& table) {
-    const auto* handle = findHandle(table, object.paint);
+void rememberStart(Grip& grip, Object& object, const std::array<Handle<Object, Value>, n>& table,
+                   bool shiftkey) {
+    const auto* handle = findHandle(table, grip.paint);
     if (!handle) return;
-    for (const auto& term : handle->terms()) {
+    for (const auto& term : handle->terms(shiftkey)) {
         if (!term.value) break;
         const double* value = valueOf(object, term.value);
-        object.*term.start = value ? *value : 0;
+        grip.*term.start = value ? *value : 0;
     }
 }
 
 /// A move: each value is computed from its start and never from the last move, so that a drag out
-/// and back gives the start value again.
+/// and back gives the start value again. `zoom` is in pixels a model unit.
 template <class Object, class Value>
-void dragTo(Object& object, const Handle<Object, Value>& handle, float x, float y) {
-    for (const auto& term : handle.terms()) {
+void dragTo(const Grip& grip, Object& object, const Handle<Object, Value>& handle,
+            const Pointer& pointer, double zoom) {
+    for (const auto& term : handle.terms(pointer.shiftkey)) {
         if (!term.value) break;
         if (term.factor == 0) continue;
-        const double pixels = term.factor * pixelsFromPress(term.axis, x, y);
+        const double pixels = term.factor * pixelsFromPress(term.axis, pointer);
         if (double* value = valueOf(object, term.value))
-            assignFinite(*value, pixels / Main.zoom + object.*term.start);
+            assignFinite(*value, pixels / zoom + grip.*term.start);
     }
 }
 
-/// A move over an object whose idle part is `none`: without a grabbed part it lights what is under
-/// the pointer, with one it drags it. `partAt` is the hit test, `draw` takes the highlight
-/// arguments.
-template <class Object, class Value, std::size_t n, class PartAt, class Draw>
-void hoverOrDrag(Object& object, int none, const std::array<Handle<Object, Value>, n>& table,
-                 float x, float y, PartAt partAt, Draw draw) {
-    if (object.paint == none) {
-        object.selected_part = partAt();
-        draw(litParts(table, object.selected_part));
-        object.selected = object.selected_part != none;
-    } else if (const auto* handle = findHandle(table, object.paint)) {
-        dragTo(object, *handle, x, y);
+/// A move over an object whose idle part is `none`: without a grabbed part it lights `partHere`,
+/// the one under the pointer, with one it drags it. `draw` takes the highlight arguments.
+template <class Object, std::size_t n, class Move, class Draw>
+void hoverOrDrag(Grip& grip, int none, const std::array<Handle<Object>, n>& table, int partHere,
+                 Move move, Draw draw) {
+    if (grip.paint == none) {
+        grip.selected_part = partHere;
+        draw(litParts(table, partHere));
+        grip.selected = partHere != none;
+    } else if (const auto* handle = findHandle(table, grip.paint)) {
+        move(*handle);
         draw(handle->lit);
     }
 }

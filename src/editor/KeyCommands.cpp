@@ -1,9 +1,6 @@
 #include <cstdint>
 
 #include "editor/Main.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/Plane.h"
 
 namespace velna {
 namespace {
@@ -64,8 +61,9 @@ constexpr MenuEntry menuEntries[] = {
 
 /// The cursor tells along which axis a drag with Shift will move.
 CursorShape constrainedCursor() {
-    const bool sideways = Rudder.selected || Equipment::anySelected() ||
-                          (Fuselage::current().selected && Main.mode == ViewMode::VTop);
+    const AircraftViews& views = Main.views;
+    const bool sideways = views.rudder.grip.selected || views.boxSelected() ||
+                          (views.fuselage().grip.selected && Main.mode == ViewMode::VTop);
     return sideways ? CursorShape::WestEast : CursorShape::NorthSouth;
 }
 

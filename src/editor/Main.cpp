@@ -1,5 +1,7 @@
 #include "editor/Main.h"
 
+#include "model/Plane.h"
+
 namespace velna {
 
 MainForm Main;
@@ -37,6 +39,15 @@ void presetMenuAndToolbar(ControlStates& controls) {
 }
 
 }  // namespace
+
+Canvas MainForm::canvas() const {
+    const bool overPicture = firstPictureRefresh && !nothingToErase;
+    return {*DrawArea, transform(), erases(), overPicture, dimColor, highlightColor};
+}
+
+Pointer MainForm::pointer(float x, float y) const {
+    return {x, y, xloc, yloc, shiftkey, ctrlkey};
+}
 
 void MainForm::reset() {
     MainForm fresh;

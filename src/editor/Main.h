@@ -5,6 +5,8 @@
 #include <string>
 
 #include "common/Point.h"
+#include "editor/AircraftViews.h"
+#include "editor/Canvas.h"
 #include "editor/Controls.h"
 #include "editor/Surface.h"
 #include "editor/Window.h"
@@ -81,11 +83,17 @@ public:
     DrawMode drawMode = DrawMode::Copy;
 
     bool savedProject = true;                   ///< the model has been saved since its last change
+    AircraftViews views;                        ///< what is on the surface, and the gesture
     ControlStates controls;                     ///< what every control shows
     std::array<BackgroundPicture, 5> pictures;  ///< by `mode`, 1 to 4 used
 
     /// Back to the state before start-up; the ports stay.
     void reset();
+
+    /// What the views draw on at this moment, and the pointer as the drawing surface sees it.
+    Transform transform() const { return {zoom, xoff, yoff}; }
+    Canvas canvas() const;
+    Pointer pointer(float x, float y) const;
 
     // Views.cpp
     void initVTopView();
@@ -110,9 +118,9 @@ public:
     /// armed.
     void cancelGesture();
     /// Some object is being dragged.
-    bool anyBusy() const;
+    bool anyBusy() const { return views.anyHit(); }
     /// The pointer rests on some object.
-    bool anySelected() const;
+    bool anySelected() const { return views.anySelected(); }
 
     // KeyCommands.cpp: virtual key codes, letters by their capital
     void DrawArea_keydown(std::int16_t keyCode, std::int16_t shift);
@@ -158,7 +166,11 @@ public:
 
     // SectionEditor.cpp
     void sliderChanged(Control slider, int value);
+    /// Fits the section editor, or one of `w` x `h` pixels, to the selected section.
     void zoomSectionSet();
+    void zoomSectionSet(int w, int h);
+    /// Draws the selected section of the current fuselage in the section editor.
+    void drawSection();
 
     // BackgroundPicture.cpp
     bool pictureShownHere() const { return pictures[static_cast<std::size_t>(mode)].shown; }

@@ -31,9 +31,9 @@ void sectionChosen(std::int16_t value) {
     Main.updateFuselageInterface();
     Main.refreshDrawingArea();
     if (Main.mode == ViewMode::Side)
-        Fuselage::drawFuselagesSide(Main.zoom, Main.xoff, Main.yoff, fuselage.sel_sec, 0);
+        Main.views.drawFuselagesSide(Main.canvas(), fuselage.sel_sec, FuselageLook::bar);
     if (Main.mode == ViewMode::HTop)
-        Fuselage::drawFuselagesHTop(Main.zoom, Main.xoff, Main.yoff, fuselage.sel_sec, 0);
+        Main.views.drawFuselagesHTop(Main.canvas(), fuselage.sel_sec, FuselageLook::bar);
 }
 
 void fuselageChosen(std::int16_t value) {
@@ -52,9 +52,9 @@ void fuselageChosen(std::int16_t value) {
 }
 
 void boxChosen(std::int16_t value) {
-    ElectroBox& former = Equipment::current();
-    if (Main.mode == ViewMode::Side) former.drawSide(Main.zoom, Main.xoff, Main.yoff, 1);
-    if (Main.mode == ViewMode::HTop) former.drawHTop(Main.zoom, Main.xoff, Main.yoff, 1);
+    EquipmentView& former = Main.views.boxes(currentEquipment);
+    if (Main.mode == ViewMode::Side) former.drawSide(Main.canvas(), Equipment::current());
+    if (Main.mode == ViewMode::HTop) former.drawHTop(Main.canvas(), Equipment::current());
     currentEquipment = value;
     Main.setText(Control::IdEquipLabel, std::to_string(value));
     Main.refreshDrawingArea();
@@ -79,6 +79,7 @@ constexpr ScrollRow scrollRows[] = {
 void addWing(std::int16_t /*shift*/) {
     if (!Plane::increment(nbWings)) return;
     MainWing::addWing();
+    Main.views.wings.renew(nbWings);
     Main.savedProject = false;
     Main.setScroll(Control::IndexWingsScroll, nbWings, nbWings);
     Main.refreshDrawingArea();
@@ -104,6 +105,9 @@ void addFuselage(std::int16_t shift) {
     }
     Fuselage::resizeFuselages();
     Fuselage::addFuselage(Main.ctrlkey_tab);
+    Main.views.fuselages.renew(nbFuselages);
+    // A copy has no scale of its own before it is shown.
+    if (Main.ctrlkey_tab) Main.views.fuselages(nbFuselages).szoom = 0;
     ObjectList.update();
     Main.window->fuselageListChanged();
     Main.savedProject = false;
@@ -132,6 +136,7 @@ void removeFuselage(std::int16_t /*shift*/) {
 void addBox(std::int16_t /*shift*/) {
     if (!Plane::increment(nbEquipments)) return;
     Equipment::resizeEquipments(nbEquipments);
+    Main.views.boxes.renew(nbEquipments);
     Main.savedProject = false;
     Main.setScroll(Control::IndexServosScroll, nbEquipments, nbEquipments);
 }
@@ -143,6 +148,7 @@ void removeBox(std::int16_t /*shift*/) {
     // The list's resizing puts a new box into its last slot: the box before the removed one becomes
     // a default one.
     Equipment::resizeEquipments(nbEquipments);
+    Main.views.boxes.renew(nbEquipments);
     Main.savedProject = false;
     Main.setScroll(Control::IndexServosScroll, nbEquipments, nbEquipments);
     // A bar that stood there already runs no event: the panel would show another box than it edits.

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "common/NumberText.h"
 #include "editor/Main.h"
@@ -14,6 +15,13 @@ namespace {
 void fillTexts(int tab) {
     for (const PanelField& field : panelFields())
         if (field.tab == tab) Main.setText(field.control, panelText(field));
+}
+
+/// Takes the current fuselage's old plan off the surface.
+void movePlan(FuselageView& view) {
+    view.drawVTop(Main.canvas(), Fuselage::current(), FuselageLook::erased);
+    view.vtopPoints =
+        Fuselage::current().computeVTopPoints(Main.transform(), std::move(view.vtopPoints));
 }
 
 /// The one commit: takes the number at the start of the text, stores it, and redraws. Gives what
@@ -33,8 +41,7 @@ TextEntry commit(const PanelField& field, const std::string& text) {
             Main.updateWingInterface();
             break;
         case AfterCommit::MovePlan:
-            Fuselage::current().drawVTop(8);
-            Fuselage::current().computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
+            movePlan(Main.views.fuselage());
             Main.refreshDrawingArea();
             break;
         case AfterCommit::BuildOutline:
@@ -80,7 +87,7 @@ void MainForm::updateFuselageInterface() {
     setScroll(Control::FuselageScroll, fuselage.nb_sections, fuselage.sel_sec);
     setText(Control::IdFusLabel, std::to_string(currentFuselage));
     setScroll(Control::IndexFusScroll, nbFuselages, currentFuselage);
-    Fuselage::current().drawSection();
+    drawSection();
 }
 
 void MainForm::refreshPanels() {
@@ -133,7 +140,7 @@ void MainForm::checkClicked(Control control, bool on) {
 void MainForm::tabClicked(int newTab) {
     selectTab(newTab);
     if (newTab == PanelTab::wing || newTab == PanelTab::stabilizer)
-        Fuselage::current().selected = false;
+        views.fuselage().grip.selected = false;
 }
 
 }  // namespace velna

@@ -1,9 +1,7 @@
 #include "common/NumberText.h"
 #include "editor/Main.h"
 #include "editor/MeshLimit.h"
-#include "model/Equipment.h"
 #include "model/Fuselage.h"
-#include "model/MainWing.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 
@@ -12,7 +10,6 @@ namespace {
 
 constexpr int leftButton = 1;
 constexpr int rightButton = 2;
-constexpr int noPart = -1;
 
 bool equipmentTab() {
     return Main.tab() == PanelTab::electronics;
@@ -22,22 +19,21 @@ bool equipmentTab() {
 
 /// How a section view draws the fuselages, and takes the current one's old lines off.
 struct SectionView {
-    void (*draw)(double zoom, double xoff, double yoff, int selected1, int which);
-    void (MeshSections::*erase)();
+    void (AircraftViews::*draw)(const Canvas& canvas, int lit, FuselageLook look);
+    void (FuselageView::*erase)(const Canvas& canvas, const MeshSections& body) const;
 };
 
-constexpr SectionView sideSections{Fuselage::drawFuselagesSide, &MeshSections::eraseSide};
-constexpr SectionView htopSections{Fuselage::drawFuselagesHTop, &MeshSections::eraseHTop};
+constexpr SectionView sideSections{&AircraftViews::drawFuselagesSide, &FuselageView::eraseSide};
+constexpr SectionView htopSections{&AircraftViews::drawFuselagesHTop, &FuselageView::eraseHTop};
 
-/// The old lines go before the arrays grow: a point that has never been drawn stands at the origin,
-/// and a white line to it would cut the picture.
+/// The old lines go before the body grows: the redraw would look for the new section's among them.
 void insertSection(const SectionView& view) {
     MeshSections& fuselage = Fuselage::current();
-    if (Main.erases()) (fuselage.*view.erase)();
+    if (Main.erases()) (Main.views.fuselage().*view.erase)(Main.canvas(), fuselage);
     if (meshFits(&fuselage, fuselage.nb_sections + 1, fuselage.nb_cross))
         fuselage.insertSection((Main.xloc - Main.xoff) / Main.zoom - fuselage.pos_offset);
     Main.nothingToErase = true;
-    view.draw(Main.zoom, Main.xoff, Main.yoff, noPart, 0);
+    (Main.views.*view.draw)(Main.canvas(), noSection, FuselageLook::bar);
     Main.nothingToErase = false;
 }
 
@@ -59,81 +55,84 @@ void showSectionCount(std::int16_t button) {
 /// Takes a section in or out where the press with Ctrl has found one; the second test meets the
 /// state that the first has left, on the same `paint`. True where the press was on a bar.
 bool insertOrRemoveSection(std::int16_t button, const SectionView& view) {
-    MeshSections& fuselage = Fuselage::current();
-    if (fuselage.paint == FuselagePart::gap) {
+    const std::int32_t& paint = Main.views.fuselage().grip.paint;
+    if (paint == FuselagePart::gap) {
         insertSection(view);
         showSectionCount(button);
     }
-    if (fuselage.paint != FuselagePart::bar) return false;
-    fuselage.removeSection();
+    if (paint != FuselagePart::bar) return false;
+    Fuselage::current().removeSection();
     Main.DrawArea->clear();
-    view.draw(Main.zoom, Main.xoff, Main.yoff, noPart, 0);
+    (Main.views.*view.draw)(Main.canvas(), noSection, FuselageLook::bar);
     showSectionCount(button);
     return true;
 }
 
 /// True where the press has removed the section that it hit, or could have.
-bool pressSide(std::int16_t button, float x, float y) {
+bool pressSide(std::int16_t button, const Pointer& pointer) {
     if (equipmentTab()) {
-        Equipment::testEquipmentsSide(x, y);
-        Equipment::initMouseValEquipmentsSide();
+        Main.views.testEquipmentsSide(pointer);
         return false;
     }
     bool removed = false;
     if (ObjectList.shown(currentFuselage)) {
-        MeshSections& fuselage = Fuselage::current();
-        fuselage.paint = fuselage.testPositionSide(x, y);
-        fuselage.initMouseValSide();
-        removed = Main.ctrlkey && insertOrRemoveSection(button, sideSections);
+        FuselageView& view = Main.views.fuselage();
+        view.grip.paint = view.testPositionSide(Fuselage::current(), pointer);
+        view.initMouseValSide(Fuselage::current(), pointer.shiftkey);
+        removed = pointer.ctrlkey && insertOrRemoveSection(button, sideSections);
     }
-    Rudder.paint = Rudder.testPositionSide(x, y);
-    Rudder.initMouseValSide();
+    TailView& rudder = Main.views.rudder;
+    rudder.grip.paint = rudder.testPositionSide(pointer.x, pointer.y);
+    rudder.initMouseValSide(Rudder, pointer.shiftkey);
     return removed;
 }
 
-void pressFront(float x, float y) {
-    MainWing::testFront(x, y);
-    Stabilizer.paint = Stabilizer.testPositionFront(x, y);
-    Stabilizer.initMouseValFront();
-    Rudder.paint = Rudder.testPositionFront(x, y);
-    Rudder.initMouseValFront();
+void pressFront(const Pointer& pointer) {
+    Main.views.testWingsFront(pointer);
+    WingView& stabilizer = Main.views.stabilizer;
+    stabilizer.grip.paint = stabilizer.testPositionFront(pointer.x, pointer.y);
+    stabilizer.initMouseValFront(Stabilizer, pointer.shiftkey);
+    TailView& rudder = Main.views.rudder;
+    rudder.grip.paint = rudder.testPositionFront(pointer.x, pointer.y);
+    rudder.initMouseValFront(Rudder, pointer.shiftkey);
 }
 
-void pressVTop(float x, float y) {
+void pressVTop(const Pointer& pointer) {
     if (ObjectList.shown(currentFuselage)) {
-        MeshSections& fuselage = Fuselage::current();
-        fuselage.paint = fuselage.testPositionVTop(x, y);
-        fuselage.initMouseValVTop();
+        FuselageView& view = Main.views.fuselage();
+        view.grip.paint = view.testPositionVTop(Fuselage::current(), pointer);
+        view.initMouseValVTop(Fuselage::current(), pointer.shiftkey);
     }
-    MainWing::testVTop(x, y);
-    Stabilizer.paint = Stabilizer.testPositionVTop(x, y);
-    Stabilizer.initMouseValVTop();
+    Main.views.testWingsVTop(pointer);
+    WingView& stabilizer = Main.views.stabilizer;
+    stabilizer.grip.paint = stabilizer.testPositionVTop(pointer.x, pointer.y);
+    stabilizer.initMouseValVTop(Stabilizer, pointer.shiftkey);
 }
 
 /// As `pressSide`.
-bool pressHTop(std::int16_t button, float x, float y) {
+bool pressHTop(std::int16_t button, const Pointer& pointer) {
     if (equipmentTab()) {
-        Equipment::testEquipmentsHTop(x, y);
-        Equipment::initMouseValEquipmentsHTop();
+        Main.views.testEquipmentsHTop(pointer);
         return false;
     }
     if (!ObjectList.shown(currentFuselage)) return false;
-    MeshSections& fuselage = Fuselage::current();
-    fuselage.paint = fuselage.testPositionHTop(x, y);
-    fuselage.initMouseValHTop();
-    return Main.ctrlkey && insertOrRemoveSection(button, htopSections);
+    FuselageView& view = Main.views.fuselage();
+    view.grip.paint = view.testPositionHTop(Fuselage::current(), pointer);
+    view.initMouseValHTop(Fuselage::current(), pointer.shiftkey);
+    return pointer.ctrlkey && insertOrRemoveSection(button, htopSections);
 }
 
 /// The panel follows what the press has hit, each test overruling the one before. Of the wings only
 /// the first is asked: the panel edits the wing chosen in its list, which a press does not change.
 void followHit() {
-    if (Wings(1).paint != WingPart::none) Main.selectTab(PanelTab::wing);
-    if (Stabilizer.paint != WingPart::none) Main.selectTab(PanelTab::stabilizer);
-    if (Fuselage::current().paint != FuselagePart::none) {
+    const AircraftViews& views = Main.views;
+    if (views.wings(1).grip.paint != WingPart::none) Main.selectTab(PanelTab::wing);
+    if (views.stabilizer.grip.paint != WingPart::none) Main.selectTab(PanelTab::stabilizer);
+    if (views.fuselage().grip.paint != FuselagePart::none) {
         Main.setVisible(Control::FuselageVTopFrame, Main.mode == ViewMode::VTop);
         Main.selectTab(PanelTab::fuselage);
     }
-    if (Rudder.paint != FinPart::none) Main.selectTab(PanelTab::rudder);
+    if (views.rudder.grip.paint != FinPart::none) Main.selectTab(PanelTab::rudder);
 }
 
 // ---- move
@@ -153,54 +152,59 @@ void movePicture(std::int16_t button, float x, float y) {
     }
 }
 
-void moveSide(float x, float y) {
+void moveSide(const Canvas& canvas, const Pointer& pointer) {
+    AircraftViews& views = Main.views;
     if (equipmentTab()) {
-        Equipment::selectsEquipmentsSide(x, y);
-        Fuselage::drawFuselagesSide(Main.zoom, Main.xoff, Main.yoff, noPart, 7);
-        Rudder.drawSide(Main.zoom, Main.xoff, Main.yoff, noPart, noPart, noPart, noPart, 6);
+        views.selectsEquipmentsSide(canvas, pointer);
+        views.drawFuselagesSide(canvas, noSection, FuselageLook::other);
+        views.rudder.drawSide(canvas, Rudder, unlit, true);
     } else {
-        Fuselage::selectsFuselagesSide(x, y);
-        Rudder.selectsSide(x, y);
+        views.selectsFuselagesSide(canvas, pointer);
+        views.rudder.selectsSide(canvas, Rudder, pointer);
     }
-    Wings(1).drawSide(Main.zoom, Main.xoff, Main.yoff);
-    Stabilizer.drawSide(Main.zoom, Main.xoff, Main.yoff);
+    views.wings(1).drawSide(canvas, Wings(1));
+    views.stabilizer.drawSide(canvas, Stabilizer);
     Main.updateFuselageInterface();
     if (equipmentTab()) Main.updateEquipmentInterface();
 }
 
-void moveFront(float x, float y) {
-    MainWing::selectsFront(x, y);
-    Stabilizer.selectsFront(x, y);
-    Fuselage::drawFuselageFront(Main.zoom, Main.xoff, Main.yoff);
-    Rudder.selectsFront(x, y);
+void moveFront(const Canvas& canvas, const Pointer& pointer) {
+    AircraftViews& views = Main.views;
+    views.selectsWingsFront(canvas, pointer);
+    views.stabilizer.selectsFront(canvas, Stabilizer, pointer);
+    views.drawFuselageFront(canvas);
+    views.rudder.selectsFront(canvas, Rudder, pointer);
 }
 
-void moveVTop(float x, float y) {
-    MainWing::selectsVTop(x, y);
-    Stabilizer.selectsVTop(x, y);
-    Fuselage::selectsFuselagesVTop(x, y);
-    Rudder.drawVTop();
+void moveVTop(const Canvas& canvas, const Pointer& pointer) {
+    AircraftViews& views = Main.views;
+    views.selectsWingsVTop(canvas, pointer);
+    views.stabilizer.selectsVTop(canvas, Stabilizer, pointer);
+    views.selectsFuselagesVTop(canvas, pointer);
+    views.rudder.drawVTop(canvas, Rudder);
 }
 
-void moveHTop(float x, float y) {
+void moveHTop(const Canvas& canvas, const Pointer& pointer) {
+    AircraftViews& views = Main.views;
     if (equipmentTab()) {
-        Equipment::selectsEquipmentsHTop(x, y);
-        Fuselage::drawFuselagesHTop(Main.zoom, Main.xoff, Main.yoff, noPart, 7);
+        views.selectsEquipmentsHTop(canvas, pointer);
+        views.drawFuselagesHTop(canvas, noSection, FuselageLook::other);
     } else {
-        Fuselage::selectsFuselagesHTop(x, y);
-        Equipment::drawEquipmentsHTop(Main.zoom, Main.xoff, Main.yoff);
+        views.selectsFuselagesHTop(canvas, pointer);
+        views.drawEquipmentsHTop(canvas);
         Main.updateFuselageInterface();
     }
-    Wings(1).drawHTop();
-    Stabilizer.drawHTop();
+    views.wings(1).drawHTop(canvas);
+    views.stabilizer.drawHTop(canvas);
 }
 
 void showLiveValues() {
-    if (MainWing::anyHit()) Main.updateWingInterface();
-    if (Stabilizer.paint != WingPart::none) Main.updateStabilizerInterface();
-    if (Fuselage::current().paint != FuselagePart::none) Main.updateFuselageInterface();
-    if (Rudder.paint != FinPart::none) Main.updateRudderInterface();
-    if (Equipment::equipmentHit()) Main.updateEquipmentInterface();
+    const AircraftViews& views = Main.views;
+    if (views.wingHit()) Main.updateWingInterface();
+    if (views.stabilizer.grip.paint != WingPart::none) Main.updateStabilizerInterface();
+    if (views.fuselage().grip.paint != FuselagePart::none) Main.updateFuselageInterface();
+    if (views.rudder.grip.paint != FinPart::none) Main.updateRudderInterface();
+    if (views.boxHit()) Main.updateEquipmentInterface();
 }
 
 // ---- release
@@ -208,44 +212,46 @@ void showLiveValues() {
 /// What the section views do alike: the boxes, or the section's picture, follow what was dragged.
 void releaseInside() {
     if (equipmentTab()) {
-        Equipment::unpaintEquipments();
+        Main.views.letGoOfBoxes();
     } else {
         Main.zoomSectionSet();
     }
 }
 
-void releaseFront() {
-    MainWing::clearPaint();
-    MainWing::drawFront(Main.zoom, Main.xoff, Main.yoff);
-    Stabilizer.paint = WingPart::none;
-    Stabilizer.drawFront(Main.zoom, Main.xoff, Main.yoff, noPart, noPart, noPart, noPart);
-    Rudder.paint = FinPart::none;
+void releaseFront(const Canvas& canvas) {
+    AircraftViews& views = Main.views;
+    views.letGoOfWings();
+    views.drawWingsFront(canvas);
+    views.stabilizer.grip.paint = WingPart::none;
+    views.stabilizer.drawFront(canvas, Stabilizer);
+    views.rudder.grip.paint = FinPart::none;
 }
 
-void releaseVTop() {
-    MainWing::clearPaint();
-    MainWing::drawVTop(Main.zoom, Main.xoff, Main.yoff, 5);
-    Stabilizer.paint = WingPart::none;
-    Stabilizer.drawVTop(Main.zoom, Main.xoff, Main.yoff, noPart, noPart, noPart, noPart, 4);
-    Fuselage::current().paint = FuselagePart::none;
+void releaseVTop(const Canvas& canvas) {
+    AircraftViews& views = Main.views;
+    views.letGoOfWings();
+    views.drawWingsVTop(canvas);
+    views.stabilizer.grip.paint = WingPart::none;
+    views.stabilizer.drawVTop(canvas, Stabilizer);
+    views.fuselage().grip.paint = FuselagePart::none;
 }
 
 void releaseObjects() {
     switch (Main.mode) {
         case ViewMode::Side:
-            Fuselage::current().paint = FuselagePart::none;
-            Rudder.paint = FinPart::none;
+            Main.views.fuselage().grip.paint = FuselagePart::none;
+            Main.views.rudder.grip.paint = FinPart::none;
             releaseInside();
             break;
         case ViewMode::Front:
-            releaseFront();
+            releaseFront(Main.canvas());
             break;
         case ViewMode::VTop:
-            releaseVTop();
+            releaseVTop(Main.canvas());
             break;
         case ViewMode::HTop:
-            Fuselage::current().paint = FuselagePart::none;
-            Fuselage::drawFuselagesHTop(Main.zoom, Main.xoff, Main.yoff, noPart, 0);
+            Main.views.fuselage().grip.paint = FuselagePart::none;
+            Main.views.drawFuselagesHTop(Main.canvas(), noSection, FuselageLook::bar);
             releaseInside();
             break;
         default:
@@ -253,25 +259,7 @@ void releaseObjects() {
     }
 }
 
-void clearHover() {
-    Fuselage::current().selected = false;
-    MainWing::clearSelection();
-    Stabilizer.selected = false;
-    Rudder.selected = false;
-    Equipment::clearSelection();
-}
-
 }  // namespace
-
-bool MainForm::anyBusy() const {
-    return Equipment::equipmentHit() || MainWing::anyHit() || Stabilizer.paint != WingPart::none ||
-           Rudder.paint != FinPart::none || Fuselage::current().paint != FuselagePart::none;
-}
-
-bool MainForm::anySelected() const {
-    return Equipment::anySelected() || MainWing::anySelected() || Stabilizer.selected ||
-           Rudder.selected || Fuselage::current().selected;
-}
 
 void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
     savedProject = false;
@@ -293,16 +281,16 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
     bool removed = false;
     switch (mode) {
         case ViewMode::Side:
-            removed = pressSide(button, x, y);
+            removed = pressSide(button, pointer(x, y));
             break;
         case ViewMode::Front:
-            pressFront(x, y);
+            pressFront(pointer(x, y));
             break;
         case ViewMode::VTop:
-            pressVTop(x, y);
+            pressVTop(pointer(x, y));
             break;
         case ViewMode::HTop:
-            removed = pressHTop(button, x, y);
+            removed = pressHTop(button, pointer(x, y));
             break;
         default:
             break;
@@ -310,7 +298,7 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
     followHit();
     // The section has gone from under the pointer: the hand's next pixel must not pull the one that
     // took its place.
-    if (removed) Fuselage::current().paint = FuselagePart::none;
+    if (removed) views.fuselage().grip.paint = FuselagePart::none;
     DrawArea->refresh();
 }
 
@@ -322,16 +310,16 @@ void MainForm::DrawArea_MouseMove(std::int16_t button, std::int16_t /*shift*/, f
     DrawArea->setFocus();
     switch (mode) {
         case ViewMode::Side:
-            moveSide(x, y);
+            moveSide(canvas(), pointer(x, y));
             break;
         case ViewMode::Front:
-            moveFront(x, y);
+            moveFront(canvas(), pointer(x, y));
             break;
         case ViewMode::VTop:
-            moveVTop(x, y);
+            moveVTop(canvas(), pointer(x, y));
             break;
         case ViewMode::HTop:
-            moveHTop(x, y);
+            moveHTop(canvas(), pointer(x, y));
             break;
         default:
             break;
@@ -347,7 +335,7 @@ void MainForm::DrawArea_MouseUp(std::int16_t button, std::int16_t /*shift*/, flo
                                 float /*y*/) {
     // The right button has only opened the menu; what that has armed waits for the next press.
     if (button == rightButton) return;
-    clearHover();
+    views.clearHover();
     if (pictureShownHere()) {
         setDrawMode(DrawMode::Copy);
         refreshDrawingArea();
@@ -368,11 +356,7 @@ void MainForm::cancelGesture() {
         return;
     DrawArea_MouseUp(0, 0, -1, -1);
     // The release asks the current view's objects only; the gesture may have begun in another view.
-    MainWing::clearPaint();
-    Stabilizer.paint = WingPart::none;
-    Rudder.paint = FinPart::none;
-    Fuselage::current().paint = FuselagePart::none;
-    Equipment::unpaintEquipments();
+    views.letGo();
     setDrawMode(DrawMode::Copy);
 }
 

@@ -4,23 +4,10 @@
 
 namespace velna {
 
-namespace {
-
-template <class Array>
-std::span<const Point2D> firstPoints(const Array& array, int n) {
+std::span<const Point2D> pointsOf(const Array1<Point2D>& array, int n) {
     const int count = std::min(n, array.upper());
     if (count < 1) return {};
     return {array.data() + 1, static_cast<std::size_t>(count)};
-}
-
-}  // namespace
-
-std::span<const Point2D> pointsOf(const Array1<Point2D>& array, int n) {
-    return firstPoints(array, n);
-}
-
-std::span<const Point2D> pointsOf(const LateArray1<Point2D>& array, int n) {
-    return firstPoints(array, n);
 }
 
 std::span<const Point2D> pointsOf(const Outline& outline) {

@@ -12,7 +12,6 @@ namespace velna {
 
 /// Entries 1 to `n` of an array that is used from 1, or as many as it has.
 std::span<const Point2D> pointsOf(const Array1<Point2D>& array, int n);
-std::span<const Point2D> pointsOf(const LateArray1<Point2D>& array, int n);
 
 /// The five points of an outline, the last being the first again.
 std::span<const Point2D> pointsOf(const Outline& outline);

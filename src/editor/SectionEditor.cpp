@@ -1,9 +1,7 @@
 #include <algorithm>
 
-#include "common/NumberText.h"
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
-#include "model/Fuselage.h"
 
 namespace velna {
 namespace {
@@ -28,13 +26,8 @@ void MainForm::sliderChanged(Control slider, int value) {
         moveSlider(*row->linked, value);
     }
     row->set(value / 100.0);
-    Fuselage::current().drawSection();
+    drawSection();
     refreshDrawingArea();
-}
-
-void MainForm::zoomSectionSet() {
-    Fuselage::current().zoomSectionSet(roundToInt16(DrawSectionArea->width()),
-                                       roundToInt16(DrawSectionArea->height()));
 }
 
 }  // namespace velna

@@ -2,9 +2,10 @@
 #include <limits>
 
 #include "common/Finite.h"
+#include "common/NumberText.h"
 #include "editor/Main.h"
 #include "editor/Polyline.h"
-#include "model/MeshSections.h"
+#include "model/Fuselage.h"
 
 namespace velna {
 namespace {
@@ -35,50 +36,56 @@ private:
 
 }  // namespace
 
-void MeshSections::drawSection() {
-    if (sel_sec <= 0) return;
-    Surface& surface = *Main.DrawSectionArea;
+void MainForm::drawSection() {
+    const MeshSections& body = Fuselage::current();
+    const double szoom = views.fuselage().szoom;
+    if (body.sel_sec <= 0) return;
+    Surface& surface = *DrawSectionArea;
     surface.clear();
-    if (sectionSelected()) {
-        const int k = storageIndex(sel_sec);
-        const double w = width(k);
-        const double h = height(k);
-        const double b = bias_curve(k);
-        const double n = nb_cross;
+    if (body.sectionSelected()) {
+        const int k = body.storageIndex(body.sel_sec);
+        const double w = body.width(k);
+        const double h = body.height(k);
+        const double b = body.bias_curve(k);
+        const double n = body.nb_cross;
         const double centre = surface.width() / 2;
         const double widest =
             h * b * szoom;  // row of the widest line: the top touches the top edge
         const double pi = 4 * std::atan(1.0);
         const auto angle = [&](double j) { return 2 * pi * (j - 1) / n; };
+        double curv = body.curvature(k);
         const auto column = [&](double t) {
-            return ((w * szoom) / 2) * outlineCos(t, curv) + centre;
+            return ((w * szoom) / 2) * MeshSections::outlineCos(t, curv) + centre;
+        };
+        const auto row = [&](double t, double share) {
+            return widest + (-h * share * szoom) * (MeshSections::outlineSin(t, curv) - 1.0);
         };
 
         Pen pen(surface);
-        curv = curvature(k);
-        const auto upperRow = [&](double t) {
-            return widest + (-h * b * szoom) * (outlineSin(t, curv) - 1.0);
-        };
-        pen.moveTo(column(0), upperRow(0));
-        for (int j = 2; j <= n / 2; ++j) pen.lineTo(column(angle(j)), upperRow(angle(j)));
+        pen.moveTo(column(0), row(0, b));
+        for (int j = 2; j <= n / 2; ++j) pen.lineTo(column(angle(j)), row(angle(j), b));
         pen.lineTo((-w * szoom) / 2 + centre, widest);
 
-        curv = curvature2(k);
+        curv = body.curvature2(k);
         // The counter keeps its half for an odd `nb_cross`, so that the points stay evenly spread.
-        for (double j = n / 2 + 2; j <= n; ++j) {
-            const double t = angle(j);
-            pen.lineTo(column(t), widest + (-h * (1.0 - b) * szoom) * (outlineSin(t, curv) - 1.0));
-        }
+        for (double j = n / 2 + 2; j <= n; ++j)
+            pen.lineTo(column(angle(j)), row(angle(j), 1.0 - b));
         pen.lineTo((w * szoom) / 2 + centre, widest);
     }
     surface.refresh();
 }
 
-void MeshSections::zoomSectionSet(int w, int h) {
-    if (!sectionSelected()) return;
-    const double sectionWidth = widthGet();
-    const double sectionHeight = heightGet();
-    double& slider = Main.controls[Control::BiasSlider].height;
+void MainForm::zoomSectionSet() {
+    zoomSectionSet(roundToInt16(DrawSectionArea->width()), roundToInt16(DrawSectionArea->height()));
+}
+
+void MainForm::zoomSectionSet(int w, int h) {
+    const MeshSections& body = Fuselage::current();
+    if (!body.sectionSelected()) return;
+    const double sectionWidth = body.widthGet();
+    const double sectionHeight = body.heightGet();
+    double& szoom = views.fuselage().szoom;
+    double& slider = controls[Control::BiasSlider].height;
     if (sectionWidth > sectionHeight && sectionWidth != 0) {
         assignFinite(szoom, (w * 0.9) / sectionWidth);
         assignFinite(slider, (w * sectionHeight) / sectionWidth);
@@ -88,7 +95,7 @@ void MeshSections::zoomSectionSet(int w, int h) {
     } else {
         return;
     }
-    Main.window->changed(Control::BiasSlider);
+    window->changed(Control::BiasSlider);
 }
 
 }  // namespace velna

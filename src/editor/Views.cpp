@@ -1,11 +1,10 @@
 #include <array>
+#include <utility>
 
 #include "common/NumberText.h"
+#include "editor/Fits.h"
 #include "editor/Main.h"
-#include "model/Equipment.h"
 #include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 
 namespace velna {
@@ -38,52 +37,46 @@ private:
     MainForm& form_;
 };
 
-// State codes of the draws.
-constexpr int wingState = 5;
-constexpr int stabilizerState = 4;
-constexpr int fuselageVTopState = 4;
-constexpr int fuselagePlainState = 0;
-constexpr int fuselageDimState = 7;
-constexpr int finEditedState = 4;
-constexpr int finFrontState = 5;
-constexpr int finDimState = 6;
-
 /// Only the first panel and the stabiliser show here: further panels would cover the body.
 template <class DrawOutline>
-void drawWingOutlines(DrawOutline drawOutline) {
-    drawOutline(Wings(1));
-    drawOutline(Stabilizer);
+void drawWingOutlines(AircraftViews& views, DrawOutline drawOutline) {
+    drawOutline(views.wings(1), Wings(1));
+    drawOutline(views.stabilizer, Stabilizer);
 }
 
 }  // namespace
 
 void MainForm::initVTopView() {
     const ViewEntry entry(*this, ViewMode::VTop, Control::VTopButton);
+    const Canvas canvas = this->canvas();
     setEnabled(Control::HTopButton, false);
     setEnabled(Control::InsRem, false);
-    MainWing::drawVTop(zoom, xoff, yoff, wingState);
-    Stabilizer.drawVTop(zoom, xoff, yoff, -1, -1, -1, -1, stabilizerState);
-    Fuselage::computeFuselagesVTop(zoom, xoff, yoff);
-    Fuselage::drawFuselagesVTop(fuselageVTopState);
-    Rudder.computeVTopPoints(zoom, xoff, yoff);
-    Rudder.drawVTop();
+    views.drawWingsVTop(canvas);
+    views.stabilizer.drawVTop(canvas, Stabilizer);
+    views.computeFuselagesVTop(canvas.at);
+    views.drawFuselagesVTop(canvas, FuselageLook::plain);
+    views.rudder.vtopPoints = Rudder.computeVTopPoints(canvas.at, views.rudder.vtopPoints);
+    views.rudder.drawVTop(canvas, Rudder);
 }
 
 void MainForm::initFrontView() {
     const ViewEntry entry(*this, ViewMode::Front, Control::FrontButton);
+    const Canvas canvas = this->canvas();
     setVisible(Control::FuselageVTopFrame, false);
     setEnabled(Control::HTopButton, false);
     setEnabled(Control::InsRem, false);
-    MainWing::drawFront(zoom, xoff, yoff);
-    Stabilizer.drawFront(zoom, xoff, yoff, -1, -1, -1, -1);
-    Fuselage::current().computeFrontPoints(zoom, xoff, yoff);
-    Fuselage::drawFuselageFront(zoom, xoff, yoff);
-    Rudder.computeFrontPoints(zoom, xoff, yoff);
-    Rudder.drawFront(finFrontState);
+    views.drawWingsFront(canvas);
+    views.stabilizer.drawFront(canvas, Stabilizer);
+    auto& outlines = views.fuselage().frontPoints;
+    outlines = Fuselage::current().computeFrontPoints(canvas.at, std::move(outlines));
+    views.drawFuselageFront(canvas);
+    views.rudder.frontPoints = Rudder.computeFrontPoints(canvas.at, views.rudder.frontPoints);
+    views.rudder.drawFront(canvas, Rudder);
 }
 
 void MainForm::initSideView() {
     const ViewEntry entry(*this, ViewMode::Side, Control::SideButton);
+    const Canvas canvas = this->canvas();
     setVisible(Control::FuselageVTopFrame, false);
     setEnabled(Control::HTopButton, true);
     setVisible(Control::SmoothTopCommand, true);
@@ -91,33 +84,34 @@ void MainForm::initSideView() {
     setVisible(Control::SmoothWidthCommand, false);
     const bool electronics = tab() == PanelTab::electronics;
     if (electronics) {
-        Equipment::drawEquipmentsSide(zoom, xoff, yoff);
+        views.drawEquipmentsSide(canvas);
     } else {
         setEnabled(Control::InsRem, true);
     }
-    Fuselage::drawFuselagesSide(zoom, xoff, yoff, -1,
-                                electronics ? fuselageDimState : fuselagePlainState);
-    Rudder.drawSide(zoom, xoff, yoff, -1, -1, -1, -1, electronics ? finDimState : finEditedState);
-    drawWingOutlines([this](SymWingSections& wing) {
-        wing.computeSidePoints(zoom, xoff, yoff);
-        wing.drawSide(zoom, xoff, yoff);
+    views.drawFuselagesSide(canvas, noSection,
+                            electronics ? FuselageLook::other : FuselageLook::bar);
+    views.rudder.drawSide(canvas, Rudder, unlit, electronics);
+    drawWingOutlines(views, [&](WingView& view, const SymWingSections& wing) {
+        view.sidePoints = wing.computeSidePoints(canvas.at, std::move(view.sidePoints));
+        view.drawSide(canvas, wing);
     });
 }
 
 void MainForm::initHTopView() {
     const ViewEntry entry(*this, ViewMode::HTop, Control::HTopButton);
+    const Canvas canvas = this->canvas();
     setVisible(Control::FuselageVTopFrame, false);
     setEnabled(Control::HTopButton, true);
     setVisible(Control::SmoothTopCommand, false);
     setVisible(Control::SmoothDownCommand, false);
     setVisible(Control::SmoothWidthCommand, true);
     const bool electronics = tab() == PanelTab::electronics;
-    Fuselage::drawFuselagesHTop(zoom, xoff, yoff, -1,
-                                electronics ? fuselageDimState : fuselagePlainState);
-    Equipment::drawEquipmentsHTop(zoom, xoff, yoff);
-    drawWingOutlines([this](SymWingSections& wing) {
-        wing.computeHTopPoints(zoom, xoff, yoff);
-        wing.drawHTop();
+    views.drawFuselagesHTop(canvas, noSection,
+                            electronics ? FuselageLook::other : FuselageLook::bar);
+    views.drawEquipmentsHTop(canvas);
+    drawWingOutlines(views, [&](WingView& view, const SymWingSections& wing) {
+        view.htopPoints = wing.computeHTopPoints(canvas.at, view.htopPoints);
+        view.drawHTop(canvas);
     });
     setEnabled(Control::InsRem, true);
 }
@@ -152,12 +146,12 @@ void MainForm::initDrawArea() {
 
 void MainForm::redrawAtSameScale() {
     using View = void (MainForm::*)();
-    constexpr std::array<View, 4> views{&MainForm::initVTopView, &MainForm::initFrontView,
-                                        &MainForm::initSideView, &MainForm::initHTopView};
+    constexpr std::array<View, 4> entries{&MainForm::initVTopView, &MainForm::initFrontView,
+                                          &MainForm::initSideView, &MainForm::initHTopView};
     bool& locked = controls[Control::LockZoom].checked;
     const bool before = locked;
     locked = true;
-    (this->*views[static_cast<std::size_t>(mode) - 1])();
+    (this->*entries[static_cast<std::size_t>(mode) - 1])();
     locked = before;
 }
 

@@ -12,12 +12,15 @@ namespace {
 constexpr std::array boxLengths{&ElectroBox::length, &ElectroBox::width,     &ElectroBox::height,
                                 &ElectroBox::pos,    &ElectroBox::elevation, &ElectroBox::shift};
 
-/// The view's rectangle over (x1, y1) to (x2, y2) in model coordinates, from (x1, y1) by (x2, y1).
-void placeRectangle(Rectangle& outline, const Point2D& first, const Point2D& opposite, double zoom,
-                    double xoff, double yoff) {
+/// The rectangle over `first` and `opposite` in model coordinates, from `first` along x.
+Rectangle placed(Rectangle points, const Point2D& first, const Point2D& opposite,
+                 const Transform& at) {
     const Point2D corners[] = {first, {opposite.x, first.y}, opposite, {first.x, opposite.y}};
-    for (std::size_t i = 0; i < 4; ++i)
-        assignFinite(outline[i + 1], corners[i].x * zoom + xoff, -corners[i].y * zoom + yoff);
+    for (std::size_t i = 0; i < 4; ++i) {
+        assignFinite(points[i + 1], corners[i].x * at.zoom + at.xoff,
+                     -corners[i].y * at.zoom + at.yoff);
+    }
+    return points;
 }
 
 }  // namespace
@@ -60,14 +63,13 @@ Point3D ElectroBox::kindColor() const {
     }
 }
 
-void ElectroBox::computeSidePoints(double zoom, double xoff, double yoff) {
-    placeRectangle(sideOutline, {pos, elevation}, {pos + length, elevation + extentUpright()}, zoom,
-                   xoff, yoff);
+Rectangle ElectroBox::computeSidePoints(const Transform& at, Rectangle points) const {
+    return placed(points, {pos, elevation}, {pos + length, elevation + extentUpright()}, at);
 }
 
-void ElectroBox::computeHTopPoints(double zoom, double xoff, double yoff) {
-    placeRectangle(htopOutline, {pos, shift + extentAcross() / 2},
-                   {pos + length, shift - extentAcross() / 2}, zoom, xoff, yoff);
+Rectangle ElectroBox::computeHTopPoints(const Transform& at, Rectangle points) const {
+    return placed(points, {pos, shift + extentAcross() / 2},
+                  {pos + length, shift - extentAcross() / 2}, at);
 }
 
 }  // namespace velna

@@ -5,10 +5,10 @@
 
 #include "common/Palette.h"
 #include "common/Point.h"
+#include "model/Transform.h"
 
 namespace velna {
 
-class DxfDrawing;
 class ReplacedFile;
 class ValueReader;
 
@@ -25,18 +25,15 @@ using Rectangle = std::array<Point2D, 5>;
 /// A servo, receiver or accumulator: a plain box placed in the fuselage to see that it fits.
 class ElectroBox {
 public:
-    double initval = 0;
     double length = 30;  ///< extent along the aircraft
     double width = 15;   ///< first cross extent
     double height = 25;  ///< second cross extent
     double weight = 0;   ///< as listed in the catalogue; never converted
     std::int32_t orientation =
-        0;                   ///< 0: `width` across, `height` upright; otherwise they change places
-    double pos = 200;        ///< start along the aircraft
-    double elevation = 50;   ///< height of the underside
-    double shift = 5;        ///< sideways position of the centre line
-    std::int32_t paint = 1;  ///< 0 the box is hit, 1 it is not
-    bool selected = false;
+        0;                  ///< 0: `width` across, `height` upright; otherwise they change places
+    double pos = 200;       ///< start along the aircraft
+    double elevation = 50;  ///< height of the underside
+    double shift = 5;       ///< sideways position of the centre line
     std::int32_t box = BoxKind::servo;
 
     /// The default box in the project's unit.
@@ -59,29 +56,13 @@ public:
     Point3D centre() const;
     /// Colour of the kind, 0 to 255; a box of an unknown kind has the servo's.
     Point3D kindColor() const;
-    void computeSidePoints(double zoom, double xoff, double yoff);
-    void computeHTopPoints(double zoom, double xoff, double yoff);
+    // The outlines in drawing units. A coordinate that is not finite keeps what `points` has.
+    Rectangle computeSidePoints(const Transform& at, Rectangle points = {}) const;
+    Rectangle computeHTopPoints(const Transform& at, Rectangle points = {}) const;
 
     // persistence/
     void save(ReplacedFile& file) const;
     void read(ValueReader& file);
-
-    // editor/
-    void drawSide(double zoom, double xoff, double yoff, int which);
-    void drawHTop(double zoom, double xoff, double yoff, int which);
-    std::int32_t testPositionSide(float x, float y) const;
-    std::int32_t testPositionHTop(float x, float y) const;
-    void initMouseValSide();
-    void initMouseValHTop();
-    void selectsSide(float x, float y);
-    void selectsHTop(float x, float y);
-
-    // output/
-    void saveDXF_side(DxfDrawing& drawing, int servoId);
-    void saveDXF_htop(DxfDrawing& drawing, int servoId);
-
-    Rectangle htopOutline{};
-    Rectangle sideOutline{};
 
 private:
     Point3D size_;

@@ -70,24 +70,4 @@ void createEquipments() {
     for (int i = 1; i <= nbEquipments; ++i) Equipments(i).create();
 }
 
-bool equipmentHit() {
-    for (int i = 1; i <= nbEquipments; ++i)
-        if (Equipments(i).paint != 1) return true;
-    return false;
-}
-
-bool anySelected() {
-    for (int i = 1; i <= nbEquipments; ++i)
-        if (Equipments(i).selected) return true;
-    return false;
-}
-
-void unpaintEquipments() {
-    for (int i = 1; i <= nbEquipments; ++i) Equipments(i).paint = 1;
-}
-
-void clearSelection() {
-    for (int i = 1; i <= nbEquipments; ++i) Equipments(i).selected = false;
-}
-
 }  // namespace velna::Equipment

@@ -43,24 +43,10 @@ void fillCatalogues();
 /// that does not exist does nothing.
 void applyCatalogueRow(int index);
 void createEquipments();
-bool equipmentHit();
-bool anySelected();
-void unpaintEquipments();
-void clearSelection();
 
 // persistence/
 void saveEquipments(ReplacedFile& file);
 void readEquipments(ValueReader& file);
-
-// editor/
-void drawEquipmentsSide(double zoom, double xoff, double yoff);
-void drawEquipmentsHTop(double zoom, double xoff, double yoff);
-void selectsEquipmentsSide(float x, float y);
-void selectsEquipmentsHTop(float x, float y);
-void testEquipmentsSide(float x, float y);
-void testEquipmentsHTop(float x, float y);
-void initMouseValEquipmentsSide();
-void initMouseValEquipmentsHTop();
 
 }  // namespace Equipment
 }  // namespace velna

@@ -30,18 +30,4 @@ void readFuselagesV030(ValueReader& file);
 void readFuselageV0212(ValueReader& file);
 void readFuselageV026(ValueReader& file);
 
-// editor/
-void drawFuselagesSide(double zoom, double xoff, double yoff, int selected1, int which);
-void drawFuselagesHTop(double zoom, double xoff, double yoff, int selected1, int which);
-void drawFuselagesVTop(int which);
-void computeFuselagesVTop(double zoom, double xoff, double yoff);
-/// Current fuselage only, when it is shown.
-void drawFuselageFront(double zoom, double xoff, double yoff);
-void selectsFuselagesSide(float x, float y);
-void selectsFuselagesHTop(float x, float y);
-void selectsFuselagesVTop(float x, float y);
-
-// output/
-void printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
-
 }  // namespace velna::Fuselage

@@ -60,30 +60,4 @@ void switchToMillimeters() {
     for (int i = 1; i <= nbWings; ++i) Wings(i).switchToMillimeters();
 }
 
-bool anyHit() {
-    for (int i = 1; i <= nbWings; ++i)
-        if (Wings.alike(i).paint != WingPart::none) return true;
-    return false;
-}
-
-bool anySelected() {
-    for (int i = 1; i <= nbWings; ++i)
-        if (Wings.alike(i).selected) return true;
-    return false;
-}
-
-int selectedPart() {
-    for (int i = 1; i <= nbWings; ++i)
-        if (Wings.alike(i).selected) return Wings.alike(i).selected_part;
-    return WingPart::none;
-}
-
-void clearPaint() {
-    Wings.forEachDistinct(nbWings, [](SymWingSections& wing) { wing.paint = WingPart::none; });
-}
-
-void clearSelection() {
-    Wings.forEachDistinct(nbWings, [](SymWingSections& wing) { wing.selected = false; });
-}
-
 }  // namespace velna::MainWing

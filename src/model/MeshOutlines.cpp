@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "common/NumberText.h"
 #include "model/Lengths.h"
 #include "model/MeshSections.h"
@@ -8,69 +10,75 @@ namespace velna {
 namespace {
 
 /// Room for `count` points, kept as they are.
-void makeRoom(LateArray1<Point2D>& points, int count) {
+void makeRoom(Array1<Point2D>& points, int count) {
     if (points.upper() < count) points.resize(count);
 }
 
 }  // namespace
 
-void MeshSections::computeSidePoints(double zoom, double xoff, double yoff) {
+SideEdges MeshSections::computeSidePoints(const Transform& at, SideEdges edges) const {
+    const auto& [zoom, xoff, yoff] = at;
     const int sections = sectionCount();
-    makeRoom(topPoints, sections);
-    makeRoom(bottomPoints, sections);
+    makeRoom(edges.top, sections);
+    makeRoom(edges.bottom, sections);
     for (int i = 1; i <= sections; ++i) {
         const int k = storageIndex(i);
         const double x = (pos(k) + pos_offset) * zoom + xoff;
-        assignFinite(topPoints(i), x, -(elevation(k) + height(k) + elevation_offset) * zoom + yoff);
-        assignFinite(bottomPoints(i), x, -(elevation(k) + elevation_offset) * zoom + yoff);
+        assignFinite(edges.top(i), x, -(elevation(k) + height(k) + elevation_offset) * zoom + yoff);
+        assignFinite(edges.bottom(i), x, -(elevation(k) + elevation_offset) * zoom + yoff);
     }
+    return edges;
 }
 
-void MeshSections::computeHTopPoints(double zoom, double xoff, double yoff) {
+HTopEdges MeshSections::computeHTopPoints(const Transform& at, HTopEdges edges) const {
+    const auto& [zoom, xoff, yoff] = at;
     const int sections = sectionCount();
-    makeRoom(htopPlus, sections);
-    makeRoom(htopMinus, sections);
+    makeRoom(edges.plus, sections);
+    makeRoom(edges.minus, sections);
     for (int i = 1; i <= sections; ++i) {
         const int k = storageIndex(i);
         const double x = (pos(k) + pos_offset) * zoom + xoff;
-        assignFinite(htopPlus(i), x, (width(k) / 2 + shift) * zoom + yoff);
-        assignFinite(htopMinus(i), x, (-width(k) / 2 + shift) * zoom + yoff);
+        assignFinite(edges.plus(i), x, (width(k) / 2 + shift) * zoom + yoff);
+        assignFinite(edges.minus(i), x, (-width(k) / 2 + shift) * zoom + yoff);
     }
+    return edges;
 }
 
-void MeshSections::computeVTopPoints(double zoom, double xoff, double yoff) {
+Array1<Point2D> MeshSections::computeVTopPoints(const Transform& at,
+                                                Array1<Point2D> contour) const {
+    const auto& [zoom, xoff, yoff] = at;
     const int sections = sectionCount();
-    makeRoom(vtopPoints, 2 * sections);
+    makeRoom(contour, 2 * sections);
     for (int i = 1; i <= sections; ++i) {
         const int k = storageIndex(i);
         const double y = (pos(k) + pos_offset) * zoom + yoff;
-        assignFinite(vtopPoints(i), (width(k) / 2 + shift) * zoom + xoff, y);
-        assignFinite(vtopPoints(2 * sections + 1 - i), (-width(k) / 2 + shift) * zoom + xoff, y);
+        assignFinite(contour(i), (width(k) / 2 + shift) * zoom + xoff, y);
+        assignFinite(contour(2 * sections + 1 - i), (-width(k) / 2 + shift) * zoom + xoff, y);
     }
+    return contour;
 }
 
-void MeshSections::computeFrontPoints(double zoom, double xoff, double yoff) {
-    if (nb_cross < 1) return;
+Array2<Point2D> MeshSections::computeFrontPoints(const Transform& at, Array2<Point2D> front) const {
+    if (nb_cross < 1) return front;
     const int sections = sectionCount();
-    if (frontPoints.rows() != sections || frontPoints.columns() != nb_cross)
-        frontPoints.allocate(sections, nb_cross);
+    if (front.rows() != sections || front.columns() != nb_cross) front.allocate(sections, nb_cross);
     const double middle = nb_cross / 2.0;
     SuperEllipse upper(1, middle, nb_cross);
-    // An odd number of points runs on half-odd indices here: their angles keep the fraction, and
+    // An odd number of front runs on half-odd indices here: their angles keep the fraction, and
     // two of them fall on one entry, the later one staying.
     SuperEllipse lower(middle + 1, nb_cross, nb_cross);
     for (int i = 1; i <= sections; ++i) {
         const int k = storageIndex(i);
         const double base = (bias_curve(k) - 1) * height(k);
-        Point2D* row = frontPoints.row(i);
+        Point2D* row = front.row(i);
         auto place = [&](int j, double y, double z) {
-            assignFinite(row[j], y * zoom + xoff, -z * zoom + yoff);
+            assignFinite(row[j], y * at.zoom + at.xoff, -z * at.zoom + at.yoff);
         };
         auto placeHalf = [&](const SuperEllipse& ellipse, double rise) {
             double j = ellipse.first();
-            for (const auto& at : ellipse.places()) {
-                place(roundToInt(j++), (width(k) / 2) * at.cosine + shift,
-                      (rise * at.sine - base) + elevation(k) + elevation_offset);
+            for (const auto& spot : ellipse.places()) {
+                place(roundToInt(j++), (width(k) / 2) * spot.cosine + shift,
+                      (rise * spot.sine - base) + elevation(k) + elevation_offset);
             }
         };
         upper.setExponent(curvature(k));
@@ -79,9 +87,10 @@ void MeshSections::computeFrontPoints(double zoom, double xoff, double yoff) {
             place(roundToInt(middle + 1), -width(k) / 2 + shift,
                   elevation(k) + -base + elevation_offset);
         }
-        lower.setExponent(curv = curvature2(k));
+        lower.setExponent(curvature2(k));
         placeHalf(lower, (1.0 - bias_curve(k)) * height(k));
     }
+    return front;
 }
 
 bool MeshSections::frontPointUsed(int j) const {
@@ -90,9 +99,12 @@ bool MeshSections::frontPointUsed(int j) const {
     return nb_cross % 2 == 0 || j <= nb_cross / 2 || j % 2 == 0;
 }
 
-Point2D MeshSections::frontPoint(int i, int j) const {
-    if (i < 0 || i > frontPoints.rows() || j < 0 || j > frontPoints.columns()) return {};
-    return frontPoints(i, j);
+void MeshSections::collectSection(const Array2<Point2D>& front, int i,
+                                  std::vector<Point2D>& section) const {
+    section.clear();
+    if (i < 1 || i > front.rows()) return;
+    for (int j = 1; j <= std::min<int>(nb_cross, front.columns()); ++j)
+        if (frontPointUsed(j)) section.push_back(front(i, j));
 }
 
 }  // namespace velna

@@ -28,7 +28,6 @@ static_assert(std::size(defaultShape) == std::size(sectionArrays));
 
 constexpr std::int16_t defaultSections = 3;
 constexpr std::int16_t defaultCross = 8;
-constexpr double defaultEditorScale = 10;
 
 double divided(double value, double by) {
     return value / by;
@@ -49,7 +48,6 @@ MeshSections::MeshSections() {
         for (std::size_t array = 0; array < std::size(sectionArrays); ++array)
             (this->*sectionArrays[array])(i) = defaultShape[array][i - 1];
     }
-    szoom = defaultEditorScale;
     color_ = defaultColor;
     if (Prefs.units == inches) switchToInches();
 }
@@ -86,13 +84,6 @@ void MeshSections::initArrays() {
     const int sections = std::max<int>(nb_sections, 0);
     for (auto array : sectionArrays) (this->*array).resize(sections);
     sectionOrder.resize(sections);
-    bottomPoints.resize(sections);
-    topPoints.resize(sections);
-    htopPlus.resize(sections);
-    htopMinus.resize(sections);
-    vtopPoints.resize(2 * sections);
-    // The grid is made when it is first computed: a file may promise many sections and hold none.
-    if (nb_cross > 0) frontPoints = {};
 }
 
 int MeshSections::sectionCount() const {

@@ -8,11 +8,10 @@
 #include "common/Palette.h"
 #include "common/Point.h"
 #include "model/ObjectPicture.h"
+#include "model/Transform.h"
 
 namespace velna {
 
-class DxfDrawing;
-class PrinterSurface;
 class ReplacedFile;
 class ValueReader;
 
@@ -27,15 +26,23 @@ inline constexpr int plusEnd = 5;   ///< HTop: end at +width / 2
 inline constexpr int minusEnd = 6;  ///< HTop: end at -width / 2
 }  // namespace FuselagePart
 
+/// The upper and the lower edge of a fuselage from the side, a point a section.
+struct SideEdges {
+    Array1<Point2D> top;
+    Array1<Point2D> bottom;
+};
+
+/// Both edges of a fuselage in plan with the nose to the left, a point a section.
+struct HTopEdges {
+    Array1<Point2D> plus;
+    Array1<Point2D> minus;
+};
+
 /// One fuselage: a chain of cross-sections of seven numbers each, and the straight surface between
 /// them. Storage index k is where a section's values lie; ordered position i, nose to tail, is what
 /// the user sees; `sectionOrder(i)` gives k.
 class MeshSections {
 public:
-    double initval = 0;
-    double initval2 = 0;
-    double initval3 = 0;  ///< `height` at the press on a bottom point
-    double szoom = 0;     ///< scale of the section editor, pixels per length unit
     std::int16_t nb_sections = 3;
     std::int16_t nb_cross = 8;  ///< outline points a section; 0: no shape yet
     double curv = 0;            ///< exponent in use during an outline computation
@@ -46,10 +53,7 @@ public:
     double elevation_offset = 0;   ///< added to every `elevation`
     bool uniqueCurvature = true;   ///< the shape setters act on all sections
     bool linkedCurvatures = true;  ///< the two exponents follow each other
-    std::int32_t paint = FuselagePart::none;
-    std::int16_t sel_sec = 1;  ///< selected section, an ordered position
-    bool selected = false;
-    std::int32_t selected_part = 0;
+    std::int16_t sel_sec = 1;      ///< selected section, an ordered position
     std::string texture_filename;
     std::string qualified_texture_filename;
     bool texture_loaded = false;
@@ -72,8 +76,7 @@ public:
     /// A copy of the shape on the centre line, with its storage in order and no picture, meant to
     /// be reshaped; leaves `sel_sec` of this fuselage at its last section.
     MeshSections copyShapeAndSelectLast();
-    /// Sizes the arrays for `nb_sections` and `nb_cross`, keeping their contents. The front
-    /// outlines are dropped (with `nb_cross` above 0) and stand at 0 until they are computed.
+    /// Sizes the arrays for `nb_sections`, keeping their contents.
     void initArrays();
     /// How many sections there are to work on: `nb_sections`, or fewer where the arrays hold fewer.
     int sectionCount() const;
@@ -122,16 +125,20 @@ public:
     void smoothTop();
     void smoothDown();
     void SmoothWidth();
-    /// Front outlines of all sections at any scale; pixels, y down.
-    void computeFrontPoints(double zoom, double xoff, double yoff);
-    void computeSidePoints(double zoom, double xoff, double yoff);
-    void computeVTopPoints(double zoom, double xoff, double yoff);
-    void computeHTopPoints(double zoom, double xoff, double yoff);
+    // The outlines in drawing units. A coordinate that is not finite keeps what the
+    // second argument has.
+    SideEdges computeSidePoints(const Transform& at, SideEdges edges = {}) const;
+    /// Down the +width / 2 side from the first section, and up the other.
+    Array1<Point2D> computeVTopPoints(const Transform& at, Array1<Point2D> contour = {}) const;
+    HTopEdges computeHTopPoints(const Transform& at, HTopEdges edges = {}) const;
+    /// Entry (i, j) is point j of the section in ordered place i.
+    Array2<Point2D> computeFrontPoints(const Transform& at, Array2<Point2D> front = {}) const;
     /// Whether entry j of the front outline is written by its loops; an odd `nb_cross` leaves some
     /// out.
     bool frontPointUsed(int j) const;
-    /// Entry (i, j) of the front outlines as last computed, (0, 0) where there is none.
-    Point2D frontPoint(int i, int j) const;
+    /// The used points of section `i` of `front`, none where it has no such section. A line to an
+    /// entry that holds nothing is no part of a section.
+    void collectSection(const Array2<Point2D>& front, int i, std::vector<Point2D>& section) const;
     /// Whether `sel_sec` is an ordered position.
     bool sectionSelected() const { return 0 < sel_sec && sel_sec <= nb_sections; }
 
@@ -150,46 +157,8 @@ public:
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
 
-    // editor/
-    void drawSide(double zoom, double xoff, double yoff, int selected1, int which);
-    void drawFront(double zoom, double xoff, double yoff);
-    void drawVTop(int which);
-    void drawHTop(double zoom, double xoff, double yoff, int selected1, int which);
-    void drawSection();
-    /// Take the lines of the last drawing off, as the draws do by themselves.
-    void eraseSide();
-    void eraseHTop();
-    /// Fits the section editor of `w` x `h` pixels to the selected section.
-    void zoomSectionSet(int w, int h);
-    std::int32_t testPositionSide(float x, float y);
-    std::int32_t testPositionHTop(float x, float y);
-    std::int32_t testPositionVTop(float x, float y);
-    void initMouseValSide();
-    void initMouseValHTop();
-    void initMouseValVTop();
-    void selectsSide(float x, float y);
-    void selectsHTop(float x, float y);
-    void selectsVTop(float x, float y);
-
-    // output/
-    void printSide(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void printHTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void printFront(PrinterSurface& printer, int i_sections, double zoom, double xoff, double yoff);
-    void printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void saveDXF_vtop(DxfDrawing& drawing, int fuselageId);
-    void saveDXF_front(DxfDrawing& drawing, int fuselageId);
-    void saveDXF_side(DxfDrawing& drawing, int fuselageId);
-    void saveDXF_htop(DxfDrawing& drawing);
-
-    LateArray1<Point2D> bottomPoints;
-    LateArray1<Point2D> topPoints;
-    Array2<Point2D> frontPoints;  ///< has its bounds only after `computeFrontPoints`
-    LateArray1<Point2D> vtopPoints;
-    LateArray1<Point2D> htopPlus;
-    LateArray1<Point2D> htopMinus;
-
 private:
-    /// A shape of zeros, with an editor scale of 0.
+    /// A shape of zeros.
     MeshSections(std::int16_t sections, std::int16_t cross);
     void changeLengths(double (*change)(double, double), double operand);
     void setOnShape(Array1<double>& values, double value);

@@ -61,14 +61,6 @@ inline double inchesToMm(double value) {
     return value * millimetresPerInch;
 }
 
-// editor/
-/// The fits of the four views to a surface of `width` x `height` pixels. They give pixels per model
-/// unit and the pixel of model coordinate 0; an empty extent leaves `zoom` as it stands.
-void fitVTop(int width, int height, double& zoom, double& yoff);
-void fitFront(int width, int height, double& zoom, double& yoff);
-void fitSide(int width, int height, double& zoom, double& xoff, double& yoff);
-void fitHTop(int width, int height, double& zoom, double& xoff, double& yoff);
-
 // persistence/
 /// Saves the project and its pictures' side files. Returns the reason of a failure, empty for none.
 std::string saveProject(const std::string& file);

@@ -30,7 +30,6 @@ void SymWingSections::init() {
     set_texture_filename("");
     qualified_texture_filename.clear();
     set_texture_loaded(false);
-    paint = WingPart::none;
     color_ = defaultColor;
     allocate();
     init_airfoil();
@@ -40,7 +39,6 @@ void SymWingSections::init() {
 
 void SymWingSections::allocate() {
     const int count = std::max<int>(nb, 0);
-    sidePoints.allocate(count);
     airfoil.allocate(count);
     Left->init(*this);
     Right->init(*this);

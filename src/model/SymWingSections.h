@@ -8,17 +8,22 @@
 #include "common/List.h"
 #include "common/Palette.h"
 #include "common/Point.h"
+#include "model/Transform.h"
 #include "model/WingSection.h"
 
 namespace velna {
 
-class DxfDrawing;
-class PrinterSurface;
 class ReplacedFile;
 class ValueReader;
 
 /// A five-point closed outline, entries 1 to 5 used, point 5 being point 1.
 using Outline = std::array<Point2D, 6>;
+
+/// Both halves of a panel in plan with the nose to the left.
+struct HTopOutlines {
+    Outline points{};
+    Outline mirrored{};
+};
 
 /// Handle codes of a wing panel, in `paint` during a drag and in `selected_part` while hovering.
 namespace WingPart {
@@ -34,9 +39,6 @@ inline constexpr int rootLeading = 7;
 /// One symmetric lifting surface panel: a wing panel or the stabiliser.
 class SymWingSections {
 public:
-    double initval = 0;                  ///< value of the dragged field at the press
-    double initval2 = 0;                 ///< second such value
-    double initval3 = 0;                 ///< third such value
     std::unique_ptr<WingSection> Left;   ///< solid on the +y side
     std::unique_ptr<WingSection> Right;  ///< its mirror image
     std::int16_t nb = 16;                ///< number of airfoil points (never of panels)
@@ -50,9 +52,6 @@ public:
     double elevation1 = 0;  ///< z of the root
     double elevation2 = 0;  ///< dihedral: z of the tip relative to the root's
     double shift = 0;       ///< y of the root
-    std::int32_t paint = WingPart::none;
-    bool selected = false;           ///< the pointer rests on a handle
-    std::int32_t selected_part = 0;  ///< handle code of the last hover test
     std::string airfoil_filename;
     std::string qualified_texture_filename;  ///< bare file name of the picture
 
@@ -61,7 +60,7 @@ public:
     // model/
     /// New solids, built-in airfoil, no picture, default colour; the lengths stand as they are.
     void init();
-    /// `sidePoints` and `airfoil` afresh for `nb` points, and both solids' copies.
+    /// `airfoil` afresh for `nb` points, and both solids' copies.
     void allocate();
     /// Rebuilds both solids.
     void create();
@@ -81,14 +80,14 @@ public:
     void set_texture_loaded(bool loaded);
     const Point3D& color() const { return color_; }
     void set_color(const Point3D& c) { color_ = c; }
-    void computeSidePoints(double zoom, double xoff, double yoff);
-    void computeHTopPoints(double zoom, double xoff, double yoff);
-    /// The five-point outlines at any scale, as drawn, printed and exported. Pixels, y down.
-    void computeFrontPoints(double zoom, double xoff, double yoff);
-    void computeVTopPoints(double zoom, double xoff, double yoff);
-    /// Largest x or y of the plan outline last drawn or printed, rounded, not below 0.
-    std::int16_t xMaxVtopGet() const;
-    std::int16_t yMaxVtopGet() const;
+    // The outlines in drawing units. A coordinate that is not finite keeps what `points` has.
+    Array1<Point2D> computeSidePoints(const Transform& at, Array1<Point2D> points = {}) const;
+    HTopOutlines computeHTopPoints(const Transform& at, HTopOutlines outlines = {}) const;
+    Outline computeFrontPoints(const Transform& at, Outline points = {}) const;
+    Outline computeVTopPoints(const Transform& at, Outline points = {}) const;
+    /// Largest x or y of a plan outline, rounded, not below 0.
+    static std::int16_t xMaxVtopGet(const Outline& vtopPoints);
+    static std::int16_t yMaxVtopGet(const Outline& vtopPoints);
 
     // persistence/
     void save(ReplacedFile& file) const;
@@ -100,34 +99,6 @@ public:
     /// Reads `nb` points from an airfoil file's bytes behind its title line and normalises; throws
     /// ReadFailure where a number is missing, with the points read so far in place.
     void loadAirfoilFile(const std::string& bytes);
-
-    // editor/
-    void drawFront(double zoom, double xoff, double yoff, int selected1, int selected2,
-                   int selected3, int selected4);
-    void drawVTop(double zoom, double xoff, double yoff, int selected1, int selected2,
-                  int selected3, int selected4, int which);
-    void drawSide(double zoom, double xoff, double yoff);
-    void drawHTop();
-    std::int32_t testPositionFront(float x, float y) const;
-    std::int32_t testPositionVTop(float x, float y) const;
-    void initMouseValFront();
-    void initMouseValVTop();
-    void selectsFront(float x, float y);
-    void selectsVTop(float x, float y);
-
-    // output/
-    void printSide(PrinterSurface& printer);
-    void printFront(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void saveDXF_vtop(DxfDrawing& drawing);
-    void saveDXF_front(DxfDrawing& drawing);
-    void saveDXF_side(DxfDrawing& drawing);
-
-    Outline vtopPoints{};
-    Outline frontPoints{};
-    Outline htopPoints{};
-    Outline htopMirrorPoints{};
-    Array1<Point2D> sidePoints;
 
 private:
     Point3D color_;

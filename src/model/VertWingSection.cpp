@@ -37,9 +37,6 @@ Point3D pointAt(const Array1<Point3D>& points, int i) {
 
 void VertWingSection::init() {
     const VertWingSection defaults;
-    initval = 0;
-    initval2 = 0;
-    initval3 = 0;
     nb = defaults.nb;
     span = defaults.span;
     length1 = defaults.length1;
@@ -49,9 +46,6 @@ void VertWingSection::init() {
     pos1 = defaults.pos1;
     pos2 = defaults.pos2;
     shift = defaults.shift;
-    paint = FinPart::none;
-    selected = false;
-    selected_part = 0;
     texture_filename.clear();
     qualified_texture_filename.clear();
     texture_loaded = false;

@@ -27,9 +27,6 @@ inline constexpr int rootLeading = 8;
 /// twin fin, mirrored across the aircraft's centre plane.
 class VertWingSection {
 public:
-    double initval = 0;
-    double initval2 = 0;
-    double initval3 = 0;
     std::int16_t nb = 16;     ///< number of section points
     double span = 150;        ///< height, root to tip
     double length1 = 150;     ///< root chord
@@ -41,9 +38,6 @@ public:
     double shift = 30;        ///< z of the root
     double offset1 = 0;       ///< y of the root
     double offset2 = 0;       ///< y of the tip relative to the root's
-    std::int32_t paint = FinPart::none;
-    bool selected = false;
-    std::int32_t selected_part = 0;
     std::string texture_filename;
     std::string qualified_texture_filename;
     bool texture_loaded = false;
@@ -69,9 +63,10 @@ public:
     bool mirrored() const { return offset1 != 0 || offset2 != 0; }
     const Point3D& color() const { return color_; }
     void set_color(const Point3D& c) { color_ = c; }
-    void computeSidePoints(double zoom, double xoff, double yoff);
-    void computeFrontPoints(double zoom, double xoff, double yoff);
-    void computeVTopPoints(double zoom, double xoff, double yoff);
+    // The outlines in drawing units. A coordinate that is not finite keeps what `points` has.
+    Outline computeSidePoints(const Transform& at, Outline points = {}) const;
+    Outline computeFrontPoints(const Transform& at, Outline points = {}) const;
+    Outline computeVTopPoints(const Transform& at, Outline points = {}) const;
 
     // persistence/
     void save(ReplacedFile& file) const;
@@ -85,30 +80,6 @@ public:
     ObjectPicture picture() { return {texture_filename, texture_loaded, xtex, ytex, texels}; }
     /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
     void textureMap();
-
-    // editor/
-    void drawSide(double zoom, double xoff, double yoff, int selected1, int selected2,
-                  int selected3, int selected4, int which);
-    void drawFront(int which);
-    void drawVTop();
-    std::int32_t testPositionSide(float x, float y) const;
-    std::int32_t testPositionFront(float x, float y) const;
-    void initMouseValSide();
-    void initMouseValFront();
-    void selectsSide(float x, float y);
-    void selectsFront(float x, float y);
-
-    // output/
-    void printSide(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void printFront(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff);
-    void saveDXF_vtop(DxfDrawing& drawing);
-    void saveDXF_front(DxfDrawing& drawing);
-    void saveDXF_side(DxfDrawing& drawing);
-
-    Outline sidePoints{};
-    Outline frontPoints{};
-    Outline vtopPoints{};
 
 private:
     void buildFinSection(Array1<Point3D>& points, const Point3D& origin, double length,

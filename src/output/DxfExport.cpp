@@ -2,13 +2,13 @@
 
 #include "model/Fuselage.h"
 #include "model/Plane.h"
-#include "output/DxfDrawing.h"
+#include "output/AircraftDxf.h"
 
 namespace velna::Plane {
 
 namespace {
 
-using FuselageMember = void (MeshSections::*)(DxfDrawing&, int);
+using SaveFuselage = void (*)(DxfDrawing&, const MeshSections&, int);
 
 /// Lines of all fuselages, about: `linesPerSection` a section, or its outline where that is 0.
 long long expectedLines(int linesPerSection) {
@@ -23,9 +23,9 @@ long long expectedLines(int linesPerSection) {
 
 /// A fuselage without outline points has no shape yet. Hidden ones are drawn: a drawing is of the
 /// aircraft, not of the screen.
-void drawFuselages(DxfDrawing& drawing, FuselageMember member) {
+void drawFuselages(DxfDrawing& drawing, SaveFuselage save) {
     for (int i = 1; i <= nbFuselages && drawing.wanted(); ++i)
-        if (Fuselages(i).nb_cross != 0) (Fuselages(i).*member)(drawing, i);
+        if (Fuselages(i).nb_cross != 0) save(drawing, Fuselages(i), i);
 }
 
 }  // namespace
@@ -33,20 +33,20 @@ void drawFuselages(DxfDrawing& drawing, FuselageMember member) {
 std::string exportDXFVTop(const std::string& file) {
     DxfDrawing drawing(file, expectedLines(2));
     drawing.dxfBegin();
-    for (int i = 1; i <= nbWings; ++i) Wings(i).saveDXF_vtop(drawing);
-    Stabilizer.saveDXF_vtop(drawing);
-    Rudder.saveDXF_vtop(drawing);
-    drawFuselages(drawing, &MeshSections::saveDXF_vtop);
+    for (int i = 1; i <= nbWings; ++i) saveDXF_vtop(drawing, Wings(i));
+    saveDXF_vtop(drawing, Stabilizer);
+    saveDXF_vtop(drawing, Rudder);
+    drawFuselages(drawing, saveDXF_vtop);
     return drawing.dxfEnd();
 }
 
 std::string exportDXFFront(const std::string& file) {
     DxfDrawing drawing(file, expectedLines(0));
     drawing.dxfBegin();
-    for (int i = 1; i <= nbWings; ++i) Wings(i).saveDXF_front(drawing);
-    Stabilizer.saveDXF_front(drawing);
-    Rudder.saveDXF_front(drawing);
-    drawFuselages(drawing, &MeshSections::saveDXF_front);
+    for (int i = 1; i <= nbWings; ++i) saveDXF_front(drawing, Wings(i));
+    saveDXF_front(drawing, Stabilizer);
+    saveDXF_front(drawing, Rudder);
+    drawFuselages(drawing, saveDXF_front);
     return drawing.dxfEnd();
 }
 
@@ -54,21 +54,21 @@ std::string exportDXFFront(const std::string& file) {
 std::string exportDXFSide(const std::string& file) {
     DxfDrawing drawing(file, expectedLines(3));
     drawing.dxfBegin();
-    Wings(1).saveDXF_side(drawing);
-    Stabilizer.saveDXF_side(drawing);
-    Rudder.saveDXF_side(drawing);
-    drawFuselages(drawing, &MeshSections::saveDXF_side);
-    for (int i = 1; i <= nbEquipments; ++i) Equipments(i).saveDXF_side(drawing, i);
+    saveDXF_side(drawing, Wings(1));
+    saveDXF_side(drawing, Stabilizer);
+    saveDXF_side(drawing, Rudder);
+    drawFuselages(drawing, saveDXF_side);
+    for (int i = 1; i <= nbEquipments; ++i) saveDXF_side(drawing, Equipments(i), i);
     return drawing.dxfEnd();
 }
 
 std::string exportDXFHTop(const std::string& file) {
-    MeshSections& fuselage = Fuselage::current();
+    const MeshSections& fuselage = Fuselage::current();
     const long long outlines = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
     DxfDrawing drawing(file, 3LL * fuselage.nb_sections + outlines);
     drawing.dxfBegin();
-    fuselage.saveDXF_htop(drawing);
-    for (int i = 1; i <= nbEquipments; ++i) Equipments(i).saveDXF_htop(drawing, i);
+    saveDXF_htop(drawing, fuselage);
+    for (int i = 1; i <= nbEquipments; ++i) saveDXF_htop(drawing, Equipments(i), i);
     return drawing.dxfEnd();
 }
 

@@ -1,8 +1,7 @@
 #include <span>
 #include <string>
 
-#include "model/ElectroBox.h"
-#include "output/DxfDrawing.h"
+#include "output/AircraftDxf.h"
 
 namespace velna {
 
@@ -22,14 +21,12 @@ std::span<const Point2D> corners(const Rectangle& rectangle) {
 
 }  // namespace
 
-void ElectroBox::saveDXF_side(DxfDrawing& drawing, int servoId) {
-    computeSidePoints(1, 0, 0);
-    drawing.closedPolyline(corners(sideOutline), dxfUpright, layerOf(box, servoId));
+void saveDXF_side(DxfDrawing& drawing, const ElectroBox& box, int id) {
+    drawing.closedPolyline(corners(box.computeSidePoints({})), dxfUpright, layerOf(box.box, id));
 }
 
-void ElectroBox::saveDXF_htop(DxfDrawing& drawing, int servoId) {
-    computeHTopPoints(1, 0, 0);
-    drawing.closedPolyline(corners(htopOutline), dxfUpright, layerOf(box, servoId));
+void saveDXF_htop(DxfDrawing& drawing, const ElectroBox& box, int id) {
+    drawing.closedPolyline(corners(box.computeHTopPoints({})), dxfUpright, layerOf(box.box, id));
 }
 
 }  // namespace velna

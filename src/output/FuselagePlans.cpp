@@ -1,12 +1,11 @@
-#include "output/FuselagePlans.h"
-
 #include <cmath>
 #include <cstddef>
 #include <span>
 #include <vector>
 
 #include "common/NumberText.h"
-#include "model/Fuselage.h"
+#include "model/Plane.h"
+#include "output/AircraftPlans.h"
 #include "output/PlanLines.h"
 
 namespace velna {
@@ -26,14 +25,14 @@ double topOfBar(const MeshSections& fuselage, int k) {
 
 }  // namespace
 
-void MeshSections::printSide(PrinterSurface& printer, double zoom, double xoff, double yoff) {
+void printSide(PrinterSurface& printer, const MeshSections& body, const Transform& at) {
     std::vector<Point2D> tops;
     std::vector<Point2D> bottoms;
-    for (int i = 1; i <= sectionCount(); ++i) {
-        const int k = storageIndex(i);
-        const double x = (pos(k) + pos_offset) * zoom + xoff;
-        bottoms.push_back({x, -(elevation(k) + elevation_offset) * zoom + yoff});
-        tops.push_back({x, -topOfBar(*this, k) * zoom + yoff});
+    for (int i = 1; i <= body.sectionCount(); ++i) {
+        const int k = body.storageIndex(i);
+        const double x = (body.pos(k) + body.pos_offset) * at.zoom + at.xoff;
+        bottoms.push_back({x, -(body.elevation(k) + body.elevation_offset) * at.zoom + at.yoff});
+        tops.push_back({x, -topOfBar(body, k) * at.zoom + at.yoff});
     }
     printPolyline(printer, tops, black);
     printPolyline(printer, bottoms, black);
@@ -41,58 +40,44 @@ void MeshSections::printSide(PrinterSurface& printer, double zoom, double xoff, 
         printer.Line(bottoms[i].x, bottoms[i].y, tops[i].x, tops[i].y, black);
 }
 
-/// The edge on the +width / 2 side, and its image about the centre line.
-void MeshSections::printHTop(PrinterSurface& printer, double zoom, double xoff, double yoff) {
+void printHTop(PrinterSurface& printer, const MeshSections& body, const Transform& at) {
     std::vector<Point2D> edge;
-    for (int i = 1; i <= sectionCount(); ++i) {
-        const int k = storageIndex(i);
-        edge.push_back({(pos(k) + pos_offset) * zoom + xoff, width(k) / 2 * zoom + yoff});
+    for (int i = 1; i <= body.sectionCount(); ++i) {
+        const int k = body.storageIndex(i);
+        edge.push_back({(body.pos(k) + body.pos_offset) * at.zoom + at.xoff,
+                        body.width(k) / 2 * at.zoom + at.yoff});
     }
     printPolyline(printer, edge, black);
-    for (Point2D& p : edge) p.y = 2 * yoff - p.y;
+    for (Point2D& p : edge) p.y = 2 * at.yoff - p.y;
     printPolyline(printer, edge, black);
 }
 
-void MeshSections::printFront(PrinterSurface& printer, int i_sections, double zoom, double xoff,
-                              double yoff) {
-    if (nb_cross == 0) return;
-    computeFrontPoints(zoom, xoff, yoff);
-    printComputedSection(printer, *this, i_sections, xoff);
-}
-
-/// Both side contours, open at nose and tail.
-void MeshSections::printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff) {
+void printVTop(PrinterSurface& printer, const MeshSections& body, const Transform& at) {
     std::vector<Point2D> contour;
     const auto add = [&](int i, double side) {
-        const int k = storageIndex(i);
-        contour.push_back(
-            {(side * width(k) / 2 + shift) * zoom + xoff, (pos(k) + pos_offset) * zoom + yoff});
+        const int k = body.storageIndex(i);
+        contour.push_back({(side * body.width(k) / 2 + body.shift) * at.zoom + at.xoff,
+                           (body.pos(k) + body.pos_offset) * at.zoom + at.yoff});
     };
-    for (int i = 1; i <= sectionCount(); ++i) add(i, 1);
-    for (int i = sectionCount(); i >= 1; --i) add(i, -1);
+    for (int i = 1; i <= body.sectionCount(); ++i) add(i, 1);
+    for (int i = body.sectionCount(); i >= 1; --i) add(i, -1);
     const std::span all(contour);
-    const auto half = static_cast<std::size_t>(sectionCount());
+    const auto half = static_cast<std::size_t>(body.sectionCount());
     for (const auto& side : {all.first(half), all.last(half)}) printPolyline(printer, side, black);
-    if (shift == 0) return;
+    if (body.shift == 0) return;
     for (const auto& side : {all.first(half), all.last(half)})
-        printMirrored(printer, side, xoff, black);
+        printMirrored(printer, side, at.xoff, black);
 }
 
-void printComputedSection(PrinterSurface& printer, const MeshSections& fuselage, int i,
-                          double xoff) {
-    // With an odd number of outline points some entries hold nothing; they are no part of the
-    // section.
-    std::vector<Point2D> section;
-    for (int j = 1; j <= fuselage.nb_cross; ++j)
-        if (fuselage.frontPointUsed(j)) section.push_back(fuselage.frontPoint(i, j));
-    if (section.empty()) return;
-    section.push_back(section.front());
-    printPolyline(printer, section, dimColor);
-    if (fuselage.shift != 0) printMirrored(printer, section, xoff, dimColor);
-}
+SectionPlans::SectionPlans(const MeshSections& body, const Transform& at)
+    : body_(body), xoff_(at.xoff), front_(body.computeFrontPoints(at)) {}
 
-void Fuselage::printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff) {
-    for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).printVTop(printer, zoom, xoff, yoff);
+void SectionPlans::print(PrinterSurface& printer, int i) {
+    body_.collectSection(front_, i, section_);
+    if (section_.empty()) return;
+    section_.push_back(section_.front());
+    printPolyline(printer, section_, dimColor);
+    if (body_.shift != 0) printMirrored(printer, section_, xoff_, dimColor);
 }
 
 }  // namespace velna

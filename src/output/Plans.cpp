@@ -4,10 +4,9 @@
 
 #include "editor/Main.h"
 #include "model/Fuselage.h"
-#include "model/MainWing.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
-#include "output/FuselagePlans.h"
+#include "output/AircraftPlans.h"
 #include "output/PlanLines.h"
 #include "output/Progress.h"
 #include "output/SheetMarks.h"
@@ -97,58 +96,49 @@ std::string printTiles(PrinterSurface& printer, double yoff, const PlanDrawing& 
 std::string printSideJob(PrinterSurface& printer) {
     const double yoff = printer.ScaleHeight() + Fuselage::current().minElevationPoint();
     return printTiles(printer, yoff, [](PrinterSurface& sheet, double x, double y) {
-        Fuselage::current().printSide(sheet, trueScale, x, y);
-        Wings(1).computeSidePoints(trueScale, x, y);
-        Wings(1).printSide(sheet);
-        Stabilizer.computeSidePoints(trueScale, x, y);
-        Stabilizer.printSide(sheet);
-        Rudder.printSide(sheet, trueScale, x, y);
+        const Transform at{trueScale, x, y};
+        printSide(sheet, Fuselage::current(), at);
+        printSide(sheet, Wings(1), at);
+        printSide(sheet, Stabilizer, at);
+        printSide(sheet, Rudder, at);
     });
 }
 
 std::string printHTopJob(PrinterSurface& printer) {
     return printTiles(printer, printer.ScaleHeight() / 2,
                       [](PrinterSurface& sheet, double x, double y) {
-                          Fuselage::current().printHTop(sheet, trueScale, x, y);
+                          printHTop(sheet, Fuselage::current(), {trueScale, x, y});
                       });
 }
 
 /// Each section lies at its true place to the middle of the fuselage's height, so that all sheets
 /// can be stacked on the cross hair.
 std::string printSectionsJob(PrinterSurface& printer) {
-    MeshSections& fuselage = Fuselage::current();
+    const MeshSections& fuselage = Fuselage::current();
     const double width = printer.ScaleWidth();
     const double height = printer.ScaleHeight();
     const double middle = (fuselage.maxElevationPoint() + fuselage.minElevationPoint()) / 2;
     const double xoff = width / 2 + fuselage.shift;
-    if (fuselage.nb_cross != 0) fuselage.computeFrontPoints(trueScale, xoff, height / 2 + middle);
+    SectionPlans sections(fuselage, {trueScale, xoff, height / 2 + middle});
     return printSheets(printer, fuselage.nb_sections, noSections, [&](long long section) {
         printer.Line(width / 2, 0, width / 2, height, black);
         printer.Line(0, height / 2, width, height / 2, black);
-        if (fuselage.nb_cross != 0)
-            printComputedSection(printer, fuselage, static_cast<int>(section), xoff);
+        sections.print(printer, static_cast<int>(section));
         if (PrintSelect.overlap) SheetMarks::drawRuler(printer);
     });
 }
 
-/// The transform of a view fitted to the sheet.
-struct Fit {
-    double zoom = 0;
-    double xoff = 0;
-    double yoff = 0;
-};
-
 /// Fits the view to `DrawArea` and that to the sheet. A plan shows the whole aircraft, also while
 /// the screen's scale is locked, and the lock finds its scale again afterwards.
-Fit fitToSheet(int mode, const PrinterSurface& printer) {
-    const Fit before{Main.zoom, Main.xoff, Main.yoff};
+Transform fitToSheet(int mode, const PrinterSurface& printer) {
+    const Transform before = Main.transform();
     const bool locked = Main.checked(Control::LockZoom);
     Main.controls[Control::LockZoom].checked = false;
     Main.mode = mode;
     Main.initDrawArea();
     Main.controls[Control::LockZoom].checked = locked;
     Main.r = printer.ScaleWidth() / Main.DrawArea->width();
-    const Fit fit{Main.zoom * Main.r, Main.xoff * Main.r, Main.yoff * Main.r};
+    const Transform fit{Main.zoom * Main.r, Main.xoff * Main.r, Main.yoff * Main.r};
     if (locked) {
         Main.zoom = before.zoom;
         Main.xoff = before.xoff;
@@ -158,12 +148,12 @@ Fit fitToSheet(int mode, const PrinterSurface& printer) {
 }
 
 std::string printVTopJob(PrinterSurface& printer) {
-    const Fit fit = fitToSheet(ViewMode::VTop, printer);
+    const Transform fit = fitToSheet(ViewMode::VTop, printer);
     // The nose lies at the paper's upper edge, whatever room the screen leaves above it.
-    const double yoff = 0;
-    Fuselage::printVTop(printer, fit.zoom, fit.xoff, yoff);
-    MainWing::printVTop(printer, fit.zoom, fit.xoff, yoff);
-    Stabilizer.printVTop(printer, fit.zoom, fit.xoff, yoff);
+    const Transform at{fit.zoom, fit.xoff, 0};
+    for (int i = 1; i <= nbFuselages; ++i) printVTop(printer, Fuselages(i), at);
+    for (int i = 1; i <= nbWings; ++i) printVTop(printer, Wings(i), at);
+    printVTop(printer, Stabilizer, at);
     printer.NewPage();
     return endJob(printer, Work(1));
 }
@@ -175,24 +165,23 @@ long long allSections() {
 }
 
 /// All sections of all fuselages; the last fuselage is current afterwards.
-void printAllSections(PrinterSurface& printer, const Fit& fit, Work& work) {
+void printAllSections(PrinterSurface& printer, const Transform& fit, Work& work) {
     for (int n = 1; n <= nbFuselages; ++n) {
         currentFuselage = static_cast<std::int16_t>(n);
-        MeshSections& fuselage = Fuselages(n);
+        const MeshSections& fuselage = Fuselages(n);
         if (fuselage.nb_cross == 0) continue;
-        fuselage.computeFrontPoints(fit.zoom, fit.xoff, fit.yoff);
-        for (int i = 1; i <= fuselage.nb_sections && work.did(1); ++i)
-            printComputedSection(printer, fuselage, i, fit.xoff);
+        SectionPlans sections(fuselage, fit);
+        for (int i = 1; i <= fuselage.nb_sections && work.did(1); ++i) sections.print(printer, i);
     }
 }
 
 std::string printFrontJob(PrinterSurface& printer) {
-    const Fit fit = fitToSheet(ViewMode::Front, printer);
+    const Transform fit = fitToSheet(ViewMode::Front, printer);
     Work work(allSections(), sectionsBetweenQuestions);
     printAllSections(printer, fit, work);
-    MainWing::printFront(printer, fit.zoom, fit.xoff, fit.yoff);
-    Stabilizer.printFront(printer, fit.zoom, fit.xoff, fit.yoff);
-    Rudder.printFront(printer, fit.zoom, fit.xoff, fit.yoff);
+    for (int i = 1; i <= nbWings; ++i) printFront(printer, Wings(i), fit);
+    printFront(printer, Stabilizer, fit);
+    printFront(printer, Rudder, fit);
     printer.NewPage();
     return endJob(printer, work);
 }

@@ -1,29 +1,29 @@
-#include "model/VertWingSection.h"
+#include "output/AircraftDxf.h"
 #include "output/ClosedOutline.h"
-#include "output/DxfDrawing.h"
 
 namespace velna {
 
 namespace {
+
 constexpr const char* finLayer = "Fin";
+
+void outlined(DxfDrawing& drawing, const Outline& outline, bool twin) {
+    drawing.polyline(closedOutline(outline), dxfUpright, finLayer);
+    if (twin) drawing.polyline(closedOutline(outline), dxfMirrored, finLayer);
+}
+
 }  // namespace
 
-/// The fin's root. The twin is asked for by the height of the root, as the view from above does it.
-void VertWingSection::saveDXF_vtop(DxfDrawing& drawing) {
-    computeVTopPoints(1, 0, 0);
-    drawing.polyline(closedOutline(vtopPoints), dxfUpright, finLayer);
-    if (shift != 0) drawing.polyline(closedOutline(vtopPoints), dxfMirrored, finLayer);
+void saveDXF_vtop(DxfDrawing& drawing, const VertWingSection& fin) {
+    outlined(drawing, fin.computeVTopPoints({}), fin.shift != 0);
 }
 
-void VertWingSection::saveDXF_front(DxfDrawing& drawing) {
-    computeFrontPoints(1, 0, 0);
-    drawing.polyline(closedOutline(frontPoints), dxfUpright, finLayer);
-    if (mirrored()) drawing.polyline(closedOutline(frontPoints), dxfMirrored, finLayer);
+void saveDXF_front(DxfDrawing& drawing, const VertWingSection& fin) {
+    outlined(drawing, fin.computeFrontPoints({}), fin.mirrored());
 }
 
-void VertWingSection::saveDXF_side(DxfDrawing& drawing) {
-    computeSidePoints(1, 0, 0);
-    drawing.polyline(closedOutline(sidePoints), dxfUpright, finLayer);
+void saveDXF_side(DxfDrawing& drawing, const VertWingSection& fin) {
+    outlined(drawing, fin.computeSidePoints({}), false);
 }
 
 }  // namespace velna

@@ -1,24 +1,24 @@
-#include "model/VertWingSection.h"
+#include "output/AircraftPlans.h"
 #include "output/ClosedOutline.h"
 #include "output/PlanLines.h"
 
 namespace velna {
 
-void VertWingSection::printSide(PrinterSurface& printer, double zoom, double xoff, double yoff) {
-    computeSidePoints(zoom, xoff, yoff);
-    printPolyline(printer, closedOutline(sidePoints), black);
+void printSide(PrinterSurface& printer, const VertWingSection& fin, const Transform& at) {
+    const Outline outline = fin.computeSidePoints(at);
+    printPolyline(printer, closedOutline(outline), black);
 }
 
-void VertWingSection::printFront(PrinterSurface& printer, double zoom, double xoff, double yoff) {
-    computeFrontPoints(zoom, xoff, yoff);
-    printPolyline(printer, closedOutline(frontPoints), black);
-    if (mirrored()) printMirrored(printer, closedOutline(frontPoints), xoff, black);
+void printFront(PrinterSurface& printer, const VertWingSection& fin, const Transform& at) {
+    const Outline outline = fin.computeFrontPoints(at);
+    printPolyline(printer, closedOutline(outline), black);
+    if (fin.mirrored()) printMirrored(printer, closedOutline(outline), at.xoff, black);
 }
 
-void VertWingSection::printVTop(PrinterSurface& printer, double zoom, double xoff, double yoff) {
-    computeVTopPoints(zoom, xoff, yoff);
-    printPolyline(printer, closedOutline(vtopPoints), black);
-    if (shift != 0) printMirrored(printer, closedOutline(vtopPoints), xoff, black);
+void printVTop(PrinterSurface& printer, const VertWingSection& fin, const Transform& at) {
+    const Outline outline = fin.computeVTopPoints(at);
+    printPolyline(printer, closedOutline(outline), black);
+    if (fin.shift != 0) printMirrored(printer, closedOutline(outline), at.xoff, black);
 }
 
 }  // namespace velna

@@ -1,32 +1,33 @@
 #include <cstddef>
 
-#include "model/SymWingSections.h"
+#include "output/AircraftDxf.h"
 #include "output/ClosedOutline.h"
-#include "output/DxfDrawing.h"
 
 namespace velna {
 
 namespace {
+
 constexpr const char* wingLayer = "Wing";
+
+void bothHalves(DxfDrawing& drawing, const Outline& outline) {
+    drawing.polyline(closedOutline(outline), dxfUpright, wingLayer);
+    drawing.polyline(closedOutline(outline), dxfMirrored, wingLayer);
+}
+
 }  // namespace
 
-void SymWingSections::saveDXF_vtop(DxfDrawing& drawing) {
-    computeVTopPoints(1, 0, 0);
-    drawing.polyline(closedOutline(vtopPoints), dxfUpright, wingLayer);
-    drawing.polyline(closedOutline(vtopPoints), dxfMirrored, wingLayer);
+void saveDXF_vtop(DxfDrawing& drawing, const SymWingSections& wing) {
+    bothHalves(drawing, wing.computeVTopPoints({}));
 }
 
-void SymWingSections::saveDXF_front(DxfDrawing& drawing) {
-    computeFrontPoints(1, 0, 0);
-    drawing.polyline(closedOutline(frontPoints), dxfUpright, wingLayer);
-    drawing.polyline(closedOutline(frontPoints), dxfMirrored, wingLayer);
+void saveDXF_front(DxfDrawing& drawing, const SymWingSections& wing) {
+    bothHalves(drawing, wing.computeFrontPoints({}));
 }
 
-/// The root section alone: seen from the side, the halves cover each other.
-void SymWingSections::saveDXF_side(DxfDrawing& drawing) {
-    computeSidePoints(1, 0, 0);
-    const auto count = static_cast<std::size_t>(pointCount());
-    drawing.closedPolyline({sidePoints.data() + 1, count}, dxfUpright, wingLayer);
+void saveDXF_side(DxfDrawing& drawing, const SymWingSections& wing) {
+    const auto points = wing.computeSidePoints({});
+    const auto count = static_cast<std::size_t>(wing.pointCount());
+    drawing.closedPolyline({points.data() + 1, count}, dxfUpright, wingLayer);
 }
 
 }  // namespace velna

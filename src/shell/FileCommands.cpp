@@ -41,6 +41,7 @@ enum { project = 1, model, drawing };
 void resetModel() {
     ObjectList.clear();
     Plane::setDefaultPlane();
+    Main.views.startOver();
     Main.fillCatalogues();
     // The panel's filler sets the bar's range alone: it would stand at a box of the former project.
     Main.setScroll(Control::IndexServosScroll, nbEquipments, currentEquipment);

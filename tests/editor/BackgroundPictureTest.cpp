@@ -149,7 +149,7 @@ TEST_F(BackgroundPictures, AltDragMovesThePictureAndNotTheModel) {
     Main.refreshDrawingArea();
     Main.DrawArea_keydown(18, ShiftState::alt);
     auto gesture = drag(Main).press(866, 170);
-    EXPECT_EQ(Wings(1).paint, WingPart::none) << "the tip lies there";
+    EXPECT_EQ(Main.views.wings(1).grip.paint, WingPart::none) << "the tip lies there";
     gesture.move(876, 150).move(880, 140);
     EXPECT_EQ(Main.pictureHere().position, (Point2D{414, 170}));
     EXPECT_EQ(Wings(1).span, 700);
@@ -169,7 +169,7 @@ TEST_F(BackgroundPictures, MoveEntryDoesAsTheAltKey) {
 TEST_F(BackgroundPictures, AltWithoutAPictureLeavesTheDragToTheModel) {
     Main.altkey = true;
     drag(Main).press(866, 170);
-    EXPECT_NE(Wings(1).paint, WingPart::none);
+    EXPECT_NE(Main.views.wings(1).grip.paint, WingPart::none);
 }
 
 TEST_F(BackgroundPictures, DragOverAPictureErasesNothingOnceAndThenInverts) {

@@ -58,18 +58,20 @@ const Grab grabs[] = {
      [] {
          return Point2D{250, 240};
      },
-     [] { return Fuselage::current().paint != FuselagePart::none; }, &MainForm::initFrontView},
+     [] { return Main.views.fuselage().grip.paint != FuselagePart::none; },
+     &MainForm::initFrontView},
     {"fin", PanelTab::rudder, &MainForm::initSideView,
-     [] { return middle(Rudder.sidePoints[3], Rudder.sidePoints[4]); },
-     [] { return Rudder.paint != FinPart::none; }, &MainForm::initVTopView},
-    {"wing", PanelTab::wing, &MainForm::initVTopView, [] { return Wings(1).vtopPoints[2]; },
-     [] { return Wings(1).paint != WingPart::none; }, &MainForm::initSideView},
+     [] { return middle(Main.views.rudder.sidePoints[3], Main.views.rudder.sidePoints[4]); },
+     [] { return Main.views.rudder.grip.paint != FinPart::none; }, &MainForm::initVTopView},
+    {"wing", PanelTab::wing, &MainForm::initVTopView,
+     [] { return Main.views.wings(1).vtopPoints[2]; },
+     [] { return Main.views.wings(1).grip.paint != WingPart::none; }, &MainForm::initSideView},
     {"stabiliser", PanelTab::stabilizer, &MainForm::initVTopView,
-     [] { return Stabilizer.vtopPoints[2]; }, [] { return Stabilizer.paint != WingPart::none; },
-     &MainForm::initHTopView},
+     [] { return Main.views.stabilizer.vtopPoints[2]; },
+     [] { return Main.views.stabilizer.grip.paint != WingPart::none; }, &MainForm::initHTopView},
     {"box", PanelTab::electronics, &MainForm::initSideView,
-     [] { return middle(Equipments(1).sideOutline[1], Equipments(1).sideOutline[2]); },
-     [] { return Equipments(1).paint == 0; }, &MainForm::initFrontView},
+     [] { return middle(Main.views.boxes(1).sideOutline[1], Main.views.boxes(1).sideOutline[2]); },
+     [] { return Main.views.boxes(1).grip.paint == 0; }, &MainForm::initFrontView},
 };
 
 TEST_F(BrokenGestures, CancelEndsADragOfEachKindWhoseViewWasLeft) {

@@ -17,13 +17,13 @@ protected:
         Main.ctrlkey = rule.block == CursorBlock::CtrlSet;
         Main.altkey = rule.block == CursorBlock::AltSet;
         const int part = rule.parts.empty() ? 1 : rule.parts.front();
-        Wings(1).selected = rule.block == CursorBlock::OverWing;
-        Stabilizer.selected = rule.block == CursorBlock::OverStabilizer;
-        Fuselage::current().selected = rule.block == CursorBlock::OverFuselage;
-        Equipments(1).selected = rule.block == CursorBlock::OverBox;
-        Rudder.selected = rule.block == CursorBlock::OverFin;
-        Wings(1).selected_part = Stabilizer.selected_part = part;
-        Fuselage::current().selected_part = Rudder.selected_part = part;
+        Main.views.wings(1).grip.selected = rule.block == CursorBlock::OverWing;
+        Main.views.stabilizer.grip.selected = rule.block == CursorBlock::OverStabilizer;
+        Main.views.fuselage().grip.selected = rule.block == CursorBlock::OverFuselage;
+        Main.views.boxes(1).grip.selected = rule.block == CursorBlock::OverBox;
+        Main.views.rudder.grip.selected = rule.block == CursorBlock::OverFin;
+        Main.views.wings(1).grip.selected_part = Main.views.stabilizer.grip.selected_part = part;
+        Main.views.fuselage().grip.selected_part = Main.views.rudder.grip.selected_part = part;
     }
 };
 
@@ -52,21 +52,21 @@ TEST_F(CursorRules, CustomRowsAndNoOthersHaveAPicture) {
 
 TEST_F(CursorRules, BothEdgesOfAPanelMoveTheWholeEdge) {
     for (int part : {WingPart::tipEdge, WingPart::rootEdge}) {
-        Wings(1).selected = true;
-        Wings(1).selected_part = part;
+        Main.views.wings(1).grip.selected = true;
+        Main.views.wings(1).grip.selected_part = part;
         Main.updateCursor();
         EXPECT_EQ(Main.cursor, CursorShape::NorthSouth) << part;
     }
 }
 
 TEST_F(CursorRules, LaterBlocksOverruleEarlierOnes) {
-    Wings(1).selected = true;
-    Wings(1).selected_part = WingPart::tipEdge;
-    Stabilizer.selected = true;
-    Stabilizer.selected_part = WingPart::tipLeading;
+    Main.views.wings(1).grip.selected = true;
+    Main.views.wings(1).grip.selected_part = WingPart::tipEdge;
+    Main.views.stabilizer.grip.selected = true;
+    Main.views.stabilizer.grip.selected_part = WingPart::tipLeading;
     Main.updateCursor();
     EXPECT_EQ(Main.cursor, CursorShape::Custom);
-    Equipments(1).selected = true;
+    Main.views.boxes(1).grip.selected = true;
     Main.updateCursor();
     EXPECT_EQ(Main.cursor, CursorShape::WestEast);
     Main.ctrlkey = true;

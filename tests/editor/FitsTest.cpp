@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "editor/Fits.h"
 #include "editor/Main.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
@@ -140,9 +141,10 @@ TEST_F(Fits, HTopCentresAHullThatLiesFarToOneSide) {
         Main.focusZoom = focus;
         Main.initHTopView();
         const int section = focus ? 2 : 3;  // the last is the narrowest: it lies in the middle
-        EXPECT_NEAR((body.htopPlus(section).y + body.htopMinus(section).y) / 2, 250, 1e-9);
-        EXPECT_GT(body.htopMinus(2).y, 0);
-        EXPECT_LT(body.htopPlus(2).y, 500);
+        const HTopEdges& edges = Main.views.fuselage().htop;
+        EXPECT_NEAR((edges.plus(section).y + edges.minus(section).y) / 2, 250, 1e-9);
+        EXPECT_GT(edges.minus(2).y, 0);
+        EXPECT_LT(edges.plus(2).y, 500);
     }
 }
 

@@ -69,7 +69,7 @@ protected:
         place();
         Main.shiftkey = row.shift;
         body.sel_sec = 2;
-        body.paint = row.part;
+        part.paint = row.part;
         const auto before = values();
         press();
         move(106.0F, 110.0F);
@@ -83,22 +83,22 @@ protected:
         EXPECT_EQ(area.calls.empty(), row.which == -1);
         move(100.0F, 100.0F);
         EXPECT_EQ(values(), before) << "bit for bit";
-        body.paint = FuselagePart::none;
+        part.paint = FuselagePart::none;
     }
 };
 
 TEST_F(FuselageHandles, SideDragsChangeTheSelectedSectionAndComeBack) {
     for (const SectionRow& row : sideRows)
         expectDrag(
-            row, [&] { body.initMouseValSide(); },
-            [&](float x, float y) { body.selectsSide(x, y); });
+            row, [&] { part.initMouseValSide(); },
+            [&](float x, float y) { part.selectsSide(x, y); });
 }
 
 TEST_F(FuselageHandles, HTopDragsChangeTheSelectedSectionAndComeBack) {
     for (const SectionRow& row : htopRows)
         expectDrag(
-            row, [&] { body.initMouseValHTop(); },
-            [&](float x, float y) { body.selectsHTop(x, y); });
+            row, [&] { part.initMouseValHTop(); },
+            [&](float x, float y) { part.selectsHTop(x, y); });
 }
 
 TEST_F(FuselageHandles, ADragLightsWhatItsRowNames) {
@@ -112,21 +112,21 @@ TEST_F(FuselageHandles, ADragLightsWhatItsRowNames) {
     for (const auto& row : sides) {
         place();
         body.sel_sec = 2;
-        body.paint = row.part;
-        body.initMouseValSide();
-        body.selectsSide(100, 101);
+        part.paint = row.part;
+        part.initMouseValSide();
+        part.selectsSide(100, 101);
         EXPECT_EQ(drawnColours(area), joined({repeated(7, white), row.side})) << row.part;
-        EXPECT_TRUE(body.selected);
+        EXPECT_TRUE(part.selected);
     }
-    for (int part : {5, 6, 0}) {
+    for (int grabbed : {5, 6, 0}) {
         place();
-        body.paint = part;
+        part.paint = grabbed;
         Main.shiftkey = true;
-        body.initMouseValHTop();
-        body.selectsHTop(101, 101);
-        const auto edge = part == 0 ? b : h;
+        part.initMouseValHTop();
+        part.selectsHTop(101, 101);
+        const auto edge = grabbed == 0 ? b : h;
         EXPECT_EQ(drawnColours(area), joined({repeated(7, white), {edge, edge, b, b, b, h, b}}))
-            << part;
+            << grabbed;
     }
 }
 
@@ -138,83 +138,83 @@ TEST_F(FuselageHandles, StartValuesAreTheTablesOwn) {
         double initval;
     } rows[] = {{0, true, 200}, {0, false, 10}, {1, false, 100}, {2, false, 10}, {3, false, 200}};
     for (const auto& row : rows) {
-        body.paint = row.part;
+        part.paint = row.part;
         Main.shiftkey = row.shift;
-        body.initMouseValSide();
-        EXPECT_EQ(body.initval, row.initval) << row.part;
+        part.initMouseValSide();
+        EXPECT_EQ(part.initval, row.initval) << row.part;
     }
-    body.paint = 2;
-    body.initMouseValSide();
-    EXPECT_EQ(body.initval2, 110) << "the top line that is held";
+    part.paint = 2;
+    part.initMouseValSide();
+    EXPECT_EQ(part.initval2, 110) << "the top line that is held";
     Main.shiftkey = false;
-    for (int part : {5, 6}) {
-        body.paint = part;
-        body.initMouseValHTop();
-        EXPECT_EQ(body.initval, 100);
+    for (int grabbed : {5, 6}) {
+        part.paint = grabbed;
+        part.initMouseValHTop();
+        EXPECT_EQ(part.initval, 100);
     }
-    body.paint = 0;
-    body.initMouseValHTop();
-    EXPECT_EQ(body.initval, 200) << "also without Shift";
+    part.paint = 0;
+    part.initMouseValHTop();
+    EXPECT_EQ(part.initval, 200) << "also without Shift";
 }
 
 TEST_F(FuselageHandles, ABarGrabbedFromAboveMovesOnceShiftIsPressed) {
     body.sel_sec = 2;
-    body.paint = 0;
-    body.initMouseValHTop();
-    body.selectsHTop(120, 100);
+    part.paint = 0;
+    part.initMouseValHTop();
+    part.selectsHTop(120, 100);
     EXPECT_EQ(body.pos(2), 200);
     EXPECT_TRUE(area.calls.empty());
     Main.shiftkey = true;
-    body.selectsHTop(120, 100);
+    part.selectsHTop(120, 100);
     EXPECT_EQ(body.pos(2), 210);
     Main.shiftkey = false;
-    body.selectsHTop(140, 100);
+    part.selectsHTop(140, 100);
     EXPECT_EQ(body.pos(2), 210) << "and stays where it is once Shift is let go";
 }
 
 TEST_F(FuselageHandles, ADragMayMakeHeightAndWidthNegative) {
     body.sel_sec = 2;
-    body.paint = 1;
-    body.initMouseValSide();
-    body.selectsSide(100, 500);
+    part.paint = 1;
+    part.initMouseValSide();
+    part.selectsSide(100, 500);
     EXPECT_EQ(body.height(2), -100);
-    body.paint = 5;
-    body.initMouseValHTop();
-    body.selectsHTop(100, -100);
+    part.paint = 5;
+    part.initMouseValHTop();
+    part.selectsHTop(100, -100);
     EXPECT_EQ(body.width(2), -100);
 }
 
 TEST_F(FuselageHandles, VTopMovesTheWholeFuselageSidewaysOrWithShiftAlong) {
-    body.paint = 0;
+    part.paint = 0;
     body.shift = 0.1;
     body.pos_offset = 0.7;
-    body.initMouseValVTop();
-    body.selectsVTop(106, 110);
+    part.initMouseValVTop();
+    part.selectsVTop(106, 110);
     EXPECT_EQ(body.shift, 3.1);
     EXPECT_EQ(body.pos_offset, 0.7);
-    body.selectsVTop(100, 100);
+    part.selectsVTop(100, 100);
     EXPECT_EQ(body.shift, 0.1);
     Main.shiftkey = true;
-    body.initMouseValVTop();
+    part.initMouseValVTop();
     bench.forget();
-    body.selectsVTop(106, 110);
+    part.selectsVTop(106, 110);
     EXPECT_EQ(body.pos_offset, 5.7);
     EXPECT_EQ(drawnColours(area), joined({repeated(12, white), repeated(12, black)}))
         << "off with the old figure and its twin, then the new in black";
     EXPECT_EQ(test::drawnLines(area)[12].y1, 2 * 5.7 + 30);
-    body.selectsVTop(100, 100);
+    part.selectsVTop(100, 100);
     EXPECT_EQ(body.pos_offset, 0.7);
 }
 
 TEST_F(FuselageHandles, WithNoSectionSelectedADragChangesNothing) {
     for (int section : {0, 4}) {
         body.sel_sec = static_cast<std::int16_t>(section);
-        for (int part : {0, 1, 2, 3}) {
-            body.paint = part;
+        for (int grabbed : {0, 1, 2, 3}) {
+            part.paint = grabbed;
             const auto before = values();
-            body.initMouseValSide();
-            EXPECT_EQ(body.initval, 0);
-            body.selectsSide(150, 150);
+            part.initMouseValSide();
+            EXPECT_EQ(part.initval, 0);
+            part.selectsSide(150, 150);
             EXPECT_EQ(values(), before);
         }
     }
@@ -232,33 +232,33 @@ TEST_F(FuselageHandles, SideHitsTheBarThenItsEndsAndTheHighestSectionWins) {
     };
     for (const auto& row : rows) {
         body.sel_sec = 1;
-        EXPECT_EQ(body.testPositionSide(row.x, row.y), row.part) << row.x << " " << row.y;
+        EXPECT_EQ(part.testPositionSide(row.x, row.y), row.part) << row.x << " " << row.y;
         EXPECT_EQ(body.sel_sec, row.section) << row.x << " " << row.y;
     }
     body.pos(3) = 200;
     place();
-    EXPECT_EQ(body.testPositionSide(800, -38), 0);
+    EXPECT_EQ(part.testPositionSide(800, -38), 0);
     EXPECT_EQ(body.sel_sec, 3) << "of two on one place the later";
 }
 
 TEST_F(FuselageHandles, AGapAnswersOnlyWithCtrlAndBetweenItsBars) {
-    EXPECT_EQ(body.testPositionSide(600, 0), 4);
+    EXPECT_EQ(part.testPositionSide(600, 0), 4);
     EXPECT_EQ(body.sel_sec, 1);
     Main.ctrlkey = true;
-    EXPECT_EQ(body.testPositionSide(600, 0), 3);
+    EXPECT_EQ(part.testPositionSide(600, 0), 3);
     EXPECT_EQ(body.sel_sec, 2) << "the section behind the gap";
-    EXPECT_EQ(body.testPositionSide(1999, -100), 4)
+    EXPECT_EQ(part.testPositionSide(1999, -100), 4)
         << "on the bar's edge and above the third section";
-    EXPECT_EQ(body.testPositionSide(1996, -100), 3) << "beside the second section's height";
+    EXPECT_EQ(part.testPositionSide(1996, -100), 3) << "beside the second section's height";
     EXPECT_EQ(body.sel_sec, 3);
-    EXPECT_EQ(body.testPositionSide(1997, -100), 4) << "three pixels from the bar";
-    EXPECT_EQ(body.testPositionSide(600, 10), 4) << "the bottom's own row is outside";
-    EXPECT_EQ(body.testPositionSide(600, -190), 4);
+    EXPECT_EQ(part.testPositionSide(1997, -100), 4) << "three pixels from the bar";
+    EXPECT_EQ(part.testPositionSide(600, 10), 4) << "the bottom's own row is outside";
+    EXPECT_EQ(part.testPositionSide(600, -190), 4);
 
     body.pos(2) = 3;
     place();
     for (float x = 400; x <= 406; x += 0.5F)
-        EXPECT_NE(body.testPositionSide(x, -100), 3) << "a gap of six pixels has no middle";
+        EXPECT_NE(part.testPositionSide(x, -100), 3) << "a gap of six pixels has no middle";
 }
 
 TEST_F(FuselageHandles, HTopBarsReachUpToTheNegativeOfThePlusEdge) {
@@ -273,25 +273,25 @@ TEST_F(FuselageHandles, HTopBarsReachUpToTheNegativeOfThePlusEdge) {
     };
     for (const auto& row : rows) {
         body.sel_sec = 1;
-        EXPECT_EQ(body.testPositionHTop(row.x, row.y), row.part) << row.x << " " << row.y;
+        EXPECT_EQ(part.testPositionHTop(row.x, row.y), row.part) << row.x << " " << row.y;
         EXPECT_EQ(body.sel_sec, row.section) << row.x << " " << row.y;
     }
     Main.ctrlkey = true;
-    EXPECT_EQ(body.testPositionHTop(600, 100), 3);
+    EXPECT_EQ(part.testPositionHTop(600, 100), 3);
     EXPECT_EQ(body.sel_sec, 2);
-    EXPECT_EQ(body.testPositionHTop(600, 130), 4);
-    EXPECT_EQ(body.testPositionHTop(600, -70), 4) << "a gap does end at the minus edge";
+    EXPECT_EQ(part.testPositionHTop(600, 130), 4);
+    EXPECT_EQ(part.testPositionHTop(600, -70), 4) << "a gap does end at the minus edge";
     Main.ctrlkey = false;
-    EXPECT_EQ(body.testPositionHTop(600, 100), 4);
+    EXPECT_EQ(part.testPositionHTop(600, 100), 4);
 }
 
 TEST_F(FuselageHandles, VTopIsTakenByItsFirstSectionOnly) {
     body.sel_sec = 3;
-    EXPECT_EQ(body.testPositionVTop(400, 32.9F), 0);
-    EXPECT_EQ(body.testPositionVTop(400, 33), 4);
-    EXPECT_EQ(body.testPositionVTop(420, 30), 4) << "strictly between its ends";
-    EXPECT_EQ(body.testPositionVTop(380, 30), 4);
-    EXPECT_EQ(body.testPositionVTop(400, 430), 4);
+    EXPECT_EQ(part.testPositionVTop(400, 32.9F), 0);
+    EXPECT_EQ(part.testPositionVTop(400, 33), 4);
+    EXPECT_EQ(part.testPositionVTop(420, 30), 4) << "strictly between its ends";
+    EXPECT_EQ(part.testPositionVTop(380, 30), 4);
+    EXPECT_EQ(part.testPositionVTop(400, 430), 4);
     EXPECT_EQ(body.sel_sec, 3) << "not touched";
 }
 
@@ -308,60 +308,60 @@ TEST_F(FuselageHandles, SideHoverLightsBarsAndEndsOnly) {
     Main.ctrlkey = true;
     for (const auto& row : rows) {
         bench.forget();
-        body.selectsSide(row.x, row.y);
-        EXPECT_EQ(body.selected_part, row.part);
-        EXPECT_EQ(body.selected, row.selected);
+        part.selectsSide(row.x, row.y);
+        EXPECT_EQ(part.selected_part, row.part);
+        EXPECT_EQ(part.selected, row.selected);
         EXPECT_EQ(area.lines(highlightColor) > 0, row.selected);
         EXPECT_EQ(area.calls.size(), 14U);
     }
 }
 
 TEST_F(FuselageHandles, AHoverSelectsTheSection) {
-    body.selectsSide(800, -100);
+    part.selectsSide(800, -100);
     EXPECT_EQ(body.sel_sec, 2);
-    body.selectsSide(0, 0);
+    part.selectsSide(0, 0);
     EXPECT_EQ(body.sel_sec, 2) << "and keeps it";
     Main.ctrlkey = true;
-    body.selectsSide(1500, -30);
+    part.selectsSide(1500, -30);
     EXPECT_EQ(body.sel_sec, 3) << "a gap with Ctrl does too";
 }
 
 TEST_F(FuselageHandles, HTopHoverDrawsTwiceWhenItsHighlightGoes) {
-    body.selectsHTop(800, 130);
-    EXPECT_EQ(body.selected_part, 5);
-    EXPECT_TRUE(body.selected);
+    part.selectsHTop(800, 130);
+    EXPECT_EQ(part.selected_part, 5);
+    EXPECT_TRUE(part.selected);
     EXPECT_EQ(area.lines(highlightColor), 3);
     bench.forget();
-    body.selectsHTop(800, -70);
-    EXPECT_EQ(body.selected_part, 6);
+    part.selectsHTop(800, -70);
+    EXPECT_EQ(part.selected_part, 6);
     EXPECT_EQ(area.lines(highlightColor), 3);
     bench.forget();
-    body.selectsHTop(0, 3000);
+    part.selectsHTop(0, 3000);
     EXPECT_EQ(area.calls.size(), 28U);
-    EXPECT_FALSE(body.selected);
+    EXPECT_FALSE(part.selected);
     bench.forget();
-    body.selectsHTop(0, 3001);
+    part.selectsHTop(0, 3001);
     EXPECT_EQ(area.calls.size(), 14U);
     EXPECT_EQ(area.lines(highlightColor), 0);
 }
 
 TEST_F(FuselageHandles, AHoverOverAGapFromAboveLeavesThePicture) {
-    body.selectsHTop(800, 130);
+    part.selectsHTop(800, 130);
     bench.forget();
     Main.ctrlkey = true;
-    body.selectsHTop(600, 0);
-    EXPECT_EQ(body.selected_part, 3);
-    EXPECT_TRUE(body.selected);
+    part.selectsHTop(600, 0);
+    EXPECT_EQ(part.selected_part, 3);
+    EXPECT_TRUE(part.selected);
     EXPECT_TRUE(area.calls.empty());
 }
 
 TEST_F(FuselageHandles, VTopHoverLightsAndUnlightsWithoutErasing) {
-    body.selectsVTop(400, 30);
-    EXPECT_TRUE(body.selected);
+    part.selectsVTop(400, 30);
+    EXPECT_TRUE(part.selected);
     EXPECT_EQ(drawnColours(area), repeated(6, highlightColor));
     bench.forget();
-    body.selectsVTop(0, 0);
-    EXPECT_FALSE(body.selected);
+    part.selectsVTop(0, 0);
+    EXPECT_FALSE(part.selected);
     EXPECT_EQ(drawnColours(area), repeated(6, black));
 }
 

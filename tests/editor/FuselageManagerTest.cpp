@@ -90,7 +90,7 @@ TEST_F(FuselageManager, HiddenCurrentFuselageIsStillEditedInThePanel) {
     select({1, 2, 3});
     Main.hideCommand();
     Main.initSideView();
-    EXPECT_EQ(Fuselage::current().paint, FuselagePart::none);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
     test::type(Control::WidthFuselageText, "66");
     EXPECT_EQ(Fuselages(1).width(1), 66);
 }

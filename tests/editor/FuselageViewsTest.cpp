@@ -19,9 +19,9 @@ class FuselageViews : public test::BodyOnSurface {};
 TEST_F(FuselageViews, SideStandsWhereTheTransformPutsIt) {
     body.pos_offset = 5;
     body.elevation_offset = -5;
-    body.drawSide(2, 400, 30, -1, 0);
+    part.drawSide(2, 400, 30, -1, FuselageLook::bar);
     bench.forget();
-    body.drawSide(2, 400, 30, -1, 0);
+    part.drawSide(2, 400, 30, -1, FuselageLook::bar);
     const auto lines = drawnLines(area);
     ASSERT_EQ(drawnColours(area), joined({repeated(7, white), repeated(7, black)}));
     for (std::size_t start : {std::size_t{0}, std::size_t{7}}) {
@@ -36,37 +36,39 @@ TEST_F(FuselageViews, SideStandsWhereTheTransformPutsIt) {
 }
 
 TEST_F(FuselageViews, SideLightsTheLineOrTheBarThatItsStateNames) {
+    using enum FuselageLook;
     const auto h = highlightColor;
     const auto b = black;
     const struct {
-        int selected1, which;
+        int selected1;
+        FuselageLook which;
         std::vector<Rgb> colours;  // top line 2, bottom line 2, bars 3
     } rows[] = {
-        {-1, 0, {b, b, b, b, b, b, b}}, {1, 0, {b, b, b, b, h, b, b}},
-        {2, 1, {h, h, b, b, b, h, b}},  {1, 1, {h, b, b, b, h, b, b}},
-        {3, 1, {b, h, b, b, b, b, h}},  {2, 2, {b, b, h, h, b, h, b}},
-        {3, 2, {b, b, b, h, b, b, h}},  {2, 5, {b, b, b, b, b, h, b}},
+        {-1, bar, {b, b, b, b, b, b, b}},       {1, bar, {b, b, b, b, h, b, b}},
+        {2, topLine, {h, h, b, b, b, h, b}},    {1, topLine, {h, b, b, b, h, b, b}},
+        {3, topLine, {b, h, b, b, b, b, h}},    {2, bottomLine, {b, b, h, h, b, h, b}},
+        {3, bottomLine, {b, b, b, h, b, b, h}}, {2, plusEdge, {b, b, b, b, b, h, b}},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(::testing::Message() << row.selected1 << ", " << row.which);
+        SCOPED_TRACE(::testing::Message() << row.selected1 << ", " << static_cast<int>(row.which));
         bench.forget();
-        body.selected = false;
-        body.drawSide(2, 400, 30, row.selected1, row.which);
+        part.selected = false;
+        part.drawSide(2, 400, 30, row.selected1, row.which);
         EXPECT_EQ(drawnColours(area), joined({repeated(7, white), row.colours}));
-        EXPECT_EQ(body.selected, row.selected1 != -1);
+        EXPECT_EQ(part.selected, row.selected1 != -1);
     }
 }
 
 TEST_F(FuselageViews, AFuselageThatIsNotCurrentIsDimAndNotErasedInSide) {
-    body.drawSide(2, 400, 30, 2, 7);
+    part.drawSide(2, 400, 30, 2, FuselageLook::other);
     EXPECT_EQ(drawnColours(area), repeated(7, dimColor));
 }
 
 TEST_F(FuselageViews, HTopStandsWhereTheTransformPutsIt) {
     body.shift = 5;
-    body.drawHTop(2, 400, 30, -1, 0);
+    part.drawHTop(2, 400, 30, -1, FuselageLook::bar);
     bench.forget();
-    body.drawHTop(2, 400, 30, -1, 0);
+    part.drawHTop(2, 400, 30, -1, FuselageLook::bar);
     const auto lines = drawnLines(area);
     ASSERT_EQ(drawnColours(area), joined({repeated(7, white), repeated(7, black)}));
     EXPECT_EQ(test::penPath(lines, 7, 2),
@@ -77,19 +79,22 @@ TEST_F(FuselageViews, HTopStandsWhereTheTransformPutsIt) {
 }
 
 TEST_F(FuselageViews, HTopLightsThePlusEdgeOnlyAndDimsOthers) {
+    using enum FuselageLook;
     const auto h = highlightColor;
     const auto b = black;
     const struct {
-        int selected1, which;
+        int selected1;
+        FuselageLook which;
         std::vector<Rgb> colours;  // plus edge 2, minus edge 2, bars 3
     } rows[] = {
-        {2, 0, {b, b, b, b, b, h, b}}, {2, 5, {h, h, b, b, b, h, b}}, {1, 5, {h, b, b, b, h, b, b}},
-        {2, 6, {b, b, b, b, b, h, b}}, {2, 7, repeated(7, dimColor)},
+        {2, bar, {b, b, b, b, b, h, b}},      {2, plusEdge, {h, h, b, b, b, h, b}},
+        {1, plusEdge, {h, b, b, b, h, b, b}}, {2, plain, {b, b, b, b, b, h, b}},
+        {2, other, repeated(7, dimColor)},
     };
     for (const auto& row : rows) {
-        SCOPED_TRACE(::testing::Message() << row.selected1 << ", " << row.which);
+        SCOPED_TRACE(::testing::Message() << row.selected1 << ", " << static_cast<int>(row.which));
         bench.forget();
-        body.drawHTop(2, 400, 30, row.selected1, row.which);
+        part.drawHTop(2, 400, 30, row.selected1, row.which);
         EXPECT_EQ(drawnColours(area), joined({repeated(7, white), row.colours}))
             << "here a dim one is erased too";
     }
@@ -97,55 +102,59 @@ TEST_F(FuselageViews, HTopLightsThePlusEdgeOnlyAndDimsOthers) {
 
 TEST_F(FuselageViews, OverAPictureJustPaintedNothingIsErased) {
     Main.firstPictureRefresh = true;
-    body.drawSide(2, 400, 30, -1, 0);
-    body.drawHTop(2, 400, 30, -1, 0);
-    body.drawVTop(8);
+    part.drawSide(2, 400, 30, -1, FuselageLook::bar);
+    part.drawHTop(2, 400, 30, -1, FuselageLook::bar);
+    part.drawVTop(FuselageLook::erased);
     EXPECT_EQ(area.lines(white), 0);
     EXPECT_EQ(area.lines(black), 14);
 }
 
 TEST_F(FuselageViews, VTopGoesDownThePlusSideAndBackUpTheMinusSide) {
-    body.drawVTop(4);
+    part.drawVTop(FuselageLook::plain);
     EXPECT_EQ(
         test::penPath(drawnLines(area), 0, 6),
         (std::vector<Point2D>{
             {420, 30}, {500, 430}, {410, 1630}, {390, 1630}, {300, 430}, {380, 30}, {420, 30}}));
     const struct {
-        int which;
+        FuselageLook which;
         Rgb colour;
-    } rows[] = {{0, highlightColor}, {4, black}, {7, dimColor}, {8, white}, {5, black}};
+    } rows[] = {{FuselageLook::bar, highlightColor},
+                {FuselageLook::plain, black},
+                {FuselageLook::other, dimColor},
+                {FuselageLook::erased, white},
+                {FuselageLook::plusEdge, black}};
     for (const auto& row : rows) {
         bench.forget();
-        body.drawVTop(row.which);
-        EXPECT_EQ(drawnColours(area), repeated(6, row.colour)) << row.which;
+        part.drawVTop(row.which);
+        EXPECT_EQ(drawnColours(area), repeated(6, row.colour)) << static_cast<int>(row.which);
     }
 }
 
 TEST_F(FuselageViews, ATwinShowsItsMirrorImageInVTopAndFront) {
     body.shift = 10;
-    body.computeVTopPoints(2, 400, 30);
-    body.drawVTop(4);
+    part.computeVTopPoints(2, 400, 30);
+    part.drawVTop(FuselageLook::plain);
     ASSERT_EQ(area.calls.size(), 12U);
     EXPECT_EQ(drawnLines(area)[0].x1, 440);
     EXPECT_EQ(drawnLines(area)[6].x1, 360);
     bench.forget();
-    body.computeFrontPoints(2, 400, 30);
-    body.drawFront(2, 400, 30);
+    part.computeFrontPoints(2, 400, 30);
+    part.drawFront(2, 400, 30);
     ASSERT_EQ(drawnColours(area), repeated(16, dimColor));
     for (std::size_t i = 0; i < 8; ++i)
         EXPECT_EQ(drawnLines(area)[i].x1 + drawnLines(area)[i + 8].x1, 800);
     body.shift = 0;
-    body.computeFrontPoints(2, 400, 30);
+    part.computeFrontPoints(2, 400, 30);
     bench.forget();
-    body.drawVTop(4);
-    body.drawFront(2, 400, 30);
+    part.drawVTop(FuselageLook::plain);
+    part.drawFront(2, 400, 30);
     EXPECT_EQ(area.calls.size(), 6U + 8);
 }
 
 TEST_F(FuselageViews, FrontShowsTheSelectedSectionOnly) {
     body.sel_sec = 2;
-    body.computeFrontPoints(2, 400, 30);
-    body.drawFront(2, 400, 30);
+    part.computeFrontPoints(2, 400, 30);
+    part.drawFront(2, 400, 30);
     const auto path = test::penPath(drawnLines(area), 0, 8);
     EXPECT_EQ(path[0], (Point2D{500, -60 * 2 + 30}));
     EXPECT_DOUBLE_EQ(path[4].x, 300);
@@ -154,7 +163,7 @@ TEST_F(FuselageViews, FrontShowsTheSelectedSectionOnly) {
     for (int outOfRange : {0, 4, -1}) {
         bench.forget();
         body.sel_sec = static_cast<std::int16_t>(outOfRange);
-        body.drawFront(2, 400, 30);
+        part.drawFront(2, 400, 30);
         EXPECT_TRUE(area.calls.empty());
     }
 }
@@ -163,8 +172,8 @@ TEST_F(FuselageViews, AnOddNumberOfOutlinePointsLeavesOutWhatNoLoopWrites) {
     body.sel_sec = 2;
     body.nb_cross = 7;
     body.initArrays();
-    body.computeFrontPoints(1, 0, 0);
-    body.drawFront(1, 0, 0);
+    part.computeFrontPoints(1, 0, 0);
+    part.drawFront(1, 0, 0);
     ASSERT_EQ(area.calls.size(), 5U);
     for (const auto& call : area.calls)
         EXPECT_FALSE(call.x2 == 0 && call.y2 == 0) << "no line goes to the origin";
@@ -173,24 +182,24 @@ TEST_F(FuselageViews, AnOddNumberOfOutlinePointsLeavesOutWhatNoLoopWrites) {
 TEST_F(FuselageViews, WithoutOutlinePointsNothingIsDrawnAndNothingHit) {
     body.nb_cross = 0;
     body.sel_sec = 2;
-    body.paint = 0;
-    body.initval = 77;
-    body.drawSide(2, 400, 30, 1, 0);
-    body.drawHTop(2, 400, 30, 1, 0);
-    body.drawVTop(0);
-    body.drawFront(2, 400, 30);
-    body.initMouseValSide();
-    body.initMouseValHTop();
-    body.initMouseValVTop();
-    body.selectsSide(800, 0);
-    body.selectsHTop(800, 0);
-    body.selectsVTop(400, 30);
+    part.paint = 0;
+    part.initval = 77;
+    part.drawSide(2, 400, 30, 1, FuselageLook::bar);
+    part.drawHTop(2, 400, 30, 1, FuselageLook::bar);
+    part.drawVTop(FuselageLook::bar);
+    part.drawFront(2, 400, 30);
+    part.initMouseValSide();
+    part.initMouseValHTop();
+    part.initMouseValVTop();
+    part.selectsSide(800, 0);
+    part.selectsHTop(800, 0);
+    part.selectsVTop(400, 30);
     EXPECT_TRUE(area.calls.empty());
-    EXPECT_FALSE(body.selected);
-    EXPECT_EQ(body.initval, 77);
-    EXPECT_EQ(body.testPositionSide(800, 0), 4);
-    EXPECT_EQ(body.testPositionHTop(800, 100), 4);
-    EXPECT_EQ(body.testPositionVTop(400, 30), 4);
+    EXPECT_FALSE(part.selected);
+    EXPECT_EQ(part.initval, 77);
+    EXPECT_EQ(part.testPositionSide(800, 0), 4);
+    EXPECT_EQ(part.testPositionHTop(800, 100), 4);
+    EXPECT_EQ(part.testPositionVTop(400, 30), 4);
     EXPECT_EQ(body.sel_sec, 2);
 }
 
@@ -200,12 +209,12 @@ TEST_F(FuselageViews, AnyNumberInTheModelIsDrawnOrSkipped) {
                            &MeshSections::elevation})
             for (int k = 1; k <= 3; ++k) (body.*array)(k) = value;
         body.shift = body.pos_offset = body.elevation_offset = value;
-        body.drawSide(2, 400, 30, -1, 0);
-        body.drawHTop(2, 400, 30, -1, 0);
-        body.computeFrontPoints(2, 400, 30);
-        body.drawFront(2, 400, 30);
-        body.selectsVTop(100, 100);
-        EXPECT_EQ(body.paint, 4);
+        part.drawSide(2, 400, 30, -1, FuselageLook::bar);
+        part.drawHTop(2, 400, 30, -1, FuselageLook::bar);
+        part.computeFrontPoints(2, 400, 30);
+        part.drawFront(2, 400, 30);
+        part.selectsVTop(100, 100);
+        EXPECT_EQ(part.paint, 4);
     }
 }
 
@@ -222,9 +231,9 @@ protected:
         currentFuselage = 2;
         test::preparePress();
         for (int i = 1; i <= 3; ++i) {
-            Fuselages(i).drawSide(2, 400, 30, -1, 0);
-            Fuselages(i).drawHTop(2, 400, 30, -1, 0);
-            Fuselages(i).computeVTopPoints(2, 400, 30);
+            test::BodyPart(i).drawSide(2, 400, 30, -1, FuselageLook::bar);
+            test::BodyPart(i).drawHTop(2, 400, 30, -1, FuselageLook::bar);
+            test::BodyPart(i).computeVTopPoints(2, 400, 30);
         }
         bench.forget();
     }
@@ -238,7 +247,7 @@ protected:
 };
 
 TEST_F(FuselageList, TheCurrentOneIsDrawnLastOnTopOfTheOthers) {
-    Fuselage::drawFuselagesSide(2, 400, 30, 1, 0);
+    Main.views.drawFuselagesSide(test::canvasAt(2, 400, 30), 1, FuselageLook::bar);
     EXPECT_EQ(figures(7), (std::vector<Rgb>{dimColor, dimColor, white, black}));
     const auto lines = drawnLines(area);
     EXPECT_EQ(lines[0].x1, 400);
@@ -246,62 +255,62 @@ TEST_F(FuselageList, TheCurrentOneIsDrawnLastOnTopOfTheOthers) {
     EXPECT_EQ(lines[14].x1, 4400) << "then the current, which alone has the given state";
     EXPECT_EQ(area.lines(highlightColor), 1);
     bench.forget();
-    Fuselage::drawFuselagesHTop(2, 400, 30, 1, 5);
+    Main.views.drawFuselagesHTop(test::canvasAt(2, 400, 30), 1, FuselageLook::plusEdge);
     EXPECT_EQ(figures(7),
               (std::vector<Rgb>{white, dimColor, white, dimColor, white, highlightColor}));
 }
 
 TEST_F(FuselageList, AnUnselectedCurrentFuselageIsDrawnTwiceInVTop) {
-    Fuselage::drawFuselagesVTop(4);
+    Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::plain);
     EXPECT_EQ(figures(6), (std::vector<Rgb>{dimColor, dimColor, dimColor, black}));
     EXPECT_EQ(drawnLines(area)[6].y1, 4030) << "in list order";
     bench.forget();
-    Fuselages(2).selected = true;
-    Fuselage::drawFuselagesVTop(0);
+    Main.views.fuselages(2).grip.selected = true;
+    Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::bar);
     EXPECT_EQ(figures(6), (std::vector<Rgb>{dimColor, dimColor, highlightColor}));
 }
 
 TEST_F(FuselageList, WhatIsNotTickedIsNeitherDrawnNorMoved) {
     ObjectList.setShown(2, false);
     ObjectList.setShown(3, false);
-    Fuselage::drawFuselagesSide(2, 400, 30, -1, 0);
-    Fuselage::drawFuselagesHTop(2, 400, 30, -1, 0);
-    Fuselage::drawFuselagesVTop(4);
+    Main.views.drawFuselagesSide(test::canvasAt(2, 400, 30), -1, FuselageLook::bar);
+    Main.views.drawFuselagesHTop(test::canvasAt(2, 400, 30), -1, FuselageLook::bar);
+    Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::plain);
     EXPECT_EQ(area.lines(black), 0);
     EXPECT_EQ(area.lines(dimColor), 7 + 7 + 6);
     bench.forget();
-    Fuselages(2).paint = 0;
-    Fuselage::selectsFuselagesSide(150, 150);
-    Fuselage::selectsFuselagesHTop(150, 150);
-    Fuselage::selectsFuselagesVTop(150, 150);
+    Main.views.fuselages(2).grip.paint = 0;
+    Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer(150, 150));
+    Main.views.selectsFuselagesHTop(Main.canvas(), Main.pointer(150, 150));
+    Main.views.selectsFuselagesVTop(Main.canvas(), Main.pointer(150, 150));
     EXPECT_EQ(area.lines(black) + area.lines(highlightColor), 0);
     EXPECT_EQ(Fuselages(2).shift, 0);
-    Fuselages(2).computeFrontPoints(2, 400, 30);
-    Fuselage::drawFuselageFront(2, 400, 30);
-    const auto stale = Fuselages(3).vtopPoints(1);
-    Fuselage::computeFuselagesVTop(5, 0, 0);
-    EXPECT_EQ(Fuselages(3).vtopPoints(1), stale);
-    EXPECT_EQ(Fuselages(1).vtopPoints(1), (Point2D{50, 0}));
+    test::BodyPart(2).computeFrontPoints(2, 400, 30);
+    Main.views.drawFuselageFront(test::canvasAt(2, 400, 30));
+    const auto stale = Main.views.fuselages(3).vtopPoints(1);
+    Main.views.computeFuselagesVTop({5, 0, 0});
+    EXPECT_EQ(Main.views.fuselages(3).vtopPoints(1), stale);
+    EXPECT_EQ(Main.views.fuselages(1).vtopPoints(1), (Point2D{50, 0}));
 }
 
 TEST_F(FuselageList, FrontShowsTheCurrentOneOnly) {
-    for (int i = 1; i <= 3; ++i) Fuselages(i).computeFrontPoints(2, 400, 30);
-    Fuselage::drawFuselageFront(2, 400, 30);
+    for (int i = 1; i <= 3; ++i) test::BodyPart(i).computeFrontPoints(2, 400, 30);
+    Main.views.drawFuselageFront(test::canvasAt(2, 400, 30));
     EXPECT_EQ(area.calls.size(), 8U);
 }
 
 TEST_F(FuselageList, MovesDrawTheOthersDimAndAskTheCurrentOne) {
-    Fuselage::selectsFuselagesSide(0, 0);
+    Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer(0, 0));
     EXPECT_EQ(figures(7), (std::vector<Rgb>{dimColor, dimColor, white, black}));
     bench.forget();
-    Fuselage::selectsFuselagesHTop(0, 3000);
+    Main.views.selectsFuselagesHTop(Main.canvas(), Main.pointer(0, 3000));
     EXPECT_EQ(figures(7), (std::vector<Rgb>{white, dimColor, white, black, white, dimColor}))
         << "in list order, with the current one in its place";
     bench.forget();
-    Fuselage::selectsFuselagesVTop(0, 0);
+    Main.views.selectsFuselagesVTop(Main.canvas(), Main.pointer(0, 0));
     EXPECT_EQ(figures(6), (std::vector<Rgb>{dimColor, dimColor, black}));
-    EXPECT_EQ(Fuselages(1).selected_part, 0);
-    EXPECT_EQ(Fuselages(2).selected_part, 4);
+    EXPECT_EQ(Main.views.fuselages(1).grip.selected_part, 0);
+    EXPECT_EQ(Main.views.fuselages(2).grip.selected_part, 4);
 }
 
 }  // namespace

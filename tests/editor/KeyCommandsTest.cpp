@@ -146,17 +146,17 @@ TEST_F(KeyCommands, AnArmedShiftLeavesTheCursorThatShowsTheWayOfTheDrag) {
 }
 
 TEST_F(KeyCommands, ShiftPointsSidewaysOverFinBoxAndTheFuselageInVTop) {
-    Rudder.selected = true;
+    Main.views.rudder.grip.selected = true;
     Main.DrawArea_keydown(16, 1);
     EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Rudder.selected = Main.shiftkey = false;
+    Main.views.rudder.grip.selected = Main.shiftkey = false;
     Main.setCursor(CursorShape::Default);
-    Equipments(1).selected = true;
+    Main.views.boxes(1).grip.selected = true;
     Main.DrawArea_keydown(16, 1);
     EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Equipments(1).selected = Main.shiftkey = false;
+    Main.views.boxes(1).grip.selected = Main.shiftkey = false;
     Main.setCursor(CursorShape::Default);
-    fuselage.selected = true;
+    Main.views.fuselage().grip.selected = true;
     Main.DrawArea_keydown(16, 1);
     EXPECT_EQ(Main.cursor, CursorShape::WestEast);
 }

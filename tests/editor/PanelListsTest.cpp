@@ -94,7 +94,8 @@ TEST_F(PanelLists, FuselagePlusWithCtrlAloneCopiesTheCurrentOne) {
     press(Control::IndexFusPlusButton, ShiftState::ctrl);
     EXPECT_EQ(Fuselages(2).width(2), 55);
     EXPECT_FALSE(Main.ctrlkey_tab);
-    EXPECT_GT(Fuselages(2).szoom, 0) << "a copy has no scale until the first fit, run at once";
+    EXPECT_GT(Main.views.fuselages(2).szoom, 0)
+        << "a copy has no scale until the first fit, run at once";
     press(Control::IndexFusPlusButton, ShiftState::ctrl + ShiftState::shift);
     EXPECT_EQ(Fuselages(3).width(2), 100);
 }
@@ -103,7 +104,7 @@ TEST_F(PanelLists, AnotherFuselagesSectionIsDrawnAtItsOwnScale) {
     press(Control::IndexFusPlusButton);
     Fuselages(1).width(1) = 400;
     Fuselages(2).width(1) = 80;
-    Fuselages(1).szoom = Fuselages(2).szoom = 0.5;  // as a file leaves them
+    Main.views.fuselages(1).szoom = Main.views.fuselages(2).szoom = 0.5;  // as a file leaves them
     for (int n : {1, 2}) {
         bench.forget();
         Main.scrollChanged(Control::IndexFusScroll, n);
@@ -145,11 +146,11 @@ TEST_F(PanelLists, FuselageMinusAsksAndTakesTheLastOne) {
 
 TEST_F(PanelLists, ChoosingAFuselageRefillsScalesAndRedraws) {
     press(Control::IndexFusPlusButton);
-    Fuselages(1).szoom = 0;
+    Main.views.fuselages(1).szoom = 0;
     bench.forget();
     Main.scrollChanged(Control::IndexFusScroll, 1);
     EXPECT_EQ(currentFuselage, 1);
-    EXPECT_GT(Fuselages(1).szoom, 0);
+    EXPECT_GT(Main.views.fuselages(1).szoom, 0);
     EXPECT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1);
 }
 
@@ -189,7 +190,7 @@ TEST_F(PanelLists, ChoosingASectionShowsItAtItsScaleAndLit) {
     bench.forget();
     Main.scrollChanged(Control::FuselageScroll, 2);
     EXPECT_EQ(Fuselage::current().sel_sec, 2);
-    EXPECT_DOUBLE_EQ(Fuselage::current().szoom, 150 * 0.9 / 100);
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / 100);
     EXPECT_EQ(control(Control::FuselageSectionLabel).text, "2");
     EXPECT_EQ(area.lines(highlightColor), 1) << "the section's bar";
     EXPECT_TRUE(Main.savedProject) << "what is chosen is no part of the project";

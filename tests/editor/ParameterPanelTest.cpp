@@ -360,18 +360,18 @@ TEST_F(ParameterPanel, TabClickOnAWingTabDropsTheFuselagesHover) {
                                          {PanelTab::rudder, true},
                                          {PanelTab::electronics, true}};
     for (const auto& [tab, kept] : rows) {
-        fuselage.selected = true;
+        Main.views.fuselage().grip.selected = true;
         Main.tabClicked(tab);
-        EXPECT_EQ(fuselage.selected, kept) << tab;
+        EXPECT_EQ(Main.views.fuselage().grip.selected, kept) << tab;
         EXPECT_EQ(Main.tab(), tab);
     }
     EXPECT_TRUE(area.calls.empty()) << "the difference shows at the next redraw";
 }
 
 TEST_F(ParameterPanel, TabSetByTheProgramIsNoClick) {
-    fuselage.selected = true;
+    Main.views.fuselage().grip.selected = true;
     Main.selectTab(PanelTab::stabilizer);
-    EXPECT_TRUE(fuselage.selected);
+    EXPECT_TRUE(Main.views.fuselage().grip.selected);
 }
 
 }  // namespace

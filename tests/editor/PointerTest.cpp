@@ -58,7 +58,7 @@ TEST_F(Pointer, ReleaseOfTheRightButtonDoesNothing) {
 TEST_F(Pointer, AnyButtonButTheRightOnePresses) {
     enterSide();
     drag(Main).press(250, 240, 4);
-    EXPECT_EQ(fuselage.paint, FuselagePart::bar);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
     EXPECT_EQ(Main.xloc, 250);
 }
 
@@ -96,8 +96,8 @@ TEST_F(Pointer, DragOutAndBackGivesTheStartValueBitForBit) {
     Main.zoom = 0.7;
     Main.initSideView();
     const double start = fuselage.elevation(2);
-    const auto x = static_cast<float>(fuselage.topPoints(2).x);
-    const auto y = static_cast<float>(fuselage.topPoints(2).y + 20);
+    const auto x = static_cast<float>(Main.views.fuselage().side.top(2).x);
+    const auto y = static_cast<float>(Main.views.fuselage().side.top(2).y + 20);
     auto gesture = drag(Main).press(x, y).move(x, y - 37);
     EXPECT_NE(fuselage.elevation(2), start);
     gesture.move(x + 11, y + 3).move(static_cast<float>(Main.xloc), static_cast<float>(Main.yloc));
@@ -131,7 +131,7 @@ TEST_F(Pointer, WingAndFuselageUnderOnePointerMoveTogether) {
     drag(Main).press(451, 50).move(461, 57);
     EXPECT_EQ(fuselage.shift, 10);
     EXPECT_EQ(Wings(1).pos1, -93);
-    EXPECT_EQ(Wings(1).paint, WingPart::rootEdge);
+    EXPECT_EQ(Main.views.wings(1).grip.paint, WingPart::rootEdge);
     EXPECT_EQ(Main.tab(), PanelTab::fuselage) << "the fuselage is asked after the wing";
     EXPECT_TRUE(Main.controls[Control::FuselageVTopFrame].visible);
 }
@@ -143,7 +143,7 @@ TEST_F(Pointer, RootEdgeTakesAllOuterPanelsAlong) {
     }
     enterVTop();
     drag(Main).press(450, 300);
-    for (int i = 1; i <= 3; ++i) EXPECT_EQ(Wings(i).paint, WingPart::rootEdge) << i;
+    for (int i = 1; i <= 3; ++i) EXPECT_EQ(Main.views.wings(i).grip.paint, WingPart::rootEdge) << i;
 }
 
 TEST_F(Pointer, OnlyWingOneIsAskedForTheTab) {
@@ -155,8 +155,8 @@ TEST_F(Pointer, OnlyWingOneIsAskedForTheTab) {
     Main.selectTab(PanelTab::rudder);
     enterVTop();
     drag(Main).press(650, 700);
-    ASSERT_NE(Wings(2).paint, WingPart::none);
-    ASSERT_EQ(Wings(1).paint, WingPart::none);
+    ASSERT_NE(Main.views.wings(2).grip.paint, WingPart::none);
+    ASSERT_EQ(Main.views.wings(1).grip.paint, WingPart::none);
     EXPECT_EQ(Main.tab(), PanelTab::rudder);
 }
 
@@ -180,29 +180,29 @@ TEST_F(Pointer, BoxesAnswerUnderTheElectronicsTabOnly) {
     enterSide();
     drag(Main).press(265, 250).move(275, 250).release();
     EXPECT_EQ(Equipments(1).pos, 210);
-    EXPECT_EQ(Equipments(1).paint, 1);
+    EXPECT_EQ(Main.views.boxes(1).grip.paint, 1);
 }
 
 TEST_F(Pointer, TabPlaysNoPartInVTop) {
     Main.selectTab(PanelTab::electronics);
     enterVTop();
     drag(Main).press(451, 50);
-    EXPECT_EQ(fuselage.paint, FuselagePart::bar);
-    EXPECT_EQ(Equipments(1).paint, 1);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
+    EXPECT_EQ(Main.views.boxes(1).grip.paint, 1);
 }
 
 TEST_F(Pointer, HiddenFuselageCannotBeHit) {
     ObjectList.setShown(1, false);
     enterSide();
     drag(Main).hover(250, 240).press(250, 240);
-    EXPECT_EQ(fuselage.paint, FuselagePart::none);
-    EXPECT_FALSE(fuselage.selected);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
+    EXPECT_FALSE(Main.views.fuselage().grip.selected);
     enterHTop();
     drag(Main).press(300, 349);
-    EXPECT_EQ(fuselage.paint, FuselagePart::none);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
     enterVTop();
     drag(Main).press(451, 50);
-    EXPECT_EQ(fuselage.paint, FuselagePart::none);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
 }
 
 // ---- what is kept as it is
@@ -212,7 +212,7 @@ TEST_F(Pointer, PressOnTheFinOpensItsTabAndTheScaleFollowsAtTheNextRedraw) {
     Main.selectTab(PanelTab::fuselage);
     Main.initSideView();
     const double before = Main.zoom;
-    const Point2D tip = Rudder.sidePoints[3];
+    const Point2D tip = Main.views.rudder.sidePoints[3];
     drag(Main).press(static_cast<float>(tip.x) - 20, static_cast<float>(tip.y));
     ASSERT_EQ(Main.tab(), PanelTab::rudder);
     EXPECT_EQ(Main.zoom, before);
@@ -244,13 +244,13 @@ TEST_F(Pointer, HoverChangesTheSelectedSectionInAGapWithCtrlToo) {
     EXPECT_EQ(Main.controls[Control::FuselageScroll].value, 2);
     drag(Main).key(17, 2).hover(600, 260);
     EXPECT_EQ(fuselage.sel_sec, 3);
-    EXPECT_EQ(fuselage.selected_part, FuselagePart::gap);
+    EXPECT_EQ(Main.views.fuselage().grip.selected_part, FuselagePart::gap);
 }
 
 TEST_F(Pointer, HTopBarCatchesFarAboveAndDoesNothingWithoutShift) {
     enterHTop();
     drag(Main).press(300, 20);
-    ASSERT_EQ(fuselage.paint, FuselagePart::bar);
+    ASSERT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
     ASSERT_EQ(fuselage.sel_sec, 2);
     drag(Main).move(320, 40);
     EXPECT_EQ(fuselage.pos(2), 200);
@@ -262,7 +262,7 @@ TEST_F(Pointer, HTopBarMovesAlongWithShift) {
     drag(Main).hover(300, 330);
     Main.DrawArea_keydown(16, 1);
     drag(Main).press(300, 330);
-    EXPECT_EQ(fuselage.paint, FuselagePart::bar);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
     Main.shiftkey = true;
     drag(Main).press(300, 330).move(320, 330);
     EXPECT_EQ(fuselage.pos(2), 220);
@@ -270,7 +270,7 @@ TEST_F(Pointer, HTopBarMovesAlongWithShift) {
 
 TEST_F(Pointer, BoxesAreDrawnInHTopWhateverTheTab) {
     enterHTop();
-    const Rectangle& box = Equipments(1).htopOutline;
+    const Rectangle& box = Main.views.boxes(1).htopOutline;
     drag(Main).hover(20, 20);
     EXPECT_EQ(box[1], (Point2D{300, 287.5}));
     const auto drawn = std::ranges::count_if(area.calls, [&](const test::SurfaceCall& call) {

@@ -107,7 +107,7 @@ TEST_F(PreferencesClose, TinyAndHugeScalesLeaveADrawableModel) {
 
 TEST_F(PreferencesClose, SectionEditorIsScaledInTheNewUnit) {
     close(inches, "100");
-    EXPECT_DOUBLE_EQ(Fuselage::current().szoom, 150 * 0.9 / (20 / 25.4));
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / (20 / 25.4));
 }
 
 }  // namespace

@@ -22,21 +22,21 @@ protected:
 
 TEST_F(SectionEditor, WiderSectionScalesByItsWidth) {
     fit(60, 30);
-    EXPECT_DOUBLE_EQ(fuselage.szoom, 150 * 0.9 / 60);
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / 60);
     EXPECT_DOUBLE_EQ(biasHeight(), 75);
 }
 
 TEST_F(SectionEditor, SectionAsWideAsTallScalesByItsHeight) {
     sectionArea.resize(150, 120);
     fit(40, 40);
-    EXPECT_DOUBLE_EQ(fuselage.szoom, 120 * 0.9 / 40);
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 120 * 0.9 / 40);
     EXPECT_DOUBLE_EQ(biasHeight(), 120);
 }
 
 TEST_F(SectionEditor, SectionWithoutWidthScalesByItsHeightAndIsAVerticalLine) {
     fit(0, 30);
-    EXPECT_DOUBLE_EQ(fuselage.szoom, 150 * 0.9 / 30);
-    fuselage.drawSection();
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / 30);
+    Main.drawSection();
     const auto drawn = sectionArea.sinceClear();
     ASSERT_FALSE(drawn.empty());
     for (const auto& line : drawn) {
@@ -46,24 +46,24 @@ TEST_F(SectionEditor, SectionWithoutWidthScalesByItsHeightAndIsAVerticalLine) {
 }
 
 TEST_F(SectionEditor, SectionWithoutSizeKeepsTheScale) {
-    const double before = fuselage.szoom;
+    const double before = Main.views.fuselage().szoom;
     fit(0, 0);
-    EXPECT_EQ(fuselage.szoom, before);
+    EXPECT_EQ(Main.views.fuselage().szoom, before);
 }
 
 TEST_F(SectionEditor, ScaleTakesTheSizeOfTheSurfaceInWholePixels) {
     sectionArea.resize(150.4, 150.6);
     fit(20, 40);
-    EXPECT_DOUBLE_EQ(fuselage.szoom, 151 * 0.9 / 40);
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 151 * 0.9 / 40);
 }
 
 TEST_F(SectionEditor, TypedSizeRescalesAtTheNextRelease) {
     Main.initSideView();
-    const double before = fuselage.szoom;
+    const double before = Main.views.fuselage().szoom;
     test::type(Control::WidthFuselageText, "60");
-    EXPECT_EQ(fuselage.szoom, before);
+    EXPECT_EQ(Main.views.fuselage().szoom, before);
     test::drag(Main).press(20, 20).release();
-    EXPECT_DOUBLE_EQ(fuselage.szoom, 150 * 0.9 / 60);
+    EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / 60);
 }
 
 TEST_F(SectionEditor, SliderStoresAHundredthDrawsTheSectionAndTheView) {

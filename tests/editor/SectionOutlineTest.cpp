@@ -16,12 +16,12 @@ class SectionOutline : public test::EditorTest {
 protected:
     void SetUp() override {
         body.sel_sec = 2;
-        body.zoomSectionSet(150, 150);
+        Main.zoomSectionSet(150, 150);
         bench.forget();
     }
     std::vector<Point2D> path() {
         bench.forget();
-        body.drawSection();
+        Main.drawSection();
         EXPECT_EQ(sectionArea.calls.front().kind, test::SurfaceCall::Kind::Clear);
         const auto lines = drawnLines(sectionArea);
         return test::penPath(lines, 0, lines.size());
@@ -53,24 +53,24 @@ TEST_F(SectionOutline, TheLongerSideFillsNineTenths) {
         SCOPED_TRACE(row.name);
         size(row.width, row.height);
         window.changes.clear();
-        body.zoomSectionSet(150, 120);
-        EXPECT_DOUBLE_EQ(body.szoom, row.szoom);
+        Main.zoomSectionSet(150, 120);
+        EXPECT_DOUBLE_EQ(Main.views.fuselages(1).szoom, row.szoom);
         EXPECT_EQ(Main.controls[Control::BiasSlider].height, row.slider);
         EXPECT_EQ(window.changes, (std::vector<Control>{Control::BiasSlider}));
     }
 }
 
 TEST_F(SectionOutline, APointKeepsTheFormerScale) {
-    const double before = body.szoom;
+    const double before = Main.views.fuselages(1).szoom;
     const double slider = Main.controls[Control::BiasSlider].height;
     size(0, 0);
-    body.zoomSectionSet(300, 300);
-    EXPECT_EQ(body.szoom, before);
+    Main.zoomSectionSet(300, 300);
+    EXPECT_EQ(Main.views.fuselages(1).szoom, before);
     EXPECT_EQ(Main.controls[Control::BiasSlider].height, slider);
     EXPECT_TRUE(window.changes.empty());
     size(1e-320, 1e-321);
-    body.zoomSectionSet(300, 300);
-    EXPECT_EQ(body.szoom, before) << "a scale beyond all numbers fails";
+    Main.zoomSectionSet(300, 300);
+    EXPECT_EQ(Main.views.fuselages(1).szoom, before) << "a scale beyond all numbers fails";
 }
 
 TEST_F(SectionOutline, ACircleTouchesTheTopEdge) {
@@ -147,25 +147,15 @@ TEST_F(SectionOutline, OffsetsPlayNoPart) {
 }
 
 TEST_F(SectionOutline, WithoutASelectedSectionNothingHappens) {
-    const double scale = body.szoom;
+    const double scale = Main.views.fuselages(1).szoom;
     for (int section : {0, -1}) {
         body.sel_sec = static_cast<std::int16_t>(section);
         bench.forget();
-        body.drawSection();
+        Main.drawSection();
         EXPECT_TRUE(sectionArea.calls.empty());
-        body.zoomSectionSet(300, 300);
-        EXPECT_EQ(body.szoom, scale);
+        Main.zoomSectionSet(300, 300);
+        EXPECT_EQ(Main.views.fuselages(1).szoom, scale);
     }
-}
-
-TEST_F(SectionOutline, ACopyHasNoScaleUntilItIsSet) {
-    Plane::increment(nbFuselages);
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage(true);
-    MeshSections& copy = Fuselages(2);
-    EXPECT_EQ(copy.szoom, 0);
-    copy.zoomSectionSet(150, 150);
-    EXPECT_EQ(copy.szoom, 150 * 0.9 / 20);
 }
 
 TEST_F(SectionOutline, AnyNumberIsDrawnOrSkipped) {
@@ -174,10 +164,10 @@ TEST_F(SectionOutline, AnyNumberIsDrawnOrSkipped) {
         body.bias_curve(2) = value;
         body.curvature(2) = value;
         body.curvature2(2) = -value;
-        body.zoomSectionSet(150, 150);
-        EXPECT_TRUE(std::isfinite(body.szoom));
+        Main.zoomSectionSet(150, 150);
+        EXPECT_TRUE(std::isfinite(Main.views.fuselages(1).szoom));
         EXPECT_TRUE(std::isfinite(Main.controls[Control::BiasSlider].height));
-        body.szoom = 1e308;
+        Main.views.fuselages(1).szoom = 1e308;
         EXPECT_EQ(path().size(), 9U);
     }
 }

@@ -88,7 +88,7 @@ TEST_F(SectionPresses, RemovalLetsTheNeighbourBeWhileTheHandMovesOn) {
         Main.ctrlkey = true;
         drag(Main).press(side ? 250 : 300, side ? 240 : 300);
         ASSERT_EQ(body.nb_sections, 2);
-        EXPECT_EQ(body.paint, FuselagePart::none);
+        EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
         EXPECT_EQ(Main.tab(), PanelTab::fuselage) << "it was a hit all the same";
         Main.DrawArea_MouseMove(1, 0, side ? 251 : 301, side ? 239 : 301);
         // The last section now stands in the place of the removed one.
@@ -117,7 +117,7 @@ TEST_F(SectionPresses, CtrlPressOnABarOfTwoSectionsRemovesNothingAndClearsTheSur
     enterSide();
     drag(Main).key(17, 2).press(250, 240);
     EXPECT_EQ(fuselage.nb_sections, 2);
-    EXPECT_EQ(fuselage.paint, FuselagePart::none);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
     ASSERT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1);
     // White over the old place, then two edges and two bars: wing and fin wait for the next move.
     EXPECT_EQ(area.lines(black) + area.lines(highlightColor), 4);

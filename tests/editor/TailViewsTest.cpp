@@ -5,6 +5,7 @@
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
 #include "support/HandleRows.h"
+#include "support/PartsOnSurface.h"
 
 namespace velna {
 namespace {
@@ -30,13 +31,13 @@ protected:
     void place() {
         test::preparePress();
         drawSide(-1, -1, -1, -1, 4);
-        Rudder.computeFrontPoints(Main.zoom, Main.xoff, Main.yoff);
-        Rudder.computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
-        Rudder.selected = false;
+        fin.computeFrontPoints(Main.zoom, Main.xoff, Main.yoff);
+        fin.computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
+        fin.selected = false;
         bench.forget();
     }
     static void drawSide(int s1, int s2, int s3, int s4, int which) {
-        Rudder.drawSide(Main.zoom, Main.xoff, Main.yoff, s1, s2, s3, s4, which);
+        Main.views.rudder.drawSide(Main.canvas(), Rudder, {s1, s2, s3, s4}, which == 6);
     }
     /// Colours of segments 2 to 5 with some lit.
     static std::vector<Rgb> lit(const std::vector<int>& segments) {
@@ -45,6 +46,8 @@ protected:
             colours[static_cast<std::size_t>(segment - 2)] = highlightColor;
         return colours;
     }
+    test::FinOnSurface fin;
+
     /// The x and y of the four corners of an outline.
     static std::vector<Point2D> corners(const Outline& outline) {
         return {outline.begin() + 1, outline.begin() + 5};
@@ -81,32 +84,32 @@ const std::vector<Row> frontRows{
 TEST_F(TailViews, SideDragsChangeTheFieldsOfTheirRowAndComeBack) {
     for (const Row& row : sideRows)
         test::expectDrag(
-            Rudder, row, finFields, [] { Rudder.initMouseValSide(); },
-            [](float x, float y) { Rudder.selectsSide(x, y); });
+            fin, Rudder, row, finFields, [&] { fin.initMouseValSide(); },
+            [&](float x, float y) { fin.selectsSide(x, y); });
 }
 
 TEST_F(TailViews, FrontDragsChangeTheFieldsOfTheirRowAndComeBack) {
     for (const Row& row : frontRows)
         test::expectDrag(
-            Rudder, row, finFields, [] { Rudder.initMouseValFront(); },
-            [](float x, float y) { Rudder.selectsFront(x, y); });
+            fin, Rudder, row, finFields, [&] { fin.initMouseValFront(); },
+            [&](float x, float y) { fin.selectsFront(x, y); });
 }
 
 TEST_F(TailViews, ASideDragLightsTheSegmentsOfItsRow) {
     for (const Row& row : sideRows) {
         SCOPED_TRACE(row.name);
         place();
-        Rudder.paint = row.part;
-        Rudder.initMouseValSide();
-        Rudder.selectsSide(101, 101);
+        fin.paint = row.part;
+        fin.initMouseValSide();
+        fin.selectsSide(101, 101);
         EXPECT_EQ(drawnColours(area), joined({repeated(4, white), lit(row.lit)}));
-        EXPECT_TRUE(Rudder.selected);
+        EXPECT_TRUE(fin.selected);
     }
 }
 
 TEST_F(TailViews, SideHoverLightsWhatIsUnderThePointer) {
     // Root from x 1700 to 2000 at y -30, tip from 1900 to 2060 at y -330.
-    ASSERT_EQ(corners(Rudder.sidePoints),
+    ASSERT_EQ(corners(fin.view.sidePoints),
               (std::vector<Point2D>{{1700, -30}, {2000, -30}, {2060, -330}, {1900, -330}}));
     const struct {
         float x, y;
@@ -119,22 +122,22 @@ TEST_F(TailViews, SideHoverLightsWhatIsUnderThePointer) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.part);
         place();
-        Rudder.selectsSide(row.x, row.y);
-        EXPECT_EQ(Rudder.selected_part, row.part);
-        EXPECT_TRUE(Rudder.selected);
+        fin.selectsSide(row.x, row.y);
+        EXPECT_EQ(fin.selected_part, row.part);
+        EXPECT_TRUE(fin.selected);
         EXPECT_EQ(drawnColours(area), joined({repeated(4, white), lit(row.segments)}));
-        Rudder.selectsSide(0, 0);
-        EXPECT_EQ(Rudder.selected_part, 5);
-        EXPECT_FALSE(Rudder.selected);
+        fin.selectsSide(0, 0);
+        EXPECT_EQ(fin.selected_part, 5);
+        EXPECT_FALSE(fin.selected);
     }
 }
 
 TEST_F(TailViews, SideHitZonesAreStrictlyLessThanThreePixels) {
-    EXPECT_EQ(Rudder.testPositionSide(1800, -32.9F), 4);
-    EXPECT_EQ(Rudder.testPositionSide(1800, -33), 5);
-    EXPECT_EQ(Rudder.testPositionSide(1697.1F, -30), 8);
-    EXPECT_EQ(Rudder.testPositionSide(1697, -30), 5);
-    EXPECT_EQ(Rudder.testPositionSide(1703, -30), 4);
+    EXPECT_EQ(fin.testPositionSide(1800, -32.9F), 4);
+    EXPECT_EQ(fin.testPositionSide(1800, -33), 5);
+    EXPECT_EQ(fin.testPositionSide(1697.1F, -30), 8);
+    EXPECT_EQ(fin.testPositionSide(1697, -30), 5);
+    EXPECT_EQ(fin.testPositionSide(1703, -30), 4);
 }
 
 TEST_F(TailViews, AllFourHighlightArgumentsOfTheSideCount) {
@@ -153,32 +156,34 @@ TEST_F(TailViews, OverAPictureJustPaintedTheSideErasesNothing) {
 }
 
 TEST_F(TailViews, RootLeadingCornerKeepsTheTrailingCornerAndTheTip) {
-    Rudder.paint = FinPart::rootLeading;
-    Rudder.initMouseValSide();
-    const auto before = corners(Rudder.sidePoints);
-    Rudder.selectsSide(110, 100);
-    const auto after = corners(Rudder.sidePoints);
+    fin.paint = FinPart::rootLeading;
+    fin.initMouseValSide();
+    const auto before = corners(fin.view.sidePoints);
+    fin.selectsSide(110, 100);
+    const auto after = corners(fin.view.sidePoints);
     EXPECT_EQ(after[0].x, before[0].x + 10);
     for (std::size_t i = 1; i < 4; ++i) EXPECT_EQ(after[i], before[i]);
 }
 
 TEST_F(TailViews, FrontStatesHaveTheirColours) {
-    Rudder.drawFront(5);
-    Rudder.drawFront(6);
-    Rudder.drawFront(9);
+    fin.drawFront();
+    fin.drawFront(TailView::FrontLook::background);
+    fin.drawFront(TailView::FrontLook::erased);
     EXPECT_EQ(drawnColours(area),
               joined({repeated(4, black), repeated(4, dimColor), repeated(4, white)}));
     bench.forget();
     Main.firstPictureRefresh = true;
-    for (int which : {5, 6, 9}) Rudder.drawFront(which);
+    for (const auto look : {TailView::FrontLook::edited, TailView::FrontLook::background,
+                            TailView::FrontLook::erased})
+        fin.drawFront(look);
     EXPECT_TRUE(area.calls.empty());
 }
 
 TEST_F(TailViews, FrontOutlineIsTheSectionAheadWithItsMirrorImageWhenOffset) {
     Rudder.offset1 = 10;
     Rudder.offset2 = -4;
-    Rudder.computeFrontPoints(2, 400, 30);
-    Rudder.drawFront(5);
+    fin.computeFrontPoints(2, 400, 30);
+    fin.drawFront();
     const auto lines = drawnLines(area);
     ASSERT_EQ(lines.size(), 8U);
     // Half the root is 7.5 units thick, half the tip 4.
@@ -191,42 +196,42 @@ TEST_F(TailViews, FrontOutlineIsTheSectionAheadWithItsMirrorImageWhenOffset) {
 TEST_F(TailViews, OnlyBothOffsetsAtZeroTakeTheMirrorImageAway) {
     Rudder.offset1 = 0;
     Rudder.offset2 = 5;
-    Rudder.drawFront(5);
+    fin.drawFront();
     EXPECT_EQ(area.calls.size(), 8U);
     bench.forget();
     Rudder.offset1 = 5;
     Rudder.offset2 = -5;
-    Rudder.drawFront(5);
+    fin.drawFront();
     EXPECT_EQ(area.calls.size(), 8U) << "a tip on the centre line alone is no single fin";
 }
 
 TEST_F(TailViews, FrontHitZonesAreItsTwoEdges) {
     // Root from x 385 to 415 at y -30, tip from 392 to 408 at y -330.
-    EXPECT_EQ(Rudder.testPositionFront(400, -30), 4);
-    EXPECT_EQ(Rudder.testPositionFront(400, -27.1F), 4);
-    EXPECT_EQ(Rudder.testPositionFront(400, -27), 5);
-    EXPECT_EQ(Rudder.testPositionFront(385, -30), 5) << "the end itself is outside";
-    EXPECT_EQ(Rudder.testPositionFront(400, -330), 0);
-    EXPECT_EQ(Rudder.testPositionFront(392, -330), 5);
-    EXPECT_EQ(Rudder.testPositionFront(400, -200), 5);
+    EXPECT_EQ(fin.testPositionFront(400, -30), 4);
+    EXPECT_EQ(fin.testPositionFront(400, -27.1F), 4);
+    EXPECT_EQ(fin.testPositionFront(400, -27), 5);
+    EXPECT_EQ(fin.testPositionFront(385, -30), 5) << "the end itself is outside";
+    EXPECT_EQ(fin.testPositionFront(400, -330), 0);
+    EXPECT_EQ(fin.testPositionFront(392, -330), 5);
+    EXPECT_EQ(fin.testPositionFront(400, -200), 5);
 }
 
 TEST_F(TailViews, FrontHoverDrawsWithoutHighlightOnEveryMove) {
-    Rudder.selectsFront(400, -30);
-    EXPECT_EQ(Rudder.selected_part, 4);
-    EXPECT_TRUE(Rudder.selected);
-    Rudder.selectsFront(0, 0);
-    EXPECT_EQ(Rudder.selected_part, 5);
-    EXPECT_FALSE(Rudder.selected);
+    fin.selectsFront(400, -30);
+    EXPECT_EQ(fin.selected_part, 4);
+    EXPECT_TRUE(fin.selected);
+    fin.selectsFront(0, 0);
+    EXPECT_EQ(fin.selected_part, 5);
+    EXPECT_FALSE(fin.selected);
     EXPECT_EQ(drawnColours(area), repeated(8, black));
 }
 
 TEST_F(TailViews, AFrontDragHoversToo) {
-    Rudder.paint = FinPart::rootEdge;
-    Rudder.initMouseValFront();
-    Rudder.selectsFront(110, 100);
-    EXPECT_EQ(Rudder.selected_part, 5) << "the pointer is not on the fin";
-    EXPECT_FALSE(Rudder.selected);
+    fin.paint = FinPart::rootEdge;
+    fin.initMouseValFront();
+    fin.selectsFront(110, 100);
+    EXPECT_EQ(fin.selected_part, 5) << "the pointer is not on the fin";
+    EXPECT_FALSE(fin.selected);
     EXPECT_EQ(Rudder.offset1, 5);
     EXPECT_EQ(drawnColours(area),
               joined({repeated(4, black), repeated(4, white), repeated(8, black)}))
@@ -235,9 +240,9 @@ TEST_F(TailViews, AFrontDragHoversToo) {
 
 TEST_F(TailViews, AMirrorImageVanishesAtOnceWhenADragEndsOnTheCentreLine) {
     Rudder.offset1 = 5;
-    Rudder.paint = FinPart::rootEdge;
-    Rudder.initMouseValFront();
-    Rudder.selectsFront(90, 100);
+    fin.paint = FinPart::rootEdge;
+    fin.initMouseValFront();
+    fin.selectsFront(90, 100);
     EXPECT_EQ(Rudder.offset1, 0);
     EXPECT_EQ(drawnColours(area),
               joined({repeated(8, black), repeated(8, white), repeated(4, black)}));
@@ -246,15 +251,15 @@ TEST_F(TailViews, AMirrorImageVanishesAtOnceWhenADragEndsOnTheCentreLine) {
 TEST_F(TailViews, VTopDrawsTheRootDimAndNeverErases) {
     Rudder.shift = 0;
     Rudder.offset1 = 3;
-    Rudder.computeVTopPoints(2, 400, 30);
-    Rudder.drawVTop();
+    fin.computeVTopPoints(2, 400, 30);
+    fin.drawVTop();
     EXPECT_EQ(drawnColours(area), repeated(4, dimColor)) << "one rectangle whatever the offsets";
     EXPECT_EQ(
         test::penPath(drawnLines(area), 0, 4),
         (std::vector<Point2D>{{421, 1330}, {421, 1630}, {391, 1630}, {391, 1330}, {421, 1330}}));
     bench.forget();
     Rudder.shift = 1;
-    Rudder.drawVTop();
+    fin.drawVTop();
     ASSERT_EQ(drawnColours(area), repeated(8, dimColor)) << "a raised root has its mirror image";
     EXPECT_EQ(drawnLines(area)[4].x1, 379);
 }

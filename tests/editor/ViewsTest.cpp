@@ -151,7 +151,7 @@ TEST_F(Views, AnEntryErasesNothingWhateverStoodThereBefore) {
             EXPECT_FALSE(Main.firstPictureRefresh) << "an entry does not touch it";
         }
     bench.forget();
-    Wings(1).drawVTop(Main.zoom, Main.xoff, Main.yoff, -1, -1, -1, -1, 5);
+    Main.views.wings(1).drawVTop(Main.canvas(), Wings(1));
     EXPECT_EQ(area.lines(white), 8) << "the next redraw does again";
 }
 
@@ -163,17 +163,18 @@ TEST_F(Views, TheFinIsDrawnInANewlyEnteredFrontView) {
     Main.initFrontView();
     EXPECT_EQ(area.lines(black), 16 + 4) << "nothing of an older drawing is on the surface";
     bench.forget();
-    Rudder.drawFront(5);
+    Main.views.rudder.drawFront(Main.canvas(), Rudder);
     EXPECT_EQ(area.lines(black), 0) << "but not by a move over a picture just painted";
 }
 
 TEST_F(Views, AFinDraggedOverAPictureLeavesNoLinesBehind) {
     Main.initFrontView();
     Main.pictureHere().shown = true;
-    const auto x = static_cast<float>((Rudder.frontPoints[3].x + Rudder.frontPoints[4].x) / 2);
-    const auto y = static_cast<float>(Rudder.frontPoints[4].y);
+    const auto x = static_cast<float>(
+        (Main.views.rudder.frontPoints[3].x + Main.views.rudder.frontPoints[4].x) / 2);
+    const auto y = static_cast<float>(Main.views.rudder.frontPoints[4].y);
     Main.DrawArea_MouseDown(1, 0, x, y);
-    ASSERT_EQ(Rudder.paint, FinPart::tipEdge);
+    ASSERT_EQ(Main.views.rudder.grip.paint, FinPart::tipEdge);
     bench.forget();
     Main.DrawArea_MouseMove(1, 0, x + 10, y);
     for (int step = 2; step <= 6; ++step) {
@@ -202,16 +203,17 @@ TEST_F(Views, ADragOverAPictureLeavesWhatStandsStillStanding) {
 }
 
 TEST_F(Views, AnEntryKeepsTheHoverState) {
-    Wings(1).selected = Stabilizer.selected = true;
-    Fuselages(1).selected = true;
+    Main.views.wings(1).grip.selected = Main.views.stabilizer.grip.selected = true;
+    Main.views.fuselages(1).grip.selected = true;
     enter(ViewMode::VTop);
-    EXPECT_TRUE(Wings(1).selected && Stabilizer.selected && Fuselages(1).selected);
+    EXPECT_TRUE(Main.views.wings(1).grip.selected && Main.views.stabilizer.grip.selected &&
+                Main.views.fuselages(1).grip.selected);
     EXPECT_EQ(area.lines(highlightColor), 0);
     EXPECT_EQ(area.lines(black), 16 + 6);
     EXPECT_EQ(area.lines(dimColor), 8) << "a lit current fuselage is drawn once";
-    Wings(1).selected = Stabilizer.selected = false;
+    Main.views.wings(1).grip.selected = Main.views.stabilizer.grip.selected = false;
     enter(ViewMode::Front);
-    EXPECT_FALSE(Wings(1).selected || Stabilizer.selected);
+    EXPECT_FALSE(Main.views.wings(1).grip.selected || Main.views.stabilizer.grip.selected);
 }
 
 TEST_F(Views, SideAndHTopShowTheFirstPanelOnly) {

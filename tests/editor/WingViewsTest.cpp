@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "editor/Main.h"
-#include "model/MainWing.h"
 #include "model/Plane.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
 #include "support/HandleRows.h"
+#include "support/PartsOnSurface.h"
 
 namespace velna {
 namespace {
@@ -28,9 +28,9 @@ protected:
     /// Draws the wing plainly in both views at two pixels a unit and forgets the drawing.
     void place() {
         test::preparePress();
-        wing.drawFront(Main.zoom, Main.xoff, Main.yoff, -1, -1, -1, -1);
-        wing.drawVTop(Main.zoom, Main.xoff, Main.yoff, -1, -1, -1, -1, 4);
-        wing.selected = false;
+        part.drawFront(Main.zoom, Main.xoff, Main.yoff);
+        part.drawVTop(Main.zoom, Main.xoff, Main.yoff);
+        part.selected = false;
         bench.forget();
     }
     /// Colours of the four segments of the wing half in a drawing that has erased first.
@@ -46,6 +46,7 @@ protected:
     }
 
     Wing& wing = Wings(1);
+    test::WingOnSurface part{1};
 };
 
 const std::vector<Row> frontRows{
@@ -79,34 +80,34 @@ const std::vector<Row> vtopRows{
 TEST_F(WingViews, FrontDragsChangeTheFieldsOfTheirRowAndComeBack) {
     for (const Row& row : frontRows)
         test::expectDrag(
-            wing, row, wingFields, [&] { wing.initMouseValFront(); },
-            [&](float x, float y) { wing.selectsFront(x, y); });
+            part, wing, row, wingFields, [&] { part.initMouseValFront(); },
+            [&](float x, float y) { part.selectsFront(x, y); });
 }
 
 TEST_F(WingViews, VTopDragsChangeTheFieldsOfTheirRowAndComeBack) {
     for (const Row& row : vtopRows)
         test::expectDrag(
-            wing, row, wingFields, [&] { wing.initMouseValVTop(); },
-            [&](float x, float y) { wing.selectsVTop(x, y); });
+            part, wing, row, wingFields, [&] { part.initMouseValVTop(); },
+            [&](float x, float y) { part.selectsVTop(x, y); });
 }
 
 TEST_F(WingViews, ADragLightsTheSegmentsOfItsRow) {
     for (const Row& row : vtopRows) {
         SCOPED_TRACE(row.name);
         place();
-        wing.paint = row.part;
-        wing.initMouseValVTop();
-        wing.selectsVTop(101, 101);
+        part.paint = row.part;
+        part.initMouseValVTop();
+        part.selectsVTop(101, 101);
         EXPECT_EQ(drawnColours(area),
                   joined({repeated(8, white), lit(row.lit), repeated(4, black)}));
-        EXPECT_TRUE(wing.selected);
+        EXPECT_TRUE(part.selected);
     }
     for (const Row& row : frontRows) {
         SCOPED_TRACE(row.name);
         place();
-        wing.paint = row.part;
-        wing.initMouseValFront();
-        wing.selectsFront(101, 101);
+        part.paint = row.part;
+        part.initMouseValFront();
+        part.selectsFront(101, 101);
         if (row.changes.empty())
             EXPECT_TRUE(area.calls.empty());
         else
@@ -128,47 +129,47 @@ TEST_F(WingViews, HoverLightsWhatIsUnderThePointer) {
     for (const auto& row : rows) {
         SCOPED_TRACE(row.part);
         place();
-        wing.selectsVTop(row.x, row.y);
-        EXPECT_EQ(wing.selected_part, row.part);
-        EXPECT_TRUE(wing.selected);
+        part.selectsVTop(row.x, row.y);
+        EXPECT_EQ(part.selected_part, row.part);
+        EXPECT_TRUE(part.selected);
         EXPECT_EQ(halfColours(), lit(row.segments));
-        wing.selectsVTop(1000, 100);
-        EXPECT_EQ(wing.selected_part, 5);
-        EXPECT_FALSE(wing.selected);
+        part.selectsVTop(1000, 100);
+        EXPECT_EQ(part.selected_part, 5);
+        EXPECT_FALSE(part.selected);
         EXPECT_EQ(wing.span, 700) << "a hover edits nothing";
     }
 }
 
 TEST_F(WingViews, TheRootEdgeItselfIsNotLitByItsOwnHover) {
     place();
-    wing.selectsFront(400, static_cast<float>(wing.frontPoints[1].y) - 5);
-    ASSERT_EQ(wing.selected_part, WingPart::rootEdge);
+    part.selectsFront(400, static_cast<float>(part.view.frontPoints[1].y) - 5);
+    ASSERT_EQ(part.selected_part, WingPart::rootEdge);
     EXPECT_EQ(halfColours(), lit({2, 3, 4}));
 }
 
 TEST_F(WingViews, TheFourthHighlightArgumentIsNotLookedAt) {
     place();
-    wing.drawVTop(Main.zoom, Main.xoff, Main.yoff, -1, -1, -1, 3, 4);
+    part.drawVTop(Main.zoom, Main.xoff, Main.yoff, {-1, -1, -1, 3});
     EXPECT_EQ(halfColours(), lit({}));
-    EXPECT_FALSE(wing.selected) << "only the first argument selects";
+    EXPECT_FALSE(part.selected) << "only the first argument selects";
     place();
-    wing.drawVTop(Main.zoom, Main.xoff, Main.yoff, 2, 3, 4, 5, 4);
+    part.drawVTop(Main.zoom, Main.xoff, Main.yoff, {2, 3, 4, 5});
     EXPECT_EQ(halfColours(), lit({2, 3, 4}));
-    EXPECT_TRUE(wing.selected);
-    wing.drawVTop(Main.zoom, Main.xoff, Main.yoff, -1, -1, -1, -1, 4);
-    EXPECT_TRUE(wing.selected) << "a plain drawing does not unselect";
+    EXPECT_TRUE(part.selected);
+    part.drawVTop(Main.zoom, Main.xoff, Main.yoff);
+    EXPECT_TRUE(part.selected) << "a plain drawing does not unselect";
 }
 
 TEST_F(WingViews, StateEightDimsThePlanBothHalves) {
     place();
-    wing.drawVTop(Main.zoom, Main.xoff, Main.yoff, 3, -1, -1, -1, 8);
+    part.drawVTop(Main.zoom, Main.xoff, Main.yoff, {3, -1, -1, -1}, true);
     EXPECT_EQ(drawnColours(area),
               joined({repeated(8, white), lit({3}, dimColor), repeated(4, dimColor)}));
 }
 
 TEST_F(WingViews, TheOutlinesStandWhereTheTransformPutsThem) {
     place();
-    wing.drawVTop(2, 400, 30, -1, -1, -1, -1, 4);
+    part.drawVTop(2, 400, 30);
     const auto plan = drawnLines(area);
     EXPECT_EQ(test::penPath(plan, 8, 4),
               (std::vector<Point2D>{{400, 390}, {1800, 410}, {1800, 710}, {400, 850}, {400, 390}}));
@@ -179,7 +180,7 @@ TEST_F(WingViews, TheOutlinesStandWhereTheTransformPutsThem) {
     wing.thickness2 = 0.1;
     wing.elevation2 = 10;
     bench.forget();
-    wing.drawFront(2, 400, 30, -1, -1, -1, -1);
+    part.drawFront(2, 400, 30);
     const auto front = test::penPath(drawnLines(area), 8, 4);
     ASSERT_EQ(front.size(), 5U);
     EXPECT_EQ(front[0], (Point2D{400, -(50 - 23.0) * 2 + 30}));
@@ -191,11 +192,11 @@ TEST_F(WingViews, TheOutlinesStandWhereTheTransformPutsThem) {
 
 TEST_F(WingViews, ErasesWithTheOldPointsAndDrawsWithTheNew) {
     place();
-    wing.drawVTop(2, 400, 30, -1, -1, -1, -1, 4);
+    part.drawVTop(2, 400, 30);
     const auto first = drawnLines(area);
     bench.forget();
     wing.pos1 += 10;
-    wing.drawVTop(2, 400, 30, -1, -1, -1, -1, 4);
+    part.drawVTop(2, 400, 30);
     const auto second = drawnLines(area);
     ASSERT_EQ(second.size(), 16U);
     for (std::size_t i = 0; i < 8; ++i) {
@@ -208,166 +209,97 @@ TEST_F(WingViews, ErasesWithTheOldPointsAndDrawsWithTheNew) {
 TEST_F(WingViews, OverAPictureJustPaintedNothingIsErased) {
     place();
     Main.firstPictureRefresh = true;
-    wing.drawVTop(2, 400, 30, -1, -1, -1, -1, 4);
-    wing.drawFront(2, 400, 30, -1, -1, -1, -1);
+    part.drawVTop(2, 400, 30);
+    part.drawFront(2, 400, 30);
     EXPECT_EQ(area.lines(white), 0);
     EXPECT_EQ(area.lines(black), 16);
 }
 
 TEST_F(WingViews, HitZonesAreStrictlyLessThanThreePixelsAndBetweenTheEnds) {
     place();
-    EXPECT_EQ(wing.testPositionVTop(402.9F, 600), 4);
-    EXPECT_EQ(wing.testPositionVTop(397.1F, 600), 4);
-    EXPECT_EQ(wing.testPositionVTop(403, 600), 5);
-    EXPECT_EQ(wing.testPositionVTop(397, 600), 5);
-    EXPECT_EQ(wing.testPositionVTop(403, 852), 5);
-    EXPECT_EQ(wing.testPositionVTop(402, 852.9F), 3) << "a corner reaches past the edge";
-    EXPECT_EQ(wing.testPositionVTop(402, 853), 5);
-    EXPECT_EQ(wing.testPositionVTop(402, 393), 4) << "the edge begins where the corner ends";
-    EXPECT_EQ(wing.testPositionVTop(402, 387), 5);
+    EXPECT_EQ(part.testPositionVTop(402.9F, 600), 4);
+    EXPECT_EQ(part.testPositionVTop(397.1F, 600), 4);
+    EXPECT_EQ(part.testPositionVTop(403, 600), 5);
+    EXPECT_EQ(part.testPositionVTop(397, 600), 5);
+    EXPECT_EQ(part.testPositionVTop(403, 852), 5);
+    EXPECT_EQ(part.testPositionVTop(402, 852.9F), 3) << "a corner reaches past the edge";
+    EXPECT_EQ(part.testPositionVTop(402, 853), 5);
+    EXPECT_EQ(part.testPositionVTop(402, 393), 4) << "the edge begins where the corner ends";
+    EXPECT_EQ(part.testPositionVTop(402, 387), 5);
 
-    const auto lower = static_cast<float>(wing.frontPoints[1].y);
-    const auto upper = static_cast<float>(wing.frontPoints[4].y);
-    EXPECT_EQ(wing.testPositionFront(400, lower), 5) << "the end's own row is outside";
-    EXPECT_EQ(wing.testPositionFront(400, upper), 5);
-    EXPECT_EQ(wing.testPositionFront(400, (lower + upper) / 2), 4);
-    EXPECT_EQ(wing.testPositionFront(403, (lower + upper) / 2), 5);
-    EXPECT_EQ(wing.testPositionFront(1800, (lower + upper) / 2), 0);
+    const auto lower = static_cast<float>(part.view.frontPoints[1].y);
+    const auto upper = static_cast<float>(part.view.frontPoints[4].y);
+    EXPECT_EQ(part.testPositionFront(400, lower), 5) << "the end's own row is outside";
+    EXPECT_EQ(part.testPositionFront(400, upper), 5);
+    EXPECT_EQ(part.testPositionFront(400, (lower + upper) / 2), 4);
+    EXPECT_EQ(part.testPositionFront(403, (lower + upper) / 2), 5);
+    EXPECT_EQ(part.testPositionFront(1800, (lower + upper) / 2), 0);
 }
 
 TEST_F(WingViews, AWingWithoutThicknessCannotBeHitFromAhead) {
     wing.thickness1 = wing.thickness2 = 0;
     place();
     for (float y = -200; y < 200; y += 0.5F) {
-        EXPECT_EQ(wing.testPositionFront(400, y), 5);
-        EXPECT_EQ(wing.testPositionFront(1800, y), 5);
+        EXPECT_EQ(part.testPositionFront(400, y), 5);
+        EXPECT_EQ(part.testPositionFront(1800, y), 5);
     }
 }
 
 TEST_F(WingViews, ANegativeSpanIsHitWhereItsTipIsDrawn) {
     wing.span = -100;
     place();
-    EXPECT_EQ(wing.testPositionVTop(202.9F, 500), 0);
-    EXPECT_EQ(wing.testPositionVTop(203, 500), 5);
+    EXPECT_EQ(part.testPositionVTop(202.9F, 500), 0);
+    EXPECT_EQ(part.testPositionVTop(203, 500), 5);
 }
 
 TEST_F(WingViews, ShiftPressedInMidDragGoesOnWithTheOtherField) {
     place();
-    wing.paint = WingPart::tipEdge;
-    wing.initMouseValVTop();
-    ASSERT_EQ(wing.initval, 10) << "pos2";
+    part.paint = WingPart::tipEdge;
+    part.initMouseValVTop();
+    ASSERT_EQ(part.initval, 10) << "pos2";
     Main.shiftkey = true;
-    wing.selectsVTop(104, 100);
+    part.selectsVTop(104, 100);
     EXPECT_EQ(wing.span, 12) << "pos2's start value on the span";
     EXPECT_EQ(wing.pos2, 10);
 }
 
 TEST_F(WingViews, AResultThatIsNoNumberLeavesTheField) {
     place();
-    wing.paint = WingPart::tipEdge;
-    wing.initMouseValVTop();
+    part.paint = WingPart::tipEdge;
+    part.initMouseValVTop();
     Main.zoom = 0;
-    wing.selectsVTop(100, 100);
+    part.selectsVTop(100, 100);
     EXPECT_EQ(wing.pos2, 10) << "0 / 0";
-    wing.selectsVTop(100, 200);
+    part.selectsVTop(100, 200);
     EXPECT_EQ(wing.pos2, 10) << "beyond all numbers";
     Main.zoom = 2;
-    wing.selectsVTop(100, std::numeric_limits<float>::quiet_NaN());
+    part.selectsVTop(100, std::numeric_limits<float>::quiet_NaN());
     EXPECT_EQ(wing.pos2, 10);
 }
 
 TEST_F(WingViews, AHalfPixelPressKeepsItsHalf) {
     test::preparePress();
-    wing.paint = WingPart::tipTrailing;
-    wing.initMouseValVTop();
-    wing.selectsVTop(100, 100.5F);
+    part.paint = WingPart::tipTrailing;
+    part.initMouseValVTop();
+    part.selectsVTop(100, 100.5F);
     EXPECT_EQ(wing.length2, 150.25);
 }
 
-// A chain of three panels, each with its root at the tip of the one before.
-class WingChain : public WingViews {
-protected:
-    void SetUp() override {
-        for (int i = 0; i < 2; ++i) {
-            Plane::increment(nbWings);
-            MainWing::addWing();
-        }
-        test::preparePress();
-        MainWing::drawVTop(Main.zoom, Main.xoff, Main.yoff, 5);
-        MainWing::drawFront(Main.zoom, Main.xoff, Main.yoff);
-        bench.forget();
-    }
-    static std::vector<int> paints() { return {Wings(1).paint, Wings(2).paint, Wings(3).paint}; }
-    static float middle(const Outline& outline, std::size_t a, std::size_t b) {
-        return static_cast<float>((outline[a].y + outline[b].y) / 2);
-    }
-};
-
-TEST_F(WingChain, ARootEdgeTakesAllPanelsBehindAlong) {
-    MainWing::testVTop(400, 600);
-    EXPECT_EQ(paints(), (std::vector<int>{4, 4, 4}));
-    for (int i = 1; i <= 3; ++i) EXPECT_EQ(Wings(i).initval, Wings(i).pos1);
-    const double before[] = {Wings(1).pos1, Wings(2).pos1, Wings(3).pos1};
-    MainWing::selectsVTop(100, 110);
-    for (int i = 1; i <= 3; ++i) EXPECT_EQ(Wings(i).pos1, before[i - 1] + 5);
-    EXPECT_EQ(area.calls.size(), 3U * 16);
-}
-
-TEST_F(WingChain, TipDragMovesAllOuterPanels) {
-    const float y = middle(Wings(2).vtopPoints, 1, 4);
-    MainWing::testVTop(1800, y);
-    EXPECT_EQ(paints(), (std::vector<int>{0, 4, 4}));
-    MainWing::selectsVTop(100, 110);
-    EXPECT_EQ(Wings(1).pos2, 15);
-    EXPECT_EQ(Wings(2).pos1, 195);
-    EXPECT_EQ(Wings(3).pos1, 195);
-}
-
-TEST_F(WingChain, FromAheadTheChainHoldsToo) {
-    const auto x = static_cast<float>(Wings(3).frontPoints[1].x);
-    MainWing::testFront(x, middle(Wings(3).frontPoints, 1, 4));
-    EXPECT_EQ(paints(), (std::vector<int>{5, 0, 4}));
-    Main.shiftkey = true;
-    MainWing::testFront(400, middle(Wings(1).frontPoints, 1, 4));
-    EXPECT_EQ(paints(), (std::vector<int>{4, 4, 4}));
-    MainWing::selectsFront(110, 100);
-    EXPECT_EQ(Wings(1).shift, 5);
-    EXPECT_EQ(Wings(2).shift, 705);
-}
-
-TEST_F(WingChain, APressAtAnEmptyPlaceLeavesAllIdle) {
-    Wings(2).paint = 4;
-    MainWing::testVTop(1000, 0);
-    EXPECT_EQ(paints(), (std::vector<int>{5, 5, 5}));
-    MainWing::selectsVTop(1001, 0);
-    EXPECT_EQ(Wings(2).pos1, 190);
-}
-
-TEST_F(WingChain, WholeDrawingsAreUnlit) {
-    Wings(2).selected = true;
-    MainWing::drawFront(Main.zoom, Main.xoff, Main.yoff);
-    MainWing::drawVTop(Main.zoom, Main.xoff, Main.yoff, 5);
-    EXPECT_EQ(area.lines(highlightColor), 0);
-    EXPECT_EQ(area.lines(black), 3 * 16);
-    EXPECT_TRUE(Wings(2).selected);
-    EXPECT_FALSE(Wings(1).selected);
-}
-
 TEST_F(WingViews, SideShowsTheClosedRootSectionDim) {
-    wing.computeSidePoints(2, 400, 30);
+    part.view.sidePoints = wing.computeSidePoints({2, 400, 30});
     bench.forget();
-    wing.drawSide(2, 400, 30);
+    part.view.drawSide(Main.canvas(), wing);
     EXPECT_EQ(drawnColours(area), repeated(16, dimColor));
     const auto path = test::penPath(drawnLines(area), 0, 16);
     for (int i = 1; i <= 16; ++i)
-        EXPECT_EQ(path[static_cast<std::size_t>(i - 1)], wing.sidePoints(i));
+        EXPECT_EQ(path[static_cast<std::size_t>(i - 1)], part.view.sidePoints(i));
     EXPECT_EQ(path.back(), path.front());
 }
 
 TEST_F(WingViews, HTopShowsBothHalvesDim) {
-    wing.computeHTopPoints(2, 400, 30);
+    part.view.htopPoints = wing.computeHTopPoints({2, 400, 30});
     bench.forget();
-    wing.drawHTop();
+    part.view.drawHTop(Main.canvas());
     EXPECT_EQ(drawnColours(area), repeated(8, dimColor));
     const auto lines = drawnLines(area);
     EXPECT_EQ(lines[0].x1, 2 * 180.0 + 400);
@@ -377,20 +309,20 @@ TEST_F(WingViews, HTopShowsBothHalvesDim) {
 
 TEST_F(WingViews, AWingThatPromisesMorePointsThanItsAirfoilHoldsDrawsThoseThereAre) {
     wing.nb = 40;
-    wing.computeSidePoints(2, 400, 30);
+    part.view.sidePoints = wing.computeSidePoints({2, 400, 30});
     bench.forget();
-    wing.drawSide(2, 400, 30);
+    part.view.drawSide(Main.canvas(), wing);
     EXPECT_EQ(area.calls.size(), 16U);
 }
 
 TEST_F(WingViews, AnyNumberInTheModelIsDrawnOrSkipped) {
     for (double value : {0.0, -1.0, 1e308, -1e308, 5e-324}) {
         for (auto field : wingFields) wing.*field = value;
-        wing.drawFront(2, 400, 30, -1, -1, -1, -1);
-        wing.drawVTop(2, 400, 30, -1, -1, -1, -1, 5);
-        wing.selectsVTop(100, 100);
-        wing.selectsFront(100, 100);
-        EXPECT_EQ(wing.paint, 5);
+        part.drawFront(2, 400, 30);
+        part.drawVTop(2, 400, 30);
+        part.selectsVTop(100, 100);
+        part.selectsFront(100, 100);
+        EXPECT_EQ(part.paint, 5);
     }
 }
 

@@ -128,12 +128,13 @@ TEST_F(PromisedEntries, APressMovesPromisedWingsLikeOthers) {
     std::string few = promising("Wing Type", wing);
     few.replace(few.find(std::to_string(most)), 5, "4");
     opened(few);
-    const Point2D corner = Wings.alike(2).vtopPoints[1];
-    MainWing::testVTop(static_cast<float>(corner.x), static_cast<float>(corner.y));
-    const int part = Wings(2).paint;
+    const Point2D corner = Main.views.wings(2).vtopPoints[1];
+    Main.views.testWingsVTop(
+        Main.pointer(static_cast<float>(corner.x), static_cast<float>(corner.y)));
+    const int part = Main.views.wings(2).grip.paint;
     EXPECT_NE(part, WingPart::none);
-    for (int i = 3; i <= 4; ++i) EXPECT_EQ(Wings(i).paint, part) << i;
-    EXPECT_TRUE(MainWing::anyHit());
+    for (int i = 3; i <= 4; ++i) EXPECT_EQ(Main.views.wings(i).grip.paint, part) << i;
+    EXPECT_TRUE(Main.views.wingHit());
 }
 
 }  // namespace

@@ -21,9 +21,7 @@ TEST_F(Boxes, DefaultBox) {
     EXPECT_EQ(box.elevation, 50);
     EXPECT_EQ(box.shift, 5);
     EXPECT_EQ(box.orientation, 0);
-    EXPECT_EQ(box.paint, 1);
     EXPECT_EQ(box.box, BoxKind::servo);
-    EXPECT_FALSE(box.selected);
 }
 
 TEST_F(Boxes, MadeInAProjectInInchesAreConverted) {
@@ -83,26 +81,26 @@ TEST_F(Boxes, KindColours) {
 
 TEST_F(Boxes, OutlinesOfADefaultBox) {
     ElectroBox box;
-    box.computeSidePoints(2, 7, 400);
-    EXPECT_EQ(box.sideOutline[1], (Point2D{407, 300}));
-    EXPECT_EQ(box.sideOutline[2], (Point2D{467, 300}));
-    EXPECT_EQ(box.sideOutline[3], (Point2D{467, 250}));
-    EXPECT_EQ(box.sideOutline[4], (Point2D{407, 250}));
-    box.computeHTopPoints(2, 7, 400);
-    EXPECT_EQ(box.htopOutline[1], (Point2D{407, 375}));
-    EXPECT_EQ(box.htopOutline[2], (Point2D{467, 375}));
-    EXPECT_EQ(box.htopOutline[3], (Point2D{467, 405}));
-    EXPECT_EQ(box.htopOutline[4], (Point2D{407, 405}));
+    const Rectangle side = box.computeSidePoints({2, 7, 400});
+    EXPECT_EQ(side[1], (Point2D{407, 300}));
+    EXPECT_EQ(side[2], (Point2D{467, 300}));
+    EXPECT_EQ(side[3], (Point2D{467, 250}));
+    EXPECT_EQ(side[4], (Point2D{407, 250}));
+    const Rectangle plan = box.computeHTopPoints({2, 7, 400});
+    EXPECT_EQ(plan[1], (Point2D{407, 375}));
+    EXPECT_EQ(plan[2], (Point2D{467, 375}));
+    EXPECT_EQ(plan[3], (Point2D{467, 405}));
+    EXPECT_EQ(plan[4], (Point2D{407, 405}));
 }
 
 TEST_F(Boxes, OutlinesOfATurnedBoxExchangeWidthAndHeight) {
     ElectroBox box;
     box.orientation = 3;
-    box.computeSidePoints(1, 0, 0);
-    EXPECT_EQ(box.sideOutline[3], (Point2D{230, -65}));
-    box.computeHTopPoints(1, 0, 0);
-    EXPECT_EQ(box.htopOutline[1], (Point2D{200, -17.5}));
-    EXPECT_EQ(box.htopOutline[3], (Point2D{230, 7.5}));
+    const Rectangle side = box.computeSidePoints({});
+    EXPECT_EQ(side[3], (Point2D{230, -65}));
+    const Rectangle plan = box.computeHTopPoints({});
+    EXPECT_EQ(plan[1], (Point2D{200, -17.5}));
+    EXPECT_EQ(plan[3], (Point2D{230, 7.5}));
 }
 
 TEST_F(Boxes, ConversionLeavesTheWeight) {
@@ -157,20 +155,6 @@ TEST_F(Boxes, CatalogueIsThatOfTheBoxsKind) {
     Equipment::applyCatalogueRow(1);
     Equipment::applyCatalogueRow(-1);
     EXPECT_EQ(box.height, 15);
-}
-
-TEST_F(Boxes, HitAndSelectionAreFoundOnAnyBox) {
-    setCount(2);
-    EXPECT_FALSE(Equipment::equipmentHit());
-    EXPECT_FALSE(Equipment::anySelected());
-    Equipments(2).paint = 0;
-    Equipments(2).selected = true;
-    EXPECT_TRUE(Equipment::equipmentHit());
-    EXPECT_TRUE(Equipment::anySelected());
-    Equipment::unpaintEquipments();
-    Equipment::clearSelection();
-    EXPECT_FALSE(Equipment::equipmentHit());
-    EXPECT_FALSE(Equipment::anySelected());
 }
 
 }  // namespace

@@ -42,39 +42,62 @@ protected:
         EXPECT_TRUE(finite(Equipments(1).centre()));
     }
 
-    static void computeAllOutlines(double zoom) {
-        Wings(1).computeSidePoints(zoom, 1, 1);
-        Wings(1).computeHTopPoints(zoom, 1, 1);
-        Wings(1).computeFrontPoints(zoom, 1, 1);
-        Wings(1).computeVTopPoints(zoom, 1, 1);
-        Rudder.computeSidePoints(zoom, 1, 1);
-        Rudder.computeFrontPoints(zoom, 1, 1);
-        Rudder.computeVTopPoints(zoom, 1, 1);
-        Fuselages(1).computeSidePoints(zoom, 1, 1);
-        Fuselages(1).computeHTopPoints(zoom, 1, 1);
-        Fuselages(1).computeVTopPoints(zoom, 1, 1);
-        Fuselages(1).computeFrontPoints(zoom, 1, 1);
-        Equipments(1).computeSidePoints(zoom, 1, 1);
-        Equipments(1).computeHTopPoints(zoom, 1, 1);
+    /// All outlines, each on what it had before, as the views keep them.
+    void computeAllOutlines(double zoom) {
+        const Transform at{zoom, 1, 1};
+        wing_.side = Wings(1).computeSidePoints(at, wing_.side);
+        wing_.htop = Wings(1).computeHTopPoints(at, wing_.htop);
+        wing_.front = Wings(1).computeFrontPoints(at, wing_.front);
+        wing_.vtop = Wings(1).computeVTopPoints(at, wing_.vtop);
+        fin_.side = Rudder.computeSidePoints(at, fin_.side);
+        fin_.front = Rudder.computeFrontPoints(at, fin_.front);
+        fin_.vtop = Rudder.computeVTopPoints(at, fin_.vtop);
+        body_.side = Fuselages(1).computeSidePoints(at, body_.side);
+        body_.htop = Fuselages(1).computeHTopPoints(at, body_.htop);
+        body_.vtop = Fuselages(1).computeVTopPoints(at, body_.vtop);
+        body_.front = Fuselages(1).computeFrontPoints(at, body_.front);
+        box_.side = Equipments(1).computeSidePoints(at, box_.side);
+        box_.htop = Equipments(1).computeHTopPoints(at, box_.htop);
     }
 
-    static void expectFiniteOutlines() {
+    void expectFiniteOutlines() const {
         for (std::size_t i = 1; i <= 5; ++i) {
-            EXPECT_TRUE(finite(Wings(1).frontPoints[i]) && finite(Wings(1).vtopPoints[i]));
-            EXPECT_TRUE(finite(Wings(1).htopPoints[i]) && finite(Wings(1).htopMirrorPoints[i]));
-            EXPECT_TRUE(finite(Rudder.sidePoints[i]) && finite(Rudder.frontPoints[i]));
-            EXPECT_TRUE(finite(Rudder.vtopPoints[i]));
+            EXPECT_TRUE(finite(wing_.front[i]) && finite(wing_.vtop[i]));
+            EXPECT_TRUE(finite(wing_.htop.points[i]) && finite(wing_.htop.mirrored[i]));
+            EXPECT_TRUE(finite(fin_.side[i]) && finite(fin_.front[i]) && finite(fin_.vtop[i]));
         }
         const MeshSections& body = Fuselages(1);
         for (int i = 1; i <= body.sectionCount(); ++i) {
-            EXPECT_TRUE(finite(body.topPoints(i)) && finite(body.bottomPoints(i)));
-            EXPECT_TRUE(finite(body.htopPlus(i)) && finite(body.vtopPoints(i)));
-            for (int j = 1; j <= body.nb_cross; ++j) EXPECT_TRUE(finite(body.frontPoint(i, j)));
+            EXPECT_TRUE(finite(body_.side.top(i)) && finite(body_.side.bottom(i)));
+            EXPECT_TRUE(finite(body_.htop.plus(i)) && finite(body_.vtop(i)));
+            for (int j = 1; j <= body.nb_cross; ++j) EXPECT_TRUE(finite(body_.front(i, j)));
         }
         for (std::size_t i = 1; i <= 4; ++i)
-            EXPECT_TRUE(finite(Equipments(1).sideOutline[i]) &&
-                        finite(Equipments(1).htopOutline[i]));
+            EXPECT_TRUE(finite(box_.side[i]) && finite(box_.htop[i]));
     }
+
+private:
+    struct {
+        Array1<Point2D> side;
+        HTopOutlines htop;
+        Outline front{};
+        Outline vtop{};
+    } wing_;
+    struct {
+        Outline side{};
+        Outline front{};
+        Outline vtop{};
+    } fin_;
+    struct {
+        SideEdges side;
+        HTopEdges htop;
+        Array1<Point2D> vtop;
+        Array2<Point2D> front;
+    } body_;
+    struct {
+        Rectangle side{};
+        Rectangle htop{};
+    } box_;
 };
 
 void setAllNumbers(double value, double other) {
@@ -136,7 +159,8 @@ TEST_F(Extremes, NumbersNeverMakeAnythingThatIsNotFinite) {
                 EXPECT_TRUE(std::isfinite(Fuselages(1).maxElevationPoint()));
                 EXPECT_TRUE(std::isfinite(Fuselages(1).minElevationPoint()));
                 EXPECT_TRUE(std::isfinite(Fuselages(1).maxWidthPoint()));
-                EXPECT_GE(Wings(1).xMaxVtopGet(), 0);
+                EXPECT_GE(SymWingSections::xMaxVtopGet(Wings(1).computeVTopPoints({value, 1, 1})),
+                          0);
             }
         }
     }
@@ -196,7 +220,7 @@ TEST_F(Extremes, NumbersOfAirfoilPointsNeverReadPastAnArray) {
         Wings(1).nb = nb;
         Wings(1).create();
         Wings(1).normalizeAirfoil();
-        Wings(1).computeSidePoints(1, 0, 0);
+        EXPECT_EQ(Wings(1).computeSidePoints({}).upper(), Wings(1).pointCount());
         Wings(1).Left->xtex = 64;
         Wings(1).Left->ytex = 64;
         Wings(1).Left->create_texcoords();

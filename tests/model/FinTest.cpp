@@ -141,24 +141,24 @@ TEST_F(Fin, OutlinesOfTheViews) {
     Rudder.offset2 = -10;
     const double root = (0.1 * 150) / 2;
     const double tip = (0.1 * 80) / 2;
-    Rudder.computeSidePoints(2, 5, 100);
-    EXPECT_EQ(Rudder.sidePoints[1], (Point2D{1305, 40}));
-    EXPECT_EQ(Rudder.sidePoints[2], (Point2D{1605, 40}));
-    EXPECT_EQ(Rudder.sidePoints[3], (Point2D{1665, -260}));
-    EXPECT_EQ(Rudder.sidePoints[4], (Point2D{1505, -260}));
-    EXPECT_EQ(Rudder.sidePoints[5], Rudder.sidePoints[1]);
-    Rudder.computeFrontPoints(2, 5, 100);
-    EXPECT_EQ(Rudder.frontPoints[1], (Point2D{(40 - root) * 2 + 5, 40}));
-    EXPECT_EQ(Rudder.frontPoints[2], (Point2D{(root + 40) * 2 + 5, 40}));
-    EXPECT_EQ(Rudder.frontPoints[3], (Point2D{(40.0 - 10 + tip) * 2 + 5, -260}));
-    EXPECT_EQ(Rudder.frontPoints[4], (Point2D{(40.0 - 10 - tip) * 2 + 5, -260}));
-    EXPECT_EQ(Rudder.frontPoints[5], Rudder.frontPoints[1]);
-    Rudder.computeVTopPoints(2, 5, 100);
-    EXPECT_EQ(Rudder.vtopPoints[1], (Point2D{(root + 40) * 2 + 5, 1400}));
-    EXPECT_EQ(Rudder.vtopPoints[2], (Point2D{(root + 40) * 2 + 5, 1700}));
-    EXPECT_EQ(Rudder.vtopPoints[3], (Point2D{(40 - root) * 2 + 5, 1700}));
-    EXPECT_EQ(Rudder.vtopPoints[4], (Point2D{(40 - root) * 2 + 5, 1400}));
-    EXPECT_EQ(Rudder.vtopPoints[5], Rudder.vtopPoints[1]);
+    const Outline side = Rudder.computeSidePoints({2, 5, 100});
+    EXPECT_EQ(side[1], (Point2D{1305, 40}));
+    EXPECT_EQ(side[2], (Point2D{1605, 40}));
+    EXPECT_EQ(side[3], (Point2D{1665, -260}));
+    EXPECT_EQ(side[4], (Point2D{1505, -260}));
+    EXPECT_EQ(side[5], side[1]);
+    const Outline front = Rudder.computeFrontPoints({2, 5, 100});
+    EXPECT_EQ(front[1], (Point2D{(40 - root) * 2 + 5, 40}));
+    EXPECT_EQ(front[2], (Point2D{(root + 40) * 2 + 5, 40}));
+    EXPECT_EQ(front[3], (Point2D{(40.0 - 10 + tip) * 2 + 5, -260}));
+    EXPECT_EQ(front[4], (Point2D{(40.0 - 10 - tip) * 2 + 5, -260}));
+    EXPECT_EQ(front[5], front[1]);
+    const Outline plan = Rudder.computeVTopPoints({2, 5, 100});
+    EXPECT_EQ(plan[1], (Point2D{(root + 40) * 2 + 5, 1400}));
+    EXPECT_EQ(plan[2], (Point2D{(root + 40) * 2 + 5, 1700}));
+    EXPECT_EQ(plan[3], (Point2D{(40 - root) * 2 + 5, 1700}));
+    EXPECT_EQ(plan[4], (Point2D{(40 - root) * 2 + 5, 1400}));
+    EXPECT_EQ(plan[5], plan[1]);
 }
 
 }  // namespace

@@ -16,9 +16,7 @@ TEST_F(Body, DefaultShape) {
     const MeshSections fresh;
     EXPECT_EQ(fresh.nb_sections, 3);
     EXPECT_EQ(fresh.nb_cross, 8);
-    EXPECT_EQ(fresh.szoom, 10);
     EXPECT_EQ(fresh.sel_sec, 1);
-    EXPECT_EQ(fresh.paint, FuselagePart::none);
     EXPECT_TRUE(fresh.uniqueCurvature);
     EXPECT_TRUE(fresh.linkedCurvatures);
     EXPECT_FALSE(fresh.transparent);
@@ -44,7 +42,6 @@ TEST_F(Body, DefaultShapeInAProjectInInches) {
     EXPECT_EQ(fresh.height(2), 100 / 25.4);
     EXPECT_EQ(fresh.pos(3), 800 / 25.4);
     EXPECT_EQ(fresh.curvature(2), 1);
-    EXPECT_EQ(fresh.szoom, 10);
 }
 
 TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
@@ -65,7 +62,6 @@ TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
     EXPECT_EQ(copy.shift, 0);
     EXPECT_EQ(copy.pos_offset, 0);
     EXPECT_EQ(copy.elevation_offset, 0);
-    EXPECT_EQ(copy.szoom, 0);
     EXPECT_EQ(copy.texture_filename, "");
     EXPECT_FALSE(copy.texture_loaded);
     EXPECT_EQ(copy.xtex, 0);
@@ -74,7 +70,6 @@ TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
     EXPECT_FALSE(copy.linkedCurvatures);
     EXPECT_EQ(copy.color(), (Point3D{1, 2, 3}));
     EXPECT_EQ(copy.sel_sec, 1);
-    EXPECT_EQ(copy.paint, FuselagePart::none);
     EXPECT_EQ(copy.sectionOrder(2), 2);
     EXPECT_EQ(copy.width(2), 10);
     EXPECT_EQ(copy.width(3), 100);
@@ -90,7 +85,6 @@ TEST_F(Body, AnOrdinaryCopyIsWholeAndLeavesItsSource) {
     body().sel_sec = 2;
     const MeshSections copy(std::as_const(body()));
     EXPECT_EQ(copy.shift, 50);
-    EXPECT_EQ(copy.szoom, body().szoom);
     EXPECT_EQ(copy.texture_filename, "body.bmp");
     EXPECT_EQ(copy.color(), (Point3D{1, 2, 3}));
     EXPECT_EQ(copy.sectionOrder, body().sectionOrder);
@@ -177,40 +171,12 @@ TEST_F(Body, UniqueCurvatureSetsTheShapeOfAllSections) {
 }
 
 TEST_F(Body, ArraysAreResizedWithTheirContents) {
-    body().computeVTopPoints(1, 0, 0);
-    body().computeFrontPoints(1, 0, 0);
-    const Point2D kept = body().vtopPoints(2);
     body().nb_sections = 5;
     body().initArrays();
     EXPECT_EQ(body().height.upper(), 5);
     EXPECT_EQ(body().sectionOrder.upper(), 5);
-    EXPECT_EQ(body().topPoints.upper(), 5);
-    EXPECT_EQ(body().vtopPoints.upper(), 10);
     EXPECT_EQ(body().pos(3), 800);
     EXPECT_EQ(body().pos(4), 0);
-    EXPECT_EQ(body().vtopPoints(2), kept);
-    EXPECT_EQ(body().frontPoint(2, 1), Point2D{});
-}
-
-TEST_F(Body, OutlinesNotComputedYetStandAtZeroWithinTheirBounds) {
-    EXPECT_EQ(body().htopMinus.upper(), 3);
-    EXPECT_EQ(body().htopMinus(3), Point2D{});
-    body().computeVTopPoints(1, 0, 0);
-    body().nb_sections = 2;
-    body().initArrays();
-    body().nb_sections = 3;
-    body().initArrays();
-    EXPECT_NE(body().vtopPoints(4), Point2D{});
-    EXPECT_EQ(body().vtopPoints(5), Point2D{});
-}
-
-TEST_F(Body, FrontOutlinesStayWhenTheShapeIsTurnedOff) {
-    body().computeFrontPoints(1, 0, 0);
-    const Point2D kept = body().frontPoint(2, 1);
-    EXPECT_EQ(kept, (Point2D{50, -60}));
-    body().nb_cross = 0;
-    body().initArrays();
-    EXPECT_EQ(body().frontPoint(2, 1), kept);
 }
 
 TEST_F(Body, OldFilesGetEqualExponentsAndACentredWidestLine) {
@@ -232,7 +198,6 @@ TEST_F(Body, ConversionTakesTheLengthsAlone) {
     EXPECT_EQ(body().elevation_offset, 2);
     EXPECT_EQ(body().height(2), 100 / 25.4);
     EXPECT_EQ(body().elevation(3), 30 / 25.4);
-    EXPECT_EQ(body().szoom, 10);
     EXPECT_EQ(body().curvature(2), 1);
     body().switchToMillimeters();
     EXPECT_EQ(body().shift, 254);

@@ -81,33 +81,9 @@ TEST_F(Panels, OfAHugeCountCostNothingUntilTheyAreAskedFor) {
     EXPECT_EQ(Wings(32767).nb, 16);
 }
 
-TEST_F(Panels, HitAndSelectionAreFoundOnAnyPanel) {
-    add();
-    add();
-    EXPECT_FALSE(MainWing::anyHit());
-    EXPECT_FALSE(MainWing::anySelected());
-    EXPECT_EQ(MainWing::selectedPart(), WingPart::none);
-    Wings(3).paint = WingPart::tipEdge;
-    Wings(2).selected = true;
-    Wings(2).selected_part = WingPart::tipLeading;
-    Wings(3).selected = true;
-    Wings(3).selected_part = WingPart::rootEdge;
-    EXPECT_TRUE(MainWing::anyHit());
-    EXPECT_TRUE(MainWing::anySelected());
-    EXPECT_EQ(MainWing::selectedPart(), WingPart::tipLeading);
-    MainWing::clearPaint();
-    MainWing::clearSelection();
-    EXPECT_FALSE(MainWing::anyHit());
-    EXPECT_FALSE(MainWing::anySelected());
-}
-
 TEST_F(Panels, BeyondTheCounterAreNotLookedAt) {
     add();
-    Wings(2).paint = WingPart::tipEdge;
-    Wings(2).selected = true;
     --nbWings;
-    EXPECT_FALSE(MainWing::anyHit());
-    EXPECT_FALSE(MainWing::anySelected());
     MainWing::rescale(2);
     EXPECT_EQ(Wings(1).span, 1400);
     EXPECT_EQ(Wings(2).span, 210);

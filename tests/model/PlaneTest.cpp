@@ -19,7 +19,6 @@ void expectPanel(const SymWingSections& panel, const std::array<double, 8>& leng
     EXPECT_EQ(panel.elevation2, lengths[6]);
     EXPECT_EQ(panel.shift, lengths[7]);
     EXPECT_EQ(panel.nb, 16);
-    EXPECT_EQ(panel.paint, WingPart::none);
     EXPECT_EQ(panel.thickness1, 0.13);
     EXPECT_EQ(panel.thickness2, 0.13);
     EXPECT_EQ(panel.texture_filename(), "");
@@ -55,7 +54,6 @@ TEST_F(Aircraft, DefaultFinHasItsLengths) {
     EXPECT_EQ(Rudder.pos2, 100);
     EXPECT_EQ(Rudder.shift, 30);
     EXPECT_EQ(Rudder.nb, 16);
-    EXPECT_EQ(Rudder.paint, FinPart::none);
     EXPECT_EQ(Rudder.color(), (Point3D{200, 200, 200}));
 }
 

@@ -145,7 +145,6 @@ TEST_F(Wing, InitKeepsTheLengthsAndTakesBackTheRest) {
     wing().set_texture_filename("folder/wing.bmp");
     wing().qualified_texture_filename = "wing.bmp";
     wing().set_texture_loaded(true);
-    wing().paint = WingPart::tipEdge;
     wing().set_color({1, 2, 3});
     const WingSection* before = wing().Left.get();
     wing().init();
@@ -157,7 +156,6 @@ TEST_F(Wing, InitKeepsTheLengthsAndTakesBackTheRest) {
     EXPECT_EQ(wing().Right->texture_filename, "");
     EXPECT_EQ(wing().qualified_texture_filename, "");
     EXPECT_FALSE(wing().Left->texture_loaded);
-    EXPECT_EQ(wing().paint, WingPart::none);
     EXPECT_EQ(wing().color(), defaultColor);
     EXPECT_EQ(wing().Left->airfoilPoint(3).z, -0.5);
 }
@@ -209,61 +207,69 @@ TEST_F(Wing, RescaleBeyondTheRangeLeavesTheLength) {
 }
 
 TEST_F(Wing, SideOutlineIsTheRootSection) {
-    wing().computeSidePoints(2, 5, 100);
-    EXPECT_EQ(wing().sidePoints(1), (Point2D{(230.0 + 180) * 2 + 5, -50.0 * 2 + 100}));
-    EXPECT_EQ(wing().sidePoints(3),
+    const auto points = wing().computeSidePoints({2, 5, 100});
+    EXPECT_EQ(points(1), (Point2D{(230.0 + 180) * 2 + 5, -50.0 * 2 + 100}));
+    EXPECT_EQ(points(3),
               (Point2D{(0.3 * 230.0 + 180) * 2 + 5, -((-0.5 * 230) * 0.13 + 50) * 2 + 100}));
     wing().nb = 99;
-    wing().computeSidePoints(1, 0, 0);
-    EXPECT_EQ(wing().sidePoints.upper(), 16);
+    EXPECT_EQ(wing().computeSidePoints({}).upper(), 16);
 }
 
 TEST_F(Wing, PlanWithTheAxisHorizontalIsMirroredAboutTheOffset) {
     wing().shift = 20;
-    wing().computeHTopPoints(2, 5, 100);
-    EXPECT_EQ(wing().htopPoints[1], (Point2D{365, 60}));
-    EXPECT_EQ(wing().htopPoints[2], (Point2D{825, 60}));
-    EXPECT_EQ(wing().htopPoints[3], (Point2D{685, -1340}));
-    EXPECT_EQ(wing().htopPoints[4], (Point2D{385, -1340}));
-    EXPECT_EQ(wing().htopPoints[5], wing().htopPoints[1]);
-    EXPECT_EQ(wing().htopMirrorPoints[1], (Point2D{365, 140}));
-    EXPECT_EQ(wing().htopMirrorPoints[3], (Point2D{685, 1540}));
+    const auto [points, mirrored] = wing().computeHTopPoints({2, 5, 100});
+    EXPECT_EQ(points[1], (Point2D{365, 60}));
+    EXPECT_EQ(points[2], (Point2D{825, 60}));
+    EXPECT_EQ(points[3], (Point2D{685, -1340}));
+    EXPECT_EQ(points[4], (Point2D{385, -1340}));
+    EXPECT_EQ(points[5], points[1]);
+    EXPECT_EQ(mirrored[1], (Point2D{365, 140}));
+    EXPECT_EQ(mirrored[3], (Point2D{685, 1540}));
 }
 
 TEST_F(Wing, FrontOutlineShowsTheThicknessAtBothEnds) {
     wing().shift = 20;
     wing().elevation2 = 8;
-    wing().computeFrontPoints(2, 5, 100);
+    const Outline points = wing().computeFrontPoints({2, 5, 100});
     const double root = (0.13 * 230) / 2;
     const double tip = (0.13 * 150) / 2;
-    EXPECT_EQ(wing().frontPoints[1], (Point2D{45, -(50 - root) * 2 + 100}));
-    EXPECT_EQ(wing().frontPoints[2], (Point2D{1445, -(50.0 + 8 - tip) * 2 + 100}));
-    EXPECT_EQ(wing().frontPoints[3], (Point2D{1445, -(50.0 + 8 + tip) * 2 + 100}));
-    EXPECT_EQ(wing().frontPoints[4], (Point2D{45, -(root + 50) * 2 + 100}));
-    EXPECT_EQ(wing().frontPoints[5], wing().frontPoints[1]);
+    EXPECT_EQ(points[1], (Point2D{45, -(50 - root) * 2 + 100}));
+    EXPECT_EQ(points[2], (Point2D{1445, -(50.0 + 8 - tip) * 2 + 100}));
+    EXPECT_EQ(points[3], (Point2D{1445, -(50.0 + 8 + tip) * 2 + 100}));
+    EXPECT_EQ(points[4], (Point2D{45, -(root + 50) * 2 + 100}));
+    EXPECT_EQ(points[5], points[1]);
 }
 
 TEST_F(Wing, PlanOutlineAndItsLargestCoordinates) {
-    EXPECT_EQ(wing().xMaxVtopGet(), 0);  // before the first drawing
-    wing().computeVTopPoints(0.5, 0.5, 10);
-    EXPECT_EQ(wing().vtopPoints[1], (Point2D{0.5, 100}));
-    EXPECT_EQ(wing().vtopPoints[2], (Point2D{350.5, 105}));
-    EXPECT_EQ(wing().vtopPoints[3], (Point2D{350.5, 180}));
-    EXPECT_EQ(wing().vtopPoints[4], (Point2D{0.5, 215}));
-    EXPECT_EQ(wing().vtopPoints[5], wing().vtopPoints[1]);
-    EXPECT_EQ(wing().xMaxVtopGet(), 350);  // half to even
-    EXPECT_EQ(wing().yMaxVtopGet(), 215);
+    EXPECT_EQ(SymWingSections::xMaxVtopGet({}), 0);  // before the first drawing
+    const Outline points = wing().computeVTopPoints({0.5, 0.5, 10});
+    EXPECT_EQ(points[1], (Point2D{0.5, 100}));
+    EXPECT_EQ(points[2], (Point2D{350.5, 105}));
+    EXPECT_EQ(points[3], (Point2D{350.5, 180}));
+    EXPECT_EQ(points[4], (Point2D{0.5, 215}));
+    EXPECT_EQ(points[5], points[1]);
+    EXPECT_EQ(SymWingSections::xMaxVtopGet(points), 350);  // half to even
+    EXPECT_EQ(SymWingSections::yMaxVtopGet(points), 215);
 }
 
 TEST_F(Wing, PlanOutlineLeftOfZeroHasTheLargestXZero) {
-    wing().computeVTopPoints(1, -5000, -5000);
-    EXPECT_EQ(wing().xMaxVtopGet(), 0);
-    EXPECT_EQ(wing().yMaxVtopGet(), 0);
+    const Outline points = wing().computeVTopPoints({1, -5000, -5000});
+    EXPECT_EQ(SymWingSections::xMaxVtopGet(points), 0);
+    EXPECT_EQ(SymWingSections::yMaxVtopGet(points), 0);
 }
 
 TEST_F(Wing, LargestCoordinateBeyondSixteenBitsIsClipped) {
-    wing().computeVTopPoints(1e300, 0, 0);
-    EXPECT_EQ(wing().xMaxVtopGet(), 32767);
+    const Outline points = wing().computeVTopPoints({1e300, 0, 0});
+    EXPECT_EQ(SymWingSections::xMaxVtopGet(points), 32767);
+}
+
+TEST_F(Wing, AnOutlineKeepsWhatItHasWhereANumberFails) {
+    const Outline before = wing().computeVTopPoints({2, 5, 100});
+    wing().pos2 = 1e308;
+    wing().length2 = 1e308;
+    const Outline after = wing().computeVTopPoints({2, 5, 100}, before);
+    EXPECT_EQ(after[1], before[1]);
+    EXPECT_EQ(after[3], before[3]) << "the sum is beyond all numbers";
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
+#include "output/AircraftPlans.h"
 #include "output/OutputTest.h"
 #include "output/Plans.h"
 #include "support/RecordingPrinter.h"
@@ -136,17 +137,17 @@ TEST_F(PlansTest, FuselageWithoutAShapeHasSheetsWithTheCrossHairAlone) {
     EXPECT_EQ(printer.lines(), 6);
 }
 
-TEST_F(PlansTest, SectionMembersPrintOneSectionAlone) {
-    Fuselages(1).printFront(printer, 2, 1, 95, 138.5);
+TEST_F(PlansTest, SectionsArePrintedOneByOne) {
+    SectionPlans(Fuselages(1), {1, 95, 138.5}).print(printer, 2);
     EXPECT_EQ(printer.lines(), 8);
     Fuselages(1).nb_cross = 0;
-    Fuselages(1).printFront(printer, 2, 1, 95, 138.5);
+    SectionPlans(Fuselages(1), {1, 95, 138.5}).print(printer, 2);
     EXPECT_EQ(printer.lines(), 8);
 }
 
 TEST_F(PlansTest, TopLineTakesTheOffsetAsASectionNumber) {
     Fuselages(1).elevation_offset = 1.4;
-    Fuselages(1).printSide(printer, 1, 0, 0);
+    printSide(printer, Fuselages(1), {});
     // Section 1 takes the elevation of section 2, section 2 that of section 3.
     EXPECT_EQ(printer.calls[0].at[1], -(10 + 20));
     EXPECT_EQ(printer.calls[0].at[3], -(30 + 100));
@@ -156,7 +157,7 @@ TEST_F(PlansTest, TopLineTakesTheOffsetAsASectionNumber) {
 
 TEST_F(PlansTest, TopLineOffsetIsRoundedHalfToEven) {
     Fuselages(1).elevation_offset = 0.5;
-    Fuselages(1).printSide(printer, 1, 0, 0);
+    printSide(printer, Fuselages(1), {});
     // 1.5 is 2, 2.5 is 2, 3.5 is none.
     EXPECT_EQ(printer.calls[0].at[1], -(10 + 20));
     EXPECT_EQ(printer.calls[0].at[3], -(10 + 100));
@@ -165,13 +166,13 @@ TEST_F(PlansTest, TopLineOffsetIsRoundedHalfToEven) {
 
 TEST_F(PlansTest, TopLineOffsetThatLeadsToSectionZeroTakesTheEntryThatHoldsNothing) {
     Fuselages(1).elevation_offset = -1;
-    Fuselages(1).printSide(printer, 1, 0, 0);
+    printSide(printer, Fuselages(1), {});
     // The arrays begin at 0, and nothing has been raised there.
     EXPECT_EQ(printer.calls[0].at[1], -20);
     EXPECT_EQ(printer.calls[0].at[3], -(10 + 100)) << "section 2 takes the elevation of section 1";
     Fuselages(1).elevation_offset = -2;
     printer.calls.clear();
-    Fuselages(1).printSide(printer, 1, 0, 0);
+    printSide(printer, Fuselages(1), {});
     EXPECT_EQ(printer.calls[0].at[1], -(10 + 20 - 2)) << "there is no entry before it";
     EXPECT_EQ(printer.calls[0].at[3], -100);
 }
@@ -180,24 +181,24 @@ TEST_F(PlansTest, HugeOffsetsStayInsideTheArrays) {
     for (double offset : {-1E+300, -50.0, 1E+300}) {
         Fuselages(1).elevation_offset = offset;
         printer.calls.clear();
-        Fuselages(1).printSide(printer, 1, 0, 0);
+        printSide(printer, Fuselages(1), {});
         EXPECT_EQ(printer.calls[0].at[1], -(10 + 20 + offset));
     }
 }
 
 TEST_F(PlansTest, FinFromAboveIsMirroredByTheHeightOfItsRoot) {
-    Rudder.printVTop(printer, 1, 100, 0);
+    printVTop(printer, Rudder, {1, 100, 0});
     EXPECT_EQ(printer.lines(), 8);
     EXPECT_EQ(printer.calls[0].at[0] + printer.calls[4].at[0], 200);
     Rudder.shift = 0;
-    Rudder.printVTop(printer, 1, 100, 0);
+    printVTop(printer, Rudder, {1, 100, 0});
     EXPECT_EQ(printer.lines(), 12);
 }
 
 TEST_F(PlansTest, WingsFromTheFrontEachHaveACentreLine) {
     nbWings = 2;
     MainWing::addWing();
-    MainWing::printFront(printer, 1, 95, 60);
+    for (int i = 1; i <= nbWings; ++i) printFront(printer, Wings(i), {1, 95, 60});
     ASSERT_EQ(printer.lines(), 2 * 9);
     for (std::size_t at : {8U, 17U}) {
         EXPECT_EQ(printer.calls[at].at, (std::array<double, 4>{95, 0, 95, 120}));

@@ -71,8 +71,7 @@ std::vector<double> allLengths() {
         values.push_back(v);
     for (int i = 1; i <= nbFuselages; ++i) {
         const MeshSections& f = Fuselages(i);
-        for (const double v : {f.shift, f.pos_offset, f.elevation_offset, f.szoom})
-            values.push_back(v);
+        for (const double v : {f.shift, f.pos_offset, f.elevation_offset}) values.push_back(v);
         for (const auto* array : {&f.height, &f.width, &f.pos, &f.elevation, &f.curvature,
                                   &f.curvature2, &f.bias_curve})
             for (int k = 1; k <= f.nb_sections; ++k) values.push_back((*array)(k));

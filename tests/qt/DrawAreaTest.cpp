@@ -93,7 +93,7 @@ TEST_F(DrawAreaEvents, TheRightButtonOpensTheMenuAndItsReleaseDoesNothing) {
 
 TEST_F(DrawAreaEvents, ADoubleClickPressesAgain) {
     mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton, {250, 240});
-    EXPECT_EQ(fuselage.paint, FuselagePart::bar);
+    EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
 }
 
 TEST_F(DrawAreaEvents, TheWheelMovesNothing) {

@@ -311,13 +311,14 @@ TEST_F(FileCommands, AnExportDrawsTheViewAgainWithWhatItHasShown) {
         ObjectList.setShown(1, false);
         Toolbar::click(Key::VTop);
         // Its outline stands at another scale, of a view entered long ago.
-        Fuselages(1).computeVTopPoints(50, 0, 0);
+        Main.views.fuselages(1).vtopPoints = Fuselages(1).computeVTopPoints({50, 0, 0});
         drawArea.calls.clear();
         saveAs(target, 2);
         ASSERT_TRUE(ObjectList.shown(1)) << target;
         ASSERT_FALSE(drawArea.calls.empty()) << target;
         EXPECT_EQ(drawArea.calls[0].kind, SurfaceCall::Kind::Clear) << target;
-        EXPECT_NEAR(Fuselages(1).vtopPoints(1).x, Main.xoff + 222 * Main.zoom, 1e-9) << target;
+        EXPECT_NEAR(Main.views.fuselages(1).vtopPoints(1).x, Main.xoff + 222 * Main.zoom, 1e-9)
+            << target;
     }
 }
 
@@ -333,10 +334,10 @@ TEST_F(FileCommands, AnExportKeepsTheScaleThatKeyAHasGiven) {
 
 TEST_F(FileCommands, ADrawingLeavesTheHandlesWhereTheyAreOnScreen) {
     Toolbar::click(Key::VTop);
-    const Outline before = Wings(1).vtopPoints;
+    const Outline before = Main.views.wings(1).vtopPoints;
     answerFile(file("a.dxf"), 3);
     Toolbar::click(Key::Save);
-    EXPECT_EQ(Wings(1).vtopPoints, before);
+    EXPECT_EQ(Main.views.wings(1).vtopPoints, before);
 }
 
 TEST_F(FileCommands, ACancelledSaveDoesNothing) {

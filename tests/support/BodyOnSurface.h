@@ -4,6 +4,7 @@
 #include "model/Fuselage.h"
 #include "support/EditorBench.h"
 #include "support/HandleRows.h"
+#include "support/PartsOnSurface.h"
 
 namespace velna::test {
 
@@ -15,13 +16,14 @@ protected:
     /// Draws it plainly afresh and forgets the drawing.
     void place() {
         preparePress();
-        body.drawSide(Main.zoom, Main.xoff, Main.yoff, -1, 0);
-        body.drawHTop(Main.zoom, Main.xoff, Main.yoff, -1, 0);
-        body.computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
+        part.drawSide(Main.zoom, Main.xoff, Main.yoff, noSection, FuselageLook::bar);
+        part.drawHTop(Main.zoom, Main.xoff, Main.yoff, noSection, FuselageLook::bar);
+        part.computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
         bench.forget();
     }
 
     MeshSections& body = Fuselages(1);
+    BodyPart part{1};
 };
 
 }  // namespace velna::test

@@ -40,9 +40,6 @@ constexpr Named<W> wingFields[] = {
     named<&W::shift, W>("shift"),
     named<&W::thickness1, W>("thickness1"),
     named<&W::thickness2, W>("thickness2"),
-    named<&W::paint, W>("paint"),
-    named<&W::selected, W>("selected"),
-    named<&W::selected_part, W>("selected_part"),
 };
 
 using V = VertWingSection;
@@ -57,9 +54,6 @@ constexpr Named<V> finFields[] = {
     named<&V::shift, V>("shift"),
     named<&V::thickness1, V>("thickness1"),
     named<&V::thickness2, V>("thickness2"),
-    named<&V::paint, V>("paint"),
-    named<&V::selected, V>("selected"),
-    named<&V::selected_part, V>("selected_part"),
 };
 
 using M = MeshSections;
@@ -72,10 +66,6 @@ constexpr Named<M> fuselageFields[] = {
     named<&M::elevation_offset, M>("elevation_offset"),
     named<&M::uniqueCurvature, M>("uniqueCurvature"),
     named<&M::linkedCurvatures, M>("linkedCurvatures"),
-    named<&M::szoom, M>("szoom"),
-    named<&M::paint, M>("paint"),
-    named<&M::selected, M>("selected"),
-    named<&M::selected_part, M>("selected_part"),
     named<&M::sel_sec, M>("sel_sec"),
 };
 
@@ -100,14 +90,26 @@ constexpr Named<E> boxFields[] = {
     named<&E::weight, E>("weight"),
     named<&E::orientation, E>("orientation"),
     named<&E::box, E>("box"),
-    named<&E::paint, E>("paint"),
-    named<&E::selected, E>("selected"),
+};
+
+constexpr Named<Grip> gripFields[] = {
+    named<&Grip::paint, Grip>("paint"),
+    named<&Grip::selected, Grip>("selected"),
+    named<&Grip::selected_part, Grip>("selected_part"),
 };
 
 template <class Object, std::size_t n>
-void addObject(json& state, const std::string& path, const Object& object,
+void addFields(json& state, const std::string& path, const Object& object,
                const Named<Object> (&fields)[n]) {
     for (const auto& field : fields) state[path + "." + field.name] = field.get(object);
+}
+
+/// An object's fields, and what the pointer does with it.
+template <class Object, std::size_t n>
+void addObject(json& state, const std::string& path, const Object& object,
+               const Named<Object> (&fields)[n], const Grip& grip) {
+    addFields(state, path, object, fields);
+    addFields(state, path, grip, gripFields);
 }
 
 template <class Object, std::size_t n>
@@ -116,6 +118,13 @@ void setField(Object& object, const Named<Object> (&fields)[n], const std::strin
     for (const auto& field : fields)
         if (name == field.name) return field.set(object, value);
     throw std::runtime_error("no such field: " + name);
+}
+
+/// A box has one part: which of them the pointer rests on is no question.
+void addBox(json& state, const std::string& path, const ElectroBox& box, const Grip& grip) {
+    addFields(state, path, box, boxFields);
+    state[path + ".paint"] = grip.paint;
+    state[path + ".selected"] = grip.selected;
 }
 
 std::string indexed(const std::string& name, int i) {
@@ -138,16 +147,19 @@ void addModel(json& state) {
     state["nbEquipments"] = nbEquipments;
     state["currentEquipment"] = currentEquipment;
     state["units"] = Prefs.units;
-    for (int i = 1; i <= nbWings; ++i) addObject(state, indexed("Wings", i), Wings(i), wingFields);
-    addObject(state, "Stabilizer", Stabilizer, wingFields);
-    addObject(state, "Rudder", Rudder, finFields);
+    const AircraftViews& views = Main.views;
+    for (int i = 1; i <= nbWings; ++i)
+        addObject(state, indexed("Wings", i), Wings(i), wingFields, views.wings(i).grip);
+    addObject(state, "Stabilizer", Stabilizer, wingFields, views.stabilizer.grip);
+    addObject(state, "Rudder", Rudder, finFields, views.rudder.grip);
     for (int i = 1; i <= nbFuselages; ++i) {
         const std::string path = indexed("Fuselages", i);
-        addObject(state, path, Fuselages(i), fuselageFields);
+        addObject(state, path, Fuselages(i), fuselageFields, views.fuselages(i).grip);
+        state[path + ".szoom"] = views.fuselages(i).szoom;
         addSections(state, path, Fuselages(i));
     }
     for (int i = 1; i <= nbEquipments; ++i)
-        addObject(state, indexed("Equipments", i), Equipments(i), boxFields);
+        addBox(state, indexed("Equipments", i), Equipments(i), views.boxes(i).grip);
 }
 
 json iconName() {

@@ -37,10 +37,11 @@ inline void preparePress() {
     Main.yloc = 100;
 }
 
-/// Drags `object` out and back: the fields of the row change by what it says, every other one of
-/// `fields` keeps its bits, and back at the press all have the bits they started with.
-template <class Object, class Press, class Move>
-void expectDrag(Object& object, const HandleRow<Object>& row,
+/// Drags `object`, whose view `part` works, out and back: the fields of the row change by what it
+/// says, every other one of `fields` keeps its bits, and back at the press all have the bits they
+/// started with.
+template <class Part, class Object, class Press, class Move>
+void expectDrag(Part& part, Object& object, const HandleRow<Object>& row,
                 const std::vector<double Object::*>& fields, Press press, Move move) {
     SCOPED_TRACE(row.name);
     preparePress();
@@ -52,7 +53,7 @@ void expectDrag(Object& object, const HandleRow<Object>& row,
     std::vector<double> before;
     for (auto field : fields) before.push_back(now.*field);
 
-    object.paint = row.part;
+    part.paint = row.part;
     press();
     move(106.0F, 110.0F);
     for (std::size_t i = 0; i < fields.size(); ++i) {
