@@ -24,7 +24,6 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "editor/Main.h"
 #include "model/Fuselage.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
@@ -44,25 +43,6 @@ std::string target(const char* name) {
     return folder + "velna-bench-" + name;
 }
 
-/// The solids stand already: what is measured is the writing.
-class StillWindow : public Window {
-public:
-    void changed(Control) override {}
-    void catalogueFilled(Control) override {}
-    void fuselageListChanged() override {}
-    void setCursor(CursorShape, CursorIcon) override {}
-    void openPopup(float, float) override {}
-    void renderScene(bool) override {}
-    void setViewTransform(double, double, double, double, double) override {}
-    void promptFrustum() override {}
-    bool askYesNo(const std::string&, BoxIcon, bool) override { return false; }
-    std::string askPictureFile() override { return {}; }
-    std::optional<std::string> askText(const std::string&, const std::string&,
-                                       const std::string&) override {
-        return {};
-    }
-};
-
 void shape(MeshSections& fuselage, int n) {
     fuselage.nb_sections = sections;
     fuselage.nb_cross = outlinePoints;
@@ -80,8 +60,6 @@ void shape(MeshSections& fuselage, int n) {
 }
 
 void buildModel() {
-    static StillWindow window;
-    Main.window = &window;
     Plane::setDefaultPlane();
     nbFuselages = fuselages;
     Fuselage::resizeFuselages();

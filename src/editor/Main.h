@@ -10,6 +10,7 @@
 #include "editor/Controls.h"
 #include "editor/Surface.h"
 #include "editor/Window.h"
+#include "model/Fits.h"
 
 namespace velna {
 
@@ -70,6 +71,7 @@ public:
     bool focusZoom = false;            ///< the next fit goes to the active section
     bool centerUpdate = false;         ///< toggled by the key `Centering`; nothing else reads it
     bool firstPictureRefresh = false;  ///< the next redraw erases nothing
+    bool keepsScale = false;           ///< a redraw does not fit the view
     bool nothingToErase = false;       ///< no old lines are on the surface: all have just gone
 
     // pointer and keys
@@ -107,6 +109,7 @@ public:
     /// The current view again at the scale it has, without rendering: after a drawing or a plan the
     /// objects hold the points of the paper, not those that the pointer must find.
     void redrawAtSameScale();
+    SurfaceSize drawAreaSize() const;
     /// A number as the panel shows it: whole millimetres rounded down, or inches with two decimals.
     std::string Formatter(double x) const;
 
@@ -222,6 +225,11 @@ public:
     bool checked(Control control) const { return controls[control].checked; }
 
 private:
+    /// Enters the current view again.
+    void enterView();
+    /// The current view fitted to the surface.
+    Transform fitted(Transform before);
+
     float lastMouseX = 0;
     float lastMouseY = 0;
 };

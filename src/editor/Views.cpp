@@ -1,9 +1,8 @@
-#include <array>
 #include <utility>
 
 #include "common/NumberText.h"
-#include "editor/Fits.h"
 #include "editor/Main.h"
+#include "model/Fits.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
 
@@ -116,62 +115,67 @@ void MainForm::initHTopView() {
     setEnabled(Control::InsRem, true);
 }
 
+SurfaceSize MainForm::drawAreaSize() const {
+    return {roundToInt16(DrawArea->width()), roundToInt16(DrawArea->height())};
+}
+
+Transform MainForm::fitted(Transform before) {
+    const SurfaceSize size = drawAreaSize();
+    // The key A fits once.
+    const bool section = focusZoom && (mode == ViewMode::Side || mode == ViewMode::HTop);
+    if (section) focusZoom = false;
+    switch (mode) {
+        case ViewMode::VTop:
+            return Plane::fitVTop(size, before);
+        case ViewMode::Front:
+            return Plane::fitFront(size, before);
+        case ViewMode::Side:
+            if (section) return Plane::focusSide(size, before);
+            return Plane::fitSide(
+                size, before,
+                tab() == PanelTab::rudder ? SideExtent::aircraft : SideExtent::fuselage);
+        case ViewMode::HTop:
+            return section ? Plane::focusHTop(size, before) : Plane::fitHTop(size, before);
+        default:
+            return before;
+    }
+}
+
 void MainForm::initDrawArea() {
     DrawArea->clear();
     if (pictureShownHere()) paintPicture();
-    if (checked(Control::LockZoom)) return;
-
-    // The scale that stands when a fit fails.
-    zoom = 0.2;
-    xoff = DrawArea->width() / 2;
-    const int width = roundToInt16(DrawArea->width());
-    const int height = roundToInt16(DrawArea->height());
-    switch (mode) {
-        case ViewMode::VTop:
-            Plane::fitVTop(width, height, zoom, yoff);
-            break;
-        case ViewMode::Front:
-            Plane::fitFront(width, height, zoom, yoff);
-            break;
-        case ViewMode::Side:
-            Plane::fitSide(width, height, zoom, xoff, yoff);
-            break;
-        case ViewMode::HTop:
-            Plane::fitHTop(width, height, zoom, xoff, yoff);
-            break;
-        default:
-            break;
-    }
+    if (checked(Control::LockZoom) || keepsScale) return;
+    Transform before = Plane::unfitted(drawAreaSize(), yoff);
+    before.xoff = DrawArea->width() / 2;
+    const Transform at = fitted(before);
+    zoom = at.zoom;
+    xoff = at.xoff;
+    yoff = at.yoff;
 }
 
 void MainForm::redrawAtSameScale() {
-    using View = void (MainForm::*)();
-    constexpr std::array<View, 4> entries{&MainForm::initVTopView, &MainForm::initFrontView,
-                                          &MainForm::initSideView, &MainForm::initHTopView};
-    bool& locked = controls[Control::LockZoom].checked;
-    const bool before = locked;
-    locked = true;
-    (this->*entries[static_cast<std::size_t>(mode) - 1])();
-    locked = before;
+    keepsScale = true;
+    enterView();
+    keepsScale = false;
+}
+
+void MainForm::enterView() {
+    switch (mode) {
+        case ViewMode::VTop:
+            return initVTopView();
+        case ViewMode::Front:
+            return initFrontView();
+        case ViewMode::Side:
+            return initSideView();
+        case ViewMode::HTop:
+            return initHTopView();
+        default:
+            return;
+    }
 }
 
 void MainForm::refreshDrawingArea() {
-    switch (mode) {
-        case ViewMode::VTop:
-            initVTopView();
-            break;
-        case ViewMode::Front:
-            initFrontView();
-            break;
-        case ViewMode::Side:
-            initSideView();
-            break;
-        case ViewMode::HTop:
-            initHTopView();
-            break;
-        default:
-            break;
-    }
+    enterView();
     if (renderPressed()) window->renderScene(true);
 }
 

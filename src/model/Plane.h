@@ -75,7 +75,8 @@ std::string readProject(const std::string& file);
 void loadAirfoil(const std::string& file);
 
 // output/
-/// Each returns the reason of a failure, empty for none; the old file then stands whole.
+/// Each returns the reason of a failure, empty for none; the old file then stands whole. The model
+/// is written by the solids as they stand: a fuselage that was never shown has none.
 std::string exportVRML(const std::string& file);
 std::string exportDXFVTop(const std::string& file);
 std::string exportDXFFront(const std::string& file);

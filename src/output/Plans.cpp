@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "editor/Main.h"
+#include "model/Fits.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
 #include "model/Prefs.h"
@@ -93,7 +93,7 @@ std::string printTiles(PrinterSurface& printer, double yoff, const PlanDrawing& 
 }
 
 /// Only the first wing appears, as in the side view.
-std::string printSideJob(PrinterSurface& printer) {
+std::string printSideJob(PrinterSurface& printer, SurfaceSize) {
     const double yoff = printer.ScaleHeight() + Fuselage::current().minElevationPoint();
     return printTiles(printer, yoff, [](PrinterSurface& sheet, double x, double y) {
         const Transform at{trueScale, x, y};
@@ -104,7 +104,7 @@ std::string printSideJob(PrinterSurface& printer) {
     });
 }
 
-std::string printHTopJob(PrinterSurface& printer) {
+std::string printHTopJob(PrinterSurface& printer, SurfaceSize) {
     return printTiles(printer, printer.ScaleHeight() / 2,
                       [](PrinterSurface& sheet, double x, double y) {
                           printHTop(sheet, Fuselage::current(), {trueScale, x, y});
@@ -113,7 +113,7 @@ std::string printHTopJob(PrinterSurface& printer) {
 
 /// Each section lies at its true place to the middle of the fuselage's height, so that all sheets
 /// can be stacked on the cross hair.
-std::string printSectionsJob(PrinterSurface& printer) {
+std::string printSectionsJob(PrinterSurface& printer, SurfaceSize) {
     const MeshSections& fuselage = Fuselage::current();
     const double width = printer.ScaleWidth();
     const double height = printer.ScaleHeight();
@@ -128,27 +128,15 @@ std::string printSectionsJob(PrinterSurface& printer) {
     });
 }
 
-/// Fits the view to `DrawArea` and that to the sheet. A plan shows the whole aircraft, also while
-/// the screen's scale is locked, and the lock finds its scale again afterwards.
-Transform fitToSheet(int mode, const PrinterSurface& printer) {
-    const Transform before = Main.transform();
-    const bool locked = Main.checked(Control::LockZoom);
-    Main.controls[Control::LockZoom].checked = false;
-    Main.mode = mode;
-    Main.initDrawArea();
-    Main.controls[Control::LockZoom].checked = locked;
-    Main.r = printer.ScaleWidth() / Main.DrawArea->width();
-    const Transform fit{Main.zoom * Main.r, Main.xoff * Main.r, Main.yoff * Main.r};
-    if (locked) {
-        Main.zoom = before.zoom;
-        Main.xoff = before.xoff;
-        Main.yoff = before.yoff;
-    }
-    return fit;
+/// A view as it is fitted to a drawing surface of `area`, blown up to the sheet. A plan shows the
+/// whole aircraft, whatever scale the screen has.
+Transform onSheet(const Transform& fitted, SurfaceSize area, const PrinterSurface& printer) {
+    const double r = printer.ScaleWidth() / area.width;
+    return {fitted.zoom * r, fitted.xoff * r, fitted.yoff * r};
 }
 
-std::string printVTopJob(PrinterSurface& printer) {
-    const Transform fit = fitToSheet(ViewMode::VTop, printer);
+std::string printVTopJob(PrinterSurface& printer, SurfaceSize area) {
+    const Transform fit = onSheet(Plane::fitVTop(area, Plane::unfitted(area)), area, printer);
     // The nose lies at the paper's upper edge, whatever room the screen leaves above it.
     const Transform at{fit.zoom, fit.xoff, 0};
     for (int i = 1; i <= nbFuselages; ++i) printVTop(printer, Fuselages(i), at);
@@ -175,8 +163,8 @@ void printAllSections(PrinterSurface& printer, const Transform& fit, Work& work)
     }
 }
 
-std::string printFrontJob(PrinterSurface& printer) {
-    const Transform fit = fitToSheet(ViewMode::Front, printer);
+std::string printFrontJob(PrinterSurface& printer, SurfaceSize area) {
+    const Transform fit = onSheet(Plane::fitFront(area, Plane::unfitted(area)), area, printer);
     Work work(allSections(), sectionsBetweenQuestions);
     printAllSections(printer, fit, work);
     for (int i = 1; i <= nbWings; ++i) printFront(printer, Wings(i), fit);
@@ -191,7 +179,7 @@ struct JobRow {
     PlanJob job;
     std::string_view name;
     bool PrintSelectRecord::*tick;
-    std::string (*print)(PrinterSurface&);
+    std::string (*print)(PrinterSurface&, SurfaceSize);
 };
 
 constexpr std::array<JobRow, 5> jobTable{{
@@ -210,25 +198,6 @@ void setUnit(PrinterSurface& printer) {
     printer.setScaleMode(Prefs.units == millimetres ? scaleMillimetres : scaleInches);
 }
 
-/// A surface of the size of `DrawArea` on which nothing is drawn.
-class BlankArea : public Surface {
-public:
-    explicit BlankArea(const Surface& area) : width_(area.width()), height_(area.height()) {}
-    double width() const override { return width_; }
-    double height() const override { return height_; }
-    void clear() override {}
-    void line(double, double, double, double, Rgb) override {}
-    void setDrawMode(DrawMode) override {}
-    std::optional<Point2D> pictureSize(const std::string&) override { return std::nullopt; }
-    void paintPicture(const std::string&, Point2D, Point2D) override {}
-    void refresh() override {}
-    void setFocus() override {}
-
-private:
-    double width_;
-    double height_;
-};
-
 }  // namespace
 
 std::string_view jobName(PlanJob job) {
@@ -246,32 +215,25 @@ std::vector<std::string> tickedNames() {
     return names;
 }
 
-std::string printJob(PlanJob job, PrinterSurface& printer) {
+std::string printJob(PlanJob job, PrinterSurface& printer, SurfaceSize area) {
     if (!printable(printer)) return "The sheet has no printable area.";
     printer.StartDoc(std::string(jobName(job)));
-    return rowOf(job).print(printer);
+    return rowOf(job).print(printer, area);
 }
 
-std::string printPlans(PrinterSurface& printer) {
+std::string printPlans(PrinterSurface& printer, SurfaceSize area) {
     setUnit(printer);
     std::string reason;
     for (const PlanJob job : allJobs)
-        if (reason.empty() && ticked(job)) reason = printJob(job, printer);
-    Main.initVTopView();
-    Main.updateFuselageInterface();
+        if (reason.empty() && ticked(job)) reason = printJob(job, printer, area);
     return reason;
 }
 
-std::string previewJob(PlanJob job, PrinterSurface& printer) {
-    const MainForm before = Main;
+std::string previewJob(PlanJob job, PrinterSurface& printer, SurfaceSize area) {
     const std::int16_t fuselageBefore = currentFuselage;
-    BlankArea blank(*Main.DrawArea);
-    Main.DrawArea = &blank;
     setUnit(printer);
-    const std::string reason = printJob(job, printer);
-    Main = before;
+    std::string reason = printJob(job, printer, area);
     currentFuselage = fuselageBefore;
-    Main.redrawAtSameScale();
     return reason;
 }
 

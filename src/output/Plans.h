@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "model/Fits.h"
+
 namespace velna {
 
 class PrinterSurface;
@@ -41,17 +43,16 @@ bool ticked(PlanJob job);
 std::vector<std::string> tickedNames();
 
 /// The ticked jobs, each a job of its own on `printer`, with its unit set to the project's first.
-/// The first that fails or is cancelled ends them; what was printed before stays printed.
-/// Afterwards the VTop view stands and the fuselage tab shows the current fuselage, which may be
-/// another one. Returns the reason of a failure or `cancelledReason`, empty for none.
-std::string printPlans(PrinterSurface& printer);
+/// The first that fails or is cancelled ends them; what was printed before stays printed. The last
+/// fuselage may be current afterwards. Fitted plans look as on a drawing surface of `area`. Returns
+/// the reason of a failure or `cancelledReason`, empty for none.
+std::string printPlans(PrinterSurface& printer, SurfaceSize area = {});
 
-/// One job on `printer`, whose unit is set; the view and the current fuselage are left as the job
-/// leaves them. Returns as `printPlans`.
-std::string printJob(PlanJob job, PrinterSurface& printer);
+/// One job on `printer`, whose unit is set. Returns as `printPlans`.
+std::string printJob(PlanJob job, PrinterSurface& printer, SurfaceSize area = {});
 
-/// The same for a look before paper is used: unit set, and everything in the window stays as it is.
-std::string previewJob(PlanJob job, PrinterSurface& printer);
+/// The same for a look before paper is used: unit set, and the current fuselage stays current.
+std::string previewJob(PlanJob job, PrinterSurface& printer, SurfaceSize area = {});
 
 }  // namespace Plans
 }  // namespace velna

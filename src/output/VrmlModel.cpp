@@ -2,7 +2,6 @@
 #include <string>
 
 #include "common/ReplacedFile.h"
-#include "editor/Main.h"
 #include "model/Plane.h"
 #include "output/IO_VRMl.h"
 #include "output/Progress.h"
@@ -98,9 +97,6 @@ long long expectedLines() {
 }  // namespace
 
 std::string exportVRML(const std::string& file) {
-    // A hidden fuselage has no solid. Showing all of them rebuilds every solid with the picture, so
-    // that the file holds the aircraft as it is now, and whole.
-    Main.showAll();
     ReplacedFile output(file);
     if (!output.error().empty()) return output.error();
     Work work(expectedLines());

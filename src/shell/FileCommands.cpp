@@ -96,6 +96,9 @@ void saveProjectAs(const std::string& file) {
 /// was hidden has no outline of this view yet: the view is drawn again.
 std::string exportModel(const std::string& file) {
     const bool saved = Main.savedProject;
+    // A hidden fuselage has no solid. Showing all of them rebuilds every solid with the picture, so
+    // that the file holds the aircraft as it is now, and whole.
+    Main.showAll();
     const std::string reason = Plane::exportVRML(file);
     Main.updateFuselageInterface();
     Main.redrawAtSameScale();
@@ -116,8 +119,7 @@ std::string writeDrawing(const std::string& file) {
     }
 }
 
-/// The drawing of the view on screen. It computes the view's outlines at its own scale, and the
-/// pointer must not meet those: the view is drawn again.
+/// The drawing of the view on screen, which is drawn again.
 std::string exportView(const std::string& file) {
     const std::string reason = writeDrawing(file);
     Main.redrawAtSameScale();

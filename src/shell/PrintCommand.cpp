@@ -14,12 +14,11 @@ void run() {
     Shell.dialogs->showPrintSelect();
     if (PrintSelect.cancel) return;
     PrinterSurface* printer = Shell.dialogs->askPrinter(Plans::tickedNames());
-    if (!printer) {
-        Main.initVTopView();
-        Main.updateFuselageInterface();
-        return;
-    }
-    const std::string reason = Plans::printPlans(*printer);
+    std::string reason;
+    if (printer) reason = Plans::printPlans(*printer, Main.drawAreaSize());
+    // A plan may leave another fuselage current.
+    Main.initVTopView();
+    Main.updateFuselageInterface();
     if (!reason.empty() && reason != cancelledReason)
         reportFailure("The plans could not be printed.", reason);
 }

@@ -19,7 +19,8 @@ MAY_INCLUDE = {
     "editor": ["common", "model"],
     # Saving copies the pictures beside the project; sizes and conversions need no GL.
     "persistence": ["common", "model", "preview/PictureCopies.h"],
-    "output": ["common", "model", "preview", "editor", "persistence"],
+    # A drawing or a plan is made without a window, so it knows no editor.
+    "output": ["common", "model", "preview", "persistence"],
     "shell": ["common", "model", "preview", "editor", "persistence", "output"],
     "shell/qt": ["common", "model", "preview", "editor", "persistence", "output", "shell"],
 }

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Fits.h"
 #include "editor/Main.h"
+#include "model/Fits.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
 #include "model/ObjectList.h"
@@ -13,8 +13,7 @@
 namespace velna {
 namespace {
 
-constexpr int width = 900;
-constexpr int height = 500;
+constexpr SurfaceSize surface{900, 500};
 
 class Fits : public test::EditorTest {
 protected:
@@ -23,10 +22,18 @@ protected:
     double xoff = 11;
     double yoff = 13;
 
-    void vtop() { Plane::fitVTop(width, height, zoom, yoff); }
-    void front() { Plane::fitFront(width, height, zoom, yoff); }
-    void side() { Plane::fitSide(width, height, zoom, xoff, yoff); }
-    void htop() { Plane::fitHTop(width, height, zoom, xoff, yoff); }
+    void vtop() { take(Plane::fitVTop(surface, {zoom, xoff, yoff})); }
+    void front() { take(Plane::fitFront(surface, {zoom, xoff, yoff})); }
+    void side(SideExtent extent = SideExtent::fuselage) {
+        take(Plane::fitSide(surface, {zoom, xoff, yoff}, extent));
+    }
+    void htop() { take(Plane::fitHTop(surface, {zoom, xoff, yoff})); }
+
+    void take(const Transform& at) {
+        zoom = at.zoom;
+        xoff = at.xoff;
+        yoff = at.yoff;
+    }
 };
 
 // The default aircraft reaches from 0 to 800 along the body; its half-span is 700.
@@ -109,20 +116,22 @@ TEST_F(Fits, SideFitsTheCurrentFuselageUnlessTheRudderTabIsOpen) {
     EXPECT_EQ(xoff, (900 - zoom * 800) / 2);
     EXPECT_EQ(yoff, (500 + zoom * 120) / 2);
 
-    Main.selectTab(PanelTab::rudder);
-    side();
+    side(SideExtent::aircraft);
     EXPECT_EQ(zoom, 0.95 * (900 / 2180.0)) << "the fin's tip ends at 2000 + 100 + 80";
     EXPECT_EQ(yoff, (500 + zoom * (10 + 180)) / 2);
     Rudder.length1 = 300;
-    side();
+    side(SideExtent::aircraft);
     EXPECT_EQ(zoom, 0.95 * (900 / 2300.0)) << "or its root";
     Rudder.pos1 = 0;
     Wings(1).pos2 = 1000;
-    side();
+    side(SideExtent::aircraft);
     EXPECT_EQ(zoom, 0.95 * (900 / 1330.0)) << "here the chord of a wing's tip counts";
+    Main.selectTab(PanelTab::rudder);
+    Main.initSideView();
+    EXPECT_EQ(Main.zoom, zoom);
     Main.selectTab(PanelTab::wing);
-    side();
-    EXPECT_EQ(zoom, 0.95 * (900 / 800.0));
+    Main.initSideView();
+    EXPECT_EQ(Main.zoom, 0.95 * (900 / 800.0));
 }
 
 TEST_F(Fits, HTopFitsTheCurrentFuselageAboutItsOwnMiddle) {
@@ -153,26 +162,27 @@ TEST_F(Fits, FocusFillsNineTenthsOfTheHeightWithTheSelectedSectionOnce) {
     body.pos_offset = 7;
     body.elevation_offset = 1000;
     Main.focusZoom = true;
-    side();
-    EXPECT_EQ(zoom, 0.9 * 500 / 100);
-    EXPECT_EQ(xoff, (900 - zoom * 414) / 2);
-    EXPECT_EQ(yoff, (500 + zoom * 120) / 2) << "the section's own elevation, without the offset";
+    Main.initSideView();
+    EXPECT_EQ(Main.zoom, 0.9 * 500 / 100);
+    EXPECT_EQ(Main.xoff, (900 - Main.zoom * 414) / 2);
+    EXPECT_EQ(Main.yoff, (500 + Main.zoom * 120) / 2)
+        << "the section's own elevation, without the offset";
     EXPECT_FALSE(Main.focusZoom);
 
     Main.focusZoom = true;
     body.shift = 4;
-    htop();
-    EXPECT_EQ(zoom, 0.9 * 500 / 100);
-    EXPECT_EQ(yoff, (500 - zoom * 8) / 2);
+    Main.initHTopView();
+    EXPECT_EQ(Main.zoom, 0.9 * 500 / 100);
+    EXPECT_EQ(Main.yoff, (500 - Main.zoom * 8) / 2);
     EXPECT_FALSE(Main.focusZoom);
-    htop();
-    EXPECT_EQ(zoom, 0.95 * (900 / 800.0)) << "the next redraw fits the whole again";
+    Main.initHTopView();
+    EXPECT_EQ(Main.zoom, 0.95 * (900 / 800.0)) << "the next redraw fits the whole again";
 }
 
 TEST_F(Fits, FocusWaitsInVTopAndFront) {
     Main.focusZoom = true;
-    vtop();
-    front();
+    Main.initVTopView();
+    Main.initFrontView();
     EXPECT_TRUE(Main.focusZoom);
 }
 
@@ -193,11 +203,12 @@ TEST_F(Fits, AnEmptyExtentFailsTheZoomAndTheOffsetsFollowTheOldOne) {
 
     body.sel_sec = 2;
     body.height(2) = 0;
-    Main.focusZoom = true;
-    side();
+    take(Plane::focusSide(surface, {zoom, xoff, yoff}));
     EXPECT_EQ(zoom, 7);
-    EXPECT_FALSE(Main.focusZoom);
     EXPECT_EQ(xoff, (900 - 7 * 200.0) / 2);
+    Main.focusZoom = true;
+    Main.initSideView();
+    EXPECT_FALSE(Main.focusZoom) << "a focus that fails is over, too";
 }
 
 TEST_F(Fits, ARedrawWithAnEmptyExtentShowsAFifth) {
@@ -257,19 +268,24 @@ TEST_F(Fits, NumbersBeyondAllMeasureLeaveAFiniteTransform) {
         Wings(1).elevation1 = Wings(1).elevation2 = Wings(1).length2 = value;
         Stabilizer.span = Stabilizer.shift = value;
         body.pos(3) = body.height(2) = body.elevation(2) = body.width(2) = body.shift = value;
-        for (int tab : {PanelTab::fuselage, PanelTab::rudder}) {
-            Main.selectTab(tab);
-            for (int pass = 0; pass < 2; ++pass) {
-                Main.focusZoom = pass == 1;
-                body.sel_sec = 2;
-                vtop();
-                front();
-                side();
-                Main.focusZoom = pass == 1;
-                htop();
-                EXPECT_TRUE(std::isfinite(zoom) && std::isfinite(xoff) && std::isfinite(yoff));
-            }
+        body.sel_sec = 2;
+        const auto expectFinite = [&] {
+            EXPECT_TRUE(std::isfinite(zoom) && std::isfinite(xoff) && std::isfinite(yoff));
+        };
+        vtop();
+        expectFinite();
+        front();
+        expectFinite();
+        for (const SideExtent extent : {SideExtent::fuselage, SideExtent::aircraft}) {
+            side(extent);
+            expectFinite();
         }
+        htop();
+        expectFinite();
+        take(Plane::focusSide(surface, {zoom, xoff, yoff}));
+        expectFinite();
+        take(Plane::focusHTop(surface, {zoom, xoff, yoff}));
+        expectFinite();
     }
 }
 

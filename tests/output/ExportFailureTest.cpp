@@ -79,7 +79,7 @@ TEST_P(ExportFailure, NamesWithQuotesBlanksAndOtherLetters) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ExportFailure,
-                         ::testing::Values(NamedExport{"Vrml", Plane::exportVRML},
+                         ::testing::Values(NamedExport{"Vrml", exportWhole},
                                            NamedExport{"VTop", Plane::exportDXFVTop},
                                            NamedExport{"Front", Plane::exportDXFFront},
                                            NamedExport{"Side", Plane::exportDXFSide},

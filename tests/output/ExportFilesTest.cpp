@@ -32,7 +32,7 @@ TEST_P(ExportFiles, AreTheComputedOnes) {
     expectSame(Plane::exportDXFFront, ".Front.dxf");
     expectSame(Plane::exportDXFSide, ".Side.dxf");
     expectSame(Plane::exportDXFHTop, ".HTop.dxf");
-    expectSame(Plane::exportVRML, ".wrl");
+    expectSame(exportWhole, ".wrl");
     EXPECT_EQ(currentFuselage, nbFuselages);
     for (int i = 1; i <= nbFuselages; ++i) EXPECT_TRUE(ObjectList.shown(i)) << i;
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/ReplacedFile.h"
+#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "preview/Bitmap.h"
 #include "support/ModelJson.h"
@@ -105,6 +106,12 @@ void OutputTest::load(const std::string& name) {
     if (Rudder.texture_filename.empty()) return;
     std::tie(Rudder.xtex, Rudder.ytex) = sizeOfPicture(Rudder.qualified_texture_filename);
     Rudder.texture_loaded = true;
+}
+
+std::string exportWhole(const std::string& file) {
+    for (int i = 1; i <= nbFuselages; ++i) ObjectList.setShown(i, true);
+    Plane::createAllSolids();
+    return Plane::exportVRML(file);
 }
 
 std::string expectedExport(const std::string& name) {

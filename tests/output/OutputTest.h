@@ -67,6 +67,9 @@ protected:
     NamedPictures pictures;
 };
 
+/// The model with all fuselages shown and all solids built, as the command exports it.
+std::string exportWhole(const std::string& file);
+
 /// The expected bytes of an export in the test data.
 std::string expectedExport(const std::string& name);
 

@@ -86,11 +86,9 @@ TEST_F(PlansTest, MillimetreProjectPrintsInMillimetres) {
     EXPECT_EQ(printer.scaleMode, 6);
 }
 
-TEST_F(PlansTest, NothingTickedPrintsNothingAndShowsVTop) {
-    Main.initSideView();
+TEST_F(PlansTest, NothingTickedPrintsNothing) {
     EXPECT_EQ(Plans::printPlans(printer), "");
     EXPECT_TRUE(printer.calls.empty());
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
     EXPECT_TRUE(Plans::tickedNames().empty());
 }
 
@@ -105,16 +103,13 @@ TEST_F(PlansTest, JobsRunInTheirOrderEachByItself) {
     EXPECT_EQ(printer.calls.back().kind, Kind::EndDoc);
 }
 
-TEST_F(PlansTest, FrontEndsAtTheLastFuselageAndThePanelShowsIt) {
+TEST_F(PlansTest, FrontEndsAtTheLastFuselage) {
     addFuselage();
     addFuselage();
     currentFuselage = 1;
     PrintSelect.front = true;
-    bench.forget();
     EXPECT_EQ(Plans::printPlans(printer), "");
     EXPECT_EQ(currentFuselage, 3);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
-    EXPECT_FALSE(bench.window.changes.empty());
 }
 
 TEST_F(PlansTest, EachSectionHasItsSheetWithTheCrossHair) {
@@ -206,27 +201,21 @@ TEST_F(PlansTest, WingsFromTheFrontEachHaveACentreLine) {
     }
 }
 
-TEST_F(PlansTest, FittedPlansShowTheWholeAircraftUnderALockedScale) {
-    RecordingPrinter fitted(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::vtop, fitted), "");
-    Main.controls[Control::LockZoom].checked = true;
-    Main.zoom = 3;
-    Main.xoff = 4;
-    Main.yoff = 5;
+TEST_F(PlansTest, FittedPlansTakeTheirShapeFromTheDrawingSurface) {
+    RecordingPrinter wide(190, 277);
+    EXPECT_EQ(Plans::printJob(PlanJob::vtop, wide, {450, 500}), "");
     EXPECT_EQ(Plans::printJob(PlanJob::vtop, printer), "");
-    ASSERT_EQ(printer.calls.size(), fitted.calls.size());
-    for (std::size_t i = 0; i < printer.calls.size(); ++i)
-        EXPECT_EQ(printer.calls[i].at, fitted.calls[i].at);
-    // The lock finds its scale again, so that the picture behind the model stays aligned.
-    EXPECT_TRUE(Main.checked(Control::LockZoom));
-    EXPECT_EQ(Main.zoom, 3);
-    EXPECT_EQ(Main.xoff, 4);
-    EXPECT_EQ(Main.yoff, 5);
-}
-
-TEST_F(PlansTest, FittedPlansTakeTheirFactorFromTheDrawArea) {
-    EXPECT_EQ(Plans::printJob(PlanJob::vtop, printer), "");
-    EXPECT_DOUBLE_EQ(Main.r, 190.0 / 900);
+    // Fitted by the height of 900 x 500, by the width of 450 x 500.
+    const double onScreen = 0.95 * 500 / 800 * 190 / 900;
+    const double narrow = 0.95 * 450 / 1400 * 190 / 450;
+    const auto reach = [](const RecordingPrinter& paper) {
+        double most = 0;
+        for (const PrinterCall& call : paper.calls)
+            if (call.kind == Kind::Line) most = std::max(most, call.at[3]);
+        return most;
+    };
+    EXPECT_NEAR(reach(printer), 800 * onScreen, 1e-9);
+    EXPECT_NEAR(reach(wide), 800 * narrow, 1e-9);
 }
 
 TEST_F(PlansTest, FuselageOfNoLengthHasOneSheet) {
@@ -254,7 +243,6 @@ TEST_F(PlansTest, PlanOfNoSheetsEndsTheJobsBehindItAsAFailureDoes) {
     PrintSelect.frontSections = PrintSelect.htop = PrintSelect.Side = true;
     EXPECT_NE(Plans::printPlans(printer), "");
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
 TEST_F(PlansTest, PaperSmallerThanItsMarginsIsRefused) {
@@ -265,14 +253,12 @@ TEST_F(PlansTest, PaperSmallerThanItsMarginsIsRefused) {
     }
 }
 
-TEST_F(PlansTest, FuselageBeyondAllPaperIsRefusedAndTheViewStillReturns) {
+TEST_F(PlansTest, FuselageBeyondAllPaperIsRefused) {
     Fuselages(1).pos(3) = 1E+300;
     PrintSelect.Side = PrintSelect.htop = true;
-    Main.initSideView();
     EXPECT_NE(Plans::printPlans(printer), "");
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
     EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
 TEST_F(PlansTest, ThousandSheetsAreWatchedAndCancelled) {
@@ -309,7 +295,6 @@ TEST_F(PlansTest, VanishedPrinterEndsTheCommandWithItsReason) {
     PrintSelect.Side = PrintSelect.front = true;
     EXPECT_EQ(Plans::printPlans(printer), "The printer is gone");
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
 TEST_F(PlansTest, PreviewLeavesTheWindowAsItIs) {

@@ -15,7 +15,7 @@ class VrmlModel : public OutputTest {
 protected:
     /// Exports and keeps the text, and its lines without their ends.
     void write(const std::string& told = "") {
-        ASSERT_EQ(Plane::exportVRML(file), told);
+        ASSERT_EQ(exportWhole(file), told);
         text = bytesOf(file);
         lines.clear();
         std::istringstream stream(text);
@@ -354,7 +354,7 @@ TEST_F(VrmlModel, CancelLeavesTheOldFileWhole) {
     progress = &watcher;
     Fuselages(1).nb_cross = 5000;
     Fuselages(1).initArrays();
-    EXPECT_EQ(Plane::exportVRML(file), cancelledReason);
+    EXPECT_EQ(exportWhole(file), cancelledReason);
     EXPECT_EQ(watcher.questions, 2);
     EXPECT_EQ(bytesOf(file), "the old model");
     EXPECT_EQ(folder.count(), 1);

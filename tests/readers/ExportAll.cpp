@@ -13,7 +13,6 @@
 #include <utility>
 
 #include "common/ReplacedFile.h"
-#include "editor/Main.h"
 #include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "preview/Bitmap.h"
@@ -21,26 +20,6 @@
 
 namespace velna {
 namespace {
-
-class SilentWindow : public Window {
-public:
-    void changed(Control) override {}
-    void catalogueFilled(Control) override {}
-    void fuselageListChanged() override {}
-    void setCursor(CursorShape, CursorIcon) override {}
-    void openPopup(float, float) override {}
-    void renderScene(bool rebuild) override {
-        if (rebuild) Plane::createAllSolids();
-    }
-    void setViewTransform(double, double, double, double, double) override {}
-    void promptFrustum() override {}
-    bool askYesNo(const std::string&, BoxIcon, bool) override { return false; }
-    std::string askPictureFile() override { return {}; }
-    std::optional<std::string> askText(const std::string&, const std::string&,
-                                       const std::string&) override {
-        return {};
-    }
-};
 
 /// Sizes of BMP pictures; a picture encoded is the old one, which no reader
 /// decodes here: what is read is the model.
@@ -118,6 +97,7 @@ bool exportProject(const std::string& project, const std::string& folder) {
     Plane::setDefaultPlane();
     const std::string refusal = Plane::readProject(project);
     ObjectList.update();
+    for (int i = 1; i <= nbFuselages; ++i) ObjectList.setShown(i, true);
     Plane::createAllSolids();
     takeInPictures();
     const std::string title = titleOf(project);
@@ -137,9 +117,7 @@ bool exportProject(const std::string& project, const std::string& folder) {
 
 int main(int count, char** arguments) {
     if (count < 3) return 2;
-    velna::SilentWindow window;
     velna::BmpSizes pictures;
-    velna::Main.window = &window;
     velna::imaging = &pictures;
     bool done = true;
     for (int i = 2; i < count; ++i)

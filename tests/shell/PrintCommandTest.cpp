@@ -45,6 +45,41 @@ TEST_F(PrintCommand, AsksWhatAndWhereAndEndsInTheTopView) {
     EXPECT_EQ(Main.mode, ViewMode::VTop);
 }
 
+TEST_F(PrintCommand, TheFuselageThatAPlanLeavesCurrentIsTheOneThatThePanelShows) {
+    Main.buttonPressed(Control::IndexFusPlusButton, 0);
+    Main.scrollChanged(Control::IndexFusScroll, 1);
+    Fuselages(2).width(1) = 77;
+    dialogs.inPrintSelect = [] {
+        PrintSelect = {};
+        PrintSelect.front = true;
+        PrintSelect.cancel = false;
+    };
+    Toolbar::click(Key::Print);
+    EXPECT_EQ(currentFuselage, 2);
+    EXPECT_EQ(Main.controls[Control::WidthFuselageText].text, "77");
+}
+
+TEST_F(PrintCommand, FittedPlansLeaveALockedScaleAlone) {
+    dialogs.printers = {&printer, &printer};
+    Main.setChecked(Control::LockZoom, true);
+    const Transform locked = Main.transform();
+    dialogs.inPrintSelect = [] {
+        PrintSelect = {};
+        PrintSelect.vtop = PrintSelect.front = true;
+        PrintSelect.cancel = false;
+    };
+    Toolbar::click(Key::Print);
+    EXPECT_EQ(printer.jobs().size(), 2U);
+    EXPECT_EQ(Main.transform(), locked) << "the picture behind the model stays aligned";
+    EXPECT_TRUE(Main.checked(Control::LockZoom));
+    const auto once = printer.calls.size();
+    Main.setChecked(Control::LockZoom, false);
+    Toolbar::click(Key::Print);
+    ASSERT_EQ(printer.calls.size(), 2 * once);
+    for (std::size_t i = 0; i < once; ++i)
+        EXPECT_EQ(printer.calls[i].at, printer.calls[once + i].at) << "the whole aircraft";
+}
+
 TEST_F(PrintCommand, ACancelledPrinterEndsInTheTopViewWithThePanelFilled) {
     dialogs.printers = {nullptr};
     Main.textEdited(Control::WidthFuselageText, "55");

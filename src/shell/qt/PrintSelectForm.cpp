@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 #include <memory>
 
+#include "editor/Main.h"
 #include "output/Plans.h"
 #include "shell/qt/QtPrinterSurface.h"
 #include "shell/qt/QtProgress.h"
@@ -107,7 +108,7 @@ void PrintSelectForm::preview() {
         look.resize(parentWidget()->size() * 3 / 4);
         connect(&look, &QPrintPreviewDialog::paintRequested, this, [&row](QPrinter* paper) {
             QtPrinterSurface surface(*paper);
-            Plans::previewJob(row.job, surface);
+            Plans::previewJob(row.job, surface, Main.drawAreaSize());
             QtProgress::finish();
         });
         look.exec();

@@ -1,11 +1,11 @@
-#include "editor/Fits.h"
+
+#include "model/Fits.h"
 
 #include <cmath>
 #include <initializer_list>
 #include <limits>
 
 #include "common/Finite.h"
-#include "editor/Main.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
 
@@ -91,9 +91,9 @@ double scale(double pixels, double extent) {
 
 /// `zoom` such that `across` by `upright` model units fill 95 % of the surface. One failing
 /// division fails the whole: `zoom` then stands as it is.
-void fitExtents(int width, double across, int height, double upright, double& zoom) {
-    const double byWidth = scale(width, across);
-    const double byHeight = scale(height, upright);
+void fitExtents(SurfaceSize size, double across, double upright, double& zoom) {
+    const double byWidth = scale(size.width, across);
+    const double byHeight = scale(size.height, upright);
     if (std::isnan(byWidth) || std::isnan(byHeight)) return;
     zoom = 0.95 * minOf({byWidth, byHeight});
 }
@@ -106,43 +106,47 @@ struct Extent {
     double sum() const { return low + high; }
 };
 
-/// Offsets that put the middle of `along` and `upright` in the middle of the surface, the second
-/// axis upward.
-void centre(int width, Extent along, int height, Extent upright, double zoom, double& xoff,
-            double& yoff) {
-    assignFinite(xoff, (width - zoom * along.sum()) / 2);
-    assignFinite(yoff, (height + zoom * upright.sum()) / 2);
+/// Puts the middle of `along` and `upright` in the middle of the surface, the second axis upward.
+Transform centred(SurfaceSize size, Extent along, Extent upright, Transform at) {
+    assignFinite(at.xoff, (size.width - at.zoom * along.sum()) / 2);
+    assignFinite(at.yoff, (size.height + at.zoom * upright.sum()) / 2);
+    return at;
 }
 
-void fitBoth(int width, Extent along, int height, Extent upright, double& zoom, double& xoff,
-             double& yoff) {
-    fitExtents(width, along.size(), height, upright.size(), zoom);
-    centre(width, along, height, upright, zoom, xoff, yoff);
+Transform fitBoth(SurfaceSize size, Extent along, Extent upright, Transform at) {
+    fitExtents(size, along.size(), upright.size(), at.zoom);
+    return centred(size, along, upright, at);
 }
 
-/// The key A: the selected section fills nine tenths of the height, once.
-void fitSection(int width, int height, Extent upright, double& zoom, double& xoff, double& yoff) {
+Transform fitSection(SurfaceSize size, Extent upright, Transform at) {
     const MeshSections& body = Fuselage::current();
-    assignFinite(zoom, scale(0.9 * height, upright.size()));
+    assignFinite(at.zoom, scale(0.9 * size.height, upright.size()));
     const double position = body.posGet() + body.pos_offset;
-    centre(width, {position, position}, height, upright, zoom, xoff, yoff);
-    Main.focusZoom = false;
+    return centred(size, {position, position}, upright, at);
+}
+
+/// Across the current fuselage where it is `width` wide. Fuselages stand in HTop with their shift
+/// downward, so what is upward is the mirrored extent.
+Extent acrossBody(double width) {
+    const double shift = Fuselage::current().shift;
+    return {-(shift + width / 2), -(shift - width / 2)};
 }
 
 }  // namespace
 
 namespace Plane {
 
-void fitVTop(int width, int height, double& zoom, double& yoff) {
+Transform fitVTop(SurfaceSize size, Transform at) {
     const double start = startOfAircraft();
     const double end =
         maxOf({Fuselage::current().lengthPoint(), highestOfWings(-beyondWings, tipStart),
                tipEnd(Stabilizer), rootEnd(Stabilizer)});
-    fitExtents(width, 2 * halfSpan(), height, end - start, zoom);
-    assignFinite(yoff, (height - zoom * (start + end)) / 2);
+    fitExtents(size, 2 * halfSpan(), end - start, at.zoom);
+    assignFinite(at.yoff, (size.height - at.zoom * (start + end)) / 2);
+    return at;
 }
 
-void fitFront(int width, int height, double& zoom, double& yoff) {
+Transform fitFront(SurfaceSize size, Transform at) {
     const SymWingSections& first = Wings(1);
     const double lowest =
         lowestOfWings(first.elevation1 - first.length1 * first.thickness1 / 2, tipBottom);
@@ -152,37 +156,39 @@ void fitFront(int width, int height, double& zoom, double& yoff) {
         {Fuselage::current().minElevationPoint(), lowest, tipBottom(Stabilizer), Rudder.shift});
     const double top = maxOf({Fuselage::current().maxElevationPoint(), highest, tipTop(Stabilizer),
                               Rudder.shift + Rudder.span});
-    fitExtents(width, 2 * halfSpan(), height, top - bottom, zoom);
-    assignFinite(yoff, (height + zoom * (bottom + top)) / 2);
+    fitExtents(size, 2 * halfSpan(), top - bottom, at.zoom);
+    assignFinite(at.yoff, (size.height + at.zoom * (bottom + top)) / 2);
+    return at;
 }
 
-void fitSide(int width, int height, double& zoom, double& xoff, double& yoff) {
+Transform fitSide(SurfaceSize size, Transform at, SideExtent extent) {
     const MeshSections& body = Fuselage::current();
-    if (Main.focusZoom) {
-        const double bottom = body.elevationGet();
-        return fitSection(width, height, {bottom, bottom + body.heightGet()}, zoom, xoff, yoff);
-    }
     Extent along{body.startpoint(), body.lengthPoint()};
     Extent upright{body.minElevationPoint(), body.maxElevationPoint()};
-    if (Main.tab() == PanelTab::rudder) {
+    if (extent == SideExtent::aircraft) {
         along = {startOfAircraft(), maxOf({body.lengthPoint(), highestOfWings(-beyondWings, tipEnd),
                                            tipEnd(Stabilizer), Rudder.pos1 + Rudder.length1,
                                            Rudder.pos1 + Rudder.pos2 + Rudder.length2})};
         upright = {minOf({body.minElevationPoint(), Rudder.shift}),
                    maxOf({body.maxElevationPoint(), Rudder.shift + Rudder.span})};
     }
-    fitBoth(width, along, height, upright, zoom, xoff, yoff);
+    return fitBoth(size, along, upright, at);
 }
 
-void fitHTop(int width, int height, double& zoom, double& xoff, double& yoff) {
+Transform fitHTop(SurfaceSize size, Transform at) {
     const MeshSections& body = Fuselage::current();
-    // Fuselages stand here with their shift downward, so what is upward is the mirrored extent.
-    const auto across = [&](double bodyWidth) {
-        return Extent{-(body.shift + bodyWidth / 2), -(body.shift - bodyWidth / 2)};
-    };
-    if (Main.focusZoom) return fitSection(width, height, across(body.widthGet()), zoom, xoff, yoff);
-    fitBoth(width, {body.startpoint(), body.lengthPoint()}, height, across(body.maxWidthPoint()),
-            zoom, xoff, yoff);
+    return fitBoth(size, {body.startpoint(), body.lengthPoint()}, acrossBody(body.maxWidthPoint()),
+                   at);
+}
+
+Transform focusSide(SurfaceSize size, Transform at) {
+    const MeshSections& body = Fuselage::current();
+    const double bottom = body.elevationGet();
+    return fitSection(size, {bottom, bottom + body.heightGet()}, at);
+}
+
+Transform focusHTop(SurfaceSize size, Transform at) {
+    return fitSection(size, acrossBody(Fuselage::current().widthGet()), at);
 }
 
 }  // namespace Plane
