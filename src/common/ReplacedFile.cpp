@@ -162,8 +162,10 @@ void ReplacedFile::fail(const std::string& reason) {
 void ReplacedFile::write(std::string_view bytes) {
     while (error_.empty() && !bytes.empty()) {
         const auto count = fileCalls.write(descriptor_, bytes.data(), bytes.size());
-        if (count >= 0) {
+        if (count > 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
+        } else if (count == 0) {
+            fail(reasonOf(EIO));  // a device that takes nothing would be asked for ever
         } else if (errno != EINTR) {
             fail();
         }

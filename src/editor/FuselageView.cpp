@@ -158,13 +158,12 @@ void FuselageView::drawVTop(const Canvas& canvas, const Body& body, FuselageLook
     if (body.shift != 0) mirroredClosedPolyline(canvas.area, contour, canvas.at.xoff, colour);
 }
 
-void FuselageView::drawFront(const Canvas& canvas, const Body& body) const {
+void FuselageView::drawFront(const Canvas& canvas, const Body& body) {
     if (body.nb_cross == 0 || !body.sectionSelected()) return;
     if (frontPoints.rows() < body.sel_sec || frontPoints.columns() < body.nb_cross) return;
-    std::vector<Point2D> outline;
-    body.collectSection(frontPoints, body.sel_sec, outline);
-    closedPolyline(canvas.area, outline, canvas.dim);
-    if (body.shift != 0) mirroredClosedPolyline(canvas.area, outline, canvas.at.xoff, canvas.dim);
+    body.collectSection(frontPoints, body.sel_sec, section_);
+    closedPolyline(canvas.area, section_, canvas.dim);
+    if (body.shift != 0) mirroredClosedPolyline(canvas.area, section_, canvas.at.xoff, canvas.dim);
 }
 
 std::int32_t FuselageView::testPositionSide(Body& body, const Pointer& pointer) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "editor/Canvas.h"
 #include "editor/Handles.h"
@@ -45,7 +46,7 @@ public:
     /// The outline as it was computed last.
     void drawVTop(const Canvas& canvas, const MeshSections& body, FuselageLook look) const;
     /// The outline of the selected section as it was computed last, dim.
-    void drawFront(const Canvas& canvas, const MeshSections& body) const;
+    void drawFront(const Canvas& canvas, const MeshSections& body);
 
     /// The part at a pixel, `FuselagePart::none` for none; the section found becomes `sel_sec`.
     /// Gaps between sections count with Ctrl.
@@ -67,6 +68,8 @@ private:
     void hoverSide(const Canvas& canvas, MeshSections& body, const Pointer& pointer);
     void hoverHTop(const Canvas& canvas, MeshSections& body, const Pointer& pointer);
     void holdTop(MeshSections& body) const;
+
+    std::vector<Point2D> section_;  ///< of the last `drawFront`, kept for its memory
 };
 
 }  // namespace velna

@@ -60,7 +60,7 @@ public:
     // the view
     std::int32_t mode = ViewMode::VTop;
     std::string buffer_filename;  ///< reserved
-    double r = 1;                 ///< printer units per surface unit while printing
+    double r = 1;                 ///< reserved
     double zoom = 0.2;            ///< pixels per model unit
     double xoff = 0;              ///< pixel column of model coordinate 0
     double yoff = 0;              ///< pixel row of model coordinate 0
@@ -106,8 +106,8 @@ public:
     /// Enters the current view again and, with `Render` pressed, renders: what every committed edit
     /// does.
     void refreshDrawingArea();
-    /// The current view again at the scale it has, without rendering: after a drawing or a plan the
-    /// objects hold the points of the paper, not those that the pointer must find.
+    /// The current view again at the scale it has, without rendering: what an export has shown has
+    /// no outline of this view yet, where the pointer could find it.
     void redrawAtSameScale();
     SurfaceSize drawAreaSize() const;
     /// A number as the panel shows it: whole millimetres rounded down, or inches with two decimals.

@@ -1,6 +1,5 @@
 #include <cstdio>
 #include <string>
-#include <string_view>
 
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
@@ -21,9 +20,6 @@ namespace velna::Plane {
 namespace {
 
 constexpr const char* refusedVersion = "The vln file version 0.1.x is not any more supported";
-
-/// What a file begins with that was once a project, whatever has become of the rest.
-constexpr std::string_view projectMark = "# VELNA File Format V";
 
 /// A failed read is no matter for a message box; whoever runs the program from a terminal sees it.
 void complain(const std::string& file, const char* reason) {
@@ -58,7 +54,8 @@ std::string saveProject(const std::string& file) {
 
 std::string whyNoProject(const std::string& file) {
     try {
-        if (readFileStart(file, projectMark.size()) == projectMark) return {};
+        // Once a project, whatever has become of the rest.
+        if (readFileStart(file, projectHead.size()) == projectHead) return {};
         if (holdsFirstWing(readWholeFile(file))) return {};
     } catch (const ReadFailure& failure) {
         return failure.what();

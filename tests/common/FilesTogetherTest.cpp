@@ -139,6 +139,13 @@ TEST_F(FilesTogether, WithoutSecondNamesACopyIsPutBack) {
     EXPECT_EQ(temporaries(), 0);
 }
 
+TEST_F(FilesTogether, AWriteThatTakesNothingIsAFailureAndNoEndlessLoop) {
+    putOldFiles();
+    fileCalls.write = [](int, const void*, std::size_t) -> ssize_t { return 0; };
+    EXPECT_NE(replaceAll(), "");
+    EXPECT_EQ(files(), oldFiles);
+}
+
 TEST_F(FilesTogether, ALinkInASideFilesPlaceIsReplaced) {
     fs::create_directory(folder / "elsewhere");
     writeBytes(folder / "elsewhere/precious", "precious");
