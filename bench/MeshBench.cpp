@@ -6,8 +6,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include "model/BodySolid.h"
 #include "model/MeshSections.h"
 #include "model/SuperEllipse.h"
+#include "model/Units.h"
 
 namespace velna {
 namespace {
@@ -37,11 +39,12 @@ void makeLarge(MeshSections& body, bool ownExponents) {
 }
 
 void create(benchmark::State& state, bool ownExponents) {
-    MeshSections body;
+    MeshSections body(millimetres, Point3D{});
     makeLarge(body, ownExponents);
+    BodySolid solid;
     for (auto _ : state) {
-        body.create();
-        benchmark::DoNotOptimize(body.points.row(0));
+        solid.create(body);
+        benchmark::DoNotOptimize(solid.points.row(0));
         benchmark::ClobberMemory();
     }
     state.SetItemsProcessed(state.iterations() * sections * cross);
@@ -60,7 +63,7 @@ void writePointsFromTables(benchmark::State& state) {
         across[j] = std::cos(outlineAngle(static_cast<double>(j) + 1, cross));
         up[j] = std::sin(outlineAngle(static_cast<double>(j) + 1, cross));
     }
-    MeshSections body;
+    MeshSections body(millimetres, Point3D{});
     makeLarge(body, false);
     std::vector<Point3D> points(static_cast<std::size_t>(sections) * cross);
     for (auto _ : state) {
@@ -89,7 +92,7 @@ void powersAlone(benchmark::State& state) {
         across[j] = std::abs(std::cos(outlineAngle(static_cast<double>(j), cross)));
         up[j] = std::abs(std::sin(outlineAngle(static_cast<double>(j), cross)));
     }
-    MeshSections body;
+    MeshSections body(millimetres, Point3D{});
     makeLarge(body, true);
     auto half = [&](std::size_t first, std::size_t last, double exponent) {
         double sum = 0;

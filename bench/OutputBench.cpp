@@ -24,9 +24,9 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "model/Fuselage.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
+#include "output/Exports.h"
+#include "preview/PictureCopies.h"
+#include "support/InHand.h"
 
 namespace {
 
@@ -60,12 +60,12 @@ void shape(MeshSections& fuselage, int n) {
 }
 
 void buildModel() {
-    Plane::setDefaultPlane();
+    Plane::setDefaultPlane(project);
     nbFuselages = fuselages;
-    Fuselage::resizeFuselages();
+    Fuselage::resizeFuselages(project);
     for (int n = 1; n <= fuselages; ++n) shape(Fuselages(n), n);
-    ObjectList.update();
-    Plane::createAllSolids();
+    ObjectList.update(Fuselages, nbFuselages);
+    solids.createAll(project);
 }
 
 /// What /proc tells of this process in bytes: "VmRSS" now, "VmHWM" at its highest since the last
@@ -79,7 +79,7 @@ double memory(std::string_view name) {
 
 /// Exports and counts memory: what stood before, and the most that the export took on top, both in
 /// MB.
-void runExport(benchmark::State& state, std::string (*write)(const std::string&),
+void runExport(benchmark::State& state, Outcome (*write)(const std::string&),
                const std::string& file) {
     double before = 0;
     double above = 0;
@@ -88,7 +88,7 @@ void runExport(benchmark::State& state, std::string (*write)(const std::string&)
         std::ofstream("/proc/self/clear_refs") << "5";
         before = memory("VmRSS:");
         state.ResumeTiming();
-        if (!write(file).empty()) state.SkipWithError("the export failed");
+        if (!write(file).isDone()) state.SkipWithError("the export failed");
         state.PauseTiming();
         above = std::max(above, memory("VmHWM:") - before);
         state.ResumeTiming();
@@ -133,7 +133,7 @@ const Numbers& modelNumbers() {
         for (int n = 1; n <= fuselages; ++n)
             for (int i = 1; i <= sections; ++i)
                 for (int j = 1; j <= outlinePoints; ++j) {
-                    const Point3D p = Fuselages(n).meshPoint(j, i, false);
+                    const Point3D p = solids.fuselages(n).meshPoint(j, i, false);
                     for (double value : {p.x, p.y, p.z}) result.coordinates.push_back(value);
                     if (i == sections) continue;
                     const int corner = (i - 1) * outlinePoints + j - 1;
@@ -167,7 +167,13 @@ const Numbers& drawingNumbers() {
 }
 
 void vrmlExport(benchmark::State& state) {
-    runExport(state, Plane::exportVRML, target("model.wrl"));
+    runExport(
+        state,
+        [](const std::string& file) {
+            PictureStore pictures;
+            return Plane::exportVRML(project, solids, file, pictures);
+        },
+        target("model.wrl"));
 }
 
 void vrmlBareLoop(benchmark::State& state) {
@@ -213,7 +219,9 @@ void vrmlByCoin(benchmark::State& state) {
 }
 
 void dxfFrontExport(benchmark::State& state) {
-    runExport(state, Plane::exportDXFFront, target("front.dxf"));
+    runExport(
+        state, [](const std::string& file) { return Plane::exportDXFFront(project, file); },
+        target("front.dxf"));
 }
 
 void dxfBareLoop(benchmark::State& state) {

@@ -14,12 +14,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include "model/MainWing.h"
-#include "model/Plane.h"
 #include "preview/Imaging.h"
 #include "preview/Rendering.h"
 #include "preview/Textures.h"
 #include "shell/qt/QtImaging.h"
+#include "support/InHand.h"
 #include "support/OffscreenContext.h"
 
 namespace velna {
@@ -46,71 +45,71 @@ const QString& pictureFile() {
 class WingsWithPictures {
 public:
     explicit WingsWithPictures(int wings) {
-        Rendering::context = &context_;
-        Rendering::createRenderContext();
-        imaging = &pictures_;
-        Plane::setDefaultPlane();
+        rendering_.context = &context_;
+        rendering_.createRenderContext();
+        rendering_.imaging = &pictures_;
+        resetModel();
         while (nbWings < wings) {
             ++nbWings;
-            MainWing::addWing();
+            MainWing::addWing(project);
         }
         for (int i = 1; i <= nbWings; ++i)
             Wings(i).set_texture_filename(pictureFile().toStdString());
     }
-    ~WingsWithPictures() {
-        Plane::setDefaultPlane();
-        imaging = nullptr;
-        Rendering::context = nullptr;
-        Rendering::reset();
-    }
     WingsWithPictures(const WingsWithPictures&) = delete;
     WingsWithPictures& operator=(const WingsWithPictures&) = delete;
 
-    bool ready() const { return Rendering::contextCreated; }
+    bool ready() const { return rendering_.contextCreated; }
+    void render() { rendering_.renderScene(true); }
+    void convertPictures() { Textures::convertPictures(project, solids, &pictures_); }
     static void forgetPictures() {
-        for (int i = 1; i <= nbWings; ++i) Wings(i).set_texture_loaded(false);
+        for (int i = 1; i <= nbWings; ++i) {
+            solids.wings(i).Left.picture.texture_loaded = false;
+            solids.wings(i).Right.picture.texture_loaded = false;
+        }
     }
 
 private:
     test::OffscreenContext context_{64, 64};
     QWidget owner_;
     QtImaging pictures_{owner_};
+    Rendering rendering_{project, solids};
 };
 
 void convertWingPicture(benchmark::State& state) {
-    const WingsWithPictures wings(1);
+    WingsWithPictures wings(1);
     if (!wings.ready()) return state.SkipWithError("no OpenGL that draws off screen");
-    Plane::createAllSolids();
+    solids.createAll(project);
     for (auto _ : state) {
         WingsWithPictures::forgetPictures();
-        Textures::convertPictures();
+        wings.convertPictures();
     }
-    if (Wings(1).Left->xtex != side) state.SkipWithError("not converted");
+    if (solids.wings(1).Left.picture.xtex != side) state.SkipWithError("not converted");
 }
 BENCHMARK(convertWingPicture)->Unit(benchmark::kMillisecond);
 
 /// What opening a project shows first: the pictures converted, the list built and called.
 void firstPictureOfWings(benchmark::State& state) {
-    const WingsWithPictures wings(static_cast<int>(state.range(0)));
+    WingsWithPictures wings(static_cast<int>(state.range(0)));
     if (!wings.ready()) return state.SkipWithError("no OpenGL that draws off screen");
     for (auto _ : state) {
         WingsWithPictures::forgetPictures();
-        Rendering::renderScene(true);
+        wings.render();
     }
-    if (Wings(nbWings).Right->xtex != side) state.SkipWithError("not converted");
+    if (solids.wings(nbWings).Right.picture.xtex != side) state.SkipWithError("not converted");
 }
 BENCHMARK(firstPictureOfWings)->ArgName("wings")->Arg(1)->Arg(100)->Unit(benchmark::kMillisecond);
 
 /// How much more a hundred wings with one picture take than one such wing, in one run.
 void hundredWingsToOne(benchmark::State& state) {
     const auto timeOf = [&state](int count) {
-        const WingsWithPictures wings(count);
+        WingsWithPictures wings(count);
         if (!wings.ready()) state.SkipWithError("no OpenGL that draws off screen");
         double best = 1e9;
         for (int i = 0; i < 5; ++i) {
             WingsWithPictures::forgetPictures();
             const auto start = std::chrono::steady_clock::now();
-            Rendering::renderScene(true);
+            wings.render();
             const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
             best = std::min(best, time.count());
         }

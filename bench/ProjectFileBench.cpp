@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <chrono>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <limits>
@@ -19,13 +20,9 @@
 
 #include "common/NumberText.h"
 #include "common/ValueReader.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "persistence/ProjectFormats.h"
+#include "persistence/ProjectFile.h"
+#include "preview/PictureCopies.h"
+#include "support/InHand.h"
 
 namespace velna {
 namespace {
@@ -47,17 +44,20 @@ double seconds() {
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
-void freshModel() {
-    Prefs = {};
-    ObjectList.clear();
-    Plane::setDefaultPlane();
+void save(const std::string& path) {
+    PictureStore pictures;
+    if (!Plane::saveProject(project, path, pictures).isDone()) std::abort();
+}
+
+void read(const std::string& path) {
+    if (!Plane::readProject(project, path).isDone()) std::abort();
 }
 
 /// Fuselages as drags leave them: most numbers have all their digits, some few are round.
 void makeLargeModel() {
-    freshModel();
+    resetModel();
     nbFuselages = bodies;
-    Fuselage::resizeFuselages();
+    Fuselage::resizeFuselages(project);
     for (int b = 1; b <= bodies; ++b) {
         MeshSections& body = Fuselages(b);
         body.nb_sections = sections;
@@ -74,14 +74,14 @@ void makeLargeModel() {
             body.bias_curve(i) = 0.5;
         }
     }
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
 }
 
 const std::string& largeFile() {
     static const std::string file = [] {
         std::string path = scratch("velna-bench-project-");
         makeLargeModel();
-        Plane::saveProject(path);
+        save(path);
         return path;
     }();
     return file;
@@ -160,7 +160,7 @@ void save(benchmark::State& state) {
     makeLargeModel();
     Comparison comparison;
     for (auto _ : state)
-        comparison.round([&] { Plane::saveProject(path); }, [&] { bareSave(numbers, reference); });
+        comparison.round([&] { save(path); }, [&] { bareSave(numbers, reference); });
     comparison.report(state);
     state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
     std::filesystem::remove(path);
@@ -172,8 +172,8 @@ void read(benchmark::State& state) {
     const std::string bytes = readWholeFile(largeFile());
     Comparison comparison;
     for (auto _ : state) {
-        freshModel();
-        comparison.round([] { Plane::readProject(largeFile()); },
+        resetModel();
+        comparison.round([] { read(largeFile()); },
                          [&] { benchmark::DoNotOptimize(bareRead(bytes)); });
     }
     if (nbFuselages != bodies) state.SkipWithError("the project was not read");
@@ -189,7 +189,7 @@ double heapInUse() {
 /// What the loaded model holds, and the most that reading needs: the model and the file's bytes.
 void readMemory(benchmark::State& state) {
     makeLargeModel();
-    freshModel();
+    resetModel();
     ::malloc_trim(0);
     const double before = heapInUse();
     double after = 0;
@@ -197,7 +197,7 @@ void readMemory(benchmark::State& state) {
     for (auto _ : state) {
         {
             const std::string bytes = readWholeFile(largeFile());
-            readProjectBytes(bytes);
+            Plane::readProjectBytes(project, bytes);
             most = heapInUse() - before;
         }
         after = heapInUse() - before;
@@ -212,9 +212,9 @@ BENCHMARK(readMemory)->Unit(benchmark::kMillisecond)->Iterations(1);
 /// 150 MB more than the default aircraft. `fuselages` tells which of the two.
 void promised(benchmark::State& state, bool fuselages) {
     makeLargeModel();
-    freshModel();
+    resetModel();
     const std::string path = scratch("velna-bench-promised-");
-    Plane::saveProject(path);
+    save(path);
     std::string bytes = readWholeFile(path);
     std::filesystem::remove(path);
     bytes.resize(bytes.find(fuselages ? "Fuselage\r\n" : "Wing Type\r\n"));
@@ -224,12 +224,12 @@ void promised(benchmark::State& state, bool fuselages) {
     const double before = heapInUse();
     for (auto _ : state) {
         try {
-            readProjectBytes(bytes);
+            Plane::readProjectBytes(project, bytes);
         } catch (const ReadFailure&) {
             // It ends where its lines end.
         }
-        ObjectList.update();
-        Plane::createAllSolids();
+        ObjectList.update(Fuselages, nbFuselages);
+        solids.createAll(project);
     }
     if ((fuselages ? nbFuselages : nbWings) != 32767) state.SkipWithError("nothing promised");
     state.counters["more_MB"] = (heapInUse() - before) / 1e6;
@@ -286,7 +286,7 @@ std::string currentBytes() {
         body.bias_curve = body.height;
     }
     const std::string path = scratch("velna-bench-current-");
-    Plane::saveProject(path);
+    save(path);
     std::string bytes = readWholeFile(path);
     std::filesystem::remove(path);
     return bytes;
@@ -299,12 +299,12 @@ void readLegacy(benchmark::State& state) {
     for (auto _ : state) {
         comparison.round(
             [&] {
-                freshModel();
-                if (!readProjectBytes(legacy)) state.SkipWithError("refused");
+                resetModel();
+                if (!Plane::readProjectBytes(project, legacy)) state.SkipWithError("refused");
             },
             [&] {
-                freshModel();
-                readProjectBytes(current);
+                resetModel();
+                Plane::readProjectBytes(project, current);
             });
     }
     comparison.report(state, lineCount(legacy) / lineCount(current));

@@ -8,12 +8,10 @@
 #include <GL/gl.h>
 #include <benchmark/benchmark.h>
 
-#include "model/Fuselage.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
 #include "preview/Flying.h"
 #include "preview/Normals.h"
 #include "preview/Rendering.h"
+#include "support/InHand.h"
 #include "support/OffscreenContext.h"
 
 namespace velna {
@@ -25,12 +23,14 @@ constexpr int cross = 64;
 constexpr GLuint bareList = 2;
 
 test::OffscreenContext offscreen{900, 500};
+Rendering rendering(project, solids);
+Flying flying(project, rendering);
 
 /// An aircraft of many bodies beside each other, and its picture.
 bool openLargeScene() {
-    Plane::setDefaultPlane();
+    Plane::setDefaultPlane(project);
     nbFuselages = fuselages;
-    Fuselage::resizeFuselages();
+    Fuselage::resizeFuselages(project);
     for (int f = 1; f <= fuselages; ++f) {
         MeshSections& body = Fuselages(f);
         body.nb_sections = sections;
@@ -47,11 +47,11 @@ bool openLargeScene() {
             body.bias_curve(i) = 0.5;
         }
     }
-    ObjectList.update();
-    Rendering::context = &offscreen;
-    Rendering::createRenderContext();
-    Rendering::setViewTransform(0, 0, 0, 900, 200);
-    return Rendering::contextCreated;
+    ObjectList.update(Fuselages, nbFuselages);
+    rendering.context = &offscreen;
+    rendering.createRenderContext();
+    rendering.setViewTransform(0, 0, 0, 900, 200);
+    return rendering.contextCreated;
 }
 
 bool ready(benchmark::State& state) {
@@ -67,13 +67,13 @@ struct ReadyStrips {
     std::size_t stripLength = 0;
 
     ReadyStrips() {
-        Plane::createAllSolids();
+        solids.createAll(project);
         for (int f = 1; f <= fuselages; ++f)
-            for (int j = 1; j < sections; ++j) addStrip(Fuselages(f), j);
+            for (int j = 1; j < sections; ++j) addStrip(solids.fuselages(f), j);
         stripLength = 2 * (cross + 1);
     }
 
-    void addStrip(const MeshSections& body, int j) {
+    void addStrip(const BodySolid& body, int j) {
         for (int i = 1; i <= cross + 1; ++i) {
             const int k = i > cross ? 1 : i;
             const int before = k == 1 ? cross : k - 1;
@@ -87,13 +87,6 @@ struct ReadyStrips {
                 vertices.push_back(body.points(row, k));
             }
         }
-    }
-
-    static Point3D averageNormal(const Point3D& a, const Point3D& b) {
-        return Rendering::averageNormal(a, b);
-    }
-    static Point3D faceNormal(const Point3D& p, const Point3D& q, const Point3D& r) {
-        return Rendering::faceNormal(p, q, r);
     }
 
     void emitAll() const {
@@ -125,14 +118,14 @@ void bareRebuild() {
 
 void replayedFrame(benchmark::State& state) {
     if (!ready(state)) return;
-    Rendering::renderScene(true);
-    for (auto _ : state) Rendering::renderScene(false);
+    rendering.renderScene(true);
+    for (auto _ : state) rendering.renderScene(false);
 }
 BENCHMARK(replayedFrame)->Unit(benchmark::kMillisecond);
 
 void replayedFrameBare(benchmark::State& state) {
     if (!ready(state)) return;
-    Rendering::renderScene(true);
+    rendering.renderScene(true);
     bareRebuild();
     for (auto _ : state) {
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -144,14 +137,14 @@ BENCHMARK(replayedFrameBare)->Unit(benchmark::kMillisecond);
 
 void rebuild(benchmark::State& state) {
     if (!ready(state)) return;
-    for (auto _ : state) Rendering::renderScene(true);
+    for (auto _ : state) rendering.renderScene(true);
 }
 BENCHMARK(rebuild)->Unit(benchmark::kMillisecond);
 
 /// The share of the points in that.
 void rebuildSolids(benchmark::State& state) {
     if (!ready(state)) return;
-    for (auto _ : state) Plane::createAllSolids();
+    for (auto _ : state) solids.createAll(project);
 }
 BENCHMARK(rebuildSolids)->Unit(benchmark::kMillisecond);
 
@@ -165,16 +158,16 @@ BENCHMARK(rebuildBare)->Unit(benchmark::kMillisecond);
 /// A flight that stands still, so that every frame shows the same; `frame` runs at the end of each.
 void fly(const std::function<void()>& frame) {
     offscreen.events = [&frame] {
-        Flying::flightSpeed = 0;
+        flying.flightSpeed = 0;
         frame();
     };
-    Flying::flyPreview();
-    Rendering::setViewTransform(0, 0, 0, 900, 200);
+    flying.flyPreview();
+    rendering.setViewTransform(0, 0, 0, 900, 200);
 }
 
 void flightFrame(benchmark::State& state) {
     if (!ready(state)) return;
-    fly([&state] { Flying::flying = state.KeepRunning(); });
+    fly([&state] { flying.flying = state.KeepRunning(); });
 }
 BENCHMARK(flightFrame)->Unit(benchmark::kMillisecond);
 
@@ -186,7 +179,7 @@ void flightFrameBare(benchmark::State& state) {
             glCallList(1);
             offscreen.swapBuffers();
         }
-        Flying::flying = false;
+        flying.flying = false;
     });
 }
 BENCHMARK(flightFrameBare)->Unit(benchmark::kMillisecond);

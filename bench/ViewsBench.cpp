@@ -8,13 +8,9 @@
 
 #include <benchmark/benchmark.h>
 
-#include "editor/Main.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
 #include "shell/qt/LineRaster.h"
+#include "support/EditorInHand.h"
+#include "support/RecordingWindow.h"
 
 namespace velna {
 namespace {
@@ -70,37 +66,17 @@ private:
     PixelRegion changed_;
 };
 
-/// A window that shows nothing.
-class NoWindow : public Window {
-public:
-    void changed(Control) override {}
-    void catalogueFilled(Control) override {}
-    void fuselageListChanged() override {}
-    void setCursor(CursorShape, CursorIcon) override {}
-    void openPopup(float, float) override {}
-    void renderScene(bool) override {}
-    void setViewTransform(double, double, double, double, double) override {}
-    void promptFrustum() override {}
-    bool askYesNo(const std::string&, BoxIcon, bool) override { return false; }
-    std::string askPictureFile() override { return {}; }
-    std::optional<std::string> askText(const std::string&, const std::string&,
-                                       const std::string&) override {
-        return std::nullopt;
-    }
-};
-
 RasterSurface area(1400, 500);
 RasterSurface sectionArea(150, 150);
-NoWindow noWindow;
+test::RecordingWindow window;
 
 void startUp() {
+    resetEditor();
     Main.DrawArea = &area;
     Main.DrawSectionArea = &sectionArea;
-    Main.window = &noWindow;
-    Main.reset();
-    Plane::setDefaultPlane();
-    ObjectList.clear();
-    ObjectList.update();
+    Main.window = &window;
+    // The lines are measured, not the picture beside them.
+    Main.setChecked(Control::RenderButton, false);
     Main.refreshPanels();
     Main.initVTopView();
 }
@@ -109,7 +85,7 @@ void startUp() {
 void chainOfWings(int count) {
     for (int i = 2; i <= count; ++i) {
         Plane::increment(nbWings);
-        MainWing::addWing();
+        MainWing::addWing(project);
     }
     for (int i = 1; i <= count; ++i) {
         Wings(i).span = 700.0 / count;
@@ -145,8 +121,8 @@ void largeProject() {
     chainOfWings(50);
     for (int i = 2; i <= 20; ++i) {
         Plane::increment(nbFuselages);
-        Fuselage::resizeFuselages();
-        Fuselage::addFuselage();
+        Fuselage::resizeFuselages(project);
+        Fuselage::addFuselage(project);
     }
     for (int i = 1; i <= 20; ++i) {
         shapeBody(Fuselages(i), 100);
@@ -154,10 +130,10 @@ void largeProject() {
     }
     for (int i = 2; i <= 50; ++i) {
         Plane::increment(nbEquipments);
-        Equipment::resizeEquipments(nbEquipments);
+        Equipment::resizeEquipments(project, nbEquipments);
         Equipments(i).pos = 10 * i;
     }
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
 }
 
 /// Two steps to and fro, so that no step finds the pointer where the last one left it.
@@ -202,7 +178,6 @@ Steps dragSectionInHTop() {
 Steps slideSection() {
     startUp();
     bodyOf500Sections();
-    Main.setChecked(Control::RenderButton, false);
     Main.initSideView();
     return {[] { Main.sliderChanged(Control::CurvatureSlider, 120); },
             [] { Main.sliderChanged(Control::CurvatureSlider, 130); }};
@@ -212,7 +187,7 @@ template <int mode, int tab>
 Steps redraw() {
     startUp();
     largeProject();
-    Main.mode = mode;
+    Main.view.mode = mode;
     Main.selectTab(tab);
     return {[] { Main.refreshDrawingArea(); }, [] { Main.refreshDrawingArea(); }};
 }
@@ -222,6 +197,7 @@ void runEditor(benchmark::State& state, Steps (*prepare)()) {
     for (auto _ : state) {
         steps.there();
         steps.back();
+        window.changes.clear();
     }
 }
 

@@ -18,7 +18,7 @@ import tempfile
 import time
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "tests", "window"))
-from screen import Screen  # noqa: E402
+from screen import Screen
 
 # Seconds of work that are more than a timer's tick or a blinking cursor.
 LAST_WORK = 0.002

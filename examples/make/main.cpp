@@ -1,8 +1,6 @@
 // Makes the example aircraft of examples/ from their numbers, saved by the program's own writer.
 // Use: velna_examples FOLDER, where the pictures and airfoils already lie.
 
-#include "editor/Main.h"
-
 #include <array>
 #include <cstdio>
 #include <string>
@@ -11,10 +9,10 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
-#include "preview/Imaging.h"
+#include "persistence/AirfoilFiles.h"
+#include "persistence/ProjectFile.h"
+#include "preview/PictureCopies.h"
 
 namespace {
 
@@ -60,21 +58,21 @@ void shapePanel(SymWingSections& wing, const Panel& panel) {
 }
 
 /// The panels of a whole wing, each with the airfoil of `file` at `thickness`.
-void shapeWings(const std::vector<Panel>& panels, const std::string& file, double thickness,
-                const Point3D& color) {
+void shapeWings(Project& project, const std::vector<Panel>& panels, const std::string& file,
+                double thickness, const Point3D& color) {
     for (std::size_t i = 0; i < panels.size(); ++i) {
         if (i > 0) {
-            ++nbWings;
-            MainWing::addWing();
+            ++project.nbWings;
+            MainWing::addWing(project);
         }
-        currentWing = nbWings;
-        Plane::loadAirfoil(file);
-        SymWingSections& wing = Wings(nbWings);
+        project.currentWing = project.nbWings;
+        Plane::loadAirfoil(project, file);
+        SymWingSections& wing = project.Wings(project.nbWings);
         shapePanel(wing, panels[i]);
         wing.thickness1 = wing.thickness2 = thickness;
         wing.set_color(color);
     }
-    currentWing = 1;
+    project.currentWing = 1;
 }
 
 struct Box {
@@ -84,19 +82,19 @@ struct Box {
     int orientation;
 };
 
-void placeBoxes(const std::vector<Box>& boxes) {
+void placeBoxes(Project& project, const std::vector<Box>& boxes) {
     for (std::size_t i = 0; i < boxes.size(); ++i) {
-        if (i > 0) Equipment::resizeEquipments(++nbEquipments);
-        currentEquipment = nbEquipments;
-        ElectroBox& box = Equipment::current();
+        if (i > 0) Equipment::resizeEquipments(project, ++project.nbEquipments);
+        project.currentEquipment = project.nbEquipments;
+        ElectroBox& box = Equipment::current(project);
         box.box = boxes[i].kind;
-        Equipment::applyCatalogueRow(boxes[i].catalogueRow);
+        Equipment::applyCatalogueRow(project, boxes[i].catalogueRow);
         box.pos = boxes[i].pos;
         box.elevation = boxes[i].elevation;
         box.shift = boxes[i].shift;
         box.orientation = boxes[i].orientation;
     }
-    currentEquipment = 1;
+    project.currentEquipment = 1;
 }
 
 template <class Object>
@@ -110,33 +108,33 @@ void givePicture(SymWingSections& wing, const std::string& folder, const std::st
     wing.qualified_texture_filename = title;
 }
 
-void start(int unit) {
-    Prefs = {};
-    Prefs.units = unit;
-    Prefs.selectUnit(unit);
-    ObjectList.clear();
-    Plane::setDefaultPlane();
-    ObjectList.update();
+Project start(int unit) {
+    Project project;
+    project.units = unit;
+    Plane::setDefaultPlane(project);
+    project.ObjectList.update(project.Fuselages, project.nbFuselages);
+    return project;
 }
 
 /// A high-wing trainer of 1.5 m: a straight middle panel, a tapered one, and a tip with dihedral.
-void trainer(const std::string& folder) {
-    start(millimetres);
-    shapeWings({{190, 0, 330, 240, 240, 112, 12, 0},
+Project trainer(const std::string& folder) {
+    Project project = start(millimetres);
+    shapeWings(project,
+               {{190, 0, 330, 240, 240, 112, 12, 0},
                 {190, 6, 300, 240, 215, 124, 22, 330},
                 {196, 22, 120, 215, 160, 146, 14, 630}},
                folder + "airfoils/naca2412.xy", 0.12, {245, 245, 240});
-    shapePanel(Stabilizer, {770, 28, 260, 165, 125, 42, 0, 0});
-    Stabilizer.thickness1 = Stabilizer.thickness2 = 0.08;
-    Stabilizer.set_color({245, 245, 240});
-    Rudder.pos1 = 765;
-    Rudder.pos2 = 62;
-    Rudder.span = 190;
-    Rudder.length1 = 180;
-    Rudder.length2 = 105;
-    Rudder.shift = 46;
-    Rudder.set_color({230, 60, 40});
-    shapeFuselage(Fuselages(1),
+    shapePanel(project.Stabilizer, {770, 28, 260, 165, 125, 42, 0, 0});
+    project.Stabilizer.thickness1 = project.Stabilizer.thickness2 = 0.08;
+    project.Stabilizer.set_color({245, 245, 240});
+    project.Rudder.pos1 = 765;
+    project.Rudder.pos2 = 62;
+    project.Rudder.span = 190;
+    project.Rudder.length1 = 180;
+    project.Rudder.length2 = 105;
+    project.Rudder.shift = 46;
+    project.Rudder.set_color({230, 60, 40});
+    shapeFuselage(project.Fuselages(1),
                   {{44, 44, 0, 32, 1, 1, 0.5},
                    {78, 72, 35, 8, 0.7, 0.7, 0.5},
                    {104, 84, 150, -2, 0.45, 0.4, 0.5},
@@ -145,34 +143,37 @@ void trainer(const std::string& folder) {
                    {74, 60, 620, 14, 0.5, 0.5, 0.5},
                    {28, 22, 940, 34, 0.6, 0.6, 0.5}},
                   24);
-    Fuselages(1).set_color({230, 60, 40});
-    placeBoxes({{BoxKind::servo, 7, 330, 30, 18, 0},
-                {BoxKind::servo, 7, 330, 30, -18, 0},
-                {BoxKind::receiver, 6, 240, 20, 0, 0},
-                {BoxKind::accumulator, 1, 70, 16, 0, 0}});
-    for (int i = 1; i <= nbWings; ++i) givePicture(Wings(i), folder, "trainer_wing.bmp");
-    givePicture(Fuselages(1), folder, "trainer_body.bmp");
-    givePicture(Rudder, folder, "trainer_fin.bmp");
+    project.Fuselages(1).set_color({230, 60, 40});
+    placeBoxes(project, {{BoxKind::servo, 7, 330, 30, 18, 0},
+                         {BoxKind::servo, 7, 330, 30, -18, 0},
+                         {BoxKind::receiver, 6, 240, 20, 0, 0},
+                         {BoxKind::accumulator, 1, 70, 16, 0, 0}});
+    for (int i = 1; i <= project.nbWings; ++i)
+        givePicture(project.Wings(i), folder, "trainer_wing.bmp");
+    givePicture(project.Fuselages(1), folder, "trainer_body.bmp");
+    givePicture(project.Rudder, folder, "trainer_fin.bmp");
+    return project;
 }
 
 /// A glider of 2.6 m with a slim body and a T-tail's height.
-void glider(const std::string& folder) {
-    start(millimetres);
-    shapeWings({{330, 4, 620, 215, 195, 46, 28, 0},
+Project glider(const std::string& folder) {
+    Project project = start(millimetres);
+    shapeWings(project,
+               {{330, 4, 620, 215, 195, 46, 28, 0},
                 {334, 14, 430, 195, 150, 74, 52, 620},
                 {348, 42, 240, 150, 80, 126, 62, 1050}},
                folder + "airfoils/naca4412.xy", 0.09, {250, 250, 250});
-    shapePanel(Stabilizer, {1120, 22, 270, 105, 72, 178, 0, 0});
-    Stabilizer.thickness1 = Stabilizer.thickness2 = 0.08;
-    Stabilizer.set_color({250, 250, 250});
-    Rudder.pos1 = 1090;
-    Rudder.pos2 = 30;
-    Rudder.span = 168;
-    Rudder.length1 = 155;
-    Rudder.length2 = 105;
-    Rudder.shift = 12;
-    Rudder.set_color({250, 250, 250});
-    shapeFuselage(Fuselages(1),
+    shapePanel(project.Stabilizer, {1120, 22, 270, 105, 72, 178, 0, 0});
+    project.Stabilizer.thickness1 = project.Stabilizer.thickness2 = 0.08;
+    project.Stabilizer.set_color({250, 250, 250});
+    project.Rudder.pos1 = 1090;
+    project.Rudder.pos2 = 30;
+    project.Rudder.span = 168;
+    project.Rudder.length1 = 155;
+    project.Rudder.length2 = 105;
+    project.Rudder.shift = 12;
+    project.Rudder.set_color({250, 250, 250});
+    shapeFuselage(project.Fuselages(1),
                   {{2, 2, 0, 14, 1, 1, 0.5},
                    {34, 32, 45, -2, 1, 1, 0.5},
                    {66, 56, 150, -18, 1, 1, 0.55},
@@ -182,30 +183,46 @@ void glider(const std::string& folder) {
                    {26, 22, 850, 8, 1, 1, 0.5},
                    {16, 14, 1240, 14, 1, 1, 0.5}},
                   32);
-    Fuselages(1).set_color({40, 90, 200});
-    placeBoxes({{BoxKind::servo, 1, 250, -6, 12, 0},
-                {BoxKind::servo, 1, 250, -6, -12, 0},
-                {BoxKind::receiver, 4, 190, -8, 0, 1},
-                {BoxKind::accumulator, 0, 60, -2, 0, 0}});
+    project.Fuselages(1).set_color({40, 90, 200});
+    placeBoxes(project, {{BoxKind::servo, 1, 250, -6, 12, 0},
+                         {BoxKind::servo, 1, 250, -6, -12, 0},
+                         {BoxKind::receiver, 4, 190, -8, 0, 1},
+                         {BoxKind::accumulator, 0, 60, -2, 0, 0}});
+    return project;
+}
+
+/// The cabin above the hulls.
+void shapePod(MeshSections& pod) {
+    shapeFuselage(pod,
+                  {{10, 10, 0, 30, 1, 1, 0.5},
+                   {64, 60, 60, 4, 1, 1, 0.5},
+                   {72, 66, 170, 0, 1, 1, 0.5},
+                   {16, 14, 330, 26, 1, 1, 0.5}},
+                  16);
+    pod.pos_offset = 230;
+    pod.elevation_offset = 130;
+    pod.transparent = true;
+    pod.set_color({120, 170, 220});
 }
 
 /// A flying boat on two hulls: one fuselage to the side, whose twin stands mirrored, and twin fins.
-void twinHull(const std::string& folder) {
-    start(millimetres);
-    shapeWings({{250, 0, 260, 230, 230, 120, 0, 0}, {250, 24, 480, 230, 140, 120, 46, 260}},
+Project twinHull(const std::string& folder) {
+    Project project = start(millimetres);
+    shapeWings(project,
+               {{250, 0, 260, 230, 230, 120, 0, 0}, {250, 24, 480, 230, 140, 120, 46, 260}},
                folder + "airfoils/naca2412.xy", 0.13, {255, 200, 60});
-    shapePanel(Stabilizer, {870, 0, 210, 130, 130, 150, 0, 0});
-    Stabilizer.thickness1 = Stabilizer.thickness2 = 0.08;
-    Stabilizer.set_color({255, 200, 60});
-    Rudder.pos1 = 830;
-    Rudder.pos2 = 45;
-    Rudder.span = 150;
-    Rudder.length1 = 170;
-    Rudder.length2 = 110;
-    Rudder.shift = 60;
-    Rudder.offset1 = 200;
-    Rudder.set_color({255, 255, 255});
-    MeshSections& hull = Fuselages(1);
+    shapePanel(project.Stabilizer, {870, 0, 210, 130, 130, 150, 0, 0});
+    project.Stabilizer.thickness1 = project.Stabilizer.thickness2 = 0.08;
+    project.Stabilizer.set_color({255, 200, 60});
+    project.Rudder.pos1 = 830;
+    project.Rudder.pos2 = 45;
+    project.Rudder.span = 150;
+    project.Rudder.length1 = 170;
+    project.Rudder.length2 = 110;
+    project.Rudder.shift = 60;
+    project.Rudder.offset1 = 200;
+    project.Rudder.set_color({255, 255, 255});
+    MeshSections& hull = project.Fuselages(1);
     shapeFuselage(hull,
                   {{10, 10, 0, 60, 1, 1.6, 0.4},
                    {66, 62, 70, 18, 0.8, 1.4, 0.4},
@@ -217,41 +234,32 @@ void twinHull(const std::string& folder) {
                   20);
     hull.shift = 200;
     hull.set_color({255, 255, 255});
-    ++nbFuselages;
-    Fuselage::resizeFuselages();
+    ++project.nbFuselages;
+    Fuselage::resizeFuselages(project);
     Fuselage::addFuselage();
-    MeshSections& pod = Fuselages(2);
-    shapeFuselage(pod,
-                  {{10, 10, 0, 30, 1, 1, 0.5},
-                   {64, 60, 60, 4, 1, 1, 0.5},
-                   {72, 66, 170, 0, 1, 1, 0.5},
-                   {16, 14, 330, 26, 1, 1, 0.5}},
-                  16);
-    pod.pos_offset = 230;
-    pod.elevation_offset = 130;
-    pod.transparent = true;
-    pod.set_color({120, 170, 220});
+    shapePod(project.Fuselages(2));
     ObjectList.update();
-    placeBoxes({{BoxKind::servo, 4, 420, 40, 200, 0},
-                {BoxKind::receiver, 1, 300, 40, 200, 0},
-                {BoxKind::accumulator, 1, 290, 150, 0, 0}});
+    placeBoxes(project, {{BoxKind::servo, 4, 420, 40, 200, 0},
+                         {BoxKind::receiver, 1, 300, 40, 200, 0},
+                         {BoxKind::accumulator, 1, 290, 150, 0, 0}});
+    return project;
 }
 
 /// A sport model in inches with its electronics in place.
-void sportInches(const std::string& folder) {
-    start(inches);
-    shapeWings({{8.5, 1.1, 23.5, 10.5, 7.25, 1.1, 0.9, 0}}, folder + "airfoils/naca0012.xy", 0.15,
-               {230, 230, 230});
-    shapePanel(Stabilizer, {33, 1.4, 9.5, 5.75, 4, 2.4, 0, 0});
-    Stabilizer.set_color({230, 230, 230});
-    Rudder.pos1 = 32.5;
-    Rudder.pos2 = 2.4;
-    Rudder.span = 7.5;
-    Rudder.length1 = 7;
-    Rudder.length2 = 4;
-    Rudder.shift = 2.75;
-    Rudder.set_color({30, 140, 70});
-    shapeFuselage(Fuselages(1),
+Project sportInches(const std::string& folder) {
+    Project project = start(inches);
+    shapeWings(project, {{8.5, 1.1, 23.5, 10.5, 7.25, 1.1, 0.9, 0}},
+               folder + "airfoils/naca0012.xy", 0.15, {230, 230, 230});
+    shapePanel(project.Stabilizer, {33, 1.4, 9.5, 5.75, 4, 2.4, 0, 0});
+    project.Stabilizer.set_color({230, 230, 230});
+    project.Rudder.pos1 = 32.5;
+    project.Rudder.pos2 = 2.4;
+    project.Rudder.span = 7.5;
+    project.Rudder.length1 = 7;
+    project.Rudder.length2 = 4;
+    project.Rudder.shift = 2.75;
+    project.Rudder.set_color({30, 140, 70});
+    shapeFuselage(project.Fuselages(1),
                   {{2.6, 2.6, 0, 1.1, 1, 1, 0.5},
                    {3.9, 3.6, 2, 0.4, 0.7, 0.6, 0.5},
                    {4.6, 3.9, 8, 0, 0.6, 0.5, 0.5},
@@ -260,19 +268,21 @@ void sportInches(const std::string& folder) {
                    {2.9, 2.2, 30, 1.2, 0.8, 0.6, 0.5},
                    {1.2, 0.8, 39.5, 2.1, 0.9, 0.9, 0.5}},
                   24);
-    Fuselages(1).set_color({30, 140, 70});
-    placeBoxes({{BoxKind::servo, 4, 14.5, 0.9, 0.9, 0},
-                {BoxKind::servo, 4, 14.5, 0.9, -0.9, 0},
-                {BoxKind::servo, 1, 4, 1.6, 0, 1},
-                {BoxKind::receiver, 3, 10.5, 0.7, 0, 0},
-                {BoxKind::accumulator, 2, 2.6, 1.2, 0, 0}});
+    project.Fuselages(1).set_color({30, 140, 70});
+    placeBoxes(project, {{BoxKind::servo, 4, 14.5, 0.9, 0.9, 0},
+                         {BoxKind::servo, 4, 14.5, 0.9, -0.9, 0},
+                         {BoxKind::servo, 1, 4, 1.6, 0, 1},
+                         {BoxKind::receiver, 3, 10.5, 0.7, 0, 0},
+                         {BoxKind::accumulator, 2, 2.6, 1.2, 0, 0}});
+    return project;
 }
 
 /// The pictures lie in the folder already: nothing is decoded here.
-bool save(const std::string& file) {
-    const std::string reason = Plane::saveProject(file);
-    if (!reason.empty()) std::fprintf(stderr, "%s: %s\n", file.c_str(), reason.c_str());
-    return reason.empty();
+bool save(Project project, const std::string& file) {
+    PictureStore pictures;
+    const Outcome saved = Plane::saveProject(project, file, pictures);
+    if (!saved.isDone()) std::fprintf(stderr, "%s: %s\n", file.c_str(), saved.reason().c_str());
+    return saved.isDone();
 }
 
 }  // namespace
@@ -286,16 +296,15 @@ int main(int count, char** arguments) {
     if (!folder.ends_with('/')) folder += '/';
     struct Example {
         const char* title;
-        void (*shape)(const std::string& folder);
+        Project (*shape)(const std::string& folder);
     };
     constexpr Example examples[] = {{"trainer.vln", trainer},
                                     {"glider.vln", glider},
                                     {"twin_hull.vln", twinHull},
                                     {"sport_inches.vln", sportInches}};
     bool saved = true;
-    for (const Example& example : examples) {
-        example.shape(folder);
-        saved = save(folder + example.title) && saved;
-    }
+    for (const Example& example : examples)
+        saved = save(example.shape(folder), folder + example.title) && saved;
+
     return saved ? 0 : 1;
 }

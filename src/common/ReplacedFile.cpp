@@ -4,6 +4,8 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <set>
@@ -13,11 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "common/FileCalls.h"
-
 namespace velna {
-
-FileCalls fileCalls;
 
 namespace {
 
@@ -61,7 +59,7 @@ bool syncFolder(const std::string& folder) {
         ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     // A folder that may be written but not read cannot be synced; the file itself stands.
     if (descriptor < 0) return errno == EACCES;
-    const bool synced = fileCalls.sync(descriptor) == 0 || errno == EINVAL;
+    const bool synced = ::fsync(descriptor) == 0 || errno == EINVAL;
     const int kept = errno;
     ::close(descriptor);
     errno = kept;
@@ -89,8 +87,7 @@ void sweep(const std::string& folder) {
         if (!isTemporary(titleOf(path)) || ::lstat(path.c_str(), &status) != 0) continue;
         const bool ours =
             (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode)) && status.st_uid == ::geteuid();
-        if (ours && status.st_mtime < std::time(nullptr) - longestSave)
-            fileCalls.unlink(path.c_str());
+        if (ours && status.st_mtime < std::time(nullptr) - longestSave) ::unlink(path.c_str());
     }
 }
 
@@ -113,19 +110,19 @@ void ReplacedFile::open(Links links) {
         return;
     }
     std::string name = folderOf(target_).append(temporaryHead).append(temporaryTail);
-    descriptor_ = fileCalls.create(name.data(), O_CLOEXEC);
+    descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
     if (descriptor_ < 0) {
         fail();
         return;
     }
     temporary_ = name;
-    if (fileCalls.mode(descriptor_, modeFor(exists && !link ? &old : nullptr)) != 0) fail();
+    if (::fchmod(descriptor_, modeFor(exists && !link ? &old : nullptr)) != 0) fail();
 }
 
 ReplacedFile::~ReplacedFile() {
     if (descriptor_ >= 0) ::close(descriptor_);
-    if (!temporary_.empty()) fileCalls.unlink(temporary_.c_str());
-    if (!old_.empty()) fileCalls.unlink(old_.c_str());
+    if (!temporary_.empty()) ::unlink(temporary_.c_str());
+    if (!old_.empty()) ::unlink(old_.c_str());
 }
 
 void ReplacedFile::line(std::string_view text) {
@@ -161,7 +158,7 @@ void ReplacedFile::fail(const std::string& reason) {
 
 void ReplacedFile::write(std::string_view bytes) {
     while (error_.empty() && !bytes.empty()) {
-        const auto count = fileCalls.write(descriptor_, bytes.data(), bytes.size());
+        const auto count = ::write(descriptor_, bytes.data(), bytes.size());
         if (count > 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (count == 0) {
@@ -180,8 +177,8 @@ void ReplacedFile::flush() {
 /// All bytes on disk, and the file closed.
 void ReplacedFile::complete() {
     flush();
-    if (error_.empty() && fileCalls.sync(descriptor_) != 0) fail();
-    if (descriptor_ >= 0 && fileCalls.close(descriptor_) != 0) fail();
+    if (error_.empty() && ::fsync(descriptor_) != 0) fail();
+    if (descriptor_ >= 0 && ::close(descriptor_) != 0) fail();
     descriptor_ = -1;
 }
 
@@ -191,7 +188,7 @@ bool ReplacedFile::keepOld() {
     struct stat old {};
     if (::lstat(target_.c_str(), &old) != 0) return true;
     old_ = std::string(temporary_).append(oldTail);
-    if (fileCalls.link(target_.c_str(), old_.c_str()) != 0) {
+    if (::link(target_.c_str(), old_.c_str()) != 0) {
         std::error_code failure;
         fs::copy(target_, old_, fs::copy_options::copy_symlinks, failure);
         if (failure) fail(failure.message());
@@ -200,7 +197,7 @@ bool ReplacedFile::keepOld() {
 }
 
 bool ReplacedFile::place() {
-    if (fileCalls.rename(temporary_.c_str(), target_.c_str()) != 0) {
+    if (std::rename(temporary_.c_str(), target_.c_str()) != 0) {
         fail();
         return false;
     }
@@ -211,8 +208,8 @@ bool ReplacedFile::place() {
 
 /// Undoes `place`.
 bool ReplacedFile::putBack() {
-    inPlace_ = old_.empty() ? fileCalls.unlink(target_.c_str()) != 0
-                            : fileCalls.rename(old_.c_str(), target_.c_str()) != 0;
+    inPlace_ = old_.empty() ? ::unlink(target_.c_str()) != 0
+                            : std::rename(old_.c_str(), target_.c_str()) != 0;
     if (!inPlace_) old_.clear();
     return !inPlace_;
 }

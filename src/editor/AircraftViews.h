@@ -1,51 +1,31 @@
 #pragma once
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <deque>
-
+#include "common/List.h"
 #include "editor/EquipmentView.h"
 #include "editor/FuselageView.h"
 #include "editor/TailView.h"
 #include "editor/WingView.h"
+#include "model/Project.h"
 
 namespace velna {
-
-/// The views of a list of objects, from 1. A view is there when it is asked for; `renew` forgets
-/// what was known of an object that another one replaces.
-template <class View>
-class ViewList {
-public:
-    View& operator()(int i) const {
-        const auto index = static_cast<std::size_t>(i);
-        if (views_.size() <= index) views_.resize(index + 1);
-        return views_[index];
-    }
-    void renew(int i, const View& view = {}) const { (*this)(i) = view; }
-    /// How far views have been asked for.
-    int size() const { return std::max(static_cast<int>(views_.size()) - 1, 0); }
-    void clear() { views_.clear(); }
-
-private:
-    // A deque leaves its entries where they are when it grows.
-    mutable std::deque<View> views_;
-};
 
 /// What the editor keeps of each part of the aircraft: its outlines on the surface, and the gesture
 /// on it.
 class AircraftViews {
 public:
-    ViewList<WingView> wings;
+    explicit AircraftViews(Project& aircraft) : project(aircraft) {}
+
+    NumberedList<WingView> wings;
     WingView stabilizer;
     TailView rudder;
-    ViewList<FuselageView> fuselages;
-    ViewList<EquipmentView> boxes;
+    NumberedList<FuselageView> fuselages;
+    NumberedList<EquipmentView> boxes;
 
     /// Another aircraft: nothing of the former one's lists is left, and nothing is grabbed.
     void startOver();
     /// The view of the fuselage being edited.
-    FuselageView& fuselage() const;
+    FuselageView& fuselage() { return fuselages(project.currentFuselage); }
+    const FuselageView& fuselage() const { return fuselages(project.currentFuselage); }
 
     // Hits.cpp
     /// Some wing, or some box, is being dragged.
@@ -92,6 +72,9 @@ public:
     void testEquipmentsHTop(const Pointer& pointer);
     void selectsEquipmentsSide(const Canvas& canvas, const Pointer& pointer);
     void selectsEquipmentsHTop(const Canvas& canvas, const Pointer& pointer);
+
+private:
+    Project& project;
 };
 
 }  // namespace velna

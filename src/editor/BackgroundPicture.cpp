@@ -17,7 +17,7 @@ void MainForm::paintPicture() {
 }
 
 void MainForm::setDrawMode(DrawMode newMode) {
-    drawMode = newMode;
+    view.drawMode = newMode;
     DrawArea->setDrawMode(newMode);
 }
 
@@ -47,7 +47,7 @@ void MainForm::loadBitmapAction() {
 }
 
 void MainForm::moveBitmapAction() {
-    altkey = true;
+    pointer.altkey = true;
 }
 
 void MainForm::sizeBitmapAction() {

@@ -47,47 +47,46 @@ bool holds(Ask ask, bool state) {
 }
 
 /// Whether the block's subject is there at all.
-bool applies(CursorBlock block) {
+bool applies(const AircraftViews& views, const PointerState& pointer, CursorBlock block) {
     switch (block) {
         case OverWing:
-            return Main.views.wingSelected();
+            return views.wingSelected();
         case OverStabilizer:
-            return Main.views.stabilizer.grip.selected;
+            return views.stabilizer.grip.selected;
         case OverFuselage:
-            return Main.views.fuselage().grip.selected;
+            return views.fuselage().grip.selected;
         case OverBox:
-            return Main.views.boxSelected();
+            return views.boxSelected();
         case OverFin:
-            return Main.views.rudder.grip.selected;
+            return views.rudder.grip.selected;
         case OverNothing:
-            return !Main.anySelected() && !Main.ctrlkey;
+            return !views.anySelected() && !pointer.ctrlkey;
         case CtrlSet:
-            return Main.ctrlkey;
+            return pointer.ctrlkey;
         case AltSet:
-            return Main.altkey;
+            return pointer.altkey;
     }
     return false;
 }
 
-int selectedPart(CursorBlock block) {
+int selectedPart(const AircraftViews& views, CursorBlock block) {
     switch (block) {
         case OverWing:
-            return Main.views.selectedWingPart();
+            return views.selectedWingPart();
         case OverStabilizer:
-            return Main.views.stabilizer.grip.selected_part;
+            return views.stabilizer.grip.selected_part;
         case OverFuselage:
-            return Main.views.fuselage().grip.selected_part;
+            return views.fuselage().grip.selected_part;
         case OverFin:
-            return Main.views.rudder.grip.selected_part;
+            return views.rudder.grip.selected_part;
         default:
             return 0;
     }
 }
 
-bool fits(const CursorRule& rule) {
-    return holds(rule.vtop, Main.mode == ViewMode::VTop) && holds(rule.shift, Main.shiftkey) &&
-           (rule.parts.empty() ||
-            std::ranges::find(rule.parts, selectedPart(rule.block)) != rule.parts.end());
+bool fits(const AircraftViews& views, const CursorRule& rule) {
+    return rule.parts.empty() ||
+           std::ranges::find(rule.parts, selectedPart(views, rule.block)) != rule.parts.end();
 }
 
 }  // namespace
@@ -100,7 +99,10 @@ void MainForm::updateCursor() {
     const CursorRule* found = nullptr;
     std::optional<CursorBlock> settled;
     for (const CursorRule& rule : rules) {
-        if (settled == rule.block || !applies(rule.block) || !fits(rule)) continue;
+        if (settled == rule.block || !applies(views, pointer, rule.block) ||
+            !holds(rule.vtop, view.mode == ViewMode::VTop) ||
+            !holds(rule.shift, pointer.shiftkey) || !fits(views, rule))
+            continue;
         found = &rule;
         settled = rule.block;
     }
@@ -108,9 +110,9 @@ void MainForm::updateCursor() {
 }
 
 void MainForm::setCursor(CursorShape shape, CursorIcon icon) {
-    if (cursor == shape && cursorIcon == icon) return;
-    cursor = shape;
-    cursorIcon = icon;
+    if (pointer.cursor == shape && pointer.cursorIcon == icon) return;
+    pointer.cursor = shape;
+    pointer.cursorIcon = icon;
     window->setCursor(shape, icon);
 }
 

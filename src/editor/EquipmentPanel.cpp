@@ -5,7 +5,6 @@
 #include "editor/ModelChange.h"
 #include "editor/PanelTable.h"
 #include "model/Equipment.h"
-#include "model/Plane.h"
 
 namespace velna {
 namespace {
@@ -25,61 +24,64 @@ constexpr KindRow kindRows[] = {
 
 /// Servos are listed upright, receivers and accumulators flat: the same quarter turn means the
 /// opposite word.
-std::int32_t horizontalOrientation() {
-    return Equipment::current().box == BoxKind::servo ? 1 : 0;
+std::int32_t horizontalOrientation(const ElectroBox& box) {
+    return box.box == BoxKind::servo ? 1 : 0;
 }
 
-void showOrientation() {
-    const bool turned = Equipment::current().orientation != 0;
-    const bool horizontal = turned == (horizontalOrientation() == 1);
-    Main.setChecked(Control::HorizontalServoOption, horizontal);
-    Main.setChecked(Control::VerticalServoOption, !horizontal);
+void checkOrientation(MainForm& form, bool horizontal) {
+    form.setChecked(Control::HorizontalServoOption, horizontal);
+    form.setChecked(Control::VerticalServoOption, !horizontal);
 }
 
-void storeOrientation(bool horizontal) {
-    const std::int32_t flat = horizontalOrientation();
-    storeInModel(Equipment::current().orientation, horizontal ? flat : 1 - flat);
-    Main.setChecked(Control::HorizontalServoOption, horizontal);
-    Main.setChecked(Control::VerticalServoOption, !horizontal);
+void showOrientation(MainForm& form, const ElectroBox& box) {
+    const bool turned = box.orientation != 0;
+    checkOrientation(form, turned == (horizontalOrientation(box) == 1));
+}
+
+void storeOrientation(MainForm& form, ElectroBox& box, bool horizontal) {
+    const std::int32_t flat = horizontalOrientation(box);
+    storeInModel(form, box.orientation, horizontal ? flat : 1 - flat);
+    checkOrientation(form, horizontal);
 }
 
 }  // namespace
 
 void MainForm::updateEquipmentInterface() {
+    const ElectroBox& box = Equipment::current(project);
     for (const PanelField& field : panelFields())
-        if (field.tab == PanelTab::electronics) setText(field.control, panelText(field));
-    showOrientation();
+        if (field.tab == PanelTab::electronics) setText(field.control, panelText(project, field));
+    showOrientation(*this, box);
     for (const KindRow& row : kindRows) {
-        const bool same = row.kind == Equipment::current().box;
+        const bool same = row.kind == box.box;
         setChecked(row.option, same);
         setVisible(row.combo, same);
     }
-    setText(Control::IdEquipLabel, std::to_string(currentEquipment));
-    setScrollMaximum(Control::IndexServosScroll, nbEquipments);
+    setText(Control::IdEquipLabel, std::to_string(project.currentEquipment));
+    setScrollMaximum(Control::IndexServosScroll, project.nbEquipments);
 }
 
 void MainForm::optionClicked(Control option) {
-    if (option == Control::HorizontalServoOption) storeOrientation(true);
-    if (option == Control::VerticalServoOption) storeOrientation(false);
+    ElectroBox& box = Equipment::current(project);
+    if (option == Control::HorizontalServoOption) storeOrientation(*this, box, true);
+    if (option == Control::VerticalServoOption) storeOrientation(*this, box, false);
     for (const KindRow& row : kindRows) {
         if (row.option != option) continue;
-        storeInModel(Equipment::current().box, row.kind);
+        storeInModel(*this, box.box, row.kind);
         updateEquipmentInterface();
     }
 }
 
 void MainForm::comboClicked(Control combo, int index) {
     controls[combo].value = index;
-    const auto numbers = [] {
-        const ElectroBox& box = Equipment::current();
+    const auto numbers = [&] {
+        const ElectroBox& box = Equipment::current(project);
         return std::tuple{box.width, box.height, box.length, box.weight};
     };
-    changeModel(numbers, [&] { Equipment::applyCatalogueRow(index); });
+    changeModel(*this, numbers, [&] { Equipment::applyCatalogueRow(project, index); });
     updateEquipmentInterface();
 }
 
 void MainForm::fillCatalogues() {
-    Equipment::fillCatalogues();
     for (const KindRow& row : kindRows) {
         controls[row.combo].value = 0;
         window->catalogueFilled(row.combo);

@@ -1,9 +1,9 @@
 #include "editor/EquipmentView.h"
 
 #include <array>
-#include <span>
 
-#include "editor/Polyline.h"
+#include "common/Polyline.h"
+#include "model/ElectroBox.h"
 
 namespace velna {
 namespace {
@@ -13,20 +13,20 @@ using BoxHandle = Handle<Box>;
 
 // A plain drag moves a box along the aircraft only, one with Shift across only: a box that fits is
 // rarely meant to leave its place in both directions at once.
-constexpr std::array sideHandles{
+constexpr auto sideHandles = std::to_array({
     BoxHandle{BoxPart::hit,
               {{{&Box::pos, &Grip::initval, Axis::Right, 1}}},
               {{{&Box::elevation, &Grip::initval, Axis::Down, -1}}}},
-};
+});
 
-constexpr std::array htopHandles{
+constexpr auto htopHandles = std::to_array({
     BoxHandle{BoxPart::hit,
               {{{&Box::pos, &Grip::initval, Axis::Right, 1}}},
               {{{&Box::shift, &Grip::initval, Axis::Down, -1}}}},
-};
+});
 
 void drawOutline(const Canvas& canvas, const Rectangle& outline, Rgb colour) {
-    closedPolyline(canvas.area, std::span(outline).subspan<1>(), colour);
+    closedPolyline(canvas.area, pointsOf(outline), colour);
 }
 
 /// One edge catches the pointer: the one whose row is that of `edge`, between points 1 and 2.
@@ -37,7 +37,7 @@ std::int32_t partAt(const Rectangle& outline, Point2D edge, float x, float y) {
 /// The hover tests twice, since its first drawing has computed the outline anew.
 template <class Table, class PartHere, class Move, class Draw>
 void hoverOrDragBox(Grip& grip, const Table& table, PartHere partHere, Move move, Draw draw) {
-    if (grip.paint == BoxPart::none) {
+    if (!grip.held()) {
         if (partHere() == BoxPart::hit) {
             draw(true);
             grip.selected = true;

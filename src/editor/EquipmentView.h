@@ -4,9 +4,11 @@
 
 #include "editor/Canvas.h"
 #include "editor/Handles.h"
-#include "model/ElectroBox.h"
+#include "model/Outlines.h"
 
 namespace velna {
+
+class ElectroBox;
 
 /// What `grip.paint` of a box holds: it has one part, which is grabbed or not.
 namespace BoxPart {
@@ -18,7 +20,7 @@ inline constexpr int none = 1;
 /// pointer meets, and what the pointer does with it.
 class EquipmentView {
 public:
-    Grip grip{.paint = BoxPart::none};
+    Grip grip{.none = BoxPart::none};
     Rectangle sideOutline{};
     Rectangle htopOutline{};
 

@@ -4,7 +4,7 @@
 
 #include "common/NumberText.h"
 #include "editor/Main.h"
-#include "model/Prefs.h"
+#include "model/Project.h"
 
 namespace velna {
 namespace {
@@ -46,9 +46,13 @@ std::string inchText(double value) {
 
 }  // namespace
 
+std::string lengthText(double length, int unit) {
+    if (unit == inches && std::isfinite(length)) return inchText(length);
+    return numberText(std::floor(length));
+}
+
 std::string MainForm::Formatter(double x) const {
-    if (Prefs.units == inches && std::isfinite(x)) return inchText(x);
-    return numberText(std::floor(x));
+    return lengthText(x, project.units);
 }
 
 }  // namespace velna

@@ -1,56 +1,49 @@
-#include <cstddef>
+#include <numeric>
+#include <span>
+#include <vector>
 
 #include "editor/Main.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
+#include "model/Project.h"
 
 namespace velna {
 namespace {
 
-/// Which fuselages are shown is part of the project.
-void setShown(int i, bool shown) {
-    if (ObjectList.shown(i) != shown) Main.savedProject = false;
-    ObjectList.setShown(i, shown);
-}
-
-int rowCount() {
-    return static_cast<int>(ObjectList.rows.size());
-}
-
-/// Sets the rows that are chosen; the picture follows at once, the views when the manager closes.
-void setRows(bool shown, bool selectedOnly) {
-    for (int i = 1; i <= rowCount(); ++i) {
-        if (!selectedOnly || ObjectList.rows[static_cast<std::size_t>(i) - 1].selected)
-            setShown(i, shown);
+/// Which fuselages are shown is part of the project. The picture follows at once, the views when
+/// the manager closes.
+void setRows(MainForm& form, std::span<const int> rows, bool shown) {
+    ObjectListRecord& list = form.project.ObjectList;
+    for (const int i : rows) {
+        if (list.shown(i) != shown) form.savedProject = false;
+        list.setShown(i, shown);
     }
-    Main.window->fuselageListChanged();
-    Main.window->renderScene(true);
+    form.window->fuselageListChanged();
+    form.window->renderScene(true);
 }
 
 }  // namespace
 
-void MainForm::showCommand() {
-    setRows(true, true);
+void MainForm::showCommand(std::span<const int> rows) {
+    setRows(*this, rows, true);
 }
 
-void MainForm::hideCommand() {
-    setRows(false, true);
+void MainForm::hideCommand(std::span<const int> rows) {
+    setRows(*this, rows, false);
 }
 
 void MainForm::showAll() {
-    setRows(true, false);
+    std::vector<int> rows(project.ObjectList.rows.size());
+    std::iota(rows.begin(), rows.end(), 1);
+    setRows(*this, rows, true);
 }
 
 void MainForm::rowChecked(int i, bool on) {
-    if (i < 1 || i > rowCount()) return;
-    setShown(i, on);
-    window->fuselageListChanged();
-    window->renderScene(true);
+    if (1 <= i && i <= static_cast<int>(project.ObjectList.rows.size()))
+        setRows(*this, {&i, 1}, on);
 }
 
 void MainForm::closeManager(int focusedRow) {
-    if (1 <= focusedRow && focusedRow <= nbFuselages)
-        currentFuselage = static_cast<std::int16_t>(focusedRow);
+    if (1 <= focusedRow && focusedRow <= project.nbFuselages)
+        project.currentFuselage = static_cast<std::int16_t>(focusedRow);
     refreshDrawingArea();
     updateFuselageInterface();
 }

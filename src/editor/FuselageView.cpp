@@ -3,9 +3,17 @@
 #include <array>
 #include <span>
 
-#include "editor/Polyline.h"
+#include "common/Polyline.h"
+#include "model/MeshSections.h"
 
 namespace velna {
+
+/// A value of the selected section; null when no section is selected.
+static double* valueOf(MeshSections& fuselage, Array1<double> MeshSections::*values) {
+    if (!fuselage.sectionSelected()) return nullptr;
+    return &(fuselage.*values)(fuselage.storageIndex(fuselage.sel_sec));
+}
+
 namespace {
 
 using Body = MeshSections;
@@ -15,7 +23,7 @@ using enum FuselageLook;
 
 // A bottom point moves the bottom and holds the top; the height that goes with it is computed where
 // the drag is applied. A gap remembers a start value and moves nothing.
-constexpr std::array sideHandles{
+constexpr auto sideHandles = std::to_array({
     SectionHandle{FuselagePart::bar,
                   {{{&Body::elevation, &Grip::initval, Axis::Down, -1}}},
                   {{{&Body::pos, &Grip::initval, Axis::Right, 1}}}},
@@ -25,23 +33,23 @@ constexpr std::array sideHandles{
                     {&Body::height, &Grip::initval3, Axis::Down, 0}}},
                   {}},
     SectionHandle{FuselagePart::gap, {{{&Body::pos, &Grip::initval, Axis::Right, 0}}}, {}},
-};
+});
 
 // Both edges follow an end, so the width changes by twice the way. A bar moves with Shift only:
 // seen from above nothing else is left to move, and a slip of the hand must not.
-constexpr std::array htopHandles{
+constexpr auto htopHandles = std::to_array({
     SectionHandle{FuselagePart::plusEnd, {{{&Body::width, &Grip::initval, Axis::Down, 2}}}, {}},
     SectionHandle{FuselagePart::minusEnd, {{{&Body::width, &Grip::initval, Axis::Down, -2}}}, {}},
     SectionHandle{FuselagePart::bar,
                   {{{&Body::pos, &Grip::initval, Axis::Right, 0}}},
                   {{{&Body::pos, &Grip::initval, Axis::Right, 1}}}},
-};
+});
 
-constexpr std::array vtopHandles{
+constexpr auto vtopHandles = std::to_array({
     BodyHandle{FuselagePart::bar,
                {{{&Body::shift, &Grip::initval, Axis::Right, 1}}},
                {{{&Body::pos_offset, &Grip::initval, Axis::Down, 1}}}},
-};
+});
 
 /// The picture of the Side and HTop views: two edges along the body and a bar at each section.
 struct BodyPicture {
@@ -280,7 +288,7 @@ void FuselageView::holdTop(Body& body) const {
 
 void FuselageView::selectsSide(const Canvas& canvas, Body& body, const Pointer& pointer) {
     if (body.nb_cross == 0) return;
-    if (grip.paint == FuselagePart::none) return hoverSide(canvas, body, pointer);
+    if (!grip.held()) return hoverSide(canvas, body, pointer);
     const auto* handle = findHandle(sideHandles, grip.paint);
     if (!handle || !handle->moves(pointer.shiftkey)) return;
     dragTo(grip, body, *handle, pointer, canvas.at.zoom);
@@ -293,7 +301,7 @@ void FuselageView::selectsSide(const Canvas& canvas, Body& body, const Pointer& 
 
 void FuselageView::selectsHTop(const Canvas& canvas, Body& body, const Pointer& pointer) {
     if (body.nb_cross == 0) return;
-    if (grip.paint == FuselagePart::none) return hoverHTop(canvas, body, pointer);
+    if (!grip.held()) return hoverHTop(canvas, body, pointer);
     const auto* handle = findHandle(htopHandles, grip.paint);
     if (!handle || !handle->moves(pointer.shiftkey)) return;
     dragTo(grip, body, *handle, pointer, canvas.at.zoom);
@@ -302,7 +310,7 @@ void FuselageView::selectsHTop(const Canvas& canvas, Body& body, const Pointer& 
 
 void FuselageView::selectsVTop(const Canvas& canvas, Body& body, const Pointer& pointer) {
     if (body.nb_cross == 0) return;
-    if (grip.paint == FuselagePart::none) {
+    if (!grip.held()) {
         grip.selected_part = testPositionVTop(body, pointer);
         grip.selected = grip.selected_part == FuselagePart::bar;
         if (grip.selected) vtopPoints = body.computeVTopPoints(canvas.at, std::move(vtopPoints));

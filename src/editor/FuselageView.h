@@ -5,9 +5,11 @@
 
 #include "editor/Canvas.h"
 #include "editor/Handles.h"
-#include "model/MeshSections.h"
+#include "model/Outlines.h"
 
 namespace velna {
+
+class MeshSections;
 
 /// How a fuselage is drawn: the part that is lit, or what else stands for the whole.
 enum class FuselageLook {
@@ -28,7 +30,7 @@ inline constexpr int noSection = -1;
 /// that they find.
 class FuselageView {
 public:
-    Grip grip{.paint = FuselagePart::none};
+    Grip grip{.none = FuselagePart::none};
     double szoom = defaultEditorScale;  ///< scale of the section editor, pixels per length unit
     SideEdges side;
     HTopEdges htop;

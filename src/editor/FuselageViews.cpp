@@ -2,77 +2,83 @@
 
 #include "editor/AircraftViews.h"
 #include "model/Fuselage.h"
-#include "model/ObjectList.h"
 
 namespace velna {
 namespace {
 
-bool shown(int i) {
-    return ObjectList.shown(i);
+/// Calls `draw` on each shown fuselage that `wanted` chooses, with its number.
+template <class Fleet, class Wanted, class Draw>
+void forShown(Fleet& project, Wanted wanted, Draw draw) {
+    project.Fuselages.forEachDistinct(
+        project.nbFuselages, [&](int i) { return wanted(i) && project.ObjectList.shown(i); }, draw);
 }
 
-/// Calls `draw` on each shown fuselage but the current one, with its number.
+/// The same but for the current one.
 template <class Draw>
-void forShownOthers(Draw draw) {
-    Fuselages.forEachDistinct(
-        nbFuselages, [](int i) { return i != currentFuselage && shown(i); }, draw);
+void forShownOthers(const Project& project, Draw draw) {
+    forShown(
+        project, [&](int i) { return i != project.currentFuselage; }, draw);
 }
 
-bool currentShown() {
-    return shown(currentFuselage);
+bool currentShown(const Project& project) {
+    return project.ObjectList.shown(project.currentFuselage);
+}
+
+bool all(int /*i*/) {
+    return true;
 }
 
 }  // namespace
 
 // The current fuselage comes last, so that it stands on top of the others.
 void AircraftViews::drawFuselagesSide(const Canvas& canvas, int lit, FuselageLook look) {
-    forShownOthers([&](int i, const MeshSections& other) {
+    forShownOthers(project, [&](int i, const MeshSections& other) {
         fuselages(i).drawSide(canvas, other, noSection, FuselageLook::other);
     });
-    if (currentShown()) fuselage().drawSide(canvas, Fuselage::current(), lit, look);
+    if (currentShown(project)) fuselage().drawSide(canvas, Fuselage::current(project), lit, look);
 }
 
 void AircraftViews::drawFuselagesHTop(const Canvas& canvas, int lit, FuselageLook look) {
-    forShownOthers([&](int i, const MeshSections& other) {
+    forShownOthers(project, [&](int i, const MeshSections& other) {
         fuselages(i).drawHTop(canvas, other, noSection, FuselageLook::other);
     });
-    if (currentShown()) fuselage().drawHTop(canvas, Fuselage::current(), lit, look);
+    if (currentShown(project)) fuselage().drawHTop(canvas, Fuselage::current(project), lit, look);
 }
 
 void AircraftViews::drawFuselagesVTop(const Canvas& canvas, FuselageLook look) {
     // While nothing is lit on it, the current one is drawn dim in its place among the others, and
     // in black on top of them all at the end.
-    const bool all = !fuselage().grip.selected;
-    Fuselages.forEachDistinct(
-        nbFuselages, [&](int i) { return (all || i != currentFuselage) && shown(i); },
+    const bool idle = !fuselage().grip.selected;
+    forShown(
+        std::as_const(project), [&](int i) { return idle || i != project.currentFuselage; },
         [&](int i, const MeshSections& body) {
             fuselages(i).drawVTop(canvas, body, FuselageLook::other);
         });
-    if (currentShown()) fuselage().drawVTop(canvas, Fuselage::current(), look);
+    if (currentShown(project)) fuselage().drawVTop(canvas, Fuselage::current(project), look);
 }
 
 void AircraftViews::computeFuselagesVTop(const Transform& at) {
-    Fuselages.forEachDistinct(nbFuselages, shown, [&](int i, const MeshSections& body) {
+    forShown(std::as_const(project), all, [&](int i, const MeshSections& body) {
         auto& points = fuselages(i).vtopPoints;
         points = body.computeVTopPoints(at, std::move(points));
     });
 }
 
 void AircraftViews::drawFuselageFront(const Canvas& canvas) {
-    if (currentShown()) fuselage().drawFront(canvas, Fuselage::current());
+    if (currentShown(project)) fuselage().drawFront(canvas, Fuselage::current(project));
 }
 
 void AircraftViews::selectsFuselagesSide(const Canvas& canvas, const Pointer& pointer) {
-    forShownOthers([&](int i, const MeshSections& other) {
+    forShownOthers(project, [&](int i, const MeshSections& other) {
         fuselages(i).drawSide(canvas, other, noSection, FuselageLook::other);
     });
-    if (currentShown()) fuselage().selectsSide(canvas, Fuselage::current(), pointer);
+    if (currentShown(project)) fuselage().selectsSide(canvas, Fuselage::current(project), pointer);
 }
 
 // In list order: the erasing of each one's old lines is followed by the drawing of all behind it.
 void AircraftViews::selectsFuselagesHTop(const Canvas& canvas, const Pointer& pointer) {
-    Fuselages.forEachDistinct(nbFuselages, shown, [&](int i, MeshSections& body) {
-        if (i == currentFuselage) {
+    forShown(project, all, [&](int i, MeshSections& body) {
+        if (i == project.currentFuselage) {
             fuselages(i).selectsHTop(canvas, body, pointer);
         } else {
             fuselages(i).drawHTop(canvas, body, noSection, FuselageLook::other);
@@ -81,10 +87,10 @@ void AircraftViews::selectsFuselagesHTop(const Canvas& canvas, const Pointer& po
 }
 
 void AircraftViews::selectsFuselagesVTop(const Canvas& canvas, const Pointer& pointer) {
-    forShownOthers([&](int i, const MeshSections& other) {
+    forShownOthers(project, [&](int i, const MeshSections& other) {
         fuselages(i).drawVTop(canvas, other, FuselageLook::other);
     });
-    if (currentShown()) fuselage().selectsVTop(canvas, Fuselage::current(), pointer);
+    if (currentShown(project)) fuselage().selectsVTop(canvas, Fuselage::current(project), pointer);
 }
 
 }  // namespace velna

@@ -7,9 +7,8 @@
 #include <cstdint>
 
 #include "common/Finite.h"
-#include "common/List.h"
+#include "common/Point.h"
 #include "editor/Canvas.h"
-#include "model/MeshSections.h"
 
 namespace velna {
 
@@ -28,12 +27,17 @@ inline bool near(Point2D point, float x, float y) {
 
 /// What the pointer does with an object of the aircraft.
 struct Grip {
-    std::int32_t paint = 0;  ///< the part that a drag has grabbed; each kind has its idle one
-    bool selected = false;   ///< the pointer rests on a part
+    std::int32_t none = 0;           ///< the code that stands for no part; each kind has its own
+    std::int32_t paint = none;       ///< the part that a drag has grabbed
+    bool selected = false;           ///< the pointer rests on a part
     std::int32_t selected_part = 0;  ///< the part of the last hover test
     double initval = 0;              ///< value of the dragged field at the press
     double initval2 = 0;             ///< second such value
     double initval3 = 0;             ///< third such value
+
+    bool held() const { return paint != none; }
+    void letGo() { paint = none; }
+    void unlight() { selected = false; }
 };
 
 /// The direction on the screen that a drag is measured in.
@@ -102,16 +106,10 @@ const Lit& litParts(const std::array<Handle<Object, Value>, n>& table, int part)
     return handle ? handle->lit : unlit;
 }
 
-/// Where a value of an object lies.
+/// Where a value of an object lies; null where it has none at this moment.
 template <class Object>
 double* valueOf(Object& object, double Object::*value) {
     return &(object.*value);
-}
-
-/// A value of the selected section; null when no section is selected.
-inline double* valueOf(MeshSections& fuselage, Array1<double> MeshSections::*values) {
-    if (!fuselage.sectionSelected()) return nullptr;
-    return &(fuselage.*values)(fuselage.storageIndex(fuselage.sel_sec));
 }
 
 /// The press: remembers the values that a drag of the part in `grip.paint` starts from. 0 stands
@@ -142,15 +140,15 @@ void dragTo(const Grip& grip, Object& object, const Handle<Object, Value>& handl
     }
 }
 
-/// A move over an object whose idle part is `none`: without a grabbed part it lights `partHere`,
-/// the one under the pointer, with one it drags it. `draw` takes the highlight arguments.
+/// A move over an object: without a grabbed part it lights `partHere`, the one under the pointer,
+/// with one it drags it. `draw` takes the highlight arguments.
 template <class Object, std::size_t n, class Move, class Draw>
-void hoverOrDrag(Grip& grip, int none, const std::array<Handle<Object>, n>& table, int partHere,
-                 Move move, Draw draw) {
-    if (grip.paint == none) {
+void hoverOrDrag(Grip& grip, const std::array<Handle<Object>, n>& table, int partHere, Move move,
+                 Draw draw) {
+    if (!grip.held()) {
         grip.selected_part = partHere;
         draw(litParts(table, partHere));
-        grip.selected = partHere != none;
+        grip.selected = partHere != grip.none;
     } else if (const auto* handle = findHandle(table, grip.paint)) {
         move(*handle);
         draw(handle->lit);

@@ -1,7 +1,8 @@
 #include <algorithm>
+#include <functional>
 
 #include "editor/AircraftViews.h"
-#include "model/Plane.h"
+#include "model/Project.h"
 
 namespace velna {
 namespace {
@@ -9,23 +10,15 @@ namespace {
 // Of what nobody has asked for, nothing is hit or lit.
 
 template <class View, class Asked>
-bool any(const ViewList<View>& views, int count, Asked asked) {
+bool any(const NumberedList<View>& views, int count, Asked asked) {
     for (int i = 1; i <= std::min(count, views.size()); ++i)
-        if (asked(views(i).grip)) return true;
+        if (std::invoke(asked, views(i).grip)) return true;
     return false;
 }
 
 template <class View, class Change>
-void each(const ViewList<View>& views, int count, Change change) {
-    for (int i = 1; i <= std::min(count, views.size()); ++i) change(views(i).grip);
-}
-
-bool isSelected(const Grip& grip) {
-    return grip.selected;
-}
-
-void unselect(Grip& grip) {
-    grip.selected = false;
+void each(NumberedList<View>& views, int count, Change change) {
+    for (int i = 1; i <= std::min(count, views.size()); ++i) std::invoke(change, views(i).grip);
 }
 
 }  // namespace
@@ -34,33 +27,29 @@ void AircraftViews::startOver() {
     wings.clear();
     fuselages.clear();
     boxes.clear();
-    stabilizer.grip.paint = WingPart::none;
+    stabilizer.grip.letGo();
     rudder.grip = TailView().grip;
 }
 
-FuselageView& AircraftViews::fuselage() const {
-    return fuselages(currentFuselage);
-}
-
 bool AircraftViews::wingHit() const {
-    return any(wings, nbWings, [](const Grip& grip) { return grip.paint != WingPart::none; });
+    return any(wings, project.nbWings, &Grip::held);
 }
 
 bool AircraftViews::boxHit() const {
-    return any(boxes, nbEquipments, [](const Grip& grip) { return grip.paint != BoxPart::none; });
+    return any(boxes, project.nbEquipments, &Grip::held);
 }
 
 bool AircraftViews::anyHit() const {
-    return boxHit() || wingHit() || stabilizer.grip.paint != WingPart::none ||
-           rudder.grip.paint != FinPart::none || fuselage().grip.paint != FuselagePart::none;
+    return boxHit() || wingHit() || stabilizer.grip.held() || rudder.grip.held() ||
+           fuselage().grip.held();
 }
 
 bool AircraftViews::wingSelected() const {
-    return any(wings, nbWings, isSelected);
+    return any(wings, project.nbWings, &Grip::selected);
 }
 
 bool AircraftViews::boxSelected() const {
-    return any(boxes, nbEquipments, isSelected);
+    return any(boxes, project.nbEquipments, &Grip::selected);
 }
 
 bool AircraftViews::anySelected() const {
@@ -69,33 +58,33 @@ bool AircraftViews::anySelected() const {
 }
 
 int AircraftViews::selectedWingPart() const {
-    for (int i = 1; i <= std::min<int>(nbWings, wings.size()); ++i)
+    for (int i = 1; i <= std::min<int>(project.nbWings, wings.size()); ++i)
         if (wings(i).grip.selected) return wings(i).grip.selected_part;
     return WingPart::none;
 }
 
 void AircraftViews::letGoOfWings() {
-    each(wings, nbWings, [](Grip& grip) { grip.paint = WingPart::none; });
+    each(wings, project.nbWings, &Grip::letGo);
 }
 
 void AircraftViews::letGoOfBoxes() {
-    each(boxes, nbEquipments, [](Grip& grip) { grip.paint = BoxPart::none; });
+    each(boxes, project.nbEquipments, &Grip::letGo);
 }
 
 void AircraftViews::letGo() {
     letGoOfWings();
     letGoOfBoxes();
-    stabilizer.grip.paint = WingPart::none;
-    rudder.grip.paint = FinPart::none;
-    fuselage().grip.paint = FuselagePart::none;
+    stabilizer.grip.letGo();
+    rudder.grip.letGo();
+    fuselage().grip.letGo();
 }
 
 void AircraftViews::clearHover() {
-    each(wings, nbWings, unselect);
-    each(boxes, nbEquipments, unselect);
-    unselect(stabilizer.grip);
-    unselect(rudder.grip);
-    unselect(fuselage().grip);
+    each(wings, project.nbWings, &Grip::unlight);
+    each(boxes, project.nbEquipments, &Grip::unlight);
+    stabilizer.grip.unlight();
+    rudder.grip.unlight();
+    fuselage().grip.unlight();
 }
 
 }  // namespace velna

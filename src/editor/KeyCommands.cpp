@@ -1,6 +1,6 @@
 #include <cstdint>
 
-#include "editor/Main.h"
+#include "editor/Views.h"
 
 namespace velna {
 namespace {
@@ -12,91 +12,90 @@ constexpr int anyShift = -1;
 struct KeyCommand {
     std::int16_t keyCode;
     int shift;
-    void (*run)();
+    void (*run)(MainForm& form);
 };
 
 constexpr KeyCommand keyCommands[] = {
-    {'Z', anyShift, [] { Main.initVTopView(); }},
-    {'C', anyShift, [] { Main.initSideView(); }},
-    {'X', anyShift, [] { Main.initFrontView(); }},
-    {'V', anyShift, [] { Main.initHTopView(); }},
-    {'S', anyShift, [] { Main.window->renderScene(true); }},
-    {'O', anyShift, [] { Main.loadBitmapAction(); }},
+    {'Z', anyShift, [](MainForm& form) { form.initVTopView(); }},
+    {'C', anyShift, [](MainForm& form) { form.initSideView(); }},
+    {'X', anyShift, [](MainForm& form) { form.initFrontView(); }},
+    {'V', anyShift, [](MainForm& form) { form.initHTopView(); }},
+    {'S', anyShift, [](MainForm& form) { form.window->renderScene(true); }},
+    {'O', anyShift, [](MainForm& form) { form.loadBitmapAction(); }},
     {'I', anyShift,
-     [] {
-         if (Main.pictureShownHere()) Main.sizeBitmapAction();
+     [](MainForm& form) {
+         if (form.pictureShownHere()) form.sizeBitmapAction();
      }},
     {'A', anyShift,
-     [] {
-         Main.focusZoom = true;
-         Main.refreshDrawingArea();
+     [](MainForm& form) {
+         form.view.focusZoom = true;
+         form.refreshDrawingArea();
      }},
-    {'R', ShiftState::shift + ShiftState::ctrl, [] { Main.window->promptFrustum(); }},
+    {'R', ShiftState::shift + ShiftState::ctrl,
+     [](MainForm& form) { form.window->promptFrustum(); }},
 };
 
 /// An entry of the popup menu and what it does.
 struct MenuEntry {
     Control control;
-    void (*run)();
+    void (*run)(MainForm& form);
 };
 
 constexpr MenuEntry menuEntries[] = {
     {Control::Change,
-     [] {
+     [](MainForm& form) {
+         PointerState& pointer = form.pointer;
          // Under the custom cursor the handle changes a shape, which has one direction only.
-         if (Main.cursor != CursorShape::Custom) Main.shiftkey = !Main.shiftkey;
-         Main.ctrlkey = false;
+         if (pointer.cursor != CursorShape::Custom) pointer.shiftkey = !pointer.shiftkey;
+         pointer.ctrlkey = false;
      }},
     {Control::InsRem,
-     [] {
-         Main.ctrlkey = !Main.ctrlkey;
-         Main.shiftkey = false;
+     [](MainForm& form) {
+         form.pointer.ctrlkey = !form.pointer.ctrlkey;
+         form.pointer.shiftkey = false;
      }},
-    {Control::LoadBitmap, [] { Main.loadBitmapAction(); }},
-    {Control::MoveBitmap, [] { Main.moveBitmapAction(); }},
-    {Control::SizeBitmap, [] { Main.sizeBitmapAction(); }},
-    {Control::LockZoom, [] { Main.lockZoomAction(); }},
-    {Control::ClearBitmap, [] { Main.clearBitmapAction(); }},
+    {Control::LoadBitmap, [](MainForm& form) { form.loadBitmapAction(); }},
+    {Control::MoveBitmap, [](MainForm& form) { form.moveBitmapAction(); }},
+    {Control::SizeBitmap, [](MainForm& form) { form.sizeBitmapAction(); }},
+    {Control::LockZoom, [](MainForm& form) { form.lockZoomAction(); }},
+    {Control::ClearBitmap, [](MainForm& form) { form.clearBitmapAction(); }},
 };
 
 /// The cursor tells along which axis a drag with Shift will move.
-CursorShape constrainedCursor() {
-    const AircraftViews& views = Main.views;
+CursorShape constrainedCursor(const AircraftViews& views, std::int32_t mode) {
     const bool sideways = views.rudder.grip.selected || views.boxSelected() ||
-                          (views.fuselage().grip.selected && Main.mode == ViewMode::VTop);
+                          (views.fuselage().grip.selected && mode == ViewMode::VTop);
     return sideways ? CursorShape::WestEast : CursorShape::NorthSouth;
 }
 
-void armModifier(std::int16_t shift) {
+void armModifier(MainForm& form, std::int16_t shift) {
+    PointerState& pointer = form.pointer;
     // Armed already, the cursor is the table's, which shows the direction of the drag to come.
-    if (shift == ShiftState::shift && !Main.shiftkey && Main.anySelected() &&
-        Main.cursor != CursorShape::Custom) {
-        Main.setCursor(constrainedCursor());
-        Main.shiftkey = true;
+    if (shift == ShiftState::shift && !pointer.shiftkey && form.anySelected() &&
+        pointer.cursor != CursorShape::Custom) {
+        form.setCursor(constrainedCursor(form.views, form.view.mode));
+        pointer.shiftkey = true;
     }
-    const bool sections = Main.mode == ViewMode::Side || Main.mode == ViewMode::HTop;
-    if (shift == ShiftState::ctrl && sections) {
-        if (!Main.ctrlkey) Main.setCursor(CursorShape::Cross);
-        Main.ctrlkey = true;
+    if (shift == ShiftState::ctrl && viewOf(form.view.mode).sections) {
+        if (!pointer.ctrlkey) form.setCursor(CursorShape::Cross);
+        pointer.ctrlkey = true;
     }
-    if (shift == ShiftState::alt) Main.altkey = true;
+    if (shift == ShiftState::alt) pointer.altkey = true;
 }
 
 }  // namespace
 
 void MainForm::DrawArea_keydown(std::int16_t keyCode, std::int16_t shift) {
     if (anyBusy()) return;
-    armModifier(shift);
+    armModifier(*this, shift);
     for (const KeyCommand& command : keyCommands) {
         if (command.keyCode == keyCode && (command.shift == anyShift || command.shift == shift))
-            command.run();
+            command.run(*this);
     }
 }
 
 void MainForm::DrawArea_keyup() {
-    shiftkey = false;
-    ctrlkey = false;
-    altkey = false;
+    pointer.releaseKeys();
     DrawArea_MouseUp(0, 0, -1, -1);
 }
 
@@ -107,7 +106,7 @@ void MainForm::Form_keyup() {
 void MainForm::menuClicked(Control entry) {
     if (!controls[entry].enabled) return;
     for (const MenuEntry& row : menuEntries)
-        if (row.control == entry) row.run();
+        if (row.control == entry) row.run(*this);
 }
 
 }  // namespace velna

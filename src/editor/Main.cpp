@@ -1,10 +1,8 @@
 #include "editor/Main.h"
 
-#include "model/Plane.h"
+#include "model/Project.h"
 
 namespace velna {
-
-MainForm Main;
 
 namespace {
 
@@ -40,23 +38,15 @@ void presetMenuAndToolbar(ControlStates& controls) {
 
 }  // namespace
 
+MainForm::MainForm(Project& aircraft) : project(aircraft), views(aircraft) {
+    presetPanel(controls);
+    presetMenuAndToolbar(controls);
+}
+
 Canvas MainForm::canvas() const {
-    const bool overPicture = firstPictureRefresh && !nothingToErase;
-    return {*DrawArea, transform(), erases(), overPicture, dimColor, highlightColor};
-}
-
-Pointer MainForm::pointer(float x, float y) const {
-    return {x, y, xloc, yloc, shiftkey, ctrlkey};
-}
-
-void MainForm::reset() {
-    MainForm fresh;
-    fresh.DrawArea = DrawArea;
-    fresh.DrawSectionArea = DrawSectionArea;
-    fresh.window = window;
-    presetPanel(fresh.controls);
-    presetMenuAndToolbar(fresh.controls);
-    *this = fresh;
+    const bool overPicture = view.firstPictureRefresh && !view.nothingToErase;
+    return {*DrawArea,   view.transform(), view.erases(),
+            overPicture, project.dimColor, project.highlightColor};
 }
 
 }  // namespace velna

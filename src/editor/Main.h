@@ -2,107 +2,61 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 
-#include "common/Point.h"
 #include "editor/AircraftViews.h"
-#include "editor/Canvas.h"
 #include "editor/Controls.h"
-#include "editor/Surface.h"
-#include "editor/Window.h"
+#include "editor/FormState.h"
+#include "editor/PanelTable.h"
+#include "editor/PrefsRecord.h"
 #include "model/Fits.h"
 
 namespace velna {
 
-/// The four orthographic views, as `Main.mode` holds them.
-namespace ViewMode {
-inline constexpr int VTop = 1;
-inline constexpr int Front = 2;
-inline constexpr int Side = 3;
-inline constexpr int HTop = 4;
-}  // namespace ViewMode
-
-/// Tabs of `Parameters`.
-namespace PanelTab {
-inline constexpr int fuselage = 0;
-inline constexpr int wing = 1;
-inline constexpr int stabilizer = 2;
-inline constexpr int rudder = 3;
-inline constexpr int electronics = 4;
-}  // namespace PanelTab
-
-/// Modifier bits of a pointer or key event; the rules compare them whole.
-namespace ShiftState {
-inline constexpr int shift = 1;
-inline constexpr int ctrl = 2;
-inline constexpr int alt = 4;
-}  // namespace ShiftState
-
-/// The background picture of one view.
-struct BackgroundPicture {
-    bool shown = false;
-    std::string file;    ///< full path; read again at each paint
-    Point2D position;    ///< left and top, pixels
-    Point2D size;        ///< width and height, pixels
-    double scale = 100;  ///< percent of the natural size
-    Point2D grab;        ///< `position` at the press that starts a move
-};
+/// The four views, a row each.
+struct ViewRow;
+extern const ViewRow vtopView, frontView, sideView, htopView;
 
 /// The main form: the view and pointer state, the panel's controls, and the procedures that the
 /// window's events call. It draws through its two surfaces and speaks to the window through a port.
 class MainForm {
 public:
+    /// The form as it stands before start-up. `aircraft` must outlive it.
+    explicit MainForm(Project& aircraft);
+    MainForm(const MainForm&) = delete;
+
+    Project& project;  ///< the aircraft in hand
+
     // the ports, set once before anything else
     Surface* DrawArea = nullptr;
     Surface* DrawSectionArea = nullptr;
     Window* window = nullptr;
 
-    // the view
-    std::int32_t mode = ViewMode::VTop;
-    std::string buffer_filename;  ///< reserved
-    double r = 1;                 ///< reserved
-    double zoom = 0.2;            ///< pixels per model unit
-    double xoff = 0;              ///< pixel column of model coordinate 0
-    double yoff = 0;              ///< pixel row of model coordinate 0
-    std::int16_t xloc = 0;        ///< pixel of the last press
-    std::int16_t yloc = 0;
-    double initval = 0;                ///< reserved
-    bool selected = false;             ///< reserved
-    bool focusZoom = false;            ///< the next fit goes to the active section
-    bool centerUpdate = false;         ///< toggled by the key `Centering`; nothing else reads it
-    bool firstPictureRefresh = false;  ///< the next redraw erases nothing
-    bool keepsScale = false;           ///< a redraw does not fit the view
-    bool nothingToErase = false;       ///< no old lines are on the surface: all have just gone
-
-    // pointer and keys
-    bool shiftkey = false;
-    bool ctrlkey = false;
-    bool altkey = false;
-    bool ctrlkey_tab = false;
-    bool mousedown = false;  ///< reserved
-    CursorShape cursor = CursorShape::Default;
-    CursorIcon cursorIcon = CursorIcon::None;
-    DrawMode drawMode = DrawMode::Copy;
-
-    bool savedProject = true;                   ///< the model has been saved since its last change
+    ViewState view;
+    PointerState pointer;
+    std::array<BackgroundPicture, 5> pictures;  ///< by `view.mode`, 1 to 4 used
     AircraftViews views;                        ///< what is on the surface, and the gesture
     ControlStates controls;                     ///< what every control shows
-    std::array<BackgroundPicture, 5> pictures;  ///< by `mode`, 1 to 4 used
+    PrefsRecord Prefs;                          ///< what the form of the preferences holds
+    bool savedProject = true;                   ///< the model has been saved since its last change
 
-    /// Back to the state before start-up; the ports stay.
-    void reset();
+    // reserved
+    std::string buffer_filename;
+    double initval = 0;
+    bool selected = false;
+    bool mousedown = false;
 
-    /// What the views draw on at this moment, and the pointer as the drawing surface sees it.
-    Transform transform() const { return {zoom, xoff, yoff}; }
+    /// What the views draw on at this moment.
     Canvas canvas() const;
-    Pointer pointer(float x, float y) const;
 
     // Views.cpp
-    void initVTopView();
-    void initFrontView();
-    void initSideView();
-    void initHTopView();
-    void initDrawArea();
+    void initVTopView() { enterView(vtopView); }
+    void initFrontView() { enterView(frontView); }
+    void initSideView() { enterView(sideView); }
+    void initHTopView() { enterView(htopView); }
+    /// Clears the surface, paints the view's picture and, unless its scale is to stay, fits it.
+    void initDrawArea(bool keepsScale = false);
     /// Enters the current view again and, with `Render` pressed, renders: what every committed edit
     /// does.
     void refreshDrawingArea();
@@ -164,8 +118,10 @@ public:
     /// A press on a push button of the panel, with the modifiers held.
     void buttonPressed(Control button, std::int16_t shift);
     void tabClicked(int tab);
-    /// Fills the catalogue combo boxes in the project's unit.
+    /// The catalogue combo boxes begin anew, in the project's unit.
     void fillCatalogues();
+    /// What the panel's numbers are stored in.
+    PanelStore store() { return {project, controls}; }
 
     // SectionEditor.cpp
     void sliderChanged(Control slider, int value);
@@ -176,8 +132,8 @@ public:
     void drawSection();
 
     // BackgroundPicture.cpp
-    bool pictureShownHere() const { return pictures[static_cast<std::size_t>(mode)].shown; }
-    BackgroundPicture& pictureHere() { return pictures[static_cast<std::size_t>(mode)]; }
+    bool pictureShownHere() const { return pictures[static_cast<std::size_t>(view.mode)].shown; }
+    BackgroundPicture& pictureHere() { return pictures[static_cast<std::size_t>(view.mode)]; }
     void paintPicture();
     /// The menu entries that work on a shown picture.
     void enablePictureEntries(bool on);
@@ -188,9 +144,9 @@ public:
     void lockZoomAction();
     void clearBitmapAction();
 
-    // FuselageManager.cpp: `ObjectList`'s commands, on the rows selected there
-    void showCommand();
-    void hideCommand();
+    // FuselageManager.cpp: `ObjectList`'s commands, on the rows selected there, counted from 1
+    void showCommand(std::span<const int> rows);
+    void hideCommand(std::span<const int> rows);
     /// A click on the check mark of row `i`.
     void rowChecked(int i, bool on);
     void showAll();
@@ -201,9 +157,6 @@ public:
     /// What closing the preferences does to the project and the views: unit, catalogues, panel, top
     /// view, picture, and last the scale, which the views show at their next redraw only.
     void closePreferences();
-    /// A key goes down in `ScaleText` that shows `text`: percent of the present size. Anything that
-    /// is not a finite factor above 0 leaves the model alone.
-    void scaleTextKeyDown(const std::string& text);
 
     // Controls.cpp: change a control's state and show it
     void setText(Control control, const std::string& text);
@@ -218,22 +171,15 @@ public:
     void setScrollMaximum(Control bar, int maximum);
     void selectTab(int tab);
     int tab() const { return controls[Control::Parameters].value; }
-    /// Whether a redraw takes the old lines off. White over a background picture just painted would
-    /// scratch it, so neither the entry of a view nor the first redraw over a picture erases.
-    bool erases() const { return !firstPictureRefresh && !nothingToErase; }
+    bool equipmentTab() const { return tab() == PanelTab::electronics; }
     bool renderPressed() const { return controls[Control::RenderButton].checked; }
     bool checked(Control control) const { return controls[control].checked; }
 
 private:
-    /// Enters the current view again.
-    void enterView();
-    /// The current view fitted to the surface.
-    Transform fitted(Transform before);
-
-    float lastMouseX = 0;
-    float lastMouseY = 0;
+    /// The frame of a view's entry: the mode and the pressed key, modifiers gone, the surface
+    /// cleared and fitted at the start, shown at the end. In between nothing old is on the surface
+    /// to take off.
+    void enterView(const ViewRow& row, bool keepsScale = false);
 };
-
-extern MainForm Main;
 
 }  // namespace velna

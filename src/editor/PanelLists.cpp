@@ -1,13 +1,11 @@
 #include <algorithm>
 #include <string>
 
-#include "editor/Main.h"
-#include "editor/MeshLimit.h"
 #include "editor/ModelChange.h"
+#include "editor/Views.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 
 namespace velna {
@@ -15,56 +13,56 @@ namespace {
 
 // ---- scroll bars
 
-void wingChosen(std::int16_t value) {
-    currentWing = value;
-    Main.setText(Control::IdWingLabel, std::to_string(value));
-    Main.updateWingInterface();
+void wingChosen(MainForm& form, std::int16_t value) {
+    form.project.currentWing = value;
+    form.setText(Control::IdWingLabel, std::to_string(value));
+    form.updateWingInterface();
 }
 
-void sectionChosen(std::int16_t value) {
-    MeshSections& fuselage = Fuselage::current();
+void sectionChosen(MainForm& form, std::int16_t value) {
+    MeshSections& fuselage = Fuselage::current(form.project);
     const bool another = value != fuselage.sel_sec;
     // The section first, then the scale, so that the section shown fills its picture.
     fuselage.sel_sec = value;
-    Main.zoomSectionSet();
+    form.zoomSectionSet();
     if (!another) return;
-    Main.updateFuselageInterface();
-    Main.refreshDrawingArea();
-    if (Main.mode == ViewMode::Side)
-        Main.views.drawFuselagesSide(Main.canvas(), fuselage.sel_sec, FuselageLook::bar);
-    if (Main.mode == ViewMode::HTop)
-        Main.views.drawFuselagesHTop(Main.canvas(), fuselage.sel_sec, FuselageLook::bar);
+    form.updateFuselageInterface();
+    form.refreshDrawingArea();
+    if (const SectionView* sections = viewOf(form.view.mode).sections)
+        (form.views.*sections->draw)(form.canvas(), fuselage.sel_sec, FuselageLook::bar);
 }
 
-void fuselageChosen(std::int16_t value) {
-    currentFuselage = value;
-    Main.setText(Control::IdFusLabel, std::to_string(value));
-    if (Fuselage::current().nb_cross == 0) {
+void fuselageChosen(MainForm& form, std::int16_t value) {
+    Project& project = form.project;
+    project.currentFuselage = value;
+    form.setText(Control::IdFusLabel, std::to_string(value));
+    if (Fuselage::current(project).nb_cross == 0) {
         // Nothing of it can be shown yet: its number of outline points is the way to start it.
-        Main.enableTexts();
-        Main.setText(Control::NbCrossFuselageText, "0");
+        form.enableTexts();
+        form.setText(Control::NbCrossFuselageText, "0");
         return;
     }
     // The scale first: the filler draws the section.
-    Main.zoomSectionSet();
-    Main.updateFuselageInterface();
-    Main.refreshDrawingArea();
+    form.zoomSectionSet();
+    form.updateFuselageInterface();
+    form.refreshDrawingArea();
 }
 
-void boxChosen(std::int16_t value) {
-    EquipmentView& former = Main.views.boxes(currentEquipment);
-    if (Main.mode == ViewMode::Side) former.drawSide(Main.canvas(), Equipment::current());
-    if (Main.mode == ViewMode::HTop) former.drawHTop(Main.canvas(), Equipment::current());
-    currentEquipment = value;
-    Main.setText(Control::IdEquipLabel, std::to_string(value));
-    Main.refreshDrawingArea();
-    Main.updateEquipmentInterface();
+void boxChosen(MainForm& form, std::int16_t value) {
+    Project& project = form.project;
+    EquipmentView& former = form.views.boxes(project.currentEquipment);
+    if (const SectionView* sections = viewOf(form.view.mode).sections)
+        (former.*sections->drawBox)(form.canvas(), Equipment::current(project), false);
+    project.currentEquipment = value;
+    form.setText(Control::IdEquipLabel, std::to_string(value));
+    form.refreshDrawingArea();
+    form.updateEquipmentInterface();
 }
 
 /// A scroll bar of the panel and what its change event does.
 struct ScrollRow {
     Control bar;
-    void (*chosen)(std::int16_t value);
+    void (*chosen)(MainForm& form, std::int16_t value);
 };
 
 constexpr ScrollRow scrollRows[] = {
@@ -76,102 +74,107 @@ constexpr ScrollRow scrollRows[] = {
 
 // ---- buttons
 
-void addWing(std::int16_t /*shift*/) {
-    if (!Plane::increment(nbWings)) return;
-    MainWing::addWing();
-    Main.views.wings.renew(nbWings);
-    Main.savedProject = false;
-    Main.setScroll(Control::IndexWingsScroll, nbWings, nbWings);
-    Main.refreshDrawingArea();
+void addWing(MainForm& form, std::int16_t /*shift*/) {
+    Project& project = form.project;
+    if (!Plane::increment(project.nbWings)) return;
+    MainWing::addWing(project);
+    form.views.wings.renew(project.nbWings);
+    form.savedProject = false;
+    form.setScroll(Control::IndexWingsScroll, project.nbWings, project.nbWings);
+    form.refreshDrawingArea();
 }
 
-void removeWing(std::int16_t /*shift*/) {
-    if (nbWings > 1) {
-        --nbWings;
-        Main.savedProject = false;
-        Main.setScroll(Control::IndexWingsScroll, nbWings, nbWings);
+void removeWing(MainForm& form, std::int16_t /*shift*/) {
+    Project& project = form.project;
+    if (project.nbWings > 1) {
+        --project.nbWings;
+        form.savedProject = false;
+        form.setScroll(Control::IndexWingsScroll, project.nbWings, project.nbWings);
     }
-    Main.refreshDrawingArea();
+    form.refreshDrawingArea();
 }
 
-void addFuselage(std::int16_t shift) {
-    if (shift == ShiftState::ctrl) Main.ctrlkey_tab = true;
-    const MeshSections fresh;
-    const MeshSections& pattern = Main.ctrlkey_tab ? Fuselage::current() : fresh;
-    const bool room = meshFits(nullptr, pattern.nb_sections, pattern.nb_cross);
-    if (!room || !Plane::increment(nbFuselages)) {
-        Main.ctrlkey_tab = false;
+void addFuselage(MainForm& form, std::int16_t shift) {
+    Project& project = form.project;
+    if (shift == ShiftState::ctrl) form.pointer.ctrlkey_tab = true;
+    const MeshSections fresh(project.units, project.defaultColor);
+    const MeshSections& pattern = form.pointer.ctrlkey_tab ? Fuselage::current(project) : fresh;
+    const bool room = Fuselage::meshFits(project, nullptr, pattern.nb_sections, pattern.nb_cross);
+    if (!room || !Plane::increment(project.nbFuselages)) {
+        form.pointer.ctrlkey_tab = false;
         return;
     }
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage(Main.ctrlkey_tab);
-    Main.views.fuselages.renew(nbFuselages);
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project, form.pointer.ctrlkey_tab);
+    form.views.fuselages.renew(project.nbFuselages);
     // A copy has no scale of its own before it is shown.
-    if (Main.ctrlkey_tab) Main.views.fuselages(nbFuselages).szoom = 0;
-    ObjectList.update();
-    Main.window->fuselageListChanged();
-    Main.savedProject = false;
-    currentFuselage = nbFuselages;
-    Main.zoomSectionSet();
-    Main.refreshDrawingArea();
-    Main.setScroll(Control::IndexFusScroll, nbFuselages, nbFuselages);
-    Main.ctrlkey_tab = false;
+    if (form.pointer.ctrlkey_tab) form.views.fuselages(project.nbFuselages).szoom = 0;
+    project.ObjectList.update(project.Fuselages, project.nbFuselages);
+    form.window->fuselageListChanged();
+    form.savedProject = false;
+    project.currentFuselage = project.nbFuselages;
+    form.zoomSectionSet();
+    form.refreshDrawingArea();
+    form.setScroll(Control::IndexFusScroll, project.nbFuselages, project.nbFuselages);
+    form.pointer.ctrlkey_tab = false;
 }
 
-void removeFuselage(std::int16_t /*shift*/) {
-    const bool yes = Main.window->askYesNo(
+void removeFuselage(MainForm& form, std::int16_t /*shift*/) {
+    Project& project = form.project;
+    const bool yes = form.window->askYesNo(
         "This will destroy the last created fuselage.\nDo you want to proceed ?", BoxIcon::Question,
         true);
-    if (!yes || nbFuselages <= 1) return;
-    --nbFuselages;
-    ObjectList.update();
-    Main.window->fuselageListChanged();
-    Main.savedProject = false;
-    Fuselage::resizeFuselages();
-    currentFuselage = nbFuselages;
-    Main.refreshDrawingArea();
-    Main.setScroll(Control::IndexFusScroll, nbFuselages, nbFuselages);
+    if (!yes || project.nbFuselages <= 1) return;
+    --project.nbFuselages;
+    project.ObjectList.update(project.Fuselages, project.nbFuselages);
+    form.window->fuselageListChanged();
+    form.savedProject = false;
+    Fuselage::resizeFuselages(project);
+    project.currentFuselage = project.nbFuselages;
+    form.refreshDrawingArea();
+    form.setScroll(Control::IndexFusScroll, project.nbFuselages, project.nbFuselages);
 }
 
-void addBox(std::int16_t /*shift*/) {
-    if (!Plane::increment(nbEquipments)) return;
-    Equipment::resizeEquipments(nbEquipments);
-    Main.views.boxes.renew(nbEquipments);
-    Main.savedProject = false;
-    Main.setScroll(Control::IndexServosScroll, nbEquipments, nbEquipments);
+void addBox(MainForm& form, std::int16_t /*shift*/) {
+    Project& project = form.project;
+    if (!Plane::increment(project.nbEquipments)) return;
+    Equipment::resizeEquipments(project, project.nbEquipments);
+    form.views.boxes.renew(project.nbEquipments);
+    form.savedProject = false;
+    form.setScroll(Control::IndexServosScroll, project.nbEquipments, project.nbEquipments);
 }
 
-void removeBox(std::int16_t /*shift*/) {
-    if (nbEquipments <= 1) return;
-    --nbEquipments;
-    currentEquipment = nbEquipments;
+void removeBox(MainForm& form, std::int16_t /*shift*/) {
+    Project& project = form.project;
+    if (project.nbEquipments <= 1) return;
+    --project.nbEquipments;
+    project.currentEquipment = project.nbEquipments;
     // The list's resizing puts a new box into its last slot: the box before the removed one becomes
     // a default one.
-    Equipment::resizeEquipments(nbEquipments);
-    Main.views.boxes.renew(nbEquipments);
-    Main.savedProject = false;
-    Main.setScroll(Control::IndexServosScroll, nbEquipments, nbEquipments);
+    Equipment::resizeEquipments(project, project.nbEquipments);
+    form.views.boxes.renew(project.nbEquipments);
+    form.savedProject = false;
+    form.setScroll(Control::IndexServosScroll, project.nbEquipments, project.nbEquipments);
     // A bar that stood there already runs no event: the panel would show another box than it edits.
-    Main.updateEquipmentInterface();
-    Main.refreshDrawingArea();
+    form.updateEquipmentInterface();
+    form.refreshDrawingArea();
 }
 
 /// Runs a smoothing of the current fuselage.
 template <auto smooth>
-void smoothFuselage(std::int16_t /*shift*/) {
-    MeshSections& fuselage = Fuselage::current();
-    changeModel(
-        [&] {
-            return std::tuple{fuselage.height, fuselage.width, fuselage.elevation};
-        },
-        [&] { (fuselage.*smooth)(); });
-    Main.refreshDrawingArea();
+void smoothFuselage(MainForm& form, std::int16_t /*shift*/) {
+    MeshSections& fuselage = Fuselage::current(form.project);
+    const auto shape = [&] {
+        return std::tuple{fuselage.height, fuselage.width, fuselage.elevation};
+    };
+    changeModel(form, shape, [&] { (fuselage.*smooth)(); });
+    form.refreshDrawingArea();
 }
 
 /// A push button of the panel and what a press does.
 struct ButtonRow {
     Control button;
-    void (*press)(std::int16_t shift);
+    void (*press)(MainForm& form, std::int16_t shift);
 };
 
 constexpr ButtonRow buttonRows[] = {
@@ -192,12 +195,12 @@ void MainForm::scrollChanged(Control bar, int value) {
     ControlState& state = controls[bar];
     state.value = std::clamp(value, 1, std::max(state.maximum, 1));
     for (const ScrollRow& row : scrollRows)
-        if (row.bar == bar) row.chosen(static_cast<std::int16_t>(state.value));
+        if (row.bar == bar) row.chosen(*this, static_cast<std::int16_t>(state.value));
 }
 
 void MainForm::buttonPressed(Control button, std::int16_t shift) {
     for (const ButtonRow& row : buttonRows)
-        if (row.button == button) row.press(shift);
+        if (row.button == button) row.press(*this, shift);
 }
 
 }  // namespace velna

@@ -6,80 +6,80 @@
 #include "common/Finite.h"
 #include "common/NumberText.h"
 #include "editor/Main.h"
-#include "editor/MeshLimit.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
 
 namespace velna {
 namespace {
 
-SymWingSections& wing() {
-    return Wings(currentWing);
-}
-SymWingSections& stabilizer() {
-    return Stabilizer;
-}
-VertWingSection& fin() {
-    return Rudder;
-}
-MeshSections& fuselage() {
-    return Fuselage::current();
-}
-ElectroBox& box() {
-    return Equipment::current();
-}
+// The object that a row is about; of a project that cannot be changed, one that cannot be.
+constexpr auto wing = [](auto& project) -> auto& {
+    return project.Wings(project.currentWing);
+};
+constexpr auto stabilizer = [](auto& project) -> auto& {
+    return project.Stabilizer;
+};
+constexpr auto fin = [](auto& project) -> auto& {
+    return project.Rudder;
+};
+constexpr auto fuselage = [](auto& project) -> auto& {
+    return Fuselage::current(project);
+};
+constexpr auto box = [](auto& project) -> auto& {
+    return Equipment::current(project);
+};
 
 /// Reads and stores a plain field of the object that `object` gives.
 template <auto object, auto field>
-double read() {
-    return object().*field;
+double read(const Project& project) {
+    return object(project).*field;
 }
 template <auto object, auto field>
-bool store(double value) {
-    return assignFinite(object().*field, value);
+bool store(const PanelStore& store, double value) {
+    return assignFinite(object(store.project).*field, value);
 }
 
 /// Reads and stores through the operations of the current fuselage's selected section.
 template <auto getter>
-double readSection() {
-    return (fuselage().*getter)();
+double readSection(const Project& project) {
+    return (fuselage(project).*getter)();
 }
 template <auto setter>
-bool storeSection(double value) {
+bool storeSection(const PanelStore& store, double value) {
     if (!std::isfinite(value)) return false;
-    (fuselage().*setter)(value);
+    (fuselage(store.project).*setter)(value);
     return true;
 }
 
 /// The box shows the width over both halves; the panel's own width lies outside its shift. The
 /// shift is the one shown beside it, so that what stands on the panel fits together.
 template <auto object>
-double readFullSpan() {
-    return 2 * (object().span + object().shift);
+double readFullSpan(const Project& project) {
+    return 2 * (object(project).span + object(project).shift);
 }
 template <auto object, Control shiftBox>
-bool storeFullSpan(double value) {
-    return assignFinite(object().span, value / 2 - leadingNumber(Main.controls[shiftBox].text));
+bool storeFullSpan(const PanelStore& store, double value) {
+    return assignFinite(object(store.project).span,
+                        value / 2 - leadingNumber(store.controls[shiftBox].text));
 }
 
-bool storeCrossPoints(double value) {
+bool storeCrossPoints(const PanelStore& store, double value) {
     if (!(0 <= value && value <= 100)) return false;
     const std::int16_t count = roundToInt16(value);
-    if (!meshFits(&fuselage(), fuselage().nb_sections, count)) return false;
-    fuselage().nb_cross = count;
-    fuselage().initArrays();
+    MeshSections& body = fuselage(store.project);
+    if (!Fuselage::meshFits(store.project, &body, body.nb_sections, count)) return false;
+    body.nb_cross = count;
+    body.initArrays();
     return true;
 }
 
 template <auto field>
-bool readFlag() {
-    return fuselage().*field;
+bool readFlag(const Project& project) {
+    return fuselage(project).*field;
 }
 template <auto field>
-void storeFlag(bool on) {
-    fuselage().*field = on;
+void storeFlag(Project& project, bool on) {
+    fuselage(project).*field = on;
 }
 
 using W = SymWingSections;
@@ -117,7 +117,8 @@ constexpr PanelField fields[] = {
                                          "Position of the section along the fuselage"),
     plainField<fuselage, &M::elevation_offset>(Control::ElevOffsetText, tab0, Length,
                                                "Elevation of the whole fuselage"),
-    {Control::NbCrossFuselageText, tab0, [] { return static_cast<double>(fuselage().nb_cross); },
+    {Control::NbCrossFuselageText, tab0,
+     [](const Project& project) { return static_cast<double>(fuselage(project).nb_cross); },
      storeCrossPoints, Whole, BuildOutline, "Outline points of a section (0 to 100)"},
     plainField<fuselage, &M::pos_offset>(Control::PosOffsetText, tab0, Length,
                                          "Position of the whole fuselage", MovePlan),
@@ -227,16 +228,16 @@ const PanelCheck* panelCheck(Control control) {
     return findRow(panelChecks(), control);
 }
 
-std::string panelText(const PanelField& field) {
-    const double value = field.get();
-    return field.rule == Length ? Main.Formatter(value) : numberText(value);
+std::string panelText(const Project& project, const PanelField& field) {
+    const double value = field.get(project);
+    return field.rule == Length ? lengthText(value, project.units) : numberText(value);
 }
 
-std::string panelTip(const PanelField& field) {
+std::string panelTip(const Project& project, const PanelField& field) {
     const std::string quantity = field.quantity;
     switch (field.rule) {
         case Length:
-            return quantity + (Prefs.units == inches ? " (in)" : " (mm)");
+            return quantity + (project.units == inches ? " (in)" : " (mm)");
         case Plain:
             return quantity + " (fraction of the chord)";
         case Whole:
@@ -245,18 +246,18 @@ std::string panelTip(const PanelField& field) {
     return quantity;
 }
 
-std::string entryTip(const PanelField& field) {
-    const ControlState& box = Main.controls[field.control];
-    switch (box.entry) {
+std::string entryTip(const PanelStore& store, const PanelField& field) {
+    const ControlState& shown = store.controls[field.control];
+    switch (shown.entry) {
         case TextEntry::Filled:
         case TextEntry::Taken:
             return {};
         case TextEntry::Typed:
             return "Enter takes this number";
         case TextEntry::TakenInPart:
-            return "Taken: " + numberText(leadingNumber(box.text));
+            return "Taken: " + numberText(leadingNumber(shown.text));
         case TextEntry::Refused:
-            return "Not taken: " + panelText(field) + " stays";
+            return "Not taken: " + panelText(store.project, field) + " stays";
     }
     return {};
 }

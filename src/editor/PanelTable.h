@@ -8,6 +8,14 @@
 
 namespace velna {
 
+struct Project;
+
+/// What a number of the panel is stored in, and the panel that it is typed in.
+struct PanelStore {
+    Project& project;
+    const ControlStates& controls;
+};
+
 /// How a number stands in a text box.
 enum class TextRule {
     Length,  ///< through `Formatter`
@@ -27,8 +35,9 @@ enum class AfterCommit {
 struct PanelField {
     Control control;
     int tab;
-    double (*get)();
-    bool (*set)(double value);  ///< false: the model cannot hold the number, and keeps its own
+    double (*get)(const Project& project);
+    bool (*set)(const PanelStore& store,
+                double value);  ///< false: the model cannot hold the number, and keeps its own
     TextRule rule;
     AfterCommit after;
     const char* quantity;  ///< what it measures, for the tool tip
@@ -40,8 +49,8 @@ struct PanelSlider {
     int lowest;
     int highest;
     int largeStep;
-    double (*get)();
-    bool (*set)(double value);
+    double (*get)(const Project& project);
+    bool (*set)(const PanelStore& store, double value);
     std::optional<Control> linked;  ///< follows with `LinkedCurvaturesCheck`
     const char* quantity;
 };
@@ -49,8 +58,8 @@ struct PanelSlider {
 /// A check box of the panel.
 struct PanelCheck {
     Control control;
-    bool (*get)();
-    void (*set)(bool on);
+    bool (*get)(const Project& project);
+    void (*set)(Project& project, bool on);
     bool renders;  ///< the picture shows the change at once
     const char* quantity;
 };
@@ -66,12 +75,16 @@ const PanelSlider* panelSlider(Control control);
 const PanelCheck* panelCheck(Control control);
 
 /// The number of a field as its box shows it.
-std::string panelText(const PanelField& field);
+std::string panelText(const Project& project, const PanelField& field);
 
 /// What the box measures, and the unit in use ("Root chord (mm)").
-std::string panelTip(const PanelField& field);
+std::string panelTip(const Project& project, const PanelField& field);
 
 /// What becomes of the text that the user has left in the box; empty when the model holds it.
-std::string entryTip(const PanelField& field);
+std::string entryTip(const PanelStore& store, const PanelField& field);
+
+/// A length in the given unit as a box shows it: whole millimetres rounded down, or inches with two
+/// decimals.
+std::string lengthText(double length, int unit);
 
 }  // namespace velna

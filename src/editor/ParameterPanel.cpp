@@ -12,81 +12,70 @@
 namespace velna {
 namespace {
 
-void fillTexts(int tab) {
+void fillTexts(MainForm& form, int tab) {
     for (const PanelField& field : panelFields())
-        if (field.tab == tab) Main.setText(field.control, panelText(field));
+        if (field.tab == tab) form.setText(field.control, panelText(form.project, field));
 }
 
 /// Takes the current fuselage's old plan off the surface.
-void movePlan(FuselageView& view) {
-    view.drawVTop(Main.canvas(), Fuselage::current(), FuselageLook::erased);
-    view.vtopPoints =
-        Fuselage::current().computeVTopPoints(Main.transform(), std::move(view.vtopPoints));
+void movePlan(const Canvas& canvas, FuselageView& view, const MeshSections& body) {
+    view.drawVTop(canvas, body, FuselageLook::erased);
+    view.vtopPoints = body.computeVTopPoints(canvas.at, std::move(view.vtopPoints));
 }
 
 /// The one commit: takes the number at the start of the text, stores it, and redraws. Gives what
 /// became of the text, for a refill may have overwritten that.
-TextEntry commit(const PanelField& field, const std::string& text) {
+TextEntry commit(MainForm& form, const PanelField& field, const std::string& text) {
+    Project& project = form.project;
     bool stored = false;
-    changeModel(field.get, [&] { stored = field.set(leadingNumber(text)); });
+    const auto value = [&] { return field.get(project); };
+    changeModel(form, value, [&] { stored = field.set(form.store(), leadingNumber(text)); });
     const TextEntry taken = wholeNumber(text) ? TextEntry::Taken : TextEntry::TakenInPart;
     const TextEntry entry = stored ? taken : TextEntry::Refused;
-    Main.setEntry(field.control, entry);
-    switch (field.after) {
-        case AfterCommit::Redraw:
-            Main.refreshDrawingArea();
-            break;
-        case AfterCommit::RefillWing:
-            Main.refreshDrawingArea();
-            Main.updateWingInterface();
-            break;
-        case AfterCommit::MovePlan:
-            movePlan(Main.views.fuselage());
-            Main.refreshDrawingArea();
-            break;
-        case AfterCommit::BuildOutline:
-            Main.updateFuselageInterface();
-            Main.refreshDrawingArea();
-            break;
-    }
+    form.setEntry(field.control, entry);
+    if (field.after == AfterCommit::BuildOutline) form.updateFuselageInterface();
+    if (field.after == AfterCommit::MovePlan)
+        movePlan(form.canvas(), form.views.fuselage(), Fuselage::current(project));
+    form.refreshDrawingArea();
+    if (field.after == AfterCommit::RefillWing) form.updateWingInterface();
     return entry;
 }
 
 }  // namespace
 
 void MainForm::updateWingInterface() {
-    fillTexts(PanelTab::wing);
-    setText(Control::IdWingLabel, std::to_string(currentWing));
-    setScroll(Control::IndexWingsScroll, nbWings, currentWing);
+    fillTexts(*this, PanelTab::wing);
+    setText(Control::IdWingLabel, std::to_string(project.currentWing));
+    setScroll(Control::IndexWingsScroll, project.nbWings, project.currentWing);
 }
 
 void MainForm::updateStabilizerInterface() {
-    fillTexts(PanelTab::stabilizer);
+    fillTexts(*this, PanelTab::stabilizer);
 }
 
 void MainForm::updateRudderInterface() {
-    fillTexts(PanelTab::rudder);
+    fillTexts(*this, PanelTab::rudder);
 }
 
 void MainForm::enableTexts() {
-    const bool shaped = Fuselage::current().nb_cross != 0;
+    const bool shaped = Fuselage::current(project).nb_cross != 0;
     for (const PanelField& field : panelFields())
         setEnabled(field.control, shaped || field.control == Control::NbCrossFuselageText);
 }
 
 void MainForm::updateFuselageInterface() {
     enableTexts();
-    fillTexts(PanelTab::fuselage);
+    fillTexts(*this, PanelTab::fuselage);
     for (const PanelSlider& slider : panelSliders()) {
-        setSlider(slider.control,
-                  std::clamp(roundToInt(slider.get() * 100.0), slider.lowest, slider.highest));
+        setSlider(slider.control, std::clamp(roundToInt(slider.get(project) * 100.0), slider.lowest,
+                                             slider.highest));
     }
-    for (const PanelCheck& check : panelChecks()) setChecked(check.control, check.get());
-    const MeshSections& fuselage = Fuselage::current();
+    for (const PanelCheck& check : panelChecks()) setChecked(check.control, check.get(project));
+    const MeshSections& fuselage = Fuselage::current(project);
     setText(Control::FuselageSectionLabel, std::to_string(fuselage.sel_sec));
     setScroll(Control::FuselageScroll, fuselage.nb_sections, fuselage.sel_sec);
-    setText(Control::IdFusLabel, std::to_string(currentFuselage));
-    setScroll(Control::IndexFusScroll, nbFuselages, currentFuselage);
+    setText(Control::IdFusLabel, std::to_string(project.currentFuselage));
+    setScroll(Control::IndexFusScroll, project.nbFuselages, project.currentFuselage);
     drawSection();
 }
 
@@ -111,12 +100,12 @@ void MainForm::textKeyDown(Control box, const std::string& text) {
     if (!field || !state.enabled) return;
     if (field->after == AfterCommit::BuildOutline) {
         // Filled at the last change of its text, it comes to show that now.
-        if (state.text == panelText(*field)) setEntry(box, TextEntry::Filled);
+        if (state.text == panelText(project, *field)) setEntry(box, TextEntry::Filled);
         return;
     }
     if (state.entry != TextEntry::Typed) return;
     state.text = text;
-    commit(*field, text);
+    commit(*this, *field, text);
 }
 
 void MainForm::nbCrossChanged(const std::string& text) {
@@ -126,14 +115,15 @@ void MainForm::nbCrossChanged(const std::string& text) {
     const auto number = numericPrefix(text);
     if (!number || !(0 <= *number && *number <= 100)) return setEntry(box, TextEntry::Refused);
     // Its refill comes between two digits: the box goes on showing what is typed.
-    setEntry(box, commit(*panelField(box), text));
+    setEntry(box, commit(*this, *panelField(box), text));
 }
 
 void MainForm::checkClicked(Control control, bool on) {
     const PanelCheck* check = panelCheck(control);
     if (!check) return;
     controls[control].checked = on;
-    changeModel(check->get, [&] { check->set(on); });
+    const auto value = [&] { return check->get(project); };
+    changeModel(*this, value, [&] { check->set(project, on); });
     if (check->renders) window->renderScene(true);
 }
 

@@ -7,10 +7,10 @@ namespace velna {
 namespace {
 
 /// Moves a linked slider as the user would: its own change event runs if the value differs.
-void moveSlider(Control slider, int value) {
-    if (Main.controls[slider].value == value) return;
-    Main.setSlider(slider, value);
-    Main.sliderChanged(slider, value);
+void moveSlider(MainForm& form, Control slider, int value) {
+    if (form.controls[slider].value == value) return;
+    form.setSlider(slider, value);
+    form.sliderChanged(slider, value);
 }
 
 }  // namespace
@@ -22,10 +22,10 @@ void MainForm::sliderChanged(Control slider, int value) {
     controls[slider].value = value;
     savedProject = false;
     if (row->linked && checked(Control::LinkedCurvaturesCheck)) {
-        panelSlider(*row->linked)->set(value / 100.0);
-        moveSlider(*row->linked, value);
+        panelSlider(*row->linked)->set(store(), value / 100.0);
+        moveSlider(*this, *row->linked, value);
     }
-    row->set(value / 100.0);
+    row->set(store(), value / 100.0);
     drawSection();
     refreshDrawingArea();
 }

@@ -4,7 +4,6 @@
 #include "common/Finite.h"
 #include "common/NumberText.h"
 #include "editor/Main.h"
-#include "editor/Polyline.h"
 #include "model/Fuselage.h"
 
 namespace velna {
@@ -37,7 +36,7 @@ private:
 }  // namespace
 
 void MainForm::drawSection() {
-    const MeshSections& body = Fuselage::current();
+    const MeshSections& body = Fuselage::current(project);
     const double szoom = views.fuselage().szoom;
     if (body.sel_sec <= 0) return;
     Surface& surface = *DrawSectionArea;
@@ -80,7 +79,7 @@ void MainForm::zoomSectionSet() {
 }
 
 void MainForm::zoomSectionSet(int w, int h) {
-    const MeshSections& body = Fuselage::current();
+    const MeshSections& body = Fuselage::current(project);
     if (!body.sectionSelected()) return;
     const double sectionWidth = body.widthGet();
     const double sectionHeight = body.heightGet();

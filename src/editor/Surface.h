@@ -43,4 +43,9 @@ public:
     virtual void setFocus() = 0;
 };
 
+/// One line between two points.
+inline void line(Surface& surface, Point2D from, Point2D to, Rgb colour) {
+    surface.line(from.x, from.y, to.x, to.y, colour);
+}
+
 }  // namespace velna

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "editor/Polyline.h"
+#include "common/Polyline.h"
+#include "model/VertWingSection.h"
 
 namespace velna {
 namespace {
@@ -12,7 +13,7 @@ using FinHandle = Handle<Fin>;
 
 // Segment 2 is the root, 3 the trailing edge, 4 the tip, 5 the leading edge. A leading corner moves
 // alone: the chord, and at the root the sweep, take up the difference.
-constexpr std::array sideHandles{
+constexpr auto sideHandles = std::to_array({
     FinHandle{FinPart::tipEdge,
               {{{&Fin::pos2, &Grip::initval, Axis::Right, 1}}},
               {{{&Fin::span, &Grip::initval, Axis::Down, -1}}},
@@ -40,10 +41,10 @@ constexpr std::array sideHandles{
                 {&Fin::pos2, &Grip::initval3, Axis::Right, -1}}},
               {},
               {5, 2, -1, -1}},
-};
+});
 
 // From ahead the fin has no highlight.
-constexpr std::array frontHandles{
+constexpr auto frontHandles = std::to_array({
     FinHandle{FinPart::rootEdge,
               {{{&Fin::offset1, &Grip::initval, Axis::Right, 1}}},
               {{{&Fin::shift, &Grip::initval, Axis::Down, -1}}},
@@ -52,7 +53,7 @@ constexpr std::array frontHandles{
               {{{&Fin::offset2, &Grip::initval, Axis::Right, 1}}},
               {{{&Fin::span, &Grip::initval, Axis::Down, -1}}},
               unlit},
-};
+});
 
 }  // namespace
 
@@ -117,7 +118,7 @@ void TailView::initMouseValFront(Fin& fin, bool shiftkey) {
 
 void TailView::selectsSide(const Canvas& canvas, Fin& fin, const Pointer& pointer) {
     hoverOrDrag(
-        grip, FinPart::none, sideHandles, testPositionSide(pointer.x, pointer.y),
+        grip, sideHandles, testPositionSide(pointer.x, pointer.y),
         [&](const FinHandle& handle) { dragTo(grip, fin, handle, pointer, canvas.at.zoom); },
         [&](const Lit& lit) { drawSide(canvas, fin, lit); });
 }

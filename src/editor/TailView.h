@@ -4,15 +4,17 @@
 
 #include "editor/Canvas.h"
 #include "editor/Handles.h"
-#include "model/VertWingSection.h"
+#include "model/Outlines.h"
 
 namespace velna {
+
+class VertWingSection;
 
 /// The fin on the drawing surface: the outlines as they were computed last, which are also what the
 /// pointer meets, and what the pointer does with it.
 class TailView {
 public:
-    Grip grip{.paint = FinPart::none};
+    Grip grip{.none = FinPart::none};
     Outline sidePoints{};
     Outline frontPoints{};
     Outline vtopPoints{};

@@ -2,7 +2,8 @@
 
 #include <array>
 
-#include "editor/Polyline.h"
+#include "common/Polyline.h"
+#include "model/SymWingSections.h"
 
 namespace velna {
 namespace {
@@ -11,7 +12,7 @@ using Wing = SymWingSections;
 using WingHandle = Handle<Wing>;
 
 // Seen from ahead, segment 2 is the lower edge, 3 the tip, 4 the upper edge, 5 the root.
-constexpr std::array frontHandles{
+constexpr auto frontHandles = std::to_array({
     WingHandle{WingPart::rootEdge,
                {{{&Wing::elevation1, &Grip::initval, Axis::Down, -1}}},
                {{{&Wing::shift, &Grip::initval, Axis::Right, 1}}},
@@ -20,12 +21,12 @@ constexpr std::array frontHandles{
                {{{&Wing::elevation2, &Grip::initval, Axis::Down, -1}}},
                {{{&Wing::span, &Grip::initval, Axis::Right, 1}}},
                {3, -1, -1, -1}},
-};
+});
 
 // In plan, segment 2 is the leading edge, 3 the tip, 4 the trailing edge, 5 the root. A leading
 // corner takes up the difference with the chord, so that the trailing edge stays; the root's takes
 // the sweep the other way as well, so that the tip stays.
-constexpr std::array vtopHandles{
+constexpr auto vtopHandles = std::to_array({
     WingHandle{WingPart::tipEdge,
                {{{&Wing::pos2, &Grip::initval, Axis::Down, 1}}},
                {{{&Wing::span, &Grip::initval, Axis::Right, 1}}},
@@ -53,7 +54,7 @@ constexpr std::array vtopHandles{
                  {&Wing::pos2, &Grip::initval3, Axis::Down, -1}}},
                {},
                {2, 5, -1, -1}},
-};
+});
 
 void drawHalves(const Canvas& canvas, const Outline& outline, const Lit& lit, Rgb plain) {
     const auto points = pointsOf(outline);
@@ -127,14 +128,14 @@ void WingView::initMouseValVTop(Wing& wing, bool shiftkey) {
 
 void WingView::selectsFront(const Canvas& canvas, Wing& wing, const Pointer& pointer) {
     hoverOrDrag(
-        grip, WingPart::none, frontHandles, testPositionFront(pointer.x, pointer.y),
+        grip, frontHandles, testPositionFront(pointer.x, pointer.y),
         [&](const WingHandle& handle) { dragTo(grip, wing, handle, pointer, canvas.at.zoom); },
         [&](const Lit& lit) { drawFront(canvas, wing, lit); });
 }
 
 void WingView::selectsVTop(const Canvas& canvas, Wing& wing, const Pointer& pointer) {
     hoverOrDrag(
-        grip, WingPart::none, vtopHandles, testPositionVTop(pointer.x, pointer.y),
+        grip, vtopHandles, testPositionVTop(pointer.x, pointer.y),
         [&](const WingHandle& handle) { dragTo(grip, wing, handle, pointer, canvas.at.zoom); },
         [&](const Lit& lit) { drawVTop(canvas, wing, lit); });
 }

@@ -4,15 +4,17 @@
 
 #include "editor/Canvas.h"
 #include "editor/Handles.h"
-#include "model/SymWingSections.h"
+#include "model/Outlines.h"
 
 namespace velna {
+
+class SymWingSections;
 
 /// A wing panel or the stabiliser on the drawing surface: the outlines as they were drawn last,
 /// which are also what the pointer meets, and what the pointer does with it.
 class WingView {
 public:
-    Grip grip{.paint = WingPart::none};
+    Grip grip{.none = WingPart::none};
     Outline vtopPoints{};
     Outline frontPoints{};
     HTopOutlines htopPoints;

@@ -1,13 +1,8 @@
 #include <span>
 
 #include "model/Equipment.h"
-#include "model/Prefs.h"
 
 namespace velna::Equipment {
-
-std::vector<CatalogueEntry> servoTypes;
-std::vector<CatalogueEntry> receiverTypes;
-std::vector<CatalogueEntry> accuTypes;
 
 namespace {
 
@@ -51,30 +46,43 @@ constexpr ListedModel accumulators[] = {
     {"7Elts-2000SRC", 152, 46, 23, 420},
 };
 
-double inProjectUnit(double millimetreValue) {
-    return Prefs.units == inches ? Plane::mmToInches(millimetreValue) : millimetreValue;
-}
-
-void fill(std::vector<CatalogueEntry>& catalogue, std::span<const ListedModel> models) {
-    catalogue.clear();
+std::vector<CatalogueEntry> inUnit(std::span<const ListedModel> models, int unit) {
+    const auto length = [unit](double value) {
+        return unit == inches ? Plane::mmToInches(value) : value;
+    };
+    std::vector<CatalogueEntry> entries;
     for (const ListedModel& model : models) {
-        catalogue.push_back({model.name, inProjectUnit(model.height), inProjectUnit(model.width),
-                             inProjectUnit(model.length), model.weight});
+        entries.push_back({model.name, length(model.height), length(model.width),
+                           length(model.length), model.weight});
     }
+    return entries;
 }
 
 }  // namespace
 
-void fillServoCatalogue() {
-    fill(servoTypes, servos);
+std::vector<CatalogueEntry> servoTypes(int unit) {
+    return inUnit(servos, unit);
 }
 
-void fillReceiverCatalogue() {
-    fill(receiverTypes, receivers);
+std::vector<CatalogueEntry> receiverTypes(int unit) {
+    return inUnit(receivers, unit);
 }
 
-void fillAccuCatalogue() {
-    fill(accuTypes, accumulators);
+std::vector<CatalogueEntry> accuTypes(int unit) {
+    return inUnit(accumulators, unit);
+}
+
+std::vector<CatalogueEntry> catalogue(int kind, int unit) {
+    switch (kind) {
+        case BoxKind::servo:
+            return servoTypes(unit);
+        case BoxKind::receiver:
+            return receiverTypes(unit);
+        case BoxKind::accumulator:
+            return accuTypes(unit);
+        default:
+            return {};
+    }
 }
 
 }  // namespace velna::Equipment

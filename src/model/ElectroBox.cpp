@@ -3,14 +3,15 @@
 #include <array>
 
 #include "model/Lengths.h"
-#include "model/Prefs.h"
+#include "model/Units.h"
 
 namespace velna {
 
 namespace {
 
-constexpr std::array boxLengths{&ElectroBox::length, &ElectroBox::width,     &ElectroBox::height,
-                                &ElectroBox::pos,    &ElectroBox::elevation, &ElectroBox::shift};
+constexpr auto boxLengths =
+    std::to_array({&ElectroBox::length, &ElectroBox::width, &ElectroBox::height, &ElectroBox::pos,
+                   &ElectroBox::elevation, &ElectroBox::shift});
 
 /// The rectangle over `first` and `opposite` in model coordinates, from `first` along x.
 Rectangle placed(Rectangle points, const Point2D& first, const Point2D& opposite,
@@ -25,8 +26,8 @@ Rectangle placed(Rectangle points, const Point2D& first, const Point2D& opposite
 
 }  // namespace
 
-ElectroBox::ElectroBox() {
-    if (Prefs.units == inches) switchToInches();
+ElectroBox::ElectroBox(int unit) {
+    if (unit == inches) switchToInches();
 }
 
 void ElectroBox::switchToInches() {
@@ -41,12 +42,12 @@ void ElectroBox::rescale(double k) {
     multiplyLengths(*this, boxLengths, k);
 }
 
-void ElectroBox::create() {
-    size_ = {length, extentAcross(), extentUpright()};
-    assignFinite(origin_, pos, shift - size_.y / 2, elevation);
+void BoxSolid::create(const ElectroBox& box) {
+    size_ = {box.length, box.extentAcross(), box.extentUpright()};
+    assignFinite(origin_, box.pos, box.shift - size_.y / 2, box.elevation);
 }
 
-Point3D ElectroBox::centre() const {
+Point3D BoxSolid::centre() const {
     Point3D centre = origin_;
     assignFinite(centre, origin_.x + size_.x / 2, origin_.y + size_.y / 2, origin_.z + size_.z / 2);
     return centre;

@@ -1,16 +1,12 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 
-#include "common/Palette.h"
 #include "common/Point.h"
+#include "model/Outlines.h"
 #include "model/Transform.h"
 
 namespace velna {
-
-class ReplacedFile;
-class ValueReader;
 
 /// Kinds of a box.
 namespace BoxKind {
@@ -18,9 +14,6 @@ inline constexpr int servo = 0;
 inline constexpr int receiver = 1;
 inline constexpr int accumulator = 2;
 }  // namespace BoxKind
-
-/// A rectangle in view coordinates, entries 1 to 4 used.
-using Rectangle = std::array<Point2D, 5>;
 
 /// A servo, receiver or accumulator: a plain box placed in the fuselage to see that it fits.
 class ElectroBox {
@@ -36,10 +29,9 @@ public:
     double shift = 5;       ///< sideways position of the centre line
     std::int32_t box = BoxKind::servo;
 
-    /// The default box in the project's unit.
-    ElectroBox();
+    /// The default box in a project of the given unit.
+    explicit ElectroBox(int unit);
 
-    // model/
     double actualLength() const { return length; }
     double actualWidth() const { return width; }
     double actualHeight() const { return height; }
@@ -49,20 +41,22 @@ public:
     void switchToInches();
     void switchToMillimeters();
     void rescale(double k);
-    /// Computes the solid.
-    void create();
-    Point3D solidSize() const { return size_; }
-    Point3D solidOrigin() const { return origin_; }
-    Point3D centre() const;
     /// Colour of the kind, 0 to 255; a box of an unknown kind has the servo's.
     Point3D kindColor() const;
     // The outlines in drawing units. A coordinate that is not finite keeps what `points` has.
     Rectangle computeSidePoints(const Transform& at, Rectangle points = {}) const;
     Rectangle computeHTopPoints(const Transform& at, Rectangle points = {}) const;
 
-    // persistence/
-    void save(ReplacedFile& file) const;
-    void read(ValueReader& file);
+    friend bool operator==(const ElectroBox&, const ElectroBox&) = default;
+};
+
+/// The solid of a box.
+class BoxSolid {
+public:
+    void create(const ElectroBox& box);
+    Point3D solidSize() const { return size_; }
+    Point3D solidOrigin() const { return origin_; }
+    Point3D centre() const;
 
 private:
     Point3D size_;

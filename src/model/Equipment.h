@@ -19,34 +19,28 @@ struct CatalogueEntry {
 
 namespace Equipment {
 
-extern std::vector<CatalogueEntry> servoTypes;
-extern std::vector<CatalogueEntry> receiverTypes;
-extern std::vector<CatalogueEntry> accuTypes;
-
 /// The box being edited.
-inline ElectroBox& current() {
-    return Equipments(currentEquipment);
+inline ElectroBox& current(Project& project) {
+    return project.Equipments(project.currentEquipment);
 }
-
-// model/
-void initEquipments();
+inline const ElectroBox& current(const Project& project) {
+    return project.Equipments(project.currentEquipment);
+}
+void initEquipments(Project& project);
 /// Resizes the list to `n`, keeping entries, and always puts a new default box in slot `n`.
-void resizeEquipments(int n);
-void rescaleEquipments(double k);
-void equipmentsToInches();
-void equipmentsToMillimeters();
-void fillServoCatalogue();
-void fillReceiverCatalogue();
-void fillAccuCatalogue();
-void fillCatalogues();
+void resizeEquipments(Project& project, int n);
+void rescaleEquipments(Project& project, double k);
+void equipmentsToInches(Project& project);
+void equipmentsToMillimeters(Project& project);
+/// The catalogues of commercial models, in the given unit.
+std::vector<CatalogueEntry> servoTypes(int unit);
+std::vector<CatalogueEntry> receiverTypes(int unit);
+std::vector<CatalogueEntry> accuTypes(int unit);
+/// The catalogue of a kind of box; empty for an unknown kind.
+std::vector<CatalogueEntry> catalogue(int kind, int unit);
 /// Copies row `index` (0-based) of the catalogue of the current box's kind onto it; a row or kind
 /// that does not exist does nothing.
-void applyCatalogueRow(int index);
-void createEquipments();
-
-// persistence/
-void saveEquipments(ReplacedFile& file);
-void readEquipments(ValueReader& file);
+void applyCatalogueRow(Project& project, int index);
 
 }  // namespace Equipment
 }  // namespace velna

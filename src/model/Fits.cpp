@@ -1,4 +1,3 @@
-
 #include "model/Fits.h"
 
 #include <cmath>
@@ -39,14 +38,14 @@ double maxOf(std::initializer_list<double> list) {
 }
 
 template <class Value>
-double lowestOfWings(double start, Value value) {
-    for (int i = 1; i <= nbWings; ++i) lower(start, value(Wings.alike(i)));
+double lowestOfWings(const Project& project, double start, Value value) {
+    for (int i = 1; i <= project.nbWings; ++i) lower(start, value(project.Wings(i)));
     return start;
 }
 
 template <class Value>
-double highestOfWings(double start, Value value) {
-    for (int i = 1; i <= nbWings; ++i) raise(start, value(Wings.alike(i)));
+double highestOfWings(const Project& project, double start, Value value) {
+    for (int i = 1; i <= project.nbWings; ++i) raise(start, value(project.Wings(i)));
     return start;
 }
 
@@ -68,16 +67,17 @@ double tipTop(const SymWingSections& wing) {
     return wing.elevation1 + wing.elevation2 + wing.length2 * wing.thickness2 / 2;
 }
 
-double halfSpan() {
+double halfSpan(const Project& project) {
     const auto reach = [](const SymWingSections& wing) { return wing.span + wing.shift; };
-    return maxOf({highestOfWings(-beyondWings, reach), reach(Stabilizer)});
+    return maxOf({highestOfWings(project, -beyondWings, reach), reach(project.Stabilizer)});
 }
 
 /// Where the aircraft begins along its length, seen from the fuselage, the wings' tips and the
 /// tail.
-double startOfAircraft() {
-    return minOf({Fuselage::current().startpoint(), lowestOfWings(beyondWings, tipStart),
-                  tipStart(Stabilizer), rootEnd(Stabilizer)});
+double startOfAircraft(const Project& project) {
+    return minOf({Fuselage::current(project).startpoint(),
+                  lowestOfWings(project, beyondWings, tipStart), tipStart(project.Stabilizer),
+                  rootEnd(project.Stabilizer)});
 }
 
 /// Pixels per model unit; NaN where the division fails, because there is no extent or it is beyond
@@ -118,8 +118,8 @@ Transform fitBoth(SurfaceSize size, Extent along, Extent upright, Transform at) 
     return centred(size, along, upright, at);
 }
 
-Transform fitSection(SurfaceSize size, Extent upright, Transform at) {
-    const MeshSections& body = Fuselage::current();
+Transform fitSection(const Project& project, SurfaceSize size, Extent upright, Transform at) {
+    const MeshSections& body = Fuselage::current(project);
     assignFinite(at.zoom, scale(0.9 * size.height, upright.size()));
     const double position = body.posGet() + body.pos_offset;
     return centred(size, {position, position}, upright, at);
@@ -127,8 +127,8 @@ Transform fitSection(SurfaceSize size, Extent upright, Transform at) {
 
 /// Across the current fuselage where it is `width` wide. Fuselages stand in HTop with their shift
 /// downward, so what is upward is the mirrored extent.
-Extent acrossBody(double width) {
-    const double shift = Fuselage::current().shift;
+Extent acrossBody(const MeshSections& body, double width) {
+    const double shift = body.shift;
     return {-(shift + width / 2), -(shift - width / 2)};
 }
 
@@ -136,59 +136,62 @@ Extent acrossBody(double width) {
 
 namespace Plane {
 
-Transform fitVTop(SurfaceSize size, Transform at) {
-    const double start = startOfAircraft();
-    const double end =
-        maxOf({Fuselage::current().lengthPoint(), highestOfWings(-beyondWings, tipStart),
-               tipEnd(Stabilizer), rootEnd(Stabilizer)});
-    fitExtents(size, 2 * halfSpan(), end - start, at.zoom);
+Transform fitVTop(const Project& project, SurfaceSize size, Transform at) {
+    const double start = startOfAircraft(project);
+    const double end = maxOf({Fuselage::current(project).lengthPoint(),
+                              highestOfWings(project, -beyondWings, tipStart),
+                              tipEnd(project.Stabilizer), rootEnd(project.Stabilizer)});
+    fitExtents(size, 2 * halfSpan(project), end - start, at.zoom);
     assignFinite(at.yoff, (size.height - at.zoom * (start + end)) / 2);
     return at;
 }
 
-Transform fitFront(SurfaceSize size, Transform at) {
-    const SymWingSections& first = Wings(1);
+Transform fitFront(const Project& project, SurfaceSize size, Transform at) {
+    const SymWingSections& first = project.Wings(1);
     const double lowest =
-        lowestOfWings(first.elevation1 - first.length1 * first.thickness1 / 2, tipBottom);
+        lowestOfWings(project, first.elevation1 - first.length1 * first.thickness1 / 2, tipBottom);
     const double highest =
-        highestOfWings(first.elevation1 + first.length1 * first.thickness1 / 2, tipTop);
-    const double bottom = minOf(
-        {Fuselage::current().minElevationPoint(), lowest, tipBottom(Stabilizer), Rudder.shift});
-    const double top = maxOf({Fuselage::current().maxElevationPoint(), highest, tipTop(Stabilizer),
-                              Rudder.shift + Rudder.span});
-    fitExtents(size, 2 * halfSpan(), top - bottom, at.zoom);
+        highestOfWings(project, first.elevation1 + first.length1 * first.thickness1 / 2, tipTop);
+    const double bottom = minOf({Fuselage::current(project).minElevationPoint(), lowest,
+                                 tipBottom(project.Stabilizer), project.Rudder.shift});
+    const double top =
+        maxOf({Fuselage::current(project).maxElevationPoint(), highest, tipTop(project.Stabilizer),
+               project.Rudder.shift + project.Rudder.span});
+    fitExtents(size, 2 * halfSpan(project), top - bottom, at.zoom);
     assignFinite(at.yoff, (size.height + at.zoom * (bottom + top)) / 2);
     return at;
 }
 
-Transform fitSide(SurfaceSize size, Transform at, SideExtent extent) {
-    const MeshSections& body = Fuselage::current();
+Transform fitSide(const Project& project, SurfaceSize size, Transform at, SideExtent extent) {
+    const MeshSections& body = Fuselage::current(project);
     Extent along{body.startpoint(), body.lengthPoint()};
     Extent upright{body.minElevationPoint(), body.maxElevationPoint()};
     if (extent == SideExtent::aircraft) {
-        along = {startOfAircraft(), maxOf({body.lengthPoint(), highestOfWings(-beyondWings, tipEnd),
-                                           tipEnd(Stabilizer), Rudder.pos1 + Rudder.length1,
-                                           Rudder.pos1 + Rudder.pos2 + Rudder.length2})};
-        upright = {minOf({body.minElevationPoint(), Rudder.shift}),
-                   maxOf({body.maxElevationPoint(), Rudder.shift + Rudder.span})};
+        along = {startOfAircraft(project),
+                 maxOf({body.lengthPoint(), highestOfWings(project, -beyondWings, tipEnd),
+                        tipEnd(project.Stabilizer), project.Rudder.pos1 + project.Rudder.length1,
+                        project.Rudder.pos1 + project.Rudder.pos2 + project.Rudder.length2})};
+        upright = {minOf({body.minElevationPoint(), project.Rudder.shift}),
+                   maxOf({body.maxElevationPoint(), project.Rudder.shift + project.Rudder.span})};
     }
     return fitBoth(size, along, upright, at);
 }
 
-Transform fitHTop(SurfaceSize size, Transform at) {
-    const MeshSections& body = Fuselage::current();
-    return fitBoth(size, {body.startpoint(), body.lengthPoint()}, acrossBody(body.maxWidthPoint()),
-                   at);
+Transform fitHTop(const Project& project, SurfaceSize size, Transform at) {
+    const MeshSections& body = Fuselage::current(project);
+    return fitBoth(size, {body.startpoint(), body.lengthPoint()},
+                   acrossBody(body, body.maxWidthPoint()), at);
 }
 
-Transform focusSide(SurfaceSize size, Transform at) {
-    const MeshSections& body = Fuselage::current();
+Transform focusSide(const Project& project, SurfaceSize size, Transform at) {
+    const MeshSections& body = Fuselage::current(project);
     const double bottom = body.elevationGet();
-    return fitSection(size, {bottom, bottom + body.heightGet()}, at);
+    return fitSection(project, size, {bottom, bottom + body.heightGet()}, at);
 }
 
-Transform focusHTop(SurfaceSize size, Transform at) {
-    return fitSection(size, acrossBody(Fuselage::current().widthGet()), at);
+Transform focusHTop(const Project& project, SurfaceSize size, Transform at) {
+    const MeshSections& body = Fuselage::current(project);
+    return fitSection(project, size, acrossBody(body, body.widthGet()), at);
 }
 
 }  // namespace Plane

@@ -6,6 +6,8 @@
 
 namespace velna {
 
+struct Project;
+
 /// The size of a drawing surface in whole pixels.
 struct SurfaceSize {
     std::int16_t width = 900;
@@ -24,13 +26,13 @@ inline Transform unfitted(SurfaceSize size, double yoff = 0) {
 
 /// The fits of the four views to a surface: the transform that shows the aircraft there. An empty
 /// extent leaves the scale of `before`, and what cannot be computed its offset.
-Transform fitVTop(SurfaceSize size, Transform before);
-Transform fitFront(SurfaceSize size, Transform before);
-Transform fitSide(SurfaceSize size, Transform before, SideExtent extent);
-Transform fitHTop(SurfaceSize size, Transform before);
+Transform fitVTop(const Project& project, SurfaceSize size, Transform before);
+Transform fitFront(const Project& project, SurfaceSize size, Transform before);
+Transform fitSide(const Project& project, SurfaceSize size, Transform before, SideExtent extent);
+Transform fitHTop(const Project& project, SurfaceSize size, Transform before);
 /// The selected section fills nine tenths of the height.
-Transform focusSide(SurfaceSize size, Transform before);
-Transform focusHTop(SurfaceSize size, Transform before);
+Transform focusSide(const Project& project, SurfaceSize size, Transform before);
+Transform focusHTop(const Project& project, SurfaceSize size, Transform before);
 
 }  // namespace Plane
 }  // namespace velna

@@ -1,48 +1,57 @@
 #include "model/Fuselage.h"
 
-#include <memory>
-
-#include "model/ObjectList.h"
-
 namespace velna::Fuselage {
 
-void initFuselages() {
-    nbFuselages = 1;
-    currentFuselage = 1;
-    resizeFuselages();
-    addFuselage();
+namespace {
+
+MeshSections newFuselage(const Project& project) {
+    return MeshSections(project.units, project.defaultColor);
 }
 
-void resizeFuselages() {
-    Fuselages.resize(nbFuselages, [] { return std::make_unique<MeshSections>(); });
+}  // namespace
+
+void initFuselages(Project& project) {
+    project.nbFuselages = 1;
+    project.currentFuselage = 1;
+    resizeFuselages(project);
+    addFuselage(project);
 }
 
-void addFuselage(bool copyCurrent) {
-    Fuselages.put(nbFuselages,
-                  copyCurrent ? std::make_unique<MeshSections>(current().copyShapeAndSelectLast())
-                              : std::make_unique<MeshSections>());
+void resizeFuselages(Project& project) {
+    project.Fuselages.resize(project.nbFuselages, newFuselage(project));
 }
 
-void createVisibleFuselages() {
-    Fuselages.forEachDistinct(
-        nbFuselages, [](int i) { return ObjectList.shown(i); },
-        [](int, MeshSections& body) { body.create(); });
+void addFuselage(Project& project, bool copyCurrent) {
+    project.Fuselages.put(project.nbFuselages, copyCurrent
+                                                   ? current(project).copyShapeAndSelectLast()
+                                                   : newFuselage(project));
 }
 
-void zeroElevationOffsets() {
-    for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).elevation_offset = 0;
+bool meshFits(const Project& project, const MeshSections* grown, long long sections,
+              long long cross) {
+    long long points = sections * cross;
+    for (int i = 1; i <= project.nbFuselages; ++i) {
+        const MeshSections& fuselage = project.Fuselages(i);
+        if (&fuselage != grown)
+            points += static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
+    }
+    return points <= Plane::largestMesh;
 }
 
-void rescale(double k) {
-    for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).rescale(k);
+void zeroElevationOffsets(Project& project) {
+    for (int i = 1; i <= project.nbFuselages; ++i) project.Fuselages(i).elevation_offset = 0;
 }
 
-void switchToInches() {
-    for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).switchToInches();
+void rescale(Project& project, double k) {
+    for (int i = 1; i <= project.nbFuselages; ++i) project.Fuselages(i).rescale(k);
 }
 
-void switchToMillimeters() {
-    for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).switchToMillimeters();
+void switchToInches(Project& project) {
+    for (int i = 1; i <= project.nbFuselages; ++i) project.Fuselages(i).switchToInches();
+}
+
+void switchToMillimeters(Project& project) {
+    for (int i = 1; i <= project.nbFuselages; ++i) project.Fuselages(i).switchToMillimeters();
 }
 
 }  // namespace velna::Fuselage

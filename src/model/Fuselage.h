@@ -5,29 +5,25 @@
 namespace velna::Fuselage {
 
 /// The fuselage being edited.
-inline MeshSections& current() {
-    return Fuselages(currentFuselage);
+inline MeshSections& current(Project& project) {
+    return project.Fuselages(project.currentFuselage);
+}
+inline const MeshSections& current(const Project& project) {
+    return project.Fuselages(project.currentFuselage);
 }
 
-// model/
-void initFuselages();
-void resizeFuselages();
+void initFuselages(Project& project);
+void resizeFuselages(Project& project);
 /// A new fuselage in slot `nbFuselages`; with `copyCurrent` the shape of the current one.
-void addFuselage(bool copyCurrent = false);
-/// `create` on each shown fuselage.
-void createVisibleFuselages();
-void zeroElevationOffsets();
-void rescale(double k);
-void switchToInches();
-void switchToMillimeters();
-
-// persistence/
-void saveFuselages(ReplacedFile& file);
-void readFuselages(ValueReader& file);
-void readFuselagesV120(ValueReader& file);
-void readFuselagesV101(ValueReader& file);
-void readFuselagesV030(ValueReader& file);
-void readFuselageV0212(ValueReader& file);
-void readFuselageV026(ValueReader& file);
+void addFuselage(Project& project, bool copyCurrent = false);
+/// Whether all fuselages together stay within `Plane::largestMesh` when `grown` has `sections`
+/// times `cross` points: what the panel or the pointer makes must load again. `grown` may be null
+/// for a fuselage that is still to come.
+bool meshFits(const Project& project, const MeshSections* grown, long long sections,
+              long long cross);
+void zeroElevationOffsets(Project& project);
+void rescale(Project& project, double k);
+void switchToInches(Project& project);
+void switchToMillimeters(Project& project);
 
 }  // namespace velna::Fuselage

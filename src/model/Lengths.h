@@ -1,7 +1,8 @@
 #pragma once
 
 #include "common/Finite.h"
-#include "model/Plane.h"
+#include "common/Point.h"
+#include "model/Units.h"
 
 namespace velna {
 

@@ -1,7 +1,5 @@
 #include "model/MainWing.h"
 
-#include <memory>
-
 #include "common/Finite.h"
 
 namespace velna::MainWing {
@@ -11,9 +9,9 @@ namespace {
 constexpr double nextSpanRatio = 0.3;
 constexpr double nextTaperRatio = 0.7;
 
-std::unique_ptr<SymWingSections> newWing() {
-    auto wing = std::make_unique<SymWingSections>();
-    wing->init();
+SymWingSections newWing(const Project& project) {
+    SymWingSections wing;
+    wing.init(project.defaultColor);
     return wing;
 }
 
@@ -33,31 +31,32 @@ void continueWing(SymWingSections& wing, const SymWingSections& previous) {
 
 }  // namespace
 
-void allocateWings() {
-    Wings.fill(nbWings, newWing);
-    currentWing = 1;
+void allocateWings(Project& project) {
+    project.Wings.fill(project.nbWings, newWing(project));
+    project.currentWing = 1;
 }
 
-void clearWings() {
-    Wings.clear();
+void clearWings(Project& project) {
+    project.Wings.clear();
 }
 
-void addWing() {
-    Wings.resize(nbWings, newWing);
-    Wings.put(nbWings, newWing());
-    if (nbWings > 1) continueWing(Wings(nbWings), Wings(nbWings - 1));
+void addWing(Project& project) {
+    const int added = project.nbWings;
+    project.Wings.resize(added, newWing(project));
+    project.Wings.put(added, newWing(project));
+    if (added > 1) continueWing(project.Wings(added), project.Wings(added - 1));
 }
 
-void rescale(double k) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).rescale(k);
+void rescale(Project& project, double k) {
+    for (int i = 1; i <= project.nbWings; ++i) project.Wings(i).rescale(k);
 }
 
-void switchToInches() {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).switchToInches();
+void switchToInches(Project& project) {
+    for (int i = 1; i <= project.nbWings; ++i) project.Wings(i).switchToInches();
 }
 
-void switchToMillimeters() {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).switchToMillimeters();
+void switchToMillimeters(Project& project) {
+    for (int i = 1; i <= project.nbWings; ++i) project.Wings(i).switchToMillimeters();
 }
 
 }  // namespace velna::MainWing

@@ -4,9 +4,8 @@
 #include <iterator>
 
 #include "common/Finite.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "model/SectionArrays.h"
+#include "model/Units.h"
 
 namespace velna {
 
@@ -39,7 +38,7 @@ double multiplied(double value, double by) {
 
 }  // namespace
 
-MeshSections::MeshSections() {
+MeshSections::MeshSections(int unit, const Point3D& color) {
     nb_sections = defaultSections;
     nb_cross = defaultCross;
     initArrays();
@@ -48,8 +47,8 @@ MeshSections::MeshSections() {
         for (std::size_t array = 0; array < std::size(sectionArrays); ++array)
             (this->*sectionArrays[array])(i) = defaultShape[array][i - 1];
     }
-    color_ = defaultColor;
-    if (Prefs.units == inches) switchToInches();
+    color_ = color;
+    if (unit == inches) switchToInches();
 }
 
 MeshSections::MeshSections(std::int16_t sections, std::int16_t cross)

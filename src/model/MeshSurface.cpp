@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "common/NumberText.h"
+#include "model/BodySolid.h"
 #include "model/Lengths.h"
 #include "model/MeshSections.h"
 #include "model/SuperEllipse.h"
@@ -75,36 +76,43 @@ struct HalfSection {
 
 }  // namespace
 
-void MeshSections::create() {
+void BodySolid::create(const MeshSections& body) {
+    nb_sections = body.nb_sections;
+    nb_cross = body.nb_cross;
+    shift_ = body.shift;
+    picture.carry(body.texture_filename);
     if (nb_cross < 2) return;
+    buildMesh(body);
+    createTexCoords(body.lengthPoint());
+}
+
+void BodySolid::buildMesh(const MeshSections& body) {
     const double middle = nb_cross / 2.0;
     // With an odd number of points the rounding leaves one of each section out of all ranges, and
     // lets others overlap, where the later one stays.
     const int opposite = roundToInt(middle + 1);
     SuperEllipse upper(1, roundToInt(middle), nb_cross);
     SuperEllipse lower(roundToInt(middle + 2), nb_cross, nb_cross);
-    sizeGrid(points, sectionCount(), nb_cross);
+    sizeGrid(points, body.sectionCount(), nb_cross);
     for (int i = 1; i <= points.rows(); ++i) {
-        const int k = storageIndex(i);
-        upper.setExponent(curvature(k));
-        lower.setExponent(curv = curvature2(k));
-        const HalfSection upperHalf(*this, k, bias_curve(k));
-        const HalfSection lowerHalf(*this, k, 1.0 - bias_curve(k));
+        const int k = body.storageIndex(i);
+        upper.setExponent(body.curvature(k));
+        lower.setExponent(body.curvature2(k));
+        const HalfSection upperHalf(body, k, body.bias_curve(k));
+        const HalfSection lowerHalf(body, k, 1.0 - body.bias_curve(k));
         Point3D* row = points.row(i);
         if (nb_cross % 2 != 0 || !upperHalf.bounded(upper) || !lowerHalf.bounded(lower))
             std::fill(row + 1, row + nb_cross + 1, Point3D{upperHalf.x, 0, 0});
         upperHalf.write(row, upper);
         // The same angle from the formula would leave a rounding error on the widest line.
-        assignFinite(row[opposite], upperHalf.x, -width(k) / 2 + shift,
-                     elevation(k) + -upperHalf.base + elevation_offset);
+        assignFinite(row[opposite], upperHalf.x, -body.width(k) / 2 + body.shift,
+                     body.elevation(k) + -upperHalf.base + body.elevation_offset);
         lowerHalf.write(row, lower);
     }
-    createTexCoords();
 }
 
-void MeshSections::createTexCoords() {
-    sizeGrid(texCoords, points.rows(), points.columns());
-    const double length = lengthPoint();
+void BodySolid::createTexCoords(double length) {
+    sizeGrid(texCoords_, points.rows(), points.columns());
     std::vector<double> round(static_cast<std::size_t>(nb_cross) + 1);
     if (length != 0) {
         for (int j = 1; j <= nb_cross; ++j)
@@ -113,21 +121,29 @@ void MeshSections::createTexCoords() {
     for (int i = 1; i <= points.rows(); ++i) {
         double u = 0;
         assignFinite(u, length != 0 ? points(i, 1).x / length : 0);
-        Point2D* row = texCoords.row(i);
+        Point2D* row = texCoords_.row(i);
         for (int j = 1; j <= nb_cross; ++j) row[j] = {u, round[static_cast<std::size_t>(j)]};
     }
 }
 
-Point3D MeshSections::meshPoint(int j, int i, bool mirrored) const {
+int BodySolid::sections() const {
+    return std::min<int>(nb_sections, points.rows());
+}
+
+int BodySolid::cross() const {
+    return std::min<int>(nb_cross, points.columns());
+}
+
+Point3D BodySolid::meshPoint(int j, int i, bool mirrored) const {
     if (i < 1 || i > points.rows() || j < 1 || j > points.columns()) return {};
     Point3D point = points(i, j);
-    if (mirrored) assignFinite(point.y, point.y - 2 * shift);
+    if (mirrored) assignFinite(point.y, point.y - 2 * shift_);
     return point;
 }
 
-Point2D MeshSections::texCoordAt(int j, int i) const {
-    if (i < 1 || i > texCoords.rows() || j < 1 || j > texCoords.columns()) return {};
-    return texCoords(i, j);
+Point2D BodySolid::texCoordAt(int j, int i) const {
+    if (i < 1 || i > texCoords_.rows() || j < 1 || j > texCoords_.columns()) return {};
+    return texCoords_(i, j);
 }
 
 }  // namespace velna

@@ -2,12 +2,11 @@
 
 #include <cstddef>
 
+#include "common/List.h"
 #include "common/NumberText.h"
-#include "model/Plane.h"
+#include "model/MeshSections.h"
 
 namespace velna {
-
-ObjectListRecord ObjectList;
 
 namespace {
 
@@ -28,7 +27,7 @@ void ObjectListRecord::setShown(int i, bool shown) {
     row.checked = shown;
 }
 
-void ObjectListRecord::update() {
+void ObjectListRecord::update(const OwnedList<MeshSections>& fuselages, int nbFuselages) {
     const auto wanted = static_cast<std::size_t>(nbFuselages);
     while (rows.size() < wanted) {
         FuselageRow row;
@@ -39,7 +38,7 @@ void ObjectListRecord::update() {
     rows.resize(wanted);
     for (int i = 1; i <= nbFuselages; ++i) {
         FuselageRow& row = rows[static_cast<std::size_t>(i) - 1];
-        row.sections = threeDigits(Fuselages.alike(i).nb_sections);
+        row.sections = threeDigits(fuselages(i).nb_sections);
     }
 }
 

@@ -5,16 +5,18 @@
 
 namespace velna {
 
-class ValueReader;
-class ReplacedFile;
+class MeshSections;
+template <class T>
+class OwnedList;
 
 /// One row of the Fuselage Manager.
 struct FuselageRow {
-    std::string text;       ///< "Fuselage 001"
-    std::string status;     ///< "Shown" or "Hidden"; the check mark is what counts
-    std::string sections;   ///< `nb_sections` in at least three digits
-    bool checked = true;    ///< the fuselage is shown, can be hit, and has a solid
-    bool selected = false;  ///< selection state of the list on screen
+    std::string text;      ///< "Fuselage 001"
+    std::string status;    ///< "Shown" or "Hidden"; the check mark is what counts
+    std::string sections;  ///< `nb_sections` in at least three digits
+    bool checked = true;   ///< the fuselage is shown, can be hit, and has a solid
+
+    friend bool operator==(const FuselageRow&, const FuselageRow&) = default;
 };
 
 /// The Fuselage Manager's list: it holds which fuselages are shown. Row i belongs to
@@ -28,16 +30,11 @@ struct ObjectListRecord {
     /// Sets row `i` (1-based) to shown or hidden, text and check mark.
     void setShown(int i, bool shown);
 
-    // model/
     void clear() { rows.clear(); }
-    /// Brings the row count to `nbFuselages` and refreshes the section counts.
-    void update();
+    /// Brings the row count to `nbFuselages` and refreshes the section counts of `fuselages`.
+    void update(const OwnedList<MeshSections>& fuselages, int nbFuselages);
 
-    // persistence/
-    void save(ReplacedFile& file) const;
-    void read(ValueReader& file);
+    friend bool operator==(const ObjectListRecord&, const ObjectListRecord&) = default;
 };
-
-extern ObjectListRecord ObjectList;
 
 }  // namespace velna

@@ -3,37 +3,8 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/Prefs.h"
 
 namespace velna {
-
-namespace {
-
-constexpr Point3D lightGrey{200, 200, 200};
-
-}  // namespace
-
-PrefsRecord Prefs;
-
-// Before the objects: their constructors copy it.
-Point3D defaultColor = lightGrey;
-Point3D zeroTranslation;
-Point3D vrmlUnitScale{1, 1, 1};
-Rgb dimColor = palette[9];
-Rgb highlightColor = palette[14];
-std::string projectDirectory;
-
-OwnedList<SymWingSections> Wings;
-std::int16_t nbWings = 0;
-std::int16_t currentWing = 1;
-SymWingSections Stabilizer;
-VertWingSection Rudder;
-OwnedList<MeshSections> Fuselages;
-std::int16_t nbFuselages = 0;
-std::int16_t currentFuselage = 1;
-OwnedList<ElectroBox> Equipments;
-std::int16_t nbEquipments = 0;
-std::int16_t currentEquipment = 1;
 
 namespace Plane {
 
@@ -60,59 +31,51 @@ void assignLengths(SymWingSections& panel, const PanelLengths& lengths) {
 
 }  // namespace
 
-void setDefaultPlane() {
-    defaultColor = lightGrey;
-    MainWing::clearWings();
-    nbWings = 1;
-    MainWing::allocateWings();
-    Fuselage::initFuselages();
-    assignLengths(Wings(1), defaultWing);
-    Wings(1).set_texture_filename("");
-    assignLengths(Stabilizer, defaultStabilizer);
+void setDefaultPlane(Project& project) {
+    const Project fresh;
+    project.defaultColor = fresh.defaultColor;
+    MainWing::clearWings(project);
+    project.nbWings = 1;
+    MainWing::allocateWings(project);
+    Fuselage::initFuselages(project);
+    SymWingSections& wing = project.Wings(1);
+    assignLengths(wing, defaultWing);
+    assignLengths(project.Stabilizer, defaultStabilizer);
     // `init` comes last: it leaves the lengths in place and gives the rest.
-    for (int i = 1; i <= nbWings; ++i) Wings(i).init();
-    Stabilizer.init();
+    wing.init(project.defaultColor);
+    project.Stabilizer.init(project.defaultColor);
     // `init` keeps a fin's offsets, and a twin fin must not outlive its aircraft.
-    Rudder.offset1 = 0;
-    Rudder.offset2 = 0;
-    Rudder.init();
-    Equipment::initEquipments();
-    zeroTranslation = {};
-    dimColor = palette[9];
-    highlightColor = palette[14];
-    projectDirectory.clear();
+    project.Rudder.offset1 = 0;
+    project.Rudder.offset2 = 0;
+    project.Rudder.init(project.defaultColor);
+    Equipment::initEquipments(project);
+    project.dimColor = fresh.dimColor;
+    project.highlightColor = fresh.highlightColor;
+    project.projectDirectory.clear();
 }
 
-void rescaleAll(double k) {
-    MainWing::rescale(k);
-    Stabilizer.rescale(k);
-    Rudder.rescale(k);
-    Fuselage::rescale(k);
-    Equipment::rescaleEquipments(k);
+void rescaleAll(Project& project, double k) {
+    MainWing::rescale(project, k);
+    project.Stabilizer.rescale(k);
+    project.Rudder.rescale(k);
+    Fuselage::rescale(project, k);
+    Equipment::rescaleEquipments(project, k);
 }
 
-void createAllSolids() {
-    Fuselage::createVisibleFuselages();
-    Wings.forEachDistinct(nbWings, [](SymWingSections& wing) { wing.create(); });
-    Stabilizer.create();
-    Rudder.create();
-    Equipment::createEquipments();
+void switchAllToInches(Project& project) {
+    MainWing::switchToInches(project);
+    project.Stabilizer.switchToInches();
+    Fuselage::switchToInches(project);
+    project.Rudder.switchToInches();
+    Equipment::equipmentsToInches(project);
 }
 
-void switchAllToInches() {
-    MainWing::switchToInches();
-    Stabilizer.switchToInches();
-    Fuselage::switchToInches();
-    Rudder.switchToInches();
-    Equipment::equipmentsToInches();
-}
-
-void switchAllToMillimeters() {
-    MainWing::switchToMillimeters();
-    Stabilizer.switchToMillimeters();
-    Fuselage::switchToMillimeters();
-    Rudder.switchToMillimeters();
-    Equipment::equipmentsToMillimeters();
+void switchAllToMillimeters(Project& project) {
+    MainWing::switchToMillimeters(project);
+    project.Stabilizer.switchToMillimeters();
+    Fuselage::switchToMillimeters(project);
+    project.Rudder.switchToMillimeters();
+    Equipment::equipmentsToMillimeters(project);
 }
 
 bool increment(std::int16_t& counter) {

@@ -1,6 +1,7 @@
 #include "model/SymWingSections.h"
 
 #include <algorithm>
+#include <array>
 
 #include "model/Airfoil.h"
 #include "model/Lengths.h"
@@ -11,44 +12,24 @@ namespace {
 
 constexpr std::int16_t builtInPoints = 16;
 
-constexpr std::array panelLengths{&SymWingSections::span,       &SymWingSections::length1,
-                                  &SymWingSections::length2,    &SymWingSections::pos1,
-                                  &SymWingSections::pos2,       &SymWingSections::elevation1,
-                                  &SymWingSections::elevation2, &SymWingSections::shift};
+constexpr auto panelLengths =
+    std::to_array({&SymWingSections::span, &SymWingSections::length1, &SymWingSections::length2,
+                   &SymWingSections::pos1, &SymWingSections::pos2, &SymWingSections::elevation1,
+                   &SymWingSections::elevation2, &SymWingSections::shift});
 
 }  // namespace
 
-SymWingSections::SymWingSections()
-    : Left(std::make_unique<WingSection>()),
-      Right(std::make_unique<WingSection>()),
-      color_(defaultColor) {}
-
-void SymWingSections::init() {
-    Left = std::make_unique<WingSection>();
-    Right = std::make_unique<WingSection>();
+void SymWingSections::init(const Point3D& color) {
     nb = builtInPoints;
-    set_texture_filename("");
+    textureFile.clear();
     qualified_texture_filename.clear();
-    set_texture_loaded(false);
-    color_ = defaultColor;
+    color_ = color;
     allocate();
     init_airfoil();
-    Left->init(*this);
-    Right->init(*this);
 }
 
 void SymWingSections::allocate() {
-    const int count = std::max<int>(nb, 0);
-    airfoil.allocate(count);
-    Left->init(*this);
-    Right->init(*this);
-}
-
-void SymWingSections::create() {
-    Left->init(*this);
-    Right->init(*this);
-    Left->create();
-    Right->createSymmetrical(*Left);
+    airfoil.allocate(std::max<int>(nb, 0));
 }
 
 void SymWingSections::init_airfoil() {
@@ -74,17 +55,6 @@ void SymWingSections::switchToMillimeters() {
 
 void SymWingSections::rescale(double k) {
     multiplyLengths(*this, panelLengths, k);
-}
-
-void SymWingSections::set_texture_filename(const std::string& file) {
-    Left->texture_filename = file;
-    Right->texture_filename = file;
-    textureFile = file;
-}
-
-void SymWingSections::set_texture_loaded(bool loaded) {
-    Left->texture_loaded = loaded;
-    Right->texture_loaded = loaded;
 }
 
 }  // namespace velna

@@ -27,7 +27,7 @@ int WingSection::pointCount() const {
     return std::max(0, std::min(airfoilCount(), rootPoints.upper()));
 }
 
-void WingSection::init(SymWingSections& wg) {
+void WingSection::init(const SymWingSections& wg) {
     span = wg.span;
     shift = wg.shift;
     length1 = wg.length1;
@@ -40,6 +40,7 @@ void WingSection::init(SymWingSections& wg) {
     pos2 = wg.pos2;
     nb = wg.nb;
     airfoil_filename = wg.airfoil_filename;
+    picture.carry(wg.texture_filename());
     copyAirfoil(airfoil, wg, wg.pointCount());
 }
 
@@ -63,7 +64,7 @@ void WingSection::buildSection(Array1<Point3D>& points, const Point3D& origin, d
     }
 }
 
-void WingSection::createSymmetrical(WingSection& lwg) {
+void WingSection::createSymmetrical(const WingSection& lwg) {
     span = -lwg.span;
     shift = -lwg.shift;
     length1 = lwg.length1;
@@ -81,9 +82,16 @@ void WingSection::createSymmetrical(WingSection& lwg) {
 }
 
 void WingSection::create_texcoords() {
-    if (xtex == 0) return;
-    placeTexture(rootTexCoords, rootPoints, pointCount(), *this);
-    placeTexture(tipTexCoords, tipPoints, pointCount(), *this);
+    if (picture.xtex == 0) return;
+    placeTexture(rootTexCoords, rootPoints, pointCount(), {pos1, span}, picture);
+    placeTexture(tipTexCoords, tipPoints, pointCount(), {pos1, span}, picture);
+}
+
+void PanelSolid::create(const SymWingSections& panel) {
+    Left.init(panel);
+    Right.init(panel);
+    Left.create();
+    Right.createSymmetrical(Left);
 }
 
 }  // namespace velna

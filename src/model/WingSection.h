@@ -5,7 +5,7 @@
 
 #include "common/List.h"
 #include "common/Point.h"
-#include "model/ObjectPicture.h"
+#include "model/SolidPicture.h"
 
 namespace velna {
 
@@ -27,18 +27,14 @@ public:
     double elevation1 = 0;  ///< z of the root
     double elevation2 = 0;  ///< dihedral: z of the tip relative to the root's
     std::string airfoil_filename;
-    std::string texture_filename;  ///< full path of the panel's picture, empty for none
-    bool texture_loaded = false;   ///< `texels` hold the converted picture
-    std::int32_t xtex = 0;         ///< picture width, a power of two
-    std::int32_t ytex = 0;         ///< picture height, a power of two
+    SolidPicture picture;
 
-    // model/
-    /// Copies the owner's numbers and airfoil; builds nothing.
-    void init(SymWingSections& wg);
+    /// Copies the owner's numbers, airfoil and picture's name; builds nothing.
+    void init(const SymWingSections& wg);
     /// Builds both sections from the fields.
     void create();
     /// Becomes the mirror image of `lwg`, the left solid, and builds it.
-    void createSymmetrical(WingSection& lwg);
+    void createSymmetrical(const WingSection& lwg);
     /// Fills the texture coordinates; does nothing while `xtex` is 0. A failing division (`span` 0)
     /// leaves the coordinate at 0.
     void create_texcoords();
@@ -54,12 +50,6 @@ public:
     /// How many points of each section `create` has built.
     int builtCount() const { return rootPoints.upper() < 0 ? 0 : rootPoints.upper(); }
 
-    // preview/
-    /// What the conversion of the picture reads and fills.
-    ObjectPicture picture() { return {texture_filename, texture_loaded, xtex, ytex, texels}; }
-    /// Hands the converted picture to OpenGL and switches texturing on; nothing without one.
-    void textureMap();
-
 private:
     int airfoilCount() const;
     void buildSection(Array1<Point3D>& points, const Point3D& origin, double length,
@@ -70,9 +60,17 @@ private:
     Array1<Point3D> airfoil;
     Point3D rootOrigin;
     Point3D tipOrigin;
-    Texels texels;
     Array1<double> rootTexCoords;
     Array1<double> tipTexCoords;
+};
+
+/// The solid of a wing panel or of the stabiliser.
+struct PanelSolid {
+    WingSection Left;   ///< on the +y side
+    WingSection Right;  ///< its mirror image
+
+    /// Rebuilds both halves.
+    void create(const SymWingSections& panel);
 };
 
 }  // namespace velna

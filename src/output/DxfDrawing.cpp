@@ -25,8 +25,8 @@ void format(std::array<std::string, 3>& lines, const Point3D& point) {
 
 }  // namespace
 
-DxfDrawing::DxfDrawing(const std::string& fileName, long long expectedLines)
-    : file_(fileName), work_(expectedLines) {
+DxfDrawing::DxfDrawing(const std::string& fileName, long long expectedLines, Progress* watcher)
+    : file_(fileName), work_(watcher, expectedLines) {
     // Where a line begins that no move came before.
     format(penLines_, pen_);
 }
@@ -50,11 +50,11 @@ void DxfDrawing::dxfBegin() {
     text(" 2 ", "ENTITIES");
 }
 
-std::string DxfDrawing::dxfEnd() {
+Outcome DxfDrawing::dxfEnd() {
     text(" 0 ", "ENDSEC");
     text(" 0 ", "EOF");
-    if (work_.cancelled()) return cancelledReason;
-    return file_.commit() ? std::string() : file_.error();
+    if (work_.cancelled()) return Outcome::cancelled();
+    return file_.commit() ? Outcome() : Outcome::failed(file_.error());
 }
 
 void DxfDrawing::entity(const NumberLines& from, const NumberLines& to, std::string_view layer) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/Outcome.h"
 #include "common/Point.h"
 #include "common/ReplacedFile.h"
 #include "output/Progress.h"
@@ -26,17 +27,17 @@ inline constexpr DxfSigns dxfMirrored{-1, -1};
 /// being named on a line. All coordinates in the project's unit.
 class DxfDrawing {
 public:
-    /// Opens the drawing; `expectedLines` is for who watches the work.
-    DxfDrawing(const std::string& fileName, long long expectedLines);
+    /// Opens the drawing; `expectedLines` is for `watcher`, who watches the work.
+    DxfDrawing(const std::string& fileName, long long expectedLines, Progress* watcher = nullptr);
 
     /// The current point between `dxfLineTo` calls.
     const Point3D& dxfPen() const { return pen_; }
 
     /// The head of the frame.
     void dxfBegin();
-    /// The end of the frame; the drawing takes the place of the old file. Returns the reason of a
-    /// failure or `cancelledReason`, empty for none.
-    std::string dxfEnd();
+    /// The end of the frame; the drawing takes the place of the old file unless it is cancelled or
+    /// has failed.
+    Outcome dxfEnd();
     void dxfLine(const Point3D& from, const Point3D& to, std::string_view layer);
     /// With `draw` a line from the pen; in any case the pen is at `to` afterwards.
     void dxfLineTo(const Point3D& to, bool draw, std::string_view layer);

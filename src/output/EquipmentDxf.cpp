@@ -1,7 +1,9 @@
+#include "output/EquipmentDxf.h"
+
 #include <span>
 #include <string>
 
-#include "output/AircraftDxf.h"
+#include "common/Polyline.h"
 
 namespace velna {
 
@@ -15,18 +17,14 @@ std::string layerOf(int kind, int number) {
     return name + std::to_string(number);
 }
 
-std::span<const Point2D> corners(const Rectangle& rectangle) {
-    return std::span(rectangle).subspan(1);
-}
-
 }  // namespace
 
 void saveDXF_side(DxfDrawing& drawing, const ElectroBox& box, int id) {
-    drawing.closedPolyline(corners(box.computeSidePoints({})), dxfUpright, layerOf(box.box, id));
+    drawing.closedPolyline(pointsOf(box.computeSidePoints({})), dxfUpright, layerOf(box.box, id));
 }
 
 void saveDXF_htop(DxfDrawing& drawing, const ElectroBox& box, int id) {
-    drawing.closedPolyline(corners(box.computeHTopPoints({})), dxfUpright, layerOf(box.box, id));
+    drawing.closedPolyline(pointsOf(box.computeHTopPoints({})), dxfUpright, layerOf(box.box, id));
 }
 
 }  // namespace velna

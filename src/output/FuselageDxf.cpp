@@ -1,8 +1,10 @@
+#include "output/FuselageDxf.h"
+
 #include <cstddef>
 #include <string>
 #include <vector>
 
-#include "output/AircraftDxf.h"
+#include "common/Polyline.h"
 
 namespace velna {
 
@@ -28,9 +30,8 @@ void barBetween(DxfDrawing& drawing, const Point2D& from, const Point2D& to,
 void saveDXF_side(DxfDrawing& drawing, const MeshSections& body, int id) {
     const std::string layer = layerOf(id);
     const SideEdges edges = body.computeSidePoints({});
-    const auto count = static_cast<std::size_t>(body.sectionCount());
-    drawing.polyline({edges.top.data() + 1, count}, dxfUpright, layer);
-    drawing.polyline({edges.bottom.data() + 1, count}, dxfUpright, layer);
+    drawing.polyline(pointsOf(edges.top, body.sectionCount()), dxfUpright, layer);
+    drawing.polyline(pointsOf(edges.bottom, body.sectionCount()), dxfUpright, layer);
     for (int i = 1; i <= body.sectionCount(); ++i)
         barBetween(drawing, edges.bottom(i), edges.top(i), layer);
 }

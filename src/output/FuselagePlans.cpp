@@ -1,12 +1,12 @@
+#include "output/FuselagePlans.h"
+
 #include <cmath>
 #include <cstddef>
 #include <span>
 #include <vector>
 
 #include "common/NumberText.h"
-#include "model/Plane.h"
-#include "output/AircraftPlans.h"
-#include "output/PlanLines.h"
+#include "common/Polyline.h"
 
 namespace velna {
 
@@ -34,8 +34,8 @@ void printSide(PrinterSurface& printer, const MeshSections& body, const Transfor
         bottoms.push_back({x, -(body.elevation(k) + body.elevation_offset) * at.zoom + at.yoff});
         tops.push_back({x, -topOfBar(body, k) * at.zoom + at.yoff});
     }
-    printPolyline(printer, tops, black);
-    printPolyline(printer, bottoms, black);
+    polyline(printer, tops, black);
+    polyline(printer, bottoms, black);
     for (std::size_t i = 0; i < tops.size(); ++i)
         printer.Line(bottoms[i].x, bottoms[i].y, tops[i].x, tops[i].y, black);
 }
@@ -47,9 +47,9 @@ void printHTop(PrinterSurface& printer, const MeshSections& body, const Transfor
         edge.push_back({(body.pos(k) + body.pos_offset) * at.zoom + at.xoff,
                         body.width(k) / 2 * at.zoom + at.yoff});
     }
-    printPolyline(printer, edge, black);
+    polyline(printer, edge, black);
     for (Point2D& p : edge) p.y = 2 * at.yoff - p.y;
-    printPolyline(printer, edge, black);
+    polyline(printer, edge, black);
 }
 
 void printVTop(PrinterSurface& printer, const MeshSections& body, const Transform& at) {
@@ -63,21 +63,21 @@ void printVTop(PrinterSurface& printer, const MeshSections& body, const Transfor
     for (int i = body.sectionCount(); i >= 1; --i) add(i, -1);
     const std::span all(contour);
     const auto half = static_cast<std::size_t>(body.sectionCount());
-    for (const auto& side : {all.first(half), all.last(half)}) printPolyline(printer, side, black);
+    for (const auto& side : {all.first(half), all.last(half)}) polyline(printer, side, black);
     if (body.shift == 0) return;
     for (const auto& side : {all.first(half), all.last(half)})
-        printMirrored(printer, side, at.xoff, black);
+        mirroredPolyline(printer, side, at.xoff, black);
 }
 
-SectionPlans::SectionPlans(const MeshSections& body, const Transform& at)
-    : body_(body), xoff_(at.xoff), front_(body.computeFrontPoints(at)) {}
+SectionPlans::SectionPlans(const MeshSections& body, const Transform& at, Rgb colour)
+    : body_(body), xoff_(at.xoff), colour_(colour), front_(body.computeFrontPoints(at)) {}
 
 void SectionPlans::print(PrinterSurface& printer, int i) {
     body_.collectSection(front_, i, section_);
     if (section_.empty()) return;
     section_.push_back(section_.front());
-    printPolyline(printer, section_, dimColor);
-    if (body_.shift != 0) printMirrored(printer, section_, xoff_, dimColor);
+    polyline(printer, section_, colour_);
+    if (body_.shift != 0) mirroredPolyline(printer, section_, xoff_, colour_);
 }
 
 }  // namespace velna

@@ -7,8 +7,9 @@
 #include "common/NumberText.h"
 #include "common/ValueReader.h"
 #include "common/Version.h"
+#include "model/BodySolid.h"
+#include "model/FinSolid.h"
 #include "model/MeshSections.h"
-#include "model/VertWingSection.h"
 #include "model/WingSection.h"
 
 namespace velna::IO_VRMl {
@@ -110,6 +111,12 @@ bool endTexture(Target& target, double along, std::string_view end) {
     return endRow(target, end);
 }
 
+/// How far a fuselage's mesh goes in the file: outline points, 0 for no shape, and sections.
+struct Grid {
+    int n = 0;
+    int sections = 0;
+};
+
 /// Which outline points of a section have faces, and whether the section closes round.
 struct Strip {
     int first = 0;
@@ -128,8 +135,9 @@ Strip closedStrip(int n) {
     return {1, n - 1, true};
 }
 
-void fuselageFaces(Target& target, int n, int sections, const Strip& strip) {
-    const auto baseOf = [n](int i) { return static_cast<long long>(i - 1) * n; };
+void fuselageFaces(Target& target, const Grid& grid, const Strip& strip) {
+    const auto [n, sections] = grid;
+    const auto baseOf = [n = grid.n](int i) { return static_cast<long long>(i - 1) * n; };
     for (int i = 1; i <= sections - 1; ++i) {
         const long long base = baseOf(i);
         for (int j = strip.first; j <= strip.last; ++j)
@@ -149,24 +157,25 @@ void fuselageFaces(Target& target, int n, int sections, const Strip& strip) {
     }
 }
 
-void fuselagePoints(Target& target, const MeshSections& fuselage, int n, bool mirrored) {
+void fuselagePoints(Target& target, const BodySolid& solid, const Grid& grid, bool mirrored) {
     // A body without a shape still gets its node, with a point for the faces to name.
-    if (n == 0) {
+    if (grid.n == 0) {
         point(target, {}, true);
         return;
     }
-    const int sections = fuselage.nb_sections;
-    for (int i = 1; i <= sections; ++i) {
-        for (int j = 1; j <= n; ++j)
-            if (!point(target, fuselage.meshPoint(j, i, mirrored), i == sections && j == n)) return;
+    for (int i = 1; i <= grid.sections; ++i) {
+        for (int j = 1; j <= grid.n; ++j) {
+            const bool last = i == grid.sections && j == grid.n;
+            if (!point(target, solid.meshPoint(j, i, mirrored), last)) return;
+        }
     }
 }
 
-void fuselageTexture(Target& target, const MeshSections& fuselage, int n) {
-    if (n == 0) target.file.line("0 0");
-    for (int i = 1; i <= fuselage.nb_sections; ++i) {
-        for (int j = 1; j <= n; ++j) {
-            const Point2D place = fuselage.texCoordAt(j, i);
+void fuselageTexture(Target& target, const BodySolid& solid, const Grid& grid) {
+    if (grid.n == 0) target.file.line("0 0");
+    for (int i = 1; i <= grid.sections; ++i) {
+        for (int j = 1; j <= grid.n; ++j) {
+            const Point2D place = solid.texCoordAt(j, i);
             number(target, place.x);
             target.file.buffer() += ' ';
             number(target, -place.y);
@@ -220,7 +229,7 @@ void writeVrmlWing(Target& target, const WingSection& wing, Side side) {
     beginFaces(target);
     wingFaces(target, nb);
     endFaces(target);
-    if (!wing.texture_filename.empty()) {
+    if (!wing.picture.texture_filename.empty()) {
         const double sign = side == Side::right ? -1 : 1;
         beginTexture(target);
         for (int i = 1; i <= nb; ++i) endTexture(target, sign * wing.rootTexCoord(i), " 1 ");
@@ -233,7 +242,7 @@ void writeVrmlWing(Target& target, const WingSection& wing, Side side) {
     endGeometry(target);
 }
 
-void writeVrmlRudder(Target& target, const VertWingSection& rudder, bool mirrored) {
+void writeVrmlRudder(Target& target, const FinSolid& rudder, bool mirrored) {
     const int nb = rudder.pointCount();
     beginGeometry(target, "          creaseAngle 60");
     for (int i = 1; i <= nb; ++i) point(target, rudder.rootPoint(i, mirrored));
@@ -243,7 +252,7 @@ void writeVrmlRudder(Target& target, const VertWingSection& rudder, bool mirrore
     beginFaces(target);
     wingFaces(target, nb);
     endFaces(target);
-    if (!rudder.texture_filename.empty()) {
+    if (!rudder.picture.texture_filename.empty()) {
         beginTexture(target);
         for (int i = 1; i <= nb; ++i) endTexture(target, rudder.rootTexCoord(i), " 0 ");
         for (int i = 1; i <= nb; ++i) endTexture(target, rudder.tipTexCoord(i), " 1 ");
@@ -255,21 +264,21 @@ void writeVrmlRudder(Target& target, const VertWingSection& rudder, bool mirrore
     endGeometry(target);
 }
 
-void writeVrmlFuselage(Target& target, const MeshSections& fuselage, bool mirrored) {
+void writeVrmlFuselage(Target& target, const MeshSections& fuselage, const BodySolid& solid,
+                       bool mirrored) {
     // One outline point is no outline.
-    const int n = fuselage.nb_cross < 2 ? 0 : fuselage.nb_cross;
-    const int sections = fuselage.nb_sections;
+    const Grid grid{fuselage.nb_cross < 2 ? 0 : fuselage.nb_cross, fuselage.nb_sections};
     beginGeometry(target, "          creaseAngle 70");
-    fuselagePoints(target, fuselage, n, mirrored);
+    fuselagePoints(target, solid, grid, mirrored);
     beginFaces(target);
-    fuselageFaces(target, n, sections, fuselage.transparent ? cutOpenStrip(n) : closedStrip(n));
+    fuselageFaces(target, grid, fuselage.transparent ? cutOpenStrip(grid.n) : closedStrip(grid.n));
     endFaces(target);
     if (!fuselage.texture_filename.empty()) {
         beginTexture(target);
-        fuselageTexture(target, fuselage, n);
+        fuselageTexture(target, solid, grid);
         beginTextureFaces(target);
         // The picture's faces are those of the whole body, also where only a strip of it stands.
-        fuselageFaces(target, n, sections, closedStrip(n));
+        fuselageFaces(target, grid, closedStrip(grid.n));
         endFaces(target);
     }
     endGeometry(target);

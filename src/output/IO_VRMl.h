@@ -10,13 +10,19 @@
 
 namespace velna {
 
+class BodySolid;
+class FinSolid;
 class MeshSections;
-class VertWingSection;
 class WingSection;
 
 /// The writers of a VRML 2.0 file's pieces. Points stand in model coordinates; a mirrored geometry
 /// is the twin on the other side of the aircraft. Every line ends in CR LF.
 namespace IO_VRMl {
+
+/// The units of the model are the file's.
+inline constexpr Point3D vrmlUnitScale{1, 1, 1};
+/// Bodies lie where their points are.
+inline constexpr Point3D zeroTranslation{};
 
 /// The file being written and the count of its lines; a piece ends early once the user has
 /// cancelled.
@@ -35,9 +41,10 @@ void writeVrmlNodeName(Target& target, std::string_view name);
 void writeVrmlTranslation(Target& target, const Point3D& t);
 /// The band between root and tip; its ends stay open.
 void writeVrmlWing(Target& target, const WingSection& wing, Side side);
-void writeVrmlRudder(Target& target, const VertWingSection& rudder, bool mirrored);
-/// The mesh as the last rebuild left it.
-void writeVrmlFuselage(Target& target, const MeshSections& fuselage, bool mirrored);
+void writeVrmlRudder(Target& target, const FinSolid& rudder, bool mirrored);
+/// The mesh `solid` as the last rebuild left it.
+void writeVrmlFuselage(Target& target, const MeshSections& fuselage, const BodySolid& solid,
+                       bool mirrored);
 void writeVrmlBox(Target& target, const Point3D& size);
 /// `colour` is 0 to 255; `url` the bare name of a picture beside the file, empty for none.
 void writeVrmlAppearance(Target& target, const Point3D& colour, std::string_view url, bool repeat);

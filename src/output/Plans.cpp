@@ -2,20 +2,14 @@
 
 #include <cmath>
 
-#include "model/Fits.h"
 #include "model/Fuselage.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "output/AircraftPlans.h"
-#include "output/PlanLines.h"
+#include "output/FuselagePlans.h"
 #include "output/Progress.h"
 #include "output/SheetMarks.h"
+#include "output/TailPlans.h"
+#include "output/WingPlans.h"
 
-namespace velna {
-
-PrintSelectRecord PrintSelect;
-
-namespace Plans {
+namespace velna::Plans {
 
 namespace {
 
@@ -27,32 +21,42 @@ constexpr double trueScale = 1;
 constexpr long long everySheet = 1;
 constexpr long long sectionsBetweenQuestions = 50;
 
+/// What every job works on.
+struct Sheets {
+    const Project& project;
+    PrinterSurface& printer;
+    SurfaceSize area;
+    bool overlap;
+    Progress* watcher;
+};
+
 /// A job that cannot be printed at all.
-std::string refuse(PrinterSurface& printer, const std::string& reason) {
+Outcome refuse(PrinterSurface& printer, const std::string& reason) {
     printer.KillDoc();
-    return reason;
+    return Outcome::failed(reason);
 }
 
 /// Ends a job that ran to its end, was cancelled, or has lost its printer.
-std::string endJob(PrinterSurface& printer, const Work& work) {
+Outcome endJob(PrinterSurface& printer, const Work& work) {
     if (work.cancelled()) {
         printer.KillDoc();
-        return cancelledReason;
+        return Outcome::cancelled();
     }
-    return printer.EndDoc() ? std::string() : printer.error();
+    return printer.EndDoc() ? Outcome() : Outcome::failed(printer.error());
 }
 
 /// Prints `count` sheets, each begun by `draw(number)`. A plan without any is refused with the
 /// reason `whyNone`: who asked for it would look for its paper.
 template <class Draw>
-std::string printSheets(PrinterSurface& printer, double count, const char* whyNone, Draw draw) {
+Outcome printSheets(const Sheets& on, double count, const char* whyNone, Draw draw) {
+    PrinterSurface& printer = on.printer;
     if (!(count <= static_cast<double>(mostSheets))) {
         return refuse(printer,
                       "The plan needs more than " + std::to_string(mostSheets) + " sheets.");
     }
     if (!(count >= 1)) return refuse(printer, whyNone);
     const auto sheets = static_cast<long long>(count);
-    Work work(sheets, everySheet);
+    Work work(on.watcher, sheets, everySheet);
     for (long long sheet = 1; sheet <= sheets; ++sheet) {
         if (!printer.error().empty()) break;
         draw(sheet);
@@ -72,114 +76,121 @@ constexpr const char* noSections = "The plan has no sheets: the fuselage has no 
 
 /// A true-scale plan in sheets side by side: plain tiles as far as the current fuselage reaches,
 /// or, for taping, sheets that overlap and hold the whole plan.
-std::string printTiles(PrinterSurface& printer, double yoff, const PlanDrawing& draw) {
+Outcome printTiles(const Sheets& on, double yoff, const PlanDrawing& draw) {
+    PrinterSurface& printer = on.printer;
     const double width = printer.ScaleWidth();
-    if (!PrintSelect.overlap) {
-        const double sheets = std::floor(Fuselage::current().lengthPoint() / width) + 1;
-        return printSheets(printer, sheets, nothingOnPaper, [&](long long sheet) {
+    if (!on.overlap) {
+        const double sheets = std::floor(Fuselage::current(on.project).lengthPoint() / width) + 1;
+        return printSheets(on, sheets, nothingOnPaper, [&](long long sheet) {
             draw(printer, -static_cast<double>(sheet - 1) * width, yoff);
         });
     }
-    const SheetGrid grid = SheetMarks::cut(draw, yoff, width, printer.ScaleHeight());
+    const SheetGrid grid =
+        SheetMarks::cut(draw, yoff, {width, printer.ScaleHeight()}, on.project.units);
     if (grid.columns == 0) return refuse(printer, "The sheet is too small to overlap.");
     const double sheets = static_cast<double>(grid.rows) * static_cast<double>(grid.columns);
-    return printSheets(printer, sheets, nothingOnPaper, [&](long long sheet) {
+    return printSheets(on, sheets, nothingOnPaper, [&](long long sheet) {
         const long long row = (sheet - 1) / grid.columns;
         const long long column = (sheet - 1) % grid.columns;
         draw(printer, -(grid.left + static_cast<double>(column) * grid.stepX),
              yoff - (grid.top + static_cast<double>(row) * grid.stepY));
-        SheetMarks::drawMarks(printer, row + 1, column + 1);
+        SheetMarks::drawMarks(on.project, printer, row + 1, column + 1);
     });
 }
 
 /// Only the first wing appears, as in the side view.
-std::string printSideJob(PrinterSurface& printer, SurfaceSize) {
-    const double yoff = printer.ScaleHeight() + Fuselage::current().minElevationPoint();
-    return printTiles(printer, yoff, [](PrinterSurface& sheet, double x, double y) {
+Outcome printSideJob(const Sheets& on) {
+    const Project& project = on.project;
+    const MeshSections& fuselage = Fuselage::current(project);
+    const double yoff = on.printer.ScaleHeight() + fuselage.minElevationPoint();
+    return printTiles(on, yoff, [&](PrinterSurface& sheet, double x, double y) {
         const Transform at{trueScale, x, y};
-        printSide(sheet, Fuselage::current(), at);
-        printSide(sheet, Wings(1), at);
-        printSide(sheet, Stabilizer, at);
-        printSide(sheet, Rudder, at);
+        printSide(sheet, fuselage, at);
+        printSide(sheet, project.Wings(1), at);
+        printSide(sheet, project.Stabilizer, at);
+        printSide(sheet, project.Rudder, at);
     });
 }
 
-std::string printHTopJob(PrinterSurface& printer, SurfaceSize) {
-    return printTiles(printer, printer.ScaleHeight() / 2,
-                      [](PrinterSurface& sheet, double x, double y) {
-                          printHTop(sheet, Fuselage::current(), {trueScale, x, y});
+Outcome printHTopJob(const Sheets& on) {
+    return printTiles(on, on.printer.ScaleHeight() / 2,
+                      [&](PrinterSurface& sheet, double x, double y) {
+                          printHTop(sheet, Fuselage::current(on.project), {trueScale, x, y});
                       });
 }
 
 /// Each section lies at its true place to the middle of the fuselage's height, so that all sheets
 /// can be stacked on the cross hair.
-std::string printSectionsJob(PrinterSurface& printer, SurfaceSize) {
-    const MeshSections& fuselage = Fuselage::current();
+Outcome printSectionsJob(const Sheets& on) {
+    PrinterSurface& printer = on.printer;
+    const MeshSections& fuselage = Fuselage::current(on.project);
     const double width = printer.ScaleWidth();
     const double height = printer.ScaleHeight();
     const double middle = (fuselage.maxElevationPoint() + fuselage.minElevationPoint()) / 2;
-    const double xoff = width / 2 + fuselage.shift;
-    SectionPlans sections(fuselage, {trueScale, xoff, height / 2 + middle});
-    return printSheets(printer, fuselage.nb_sections, noSections, [&](long long section) {
+    const Transform at{trueScale, width / 2 + fuselage.shift, height / 2 + middle};
+    SectionPlans sections(fuselage, at, on.project.dimColor);
+    return printSheets(on, fuselage.nb_sections, noSections, [&](long long section) {
         printer.Line(width / 2, 0, width / 2, height, black);
         printer.Line(0, height / 2, width, height / 2, black);
         sections.print(printer, static_cast<int>(section));
-        if (PrintSelect.overlap) SheetMarks::drawRuler(printer);
+        if (on.overlap) SheetMarks::drawRuler(on.project, printer);
     });
 }
 
-/// A view as it is fitted to a drawing surface of `area`, blown up to the sheet. A plan shows the
-/// whole aircraft, whatever scale the screen has.
-Transform onSheet(const Transform& fitted, SurfaceSize area, const PrinterSurface& printer) {
-    const double r = printer.ScaleWidth() / area.width;
+/// A view as it is fitted to the drawing surface, blown up to the sheet. A plan shows the whole
+/// aircraft, whatever scale the screen has.
+Transform onSheet(const Transform& fitted, const Sheets& on) {
+    const double r = on.printer.ScaleWidth() / on.area.width;
     return {fitted.zoom * r, fitted.xoff * r, fitted.yoff * r};
 }
 
-std::string printVTopJob(PrinterSurface& printer, SurfaceSize area) {
-    const Transform fit = onSheet(Plane::fitVTop(area, Plane::unfitted(area)), area, printer);
+Outcome printVTopJob(const Sheets& on) {
+    const Project& project = on.project;
+    const Transform fit = onSheet(Plane::fitVTop(project, on.area, Plane::unfitted(on.area)), on);
     // The nose lies at the paper's upper edge, whatever room the screen leaves above it.
     const Transform at{fit.zoom, fit.xoff, 0};
-    for (int i = 1; i <= nbFuselages; ++i) printVTop(printer, Fuselages(i), at);
-    for (int i = 1; i <= nbWings; ++i) printVTop(printer, Wings(i), at);
-    printVTop(printer, Stabilizer, at);
-    printer.NewPage();
-    return endJob(printer, Work(1));
+    for (int i = 1; i <= project.nbFuselages; ++i) printVTop(on.printer, project.Fuselages(i), at);
+    for (int i = 1; i <= project.nbWings; ++i) printVTop(on.printer, project.Wings(i), at);
+    printVTop(on.printer, project.Stabilizer, at);
+    on.printer.NewPage();
+    return endJob(on.printer, Work(on.watcher, 1));
 }
 
-long long allSections() {
+long long allSections(const Project& project) {
     long long total = 0;
-    for (int n = 1; n <= nbFuselages; ++n) total += Fuselages(n).nb_sections;
+    for (int n = 1; n <= project.nbFuselages; ++n) total += project.Fuselages(n).nb_sections;
     return total;
 }
 
-/// All sections of all fuselages; the last fuselage is current afterwards.
-void printAllSections(PrinterSurface& printer, const Transform& fit, Work& work) {
-    for (int n = 1; n <= nbFuselages; ++n) {
-        currentFuselage = static_cast<std::int16_t>(n);
-        const MeshSections& fuselage = Fuselages(n);
+void printAllSections(const Sheets& on, const Transform& fit, Work& work) {
+    for (int n = 1; n <= on.project.nbFuselages; ++n) {
+        const MeshSections& fuselage = on.project.Fuselages(n);
         if (fuselage.nb_cross == 0) continue;
-        SectionPlans sections(fuselage, fit);
-        for (int i = 1; i <= fuselage.nb_sections && work.did(1); ++i) sections.print(printer, i);
+        SectionPlans sections(fuselage, fit, on.project.dimColor);
+        for (int i = 1; i <= fuselage.nb_sections && work.did(1); ++i)
+            sections.print(on.printer, i);
     }
 }
 
-std::string printFrontJob(PrinterSurface& printer, SurfaceSize area) {
-    const Transform fit = onSheet(Plane::fitFront(area, Plane::unfitted(area)), area, printer);
-    Work work(allSections(), sectionsBetweenQuestions);
-    printAllSections(printer, fit, work);
-    for (int i = 1; i <= nbWings; ++i) printFront(printer, Wings(i), fit);
-    printFront(printer, Stabilizer, fit);
-    printFront(printer, Rudder, fit);
-    printer.NewPage();
-    return endJob(printer, work);
+Outcome printFrontJob(const Sheets& on) {
+    const Project& project = on.project;
+    const Transform fit = onSheet(Plane::fitFront(project, on.area, Plane::unfitted(on.area)), on);
+    Work work(on.watcher, allSections(project), sectionsBetweenQuestions);
+    printAllSections(on, fit, work);
+    for (int i = 1; i <= project.nbWings; ++i)
+        printFront(on.printer, project.Wings(i), fit, project.dimColor);
+    printFront(on.printer, project.Stabilizer, fit, project.dimColor);
+    printFront(on.printer, project.Rudder, fit);
+    on.printer.NewPage();
+    return endJob(on.printer, work);
 }
 
 /// What belongs to each job, in the order of the jobs.
 struct JobRow {
     PlanJob job;
-    std::string_view name;
+    const char* name;
     bool PrintSelectRecord::*tick;
-    std::string (*print)(PrinterSurface&, SurfaceSize);
+    Outcome (*print)(const Sheets&);
 };
 
 constexpr std::array<JobRow, 5> jobTable{{
@@ -194,48 +205,46 @@ const JobRow& rowOf(PlanJob job) {
     return jobTable[static_cast<std::size_t>(job)];
 }
 
-void setUnit(PrinterSurface& printer) {
-    printer.setScaleMode(Prefs.units == millimetres ? scaleMillimetres : scaleInches);
+Outcome printJob(PlanJob job, const Sheets& on) {
+    if (!printable(on.printer)) return Outcome::failed("The sheet has no printable area.");
+    on.printer.StartDoc(rowOf(job).name);
+    return rowOf(job).print(on);
+}
+
+void setUnit(PrinterSurface& printer, int unit) {
+    printer.setScaleMode(unit == millimetres ? scaleMillimetres : scaleInches);
 }
 
 }  // namespace
 
-std::string_view jobName(PlanJob job) {
-    return rowOf(job).name;
+bool ticked(const PrintSelectRecord& select, PlanJob job) {
+    return select.*rowOf(job).tick;
 }
 
-bool ticked(PlanJob job) {
-    return PrintSelect.*rowOf(job).tick;
-}
-
-std::vector<std::string> tickedNames() {
+std::vector<std::string> tickedNames(const PrintSelectRecord& select) {
     std::vector<std::string> names;
     for (const JobRow& row : jobTable)
-        if (PrintSelect.*row.tick) names.emplace_back(row.name);
+        if (select.*row.tick) names.emplace_back(row.name);
     return names;
 }
 
-std::string printJob(PlanJob job, PrinterSurface& printer, SurfaceSize area) {
-    if (!printable(printer)) return "The sheet has no printable area.";
-    printer.StartDoc(std::string(jobName(job)));
-    return rowOf(job).print(printer, area);
+Outcome printPlans(Project& project, const PrintSelectRecord& select, const Paper& paper) {
+    setUnit(paper.printer, project.units);
+    for (const PlanJob job : allJobs) {
+        if (!ticked(select, job)) continue;
+        const Outcome outcome =
+            printJob(job, {project, paper.printer, paper.area, select.overlap, paper.watcher});
+        if (job == PlanJob::front && printable(paper.printer))
+            project.currentFuselage = project.nbFuselages;
+        if (!outcome.isDone()) return outcome;
+    }
+    return {};
 }
 
-std::string printPlans(PrinterSurface& printer, SurfaceSize area) {
-    setUnit(printer);
-    std::string reason;
-    for (const PlanJob job : allJobs)
-        if (reason.empty() && ticked(job)) reason = printJob(job, printer, area);
-    return reason;
+Outcome previewJob(const Project& project, const PrintSelectRecord& select, PlanJob job,
+                   const Paper& paper) {
+    setUnit(paper.printer, project.units);
+    return printJob(job, {project, paper.printer, paper.area, select.overlap, paper.watcher});
 }
 
-std::string previewJob(PlanJob job, PrinterSurface& printer, SurfaceSize area) {
-    const std::int16_t fuselageBefore = currentFuselage;
-    setUnit(printer);
-    std::string reason = printJob(job, printer, area);
-    currentFuselage = fuselageBefore;
-    return reason;
-}
-
-}  // namespace Plans
-}  // namespace velna
+}  // namespace velna::Plans

@@ -2,14 +2,15 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "common/Outcome.h"
 #include "model/Fits.h"
 
 namespace velna {
 
 class PrinterSurface;
+class Progress;
 
 /// What the dialog of the Print command was left with.
 struct PrintSelectRecord {
@@ -22,8 +23,6 @@ struct PrintSelectRecord {
     bool cancel = true;          ///< the dialog was left by Cancel or its window button
 };
 
-extern PrintSelectRecord PrintSelect;
-
 /// The print jobs, in the order in which they run.
 enum class PlanJob { Side, frontSections, vtop, front, htop };
 
@@ -35,24 +34,26 @@ inline constexpr std::array<PlanJob, 5> allJobs{PlanJob::Side, PlanJob::frontSec
 /// A single job never has more sheets than a 16-bit counter counts.
 inline constexpr long long mostSheets = 32767;
 
-/// The name that a job begins with: "side", "sections", "vtop", "front", "htop".
-std::string_view jobName(PlanJob job);
-/// Whether `PrintSelect` has the job ticked.
-bool ticked(PlanJob job);
-/// The names of the ticked jobs, in their order.
-std::vector<std::string> tickedNames();
+/// Whether `select` has the job ticked.
+bool ticked(const PrintSelectRecord& select, PlanJob job);
+/// The names of the ticked jobs, in their order: "side", "sections", "vtop", "front", "htop".
+std::vector<std::string> tickedNames(const PrintSelectRecord& select);
 
-/// The ticked jobs, each a job of its own on `printer`, with its unit set to the project's first.
-/// The first that fails or is cancelled ends them; what was printed before stays printed. The last
-/// fuselage may be current afterwards. Fitted plans look as on a drawing surface of `area`. Returns
-/// the reason of a failure or `cancelledReason`, empty for none.
-std::string printPlans(PrinterSurface& printer, SurfaceSize area = {});
+/// What plans are printed on.
+struct Paper {
+    PrinterSurface& printer;
+    SurfaceSize area{};           ///< fitted plans look as on a drawing surface of this size
+    Progress* watcher = nullptr;  ///< may cancel; null: the jobs run to their end
+};
 
-/// One job on `printer`, whose unit is set. Returns as `printPlans`.
-std::string printJob(PlanJob job, PrinterSurface& printer, SurfaceSize area = {});
+/// The ticked jobs, each a job of its own, with the printer's unit set to the project's first. The
+/// first that fails or is cancelled ends them; what was printed before stays printed. The front
+/// plan leaves the last fuselage current.
+Outcome printPlans(Project& project, const PrintSelectRecord& select, const Paper& paper);
 
-/// The same for a look before paper is used: unit set, and the current fuselage stays current.
-std::string previewJob(PlanJob job, PrinterSurface& printer, SurfaceSize area = {});
+/// One job for a look before paper is used, ticked or not; of `select` the overlap counts.
+Outcome previewJob(const Project& project, const PrintSelectRecord& select, PlanJob job,
+                   const Paper& paper);
 
 }  // namespace Plans
 }  // namespace velna

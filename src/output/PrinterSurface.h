@@ -3,6 +3,7 @@
 #include <string>
 
 #include "common/Palette.h"
+#include "common/Point.h"
 
 namespace velna {
 
@@ -32,5 +33,10 @@ public:
     virtual void KillDoc() = 0;
     virtual std::string error() const = 0;
 };
+
+/// One line between two points.
+inline void line(PrinterSurface& printer, Point2D from, Point2D to, Rgb colour) {
+    printer.Line(from.x, from.y, to.x, to.y, colour);
+}
 
 }  // namespace velna

@@ -4,11 +4,9 @@
 
 namespace velna {
 
-Progress* progress = nullptr;
-
 void Work::ask() {
     nextQuestion_ = done_ + interval_;
-    if (progress && !cancelled_) cancelled_ = !progress->step(std::min(done_, total_), total_);
+    if (watcher_ && !cancelled_) cancelled_ = !watcher_->step(std::min(done_, total_), total_);
 }
 
 }  // namespace velna

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 namespace velna {
 
 /// Who watches a long export or print job: it shows how far the work is, and may end it.
@@ -12,23 +10,19 @@ public:
     /// `done` of `total` units of work (lines, points, sheets) are behind us. False: the user has
     /// cancelled, and the work is to be dropped.
     virtual bool step(long long done, long long total) = 0;
+
+    /// The command is over: the next one starts anew.
+    virtual void finish() {}
 };
-
-/// The watcher in use; null when nobody watches, and the work then runs to its end.
-extern Progress* progress;
-
-/// The reason that a cancelled export or print job returns. It is no failure: no message follows
-/// it.
-inline const std::string cancelledReason = "Cancelled";
 
 /// Counts the units of one export or job and asks the watcher now and then, so that neither a small
 /// model pays for the question nor a large one runs on after a cancel.
 class Work {
 public:
-    /// `total` is an estimate; more units than that count as all of them. The watcher is asked
-    /// every `interval` units.
-    explicit Work(long long total, long long interval = 4096)
-        : total_(total), interval_(interval), nextQuestion_(interval) {}
+    /// `total` is an estimate; more units than that count as all of them. `watcher` is asked every
+    /// `interval` units; null when nobody watches, and the work then runs to its end.
+    Work(Progress* watcher, long long total, long long interval = 4096)
+        : watcher_(watcher), total_(total), interval_(interval), nextQuestion_(interval) {}
 
     /// `units` more are done. False once the user has cancelled.
     bool did(long long units) {
@@ -42,6 +36,7 @@ public:
 private:
     void ask();
 
+    Progress* watcher_;
     long long total_;
     long long interval_;
     long long done_ = 0;

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/Plane.h"
-#include "model/Prefs.h"
+#include "model/Project.h"
 
 namespace velna::SheetMarks {
 
@@ -58,22 +57,22 @@ long long sheetsFor(double length, double size, double common) {
     return static_cast<long long>(std::clamp(sheets, 1.0, 1e9));
 }
 
-void drawCross(PrinterSurface& printer, double x, double y, double arm) {
-    printer.Line(x - arm, y, x + arm, y, dimColor);
-    printer.Line(x, y - arm, x, y + arm, dimColor);
+void drawCross(PrinterSurface& printer, const Point2D& at, double arm, Rgb colour) {
+    printer.Line(at.x - arm, at.y, at.x + arm, at.y, colour);
+    printer.Line(at.x, at.y - arm, at.x, at.y + arm, colour);
 }
 
 }  // namespace
 
-double perMillimetre() {
-    return Prefs.units == inches ? 1 / Plane::millimetresPerInch : 1;
+double perMillimetre(int unit) {
+    return unit == inches ? 1 / Plane::millimetresPerInch : 1;
 }
 
-SheetGrid cut(const PlanDrawing& draw, double yoff, double sheetWidth, double sheetHeight) {
-    const double common = overlap * perMillimetre();
+SheetGrid cut(const PlanDrawing& draw, double yoff, const SheetSize& sheet, int unit) {
+    const double common = overlap * perMillimetre(unit);
     SheetGrid grid;
-    grid.stepX = sheetWidth - common;
-    grid.stepY = sheetHeight - common;
+    grid.stepX = sheet.width - common;
+    grid.stepY = sheet.height - common;
     if (!(grid.stepX > 0) || !(grid.stepY > 0)) {
         grid.columns = 0;
         return grid;
@@ -81,39 +80,39 @@ SheetGrid cut(const PlanDrawing& draw, double yoff, double sheetWidth, double sh
     Extent extent;
     draw(extent, 0, yoff);
     grid.left = extent.left;
-    grid.columns = sheetsFor(extent.right - extent.left, sheetWidth, common);
+    grid.columns = sheetsFor(extent.right - extent.left, sheet.width, common);
     // One row stands as on single sheets; more rows are stacked upward from the lowest line.
-    const double bottom = std::max(extent.bottom, sheetHeight);
-    grid.rows = sheetsFor(bottom - extent.top, sheetHeight, common);
+    const double bottom = std::max(extent.bottom, sheet.height);
+    grid.rows = sheetsFor(bottom - extent.top, sheet.height, common);
     grid.top = bottom - (static_cast<double>(grid.rows) * grid.stepY + common);
     return grid;
 }
 
-void drawMarks(PrinterSurface& printer, long long row, long long column) {
-    const double unit = perMillimetre();
+void drawMarks(const Project& project, PrinterSurface& printer, long long row, long long column) {
+    const double unit = perMillimetre(project.units);
     const double width = printer.ScaleWidth();
     const double height = printer.ScaleHeight();
     const double inset = overlap * unit / 2;
     for (const double share : {0.25, 0.75}) {
         for (const double x : {inset, width - inset})
-            drawCross(printer, x, share * height, crossArm * unit);
+            drawCross(printer, {x, share * height}, crossArm * unit, project.dimColor);
         for (const double y : {inset, height - inset})
-            drawCross(printer, share * width, y, crossArm * unit);
+            drawCross(printer, {share * width, y}, crossArm * unit, project.dimColor);
     }
     printer.Text((overlap + textMargin) * unit, (overlap + textHeight) * unit,
                  "Row " + std::to_string(row) + ", column " + std::to_string(column));
-    drawRuler(printer);
+    drawRuler(project, printer);
 }
 
-void drawRuler(PrinterSurface& printer) {
-    const double unit = perMillimetre();
-    const bool inInches = Prefs.units == inches;
+void drawRuler(const Project& project, PrinterSurface& printer) {
+    const double unit = perMillimetre(project.units);
+    const bool inInches = project.units == inches;
     const double length = inInches ? 4 : 100;
     const double x = (overlap + textMargin) * unit;
     const double y = (overlap + textMargin + 2 * textHeight) * unit;
-    printer.Line(x, y, x + length, y, dimColor);
+    printer.Line(x, y, x + length, y, project.dimColor);
     for (const double end : {x, x + length})
-        printer.Line(end, y - rulerTick * unit, end, y + rulerTick * unit, dimColor);
+        printer.Line(end, y - rulerTick * unit, end, y + rulerTick * unit, project.dimColor);
     printer.Text(x + textMargin * unit, y - unit, inInches ? "4 inches" : "100 mm");
 }
 

@@ -1,5 +1,6 @@
-#include "output/AircraftDxf.h"
-#include "output/ClosedOutline.h"
+#include "output/TailDxf.h"
+
+#include "common/Polyline.h"
 
 namespace velna {
 
@@ -8,8 +9,8 @@ namespace {
 constexpr const char* finLayer = "Fin";
 
 void outlined(DxfDrawing& drawing, const Outline& outline, bool twin) {
-    drawing.polyline(closedOutline(outline), dxfUpright, finLayer);
-    if (twin) drawing.polyline(closedOutline(outline), dxfMirrored, finLayer);
+    drawing.polyline(pointsOf(outline), dxfUpright, finLayer);
+    if (twin) drawing.polyline(pointsOf(outline), dxfMirrored, finLayer);
 }
 
 }  // namespace

@@ -2,7 +2,8 @@
 #include <string>
 
 #include "common/ReplacedFile.h"
-#include "model/Plane.h"
+#include "model/Solids.h"
+#include "output/Exports.h"
 #include "output/IO_VRMl.h"
 #include "output/Progress.h"
 #include "preview/PictureCopies.h"
@@ -27,98 +28,146 @@ template <class Geometry>
 void writeNode(Target& target, PictureCopies& pictures, const char* name, const Look& look,
                Geometry writeGeometry) {
     IO_VRMl::writeVrmlNodeName(target, name);
-    IO_VRMl::writeVrmlTranslation(target, zeroTranslation);
+    IO_VRMl::writeVrmlTranslation(target, IO_VRMl::zeroTranslation);
     writeGeometry();
     const std::string url = pictures.convertJPG(look.picture, look.title, look.unturned);
     IO_VRMl::writeVrmlAppearance(target, look.color, url, look.repeat);
     IO_VRMl::writeVrmlNodeEnd(target);
 }
 
+/// The entries of a list with their solids. Of promised entries the first that has been built
+/// stands for all.
+template <class Object, class Solid>
+class WithSolids {
+public:
+    template <class Wanted>
+    WithSolids(const OwnedList<Object>& list, const NumberedList<Solid>& solids, int n,
+               Wanted wanted)
+        : list_(list), solids_(solids) {
+        list.forEachDistinct(n, wanted, [&](int i, const Object&) {
+            if (list.promised(i)) shared_ = i;
+        });
+    }
+    const Object& entry(int i) const { return list_(i); }
+    const Solid& solid(int i) const {
+        return solids_(list_.promised(i) && shared_ > 0 ? shared_ : i);
+    }
+
+private:
+    const OwnedList<Object>& list_;
+    const NumberedList<Solid>& solids_;
+    int shared_ = 0;
+};
+
+bool everyOne(int) {
+    return true;
+}
+
+/// The two halves' node names.
+struct HalfNames {
+    const char* left;
+    const char* right;
+};
+
 void writeWing(Target& target, PictureCopies& pictures, const SymWingSections& wing,
-               const char* leftName, const char* rightName) {
+               const PanelSolid& solid, const HalfNames& names) {
     const Look look{wing.color(), wing.texture_filename(), wing.qualified_texture_filename, false,
                     false};
-    writeNode(target, pictures, leftName, look,
-              [&] { IO_VRMl::writeVrmlWing(target, *wing.Left, Side::left); });
-    writeNode(target, pictures, rightName, look,
-              [&] { IO_VRMl::writeVrmlWing(target, *wing.Right, Side::right); });
+    writeNode(target, pictures, names.left, look,
+              [&] { IO_VRMl::writeVrmlWing(target, solid.Left, Side::left); });
+    writeNode(target, pictures, names.right, look,
+              [&] { IO_VRMl::writeVrmlWing(target, solid.Right, Side::right); });
 }
 
-void writeFuselages(Target& target, PictureCopies& pictures) {
-    for (int i = 1; i <= nbFuselages && !target.work.cancelled(); ++i) {
-        currentFuselage = static_cast<std::int16_t>(i);
-        const MeshSections& fuselage = Fuselages.alike(i);
-        const Look look{fuselage.color(), fuselage.texture_filename,
-                        fuselage.qualified_texture_filename, true, true};
-        for (bool mirrored : {false, true}) {
-            if (!mirrored || fuselage.shift != 0) {
-                writeNode(target, pictures, "Fuselage", look,
-                          [&] { IO_VRMl::writeVrmlFuselage(target, fuselage, mirrored); });
-            }
-        }
-    }
+void writeWings(Target& target, PictureCopies& pictures, const Project& project,
+                const Solids& solids) {
+    const WithSolids wings(project.Wings, solids.wings, project.nbWings, everyOne);
+    for (int i = 1; i <= project.nbWings && !target.work.cancelled(); ++i)
+        writeWing(target, pictures, wings.entry(i), wings.solid(i), {"WingLeft", "WingRight"});
+    writeWing(target, pictures, project.Stabilizer, solids.stabilizer, {"StabLeft", "StabRight"});
 }
 
-void writeRudder(Target& target, PictureCopies& pictures) {
-    const Look look{Rudder.color(), Rudder.texture_filename, Rudder.qualified_texture_filename,
-                    true, false};
+void writeFuselage(Target& target, PictureCopies& pictures, const MeshSections& fuselage,
+                   const BodySolid& solid) {
+    const Look look{fuselage.color(), fuselage.texture_filename,
+                    fuselage.qualified_texture_filename, true, true};
     for (bool mirrored : {false, true}) {
-        if (!mirrored || Rudder.mirrored()) {
-            writeNode(target, pictures, "Rudder", look,
-                      [&] { IO_VRMl::writeVrmlRudder(target, Rudder, mirrored); });
+        if (!mirrored || fuselage.shift != 0) {
+            writeNode(target, pictures, "Fuselage", look,
+                      [&] { IO_VRMl::writeVrmlFuselage(target, fuselage, solid, mirrored); });
         }
     }
 }
 
-void writeBoxes(Target& target) {
-    for (int i = 1; i <= nbEquipments; ++i) {
-        const ElectroBox& box = Equipments(i);
+/// Each fuselage that is written is the current one.
+void writeFuselages(Target& target, PictureCopies& pictures, Project& project,
+                    const Solids& solids) {
+    const WithSolids fuselages(project.Fuselages, solids.fuselages, project.nbFuselages,
+                               [&](int i) { return project.ObjectList.shown(i); });
+    for (int i = 1; i <= project.nbFuselages && !target.work.cancelled(); ++i) {
+        project.currentFuselage = static_cast<std::int16_t>(i);
+        writeFuselage(target, pictures, fuselages.entry(i), fuselages.solid(i));
+    }
+}
+
+void writeRudder(Target& target, PictureCopies& pictures, const VertWingSection& fin,
+                 const FinSolid& solid) {
+    const Look look{fin.color(), fin.texture_filename, fin.qualified_texture_filename, true, false};
+    for (bool mirrored : {false, true}) {
+        if (!mirrored || fin.mirrored()) {
+            writeNode(target, pictures, "Rudder", look,
+                      [&] { IO_VRMl::writeVrmlRudder(target, solid, mirrored); });
+        }
+    }
+}
+
+void writeBoxes(Target& target, const Project& project, const Solids& solids) {
+    const WithSolids boxes(project.Equipments, solids.equipments, project.nbEquipments, everyOne);
+    for (int i = 1; i <= project.nbEquipments; ++i) {
         IO_VRMl::writeVrmlNodeName(target, "Equipment");
-        IO_VRMl::writeVrmlTranslation(target, box.centre());
-        IO_VRMl::writeVrmlBox(target, box.solidSize());
-        IO_VRMl::writeVrmlAppearance(target, box.kindColor(), "", false);
+        IO_VRMl::writeVrmlTranslation(target, boxes.solid(i).centre());
+        IO_VRMl::writeVrmlBox(target, boxes.solid(i).solidSize());
+        IO_VRMl::writeVrmlAppearance(target, boxes.entry(i).kindColor(), "", false);
         IO_VRMl::writeVrmlNodeEnd(target);
     }
 }
 
 /// Points and faces of all bodies, about.
-long long expectedLines() {
+long long expectedLines(const Project& project, const Solids& solids) {
     long long total = 0;
-    for (int i = 1; i <= nbFuselages; ++i) {
-        const MeshSections& fuselage = Fuselages.alike(i);
+    for (int i = 1; i <= project.nbFuselages; ++i) {
+        const MeshSections& fuselage = project.Fuselages(i);
         const long long points = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
         total +=
             points * (fuselage.texture_filename.empty() ? 3 : 6) * (fuselage.shift != 0 ? 2 : 1);
     }
-    for (int i = 1; i <= nbWings; ++i) total += 8LL * Wings.alike(i).pointCount();
-    return total + 8LL * Stabilizer.pointCount() + 8LL * Rudder.pointCount();
+    for (int i = 1; i <= project.nbWings; ++i) total += 8LL * project.Wings(i).pointCount();
+    return total + 8LL * project.Stabilizer.pointCount() + 8LL * solids.rudder.pointCount();
 }
 
 }  // namespace
 
-std::string exportVRML(const std::string& file) {
+Outcome exportVRML(Project& project, const Solids& solids, const std::string& file,
+                   PictureStore& store, Progress* watcher) {
     ReplacedFile output(file);
-    if (!output.error().empty()) return output.error();
-    Work work(expectedLines());
+    if (!output.error().empty()) return Outcome::failed(output.error());
+    Work work(watcher, expectedLines(project, solids));
     Target target{output, work};
-    PictureCopies pictures(output, file, IO_VRMl::picturesIn);
+    PictureCopies pictures(output, file, IO_VRMl::picturesIn, project, store);
 
     IO_VRMl::writeVrmlHeader(target);
-    vrmlUnitScale = {1, 1, 1};
-    for (int i = 1; i <= nbWings && !work.cancelled(); ++i)
-        writeWing(target, pictures, Wings.alike(i), "WingLeft", "WingRight");
-    writeWing(target, pictures, Stabilizer, "StabLeft", "StabRight");
-    writeFuselages(target, pictures);
-    if (!work.cancelled()) writeRudder(target, pictures);
-    writeBoxes(target);
+    writeWings(target, pictures, project, solids);
+    writeFuselages(target, pictures, project, solids);
+    if (!work.cancelled()) writeRudder(target, pictures, project.Rudder, solids.rudder);
+    writeBoxes(target, project, solids);
     IO_VRMl::writeVrmlFooter(target);
 
-    if (work.cancelled()) return cancelledReason;
+    if (work.cancelled()) return Outcome::cancelled();
     output.commit();
     if (output.inPlace()) pictures.madeHere();
-    if (!output.error().empty()) return output.error();
+    if (!output.error().empty()) return Outcome::failed(output.error());
     const std::string missing = pictures.missing(" could not be put beside the model");
-    return missing.empty() ? missing : missing + " All else has been exported.";
+    return missing.empty() ? Outcome() : Outcome::failed(missing + " All else has been exported.");
 }
 
 }  // namespace velna::Plane

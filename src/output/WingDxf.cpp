@@ -1,7 +1,8 @@
+#include "output/WingDxf.h"
+
 #include <cstddef>
 
-#include "output/AircraftDxf.h"
-#include "output/ClosedOutline.h"
+#include "common/Polyline.h"
 
 namespace velna {
 
@@ -10,8 +11,8 @@ namespace {
 constexpr const char* wingLayer = "Wing";
 
 void bothHalves(DxfDrawing& drawing, const Outline& outline) {
-    drawing.polyline(closedOutline(outline), dxfUpright, wingLayer);
-    drawing.polyline(closedOutline(outline), dxfMirrored, wingLayer);
+    drawing.polyline(pointsOf(outline), dxfUpright, wingLayer);
+    drawing.polyline(pointsOf(outline), dxfMirrored, wingLayer);
 }
 
 }  // namespace
@@ -26,8 +27,7 @@ void saveDXF_front(DxfDrawing& drawing, const SymWingSections& wing) {
 
 void saveDXF_side(DxfDrawing& drawing, const SymWingSections& wing) {
     const auto points = wing.computeSidePoints({});
-    const auto count = static_cast<std::size_t>(wing.pointCount());
-    drawing.closedPolyline({points.data() + 1, count}, dxfUpright, wingLayer);
+    drawing.closedPolyline(pointsOf(points, wing.pointCount()), dxfUpright, wingLayer);
 }
 
 }  // namespace velna

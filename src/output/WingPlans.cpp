@@ -1,33 +1,29 @@
+#include "output/WingPlans.h"
+
 #include <cstddef>
 
-#include "model/Plane.h"
-#include "output/AircraftPlans.h"
-#include "output/ClosedOutline.h"
-#include "output/PlanLines.h"
+#include "common/Polyline.h"
 
 namespace velna {
 
 namespace {
 
 void bothHalves(PrinterSurface& printer, const Outline& outline, double xoff) {
-    printPolyline(printer, closedOutline(outline), black);
-    printMirrored(printer, closedOutline(outline), xoff, black);
+    polyline(printer, pointsOf(outline), black);
+    mirroredPolyline(printer, pointsOf(outline), xoff, black);
 }
 
 }  // namespace
 
 void printSide(PrinterSurface& printer, const SymWingSections& wing, const Transform& at) {
-    const int count = wing.pointCount();
-    if (count < 1) return;
     const auto points = wing.computeSidePoints(at);
-    printPolyline(printer, {points.data() + 1, static_cast<std::size_t>(count)}, black);
-    const Point2D& last = points(count);
-    printer.Line(last.x, last.y, points(1).x, points(1).y, black);
+    closedPolyline(printer, pointsOf(points, wing.pointCount()), black);
 }
 
-void printFront(PrinterSurface& printer, const SymWingSections& wing, const Transform& at) {
+void printFront(PrinterSurface& printer, const SymWingSections& wing, const Transform& at,
+                Rgb centreLine) {
     bothHalves(printer, wing.computeFrontPoints(at), at.xoff);
-    printer.Line(at.xoff, 0, at.xoff, 2 * at.yoff, dimColor);
+    printer.Line(at.xoff, 0, at.xoff, 2 * at.yoff, centreLine);
 }
 
 void printVTop(PrinterSurface& printer, const SymWingSections& wing, const Transform& at) {

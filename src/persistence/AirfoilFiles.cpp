@@ -3,12 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
 #include <optional>
 
+#include "common/Complaint.h"
 #include "common/NumberText.h"
 #include "common/ValueReader.h"
-#include "model/MainWing.h"
 #include "model/Plane.h"
 
 namespace velna {
@@ -51,13 +50,23 @@ private:
     std::string_view rest_;
 };
 
+/// Reads the wing's `nb` points behind the title line and normalises them.
+void readPoints(SymWingSections& wing, std::string_view bytes) {
+    NumberStream numbers(behindTitle(bytes).value_or(std::string_view{}));
+    for (int i = 1; i <= wing.nb; ++i) {
+        wing.airfoilPoint(i).x = numbers.next();
+        wing.airfoilPoint(i).z = numbers.next();
+    }
+    wing.normalizeAirfoil();
+}
+
 /// A failed import shows no message: the points read so far stand.
 template <class Prepare>
-void loadFile(const std::string& path, Prepare prepare) {
+void loadFile(Project& project, const std::string& path, Prepare prepare) {
     try {
-        loadAirfoilBytes(prepare(readWholeFile(path)));
+        loadAirfoilBytes(project, prepare(readWholeFile(path)));
     } catch (const ReadFailure& failure) {
-        std::fprintf(stderr, "velna: %s: %s\n", path.c_str(), failure.what());
+        complain(path, failure.what());
     }
 }
 
@@ -83,35 +92,25 @@ std::string prepareAirfoilBytes(const std::string& bytes) {
     return prepared + lineEnd;
 }
 
-void loadAirfoilBytes(const std::string& bytes) {
+void loadAirfoilBytes(Project& project, const std::string& bytes) {
     if (bytes.empty()) throw ReadFailure("an empty file");
     const std::size_t count = countAirfoilPoints(bytes);
     // A count that the wing cannot hold is refused before anything has changed.
     if (count > std::size_t{Plane::largestCount}) throw ReadFailure("too many points");
-    SymWingSections& wing = Wings(currentWing);
+    SymWingSections& wing = project.Wings(project.currentWing);
     wing.nb = static_cast<std::int16_t>(count);
     wing.allocate();
-    wing.loadAirfoilFile(bytes);
-    wing.create();
+    readPoints(wing, bytes);
 }
 
-void openAirfoil(const std::string& path) {
-    loadFile(path, prepareAirfoilBytes);
-}
-
-void SymWingSections::loadAirfoilFile(const std::string& bytes) {
-    NumberStream numbers(behindTitle(bytes).value_or(std::string_view{}));
-    for (int i = 1; i <= nb; ++i) {
-        airfoil(i).x = numbers.next();
-        airfoil(i).z = numbers.next();
-    }
-    normalizeAirfoil();
+void openAirfoil(Project& project, const std::string& path) {
+    loadFile(project, path, prepareAirfoilBytes);
 }
 
 namespace Plane {
 
-void loadAirfoil(const std::string& file) {
-    loadFile(file, [](std::string bytes) { return bytes; });
+void loadAirfoil(Project& project, const std::string& file) {
+    loadFile(project, file, [](std::string bytes) { return bytes; });
 }
 
 }  // namespace Plane

@@ -1,5 +1,6 @@
-#include "model/Equipment.h"
-#include "persistence/PromisedEntries.h"
+#include "persistence/EquipmentRecords.h"
+
+#include "model/Project.h"
 #include "persistence/RecordFields.h"
 
 namespace velna {
@@ -17,25 +18,19 @@ constexpr const char* boxHead = "ElectroBox";
 
 }  // namespace
 
-void ElectroBox::save(ReplacedFile& file) const {
-    saveRecord<ElectroBox>(file, boxHead, *this, boxRecord);
-}
-
-void ElectroBox::read(ValueReader& file) {
-    readRecord<ElectroBox>(file, *this, boxRecord);
-}
-
 namespace Equipment {
 
-void saveEquipments(ReplacedFile& file) {
-    saveInteger(file, nbEquipments);
-    for (int i = 1; i <= nbEquipments; ++i) Equipments(i).save(file);
+void saveEquipments(ReplacedFile& file, const Project& project) {
+    saveInteger(file, project.nbEquipments);
+    for (int i = 1; i <= project.nbEquipments; ++i)
+        saveRecord<ElectroBox>(file, boxHead, project.Equipments(i), boxRecord);
 }
 
-void readEquipments(ValueReader& file) {
-    nbEquipments = file.count(1);
-    promiseEntries(Equipments, nbEquipments);
-    for (int i = 1; i <= nbEquipments; ++i) Equipments(i).read(file);
+void readEquipments(ValueReader& file, Project& project) {
+    project.nbEquipments = file.count(1);
+    project.Equipments.fill(project.nbEquipments, ElectroBox(project.units));
+    for (int i = 1; i <= project.nbEquipments; ++i)
+        readRecord<ElectroBox>(file, project.Equipments(i), boxRecord);
 }
 
 }  // namespace Equipment

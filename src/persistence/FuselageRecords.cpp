@@ -1,8 +1,9 @@
+#include "persistence/FuselageRecords.h"
+
 #include <utility>
 
 #include "model/Fuselage.h"
 #include "model/SectionArrays.h"
-#include "persistence/PromisedEntries.h"
 #include "persistence/RecordFields.h"
 
 namespace velna {
@@ -103,87 +104,68 @@ void readBody(ValueReader& file, Body& body, const BodyRecord& record,
 
 /// The fuselages of a file share one allowance of mesh points, so that no count in it can ask for
 /// more memory than there is.
-void readBodies(ValueReader& file, const BodyRecord& record) {
-    nbFuselages = file.count(1);
-    promiseEntries(Fuselages, nbFuselages);
+void readBodies(ValueReader& file, Project& project, const BodyRecord& record) {
+    project.nbFuselages = file.count(1);
+    project.Fuselages.fill(project.nbFuselages, Body(project.units, project.defaultColor));
     long long room = Plane::largestMesh;
-    for (int i = 1; i <= nbFuselages; ++i) {
-        readBody(file, Fuselages(i), record, room);
-        room -= meshSize(Fuselages(i));
+    for (int i = 1; i <= project.nbFuselages; ++i) {
+        Body& body = project.Fuselages(i);
+        readBody(file, body, record, room);
+        room -= meshSize(body);
     }
 }
 
 /// The block of the formats that knew one fuselage and no count.
-void readOnlyBody(ValueReader& file, const BodyRecord& record) {
-    nbFuselages = 1;
-    Fuselage::resizeFuselages();
-    readBody(file, Fuselages(1), record);
+void readOnlyBody(ValueReader& file, Project& project, const BodyRecord& record) {
+    project.nbFuselages = 1;
+    Fuselage::resizeFuselages(project);
+    readBody(file, project.Fuselages(1), record);
 }
 
 }  // namespace
 
-void MeshSections::save(ReplacedFile& file) const {
-    saveRecord<Body>(file, bodyHead, *this, currentBody);
-    for (int i = 1; i <= nb_sections; ++i) {
-        const int k = storageIndex(i);
-        for (const auto array : sectionArrays) saveNumber(file, (this->*array)(k));
+namespace Fuselage {
+
+namespace {
+
+void saveBody(ReplacedFile& file, const Body& body) {
+    saveRecord<Body>(file, bodyHead, body, currentBody);
+    for (int i = 1; i <= body.nb_sections; ++i) {
+        const int k = body.storageIndex(i);
+        for (const auto array : sectionArrays) saveNumber(file, (body.*array)(k));
         file.flushIfFull();
     }
 }
 
-void MeshSections::read(ValueReader& file) {
-    readBody(file, *this, recordCurrent);
+}  // namespace
+
+void saveFuselages(ReplacedFile& file, const Project& project) {
+    saveInteger(file, project.nbFuselages);
+    for (int i = 1; i <= project.nbFuselages; ++i) saveBody(file, project.Fuselages(i));
 }
 
-void MeshSections::readV120(ValueReader& file) {
-    readBody(file, *this, recordV120);
+void readFuselages(ValueReader& file, Project& project) {
+    readBodies(file, project, recordCurrent);
 }
 
-void MeshSections::readV101(ValueReader& file) {
-    readBody(file, *this, recordV101);
+void readFuselagesV120(ValueReader& file, Project& project) {
+    readBodies(file, project, recordV120);
 }
 
-void MeshSections::readV030(ValueReader& file) {
-    readBody(file, *this, recordV030);
+void readFuselagesV101(ValueReader& file, Project& project) {
+    readBodies(file, project, recordV101);
 }
 
-void MeshSections::readV0212(ValueReader& file) {
-    readBody(file, *this, recordV0212);
+void readFuselagesV030(ValueReader& file, Project& project) {
+    readBodies(file, project, recordV030);
 }
 
-void MeshSections::readV026(ValueReader& file) {
-    readBody(file, *this, recordV026);
+void readFuselageV0212(ValueReader& file, Project& project) {
+    readOnlyBody(file, project, recordV0212);
 }
 
-namespace Fuselage {
-
-void saveFuselages(ReplacedFile& file) {
-    saveInteger(file, nbFuselages);
-    for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).save(file);
-}
-
-void readFuselages(ValueReader& file) {
-    readBodies(file, recordCurrent);
-}
-
-void readFuselagesV120(ValueReader& file) {
-    readBodies(file, recordV120);
-}
-
-void readFuselagesV101(ValueReader& file) {
-    readBodies(file, recordV101);
-}
-
-void readFuselagesV030(ValueReader& file) {
-    readBodies(file, recordV030);
-}
-
-void readFuselageV0212(ValueReader& file) {
-    readOnlyBody(file, recordV0212);
-}
-
-void readFuselageV026(ValueReader& file) {
-    readOnlyBody(file, recordV026);
+void readFuselageV026(ValueReader& file, Project& project) {
+    readOnlyBody(file, project, recordV026);
 }
 
 }  // namespace Fuselage

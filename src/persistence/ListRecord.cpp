@@ -1,8 +1,9 @@
+#include "persistence/ListRecord.h"
+
 #include "common/NumberText.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
+#include "model/Project.h"
 #include "persistence/RecordFields.h"
 
 namespace velna {
@@ -13,29 +14,30 @@ constexpr const char* listHead = "ObjectList";
 
 }  // namespace
 
-void ObjectListRecord::save(ReplacedFile& file) const {
+void saveList(ReplacedFile& file, const ObjectListRecord& list) {
     file.line(listHead);
-    saveInteger(file, static_cast<long long>(rows.size()));
-    for (const FuselageRow& row : rows) {
+    saveInteger(file, static_cast<long long>(list.rows.size()));
+    for (const FuselageRow& row : list.rows) {
         saveText(file, row.text);
         saveFlag(file, row.checked);
         file.flushIfFull();
     }
 }
 
-void ObjectListRecord::read(ValueReader& file) {
-    clear();
+void readList(ValueReader& file, Project& project) {
+    ObjectListRecord& list = project.ObjectList;
+    list.clear();
     file.line();
     const std::int32_t count = file.int32();
     if (count < 0) throw ReadFailure("a count too small");
     for (int i = 1; i <= count; ++i) {
         // The row is there before its lines are read: a file that ends in it leaves it unticked.
-        rows.emplace_back().checked = false;
-        FuselageRow& row = rows.back();
+        list.rows.emplace_back().checked = false;
+        FuselageRow& row = list.rows.back();
         row.text = file.text();
-        setShown(i, file.boolean());
-        if (i > nbFuselages) throw ReadFailure("a row without a fuselage");
-        row.sections = threeDigits(Fuselages(i).nb_sections);
+        list.setShown(i, file.boolean());
+        if (i > project.nbFuselages) throw ReadFailure("a row without a fuselage");
+        row.sections = threeDigits(project.Fuselages(i).nb_sections);
     }
 }
 

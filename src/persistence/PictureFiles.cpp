@@ -3,10 +3,11 @@
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
-#include "model/Plane.h"
+#include "model/Project.h"
 #include "persistence/RecordFields.h"
 #include "preview/PictureCopies.h"
 
@@ -48,39 +49,51 @@ const std::string& textureName(const Object& object) {
 }
 
 void setTextureName(SymWingSections& panel, const std::string& name) {
-    panel.set_texture_loaded(false);
     panel.set_texture_filename(name);
 }
 
 template <class Object>
 void setTextureName(Object& object, const std::string& name) {
-    object.texture_loaded = false;
     object.texture_filename = name;
 }
 
 /// Every object that can carry a picture, in the order of the names in a file.
-template <class Visit>
-void forEachObject(Visit visit) {
-    for (int i = 1; i <= nbWings; ++i) visit(Wings(i));
-    visit(Stabilizer);
-    for (int i = 1; i <= nbFuselages; ++i) visit(Fuselages(i));
-    visit(Rudder);
+template <class Aircraft, class Visit>
+void forEachObject(Aircraft& project, Visit visit) {
+    for (int i = 1; i <= project.nbWings; ++i) visit(project.Wings(i));
+    visit(project.Stabilizer);
+    for (int i = 1; i <= project.nbFuselages; ++i) visit(project.Fuselages(i));
+    visit(project.Rudder);
 }
 
 }  // namespace
 
-std::vector<std::string> saveTextureNames(ReplacedFile& file, PictureCopies& copies) {
+std::vector<std::string> saveTextureNames(ReplacedFile& file, const Project& project,
+                                          PictureCopies& copies) {
     std::vector<std::string> titles;
-    forEachObject([&](const auto& object) {
+    forEachObject(project, [&](const auto& object) {
         titles.push_back(copies.saveTarget(textureName(object), object.qualified_texture_filename));
         saveText(file, titles.back());
     });
     return titles;
 }
 
-void keepTitles(const std::vector<std::string>& titles) {
+void keepTitles(Project& project, const std::vector<std::string>& titles) {
     auto title = titles.begin();
-    forEachObject([&](auto& object) { object.qualified_texture_filename = *title++; });
+    const auto keep = [&](auto& object) { object.qualified_texture_filename = *title++; };
+    // A title that stays leaves a promised entry promised.
+    const auto keepAll = [&](auto& list, int count) {
+        for (int i = 1; i <= count; ++i) {
+            if (std::as_const(list)(i).qualified_texture_filename == *title)
+                ++title;
+            else
+                keep(list(i));
+        }
+    };
+    keepAll(project.Wings, project.nbWings);
+    keep(project.Stabilizer);
+    keepAll(project.Fuselages, project.nbFuselages);
+    keep(project.Rudder);
 }
 
 // They are the last lines, and the only ones there that are texts.
@@ -100,10 +113,10 @@ std::set<std::string> namesIn(std::string_view bytes) {
     return names;
 }
 
-void readTextureNames(ValueReader& file) {
-    forEachObject([&](auto& object) {
+void readTextureNames(ValueReader& file, Project& project) {
+    forEachObject(project, [&](auto& object) {
         const std::string title = file.text();
-        setTextureName(object, qualifyTextureName(projectDirectory, title));
+        setTextureName(object, qualifyTextureName(project.projectDirectory, title));
         object.qualified_texture_filename = title;
     });
 }

@@ -10,22 +10,24 @@ namespace velna {
 class PictureCopies;
 class ReplacedFile;
 class ValueReader;
+struct Project;
 
 /// The names of the objects' pictures at the end of a project, and the pictures beside it.
 namespace PictureFiles {
 
 /// Writes the names, and has a copy of each picture made: the wings', the stabiliser's, the
 /// fuselages', the fin's. Returns the titles as they now stand in the file, in that order.
-std::vector<std::string> saveTextureNames(ReplacedFile& file, PictureCopies& copies);
+std::vector<std::string> saveTextureNames(ReplacedFile& file, const Project& project,
+                                          PictureCopies& copies);
 
 /// Gives the objects the titles that a save has put into the file.
-void keepTitles(const std::vector<std::string>& titles);
+void keepTitles(Project& project, const std::vector<std::string>& titles);
 
 /// The names at the end of the project that consists of `bytes`; none where it is no project.
 std::set<std::string> namesIn(std::string_view bytes);
 
 /// Reads the names; the pictures are looked for in `projectDirectory` when they are first used.
-void readTextureNames(ValueReader& file);
+void readTextureNames(ValueReader& file, Project& project);
 
 /// Folder and title joined, an empty text for an empty title. A title that stands there only in
 /// other letters, upper for lower case, gives the name as it stands.

@@ -1,18 +1,20 @@
-#include <cstdio>
+#include "persistence/ProjectFile.h"
+
 #include <string>
 
+#include "common/Complaint.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
 #include "common/Version.h"
-#include "model/Equipment.h"
 #include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
+#include "persistence/EquipmentRecords.h"
+#include "persistence/FuselageRecords.h"
+#include "persistence/ListRecord.h"
 #include "persistence/PictureFiles.h"
 #include "persistence/ProjectFormats.h"
 #include "persistence/RecordFields.h"
+#include "persistence/TailRecords.h"
+#include "persistence/WingRecords.h"
 #include "preview/PictureCopies.h"
 
 namespace velna::Plane {
@@ -21,53 +23,77 @@ namespace {
 
 constexpr const char* refusedVersion = "The vln file version 0.1.x is not any more supported";
 
-/// A failed read is no matter for a message box; whoever runs the program from a terminal sees it.
-void complain(const std::string& file, const char* reason) {
-    std::fprintf(stderr, "velna: %s: %s\n", file.c_str(), reason);
+/// All lines in front of the pictures' names.
+void saveBlocks(ReplacedFile& target, const Project& project) {
+    target.line(std::string(projectHead) + " " + versionText);
+    MainWing::saveWings(target, project);
+    saveWing(target, project.Stabilizer);
+    Fuselage::saveFuselages(target, project);
+    saveFin(target, project.Rudder);
+    Equipment::saveEquipments(target, project);
+    saveFlag(target, project.units == inches);
+    saveList(target, project.ObjectList);
+    MainWing::saveWingAirfoils(target, project);
+}
+
+/// All lines behind the first. The numbers stand as they were written, in the file's unit.
+void readBlocks(ValueReader& file, Project& project, const ProjectFormat& format) {
+    format.readWings(file, project);
+    format.readStabilizer(file, project.Stabilizer);
+    format.readFuselages(file, project);
+    // Older programs wrote this offset without meaning it.
+    if (!format.keepsElevationOffsets) Fuselage::zeroElevationOffsets(project);
+    format.readRudder(file, project.Rudder);
+    Equipment::readEquipments(file, project);
+    if (format.lastBlock >= LastBlock::unit) project.units = file.boolean() ? inches : millimetres;
+    if (format.lastBlock >= LastBlock::list) readList(file, project);
+    if (format.lastBlock >= LastBlock::airfoils) MainWing::readWingAirfoils(file, project);
+    if (format.lastBlock >= LastBlock::textures) PictureFiles::readTextureNames(file, project);
 }
 
 }  // namespace
 
-std::string saveProject(const std::string& file) {
+Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures) {
     ReplacedFile target(file);
-    if (!target.error().empty()) return target.error();
-    target.line(std::string(projectHead) + " " + versionText);
-    MainWing::saveWings(target);
-    Stabilizer.save(target);
-    Fuselage::saveFuselages(target);
-    Rudder.save(target);
-    Equipment::saveEquipments(target);
-    saveFlag(target, Prefs.InchesOption);
-    ObjectList.save(target);
-    MainWing::saveWingAirfoils(target);
-    PictureCopies copies(target, file, PictureFiles::namesIn);
-    const auto titles = PictureFiles::saveTextureNames(target, copies);
+    if (!target.error().empty()) return Outcome::failed(target.error());
+    saveBlocks(target, project);
+    PictureCopies copies(target, file, PictureFiles::namesIn, project, pictures);
+    const auto titles = PictureFiles::saveTextureNames(target, project, copies);
     target.commit();
-    if (!target.inPlace()) return target.error();
+    if (!target.inPlace()) return Outcome::failed(target.error());
     copies.madeHere();
-    PictureFiles::keepTitles(titles);
-    if (!target.error().empty()) return target.error();
+    PictureFiles::keepTitles(project, titles);
+    if (!target.error().empty()) return Outcome::failed(target.error());
     // A picture that cannot be read is told of, but must not keep the aircraft from being saved.
     const std::string missing = copies.missing(" could not be put beside the project");
-    return missing.empty() ? missing : missing + " All else has been saved.";
+    return missing.empty() ? Outcome() : Outcome::failed(missing + " All else has been saved.");
 }
 
-std::string whyNoProject(const std::string& file) {
+Outcome checkProject(const std::string& file) {
     try {
         // Once a project, whatever has become of the rest.
         if (readFileStart(file, projectHead.size()) == projectHead) return {};
         if (holdsFirstWing(readWholeFile(file))) return {};
     } catch (const ReadFailure& failure) {
-        return failure.what();
+        return Outcome::failed(failure.what());
     }
-    return file + ": no Velna project";
+    return Outcome::failed(file + ": no Velna project");
 }
 
-std::string readProject(const std::string& file) {
-    projectDirectory = folderOf(file);
+bool readProjectBytes(Project& project, std::string_view bytes) {
+    ValueReader file(bytes);
+    const ProjectFormat& format = formatOf(file.line());
+    if (!format.readWings) return false;
+    readBlocks(file, project, format);
+    return true;
+}
+
+Outcome readProject(Project& project, const std::string& file) {
+    project.projectDirectory = folderOf(file);
     try {
-        if (!readProjectBytes(readWholeFile(file))) return refusedVersion;
+        if (!readProjectBytes(project, readWholeFile(file))) return Outcome::failed(refusedVersion);
     } catch (const ReadFailure& failure) {
+        // No matter for a message box: what was read so far stands.
         complain(file, failure.what());
     }
     return {};

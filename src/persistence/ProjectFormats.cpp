@@ -3,46 +3,37 @@
 #include <array>
 
 #include "common/ValueReader.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Prefs.h"
-#include "persistence/PictureFiles.h"
+#include "model/SymWingSections.h"
+#include "persistence/FuselageRecords.h"
+#include "persistence/TailRecords.h"
+#include "persistence/WingRecords.h"
 
 namespace velna {
 
 namespace {
 
-using Wing = SymWingSections;
-using Fin = VertWingSection;
-
 constexpr ProjectFormat refused{nullptr, nullptr, nullptr, nullptr, LastBlock::equipment};
-constexpr ProjectFormat formatV0212{MainWing::readWingsV0212, &Wing::readV0212,
-                                    Fuselage::readFuselageV0212, &Fin::readV0212,
+constexpr ProjectFormat formatV0212{MainWing::readWingsV0212, readWingV0212,
+                                    Fuselage::readFuselageV0212, readFinV0212,
                                     LastBlock::equipment};
-constexpr ProjectFormat formatV026{MainWing::readWingsV0212, &Wing::readV0212,
-                                   Fuselage::readFuselageV026, &Fin::readV0212,
-                                   LastBlock::equipment};
-constexpr ProjectFormat formatV030{MainWing::readWingsV0212, &Wing::readV0212,
-                                   Fuselage::readFuselagesV030, &Fin::readV030,
-                                   LastBlock::equipment};
-constexpr ProjectFormat formatV101{MainWing::readWingsV101, &Wing::readV101,
-                                   Fuselage::readFuselagesV030, &Fin::readV101,
-                                   LastBlock::equipment};
-constexpr ProjectFormat formatV110{MainWing::readWingsV101, &Wing::readV101,
-                                   Fuselage::readFuselagesV101, &Fin::readV101, LastBlock::unit};
-constexpr ProjectFormat formatV120{MainWing::readWingsV120, &Wing::read,
-                                   Fuselage::readFuselagesV120, &Fin::read, LastBlock::unit};
-constexpr ProjectFormat formatV130{MainWing::readWingsV120, &Wing::read, Fuselage::readFuselages,
-                                   &Fin::read, LastBlock::unit};
-constexpr ProjectFormat formatV160{MainWing::readWingsV120, &Wing::read, Fuselage::readFuselages,
-                                   &Fin::read, LastBlock::list};
-constexpr ProjectFormat formatV170{MainWing::readWingsV120, &Wing::read, Fuselage::readFuselages,
-                                   &Fin::read, LastBlock::airfoils};
-constexpr ProjectFormat currentFormat{MainWing::readWings,     &Wing::read,
-                                      Fuselage::readFuselages, &Fin::read,
-                                      LastBlock::textures,     true};
+constexpr ProjectFormat formatV026{MainWing::readWingsV0212, readWingV0212,
+                                   Fuselage::readFuselageV026, readFinV0212, LastBlock::equipment};
+constexpr ProjectFormat formatV030{MainWing::readWingsV0212, readWingV0212,
+                                   Fuselage::readFuselagesV030, readFinV030, LastBlock::equipment};
+constexpr ProjectFormat formatV101{MainWing::readWingsV101, readWingV101,
+                                   Fuselage::readFuselagesV030, readFinV101, LastBlock::equipment};
+constexpr ProjectFormat formatV110{MainWing::readWingsV101, readWingV101,
+                                   Fuselage::readFuselagesV101, readFinV101, LastBlock::unit};
+constexpr ProjectFormat formatV120{MainWing::readWingsV120, readWing, Fuselage::readFuselagesV120,
+                                   readFin, LastBlock::unit};
+constexpr ProjectFormat formatV130{MainWing::readWingsV120, readWing, Fuselage::readFuselages,
+                                   readFin, LastBlock::unit};
+constexpr ProjectFormat formatV160{MainWing::readWingsV120, readWing, Fuselage::readFuselages,
+                                   readFin, LastBlock::list};
+constexpr ProjectFormat formatV170{MainWing::readWingsV120, readWing, Fuselage::readFuselages,
+                                   readFin, LastBlock::airfoils};
+constexpr ProjectFormat currentFormat{
+    MainWing::readWings, readWing, Fuselage::readFuselages, readFin, LastBlock::textures, true};
 
 enum class Place { anywhere, atEnd };
 
@@ -81,43 +72,12 @@ bool matches(std::string_view line, const VersionPattern& pattern) {
     return line.find(pattern.text) != std::string_view::npos;
 }
 
-/// The unit of the numbers, which stand as they were written.
-void readUnit(ValueReader& file) {
-    Prefs.units = file.boolean() ? inches : millimetres;
-    Prefs.selectUnit(Prefs.units);
-    // The reset before the read has filled them in the unit of the project before.
-    Equipment::fillCatalogues();
-}
-
-/// All lines behind the first.
-void readBlocks(ValueReader& file, const ProjectFormat& format) {
-    format.readWings(file);
-    (Stabilizer.*format.readStabilizer)(file);
-    format.readFuselages(file);
-    // Older programs wrote this offset without meaning it.
-    if (!format.keepsElevationOffsets) Fuselage::zeroElevationOffsets();
-    (Rudder.*format.readRudder)(file);
-    Equipment::readEquipments(file);
-    if (format.lastBlock >= LastBlock::unit) readUnit(file);
-    if (format.lastBlock >= LastBlock::list) ObjectList.read(file);
-    if (format.lastBlock >= LastBlock::airfoils) MainWing::readWingAirfoils(file);
-    if (format.lastBlock >= LastBlock::textures) PictureFiles::readTextureNames(file);
-}
-
 }  // namespace
 
 const ProjectFormat& formatOf(std::string_view firstLine) {
     const auto* pattern = patterns.data();
     while (!matches(firstLine, *pattern)) ++pattern;
     return pattern->format;
-}
-
-bool readProjectBytes(std::string_view bytes) {
-    ValueReader file(bytes);
-    const ProjectFormat& format = formatOf(file.line());
-    if (!format.readWings) return false;
-    readBlocks(file, format);
-    return true;
 }
 
 bool holdsFirstWing(std::string_view bytes) {
@@ -127,8 +87,8 @@ bool holdsFirstWing(std::string_view bytes) {
         if (!format.readWings) return false;
         file.count(1);
         // In every version the stabiliser's record is a wing's.
-        Wing scratch;
-        (scratch.*format.readStabilizer)(file);
+        SymWingSections scratch;
+        format.readStabilizer(file, scratch);
         return true;
     } catch (const ReadFailure&) {
         return false;

@@ -1,3 +1,5 @@
+#include "persistence/TailRecords.h"
+
 #include "model/VertWingSection.h"
 #include "persistence/RecordFields.h"
 
@@ -27,24 +29,24 @@ constexpr const char* finHead = "Rudder";
 
 }  // namespace
 
-void VertWingSection::save(ReplacedFile& file) const {
-    saveRecord<Fin>(file, finHead, *this, currentFin);
+void saveFin(ReplacedFile& file, const Fin& fin) {
+    saveRecord<Fin>(file, finHead, fin, currentFin);
 }
 
-void VertWingSection::read(ValueReader& file) {
-    readRecord<Fin>(file, *this, currentFin);
+void readFin(ValueReader& file, Fin& fin) {
+    readRecord<Fin>(file, fin, currentFin);
 }
 
-void VertWingSection::readV101(ValueReader& file) {
-    readRecord<Fin>(file, *this, plainFin);
+void readFinV101(ValueReader& file, Fin& fin) {
+    readRecord<Fin>(file, fin, plainFin);
 }
 
-void VertWingSection::readV030(ValueReader& file) {
-    readRecord<Fin>(file, *this, finV030);
+void readFinV030(ValueReader& file, Fin& fin) {
+    readRecord<Fin>(file, fin, finV030);
 }
 
-void VertWingSection::readV0212(ValueReader& file) {
-    readRecord<Fin>(file, *this, finV0212);
+void readFinV0212(ValueReader& file, Fin& fin) {
+    readRecord<Fin>(file, fin, finV0212);
 }
 
 }  // namespace velna

@@ -1,4 +1,6 @@
-#include <memory>
+#include "persistence/WingRecords.h"
+
+#include <utility>
 
 #include "model/MainWing.h"
 #include "persistence/RecordFields.h"
@@ -22,98 +24,101 @@ constexpr const char* wingHead = "Wing Type";
 constexpr const char* airfoilHead = "Airfoil";
 
 /// The block of the formats that knew one wing or two: always two records, whatever the count says.
-void readTwoWings(ValueReader& file, void (Wing::*readWing)(ValueReader&)) {
-    nbWings = file.count(1);
-    if (nbWings == 2) {
-        MainWing::addWing();
-        (Wings(1).*readWing)(file);
-        (Wings(2).*readWing)(file);
+void readTwoWings(ValueReader& file, Project& project, void (*read)(ValueReader&, Wing&)) {
+    project.nbWings = file.count(1);
+    if (project.nbWings == 2) {
+        MainWing::addWing(project);
+        read(file, project.Wings(1));
+        read(file, project.Wings(2));
         return;
     }
     // No program wrote a count above 2; a file that has one gets default wings for the others.
-    if (nbWings > 2) {
-        auto first = std::make_unique<Wing>(std::move(Wings(1)));
-        MainWing::allocateWings();
-        Wings.put(1, std::move(first));
+    if (project.nbWings > 2) {
+        Wing first = project.Wings(1);
+        MainWing::allocateWings(project);
+        project.Wings.put(1, std::move(first));
     }
     Wing scratch;
-    scratch.init();
-    (Wings(1).*readWing)(file);
-    (scratch.*readWing)(file);
+    read(file, project.Wings(1));
+    read(file, scratch);
 }
 
 }  // namespace
 
-void SymWingSections::save(ReplacedFile& file) const {
-    saveRecord<Wing>(file, wingHead, *this, currentWingRecord);
+void saveWing(ReplacedFile& file, const Wing& wing) {
+    saveRecord<Wing>(file, wingHead, wing, currentWingRecord);
 }
 
-void SymWingSections::read(ValueReader& file) {
-    readRecord<Wing>(file, *this, currentWingRecord);
+void readWing(ValueReader& file, Wing& wing) {
+    readRecord<Wing>(file, wing, currentWingRecord);
 }
 
-void SymWingSections::readV101(ValueReader& file) {
-    readRecord<Wing>(file, *this, plainWing);
+void readWingV101(ValueReader& file, Wing& wing) {
+    readRecord<Wing>(file, wing, plainWing);
 }
 
-void SymWingSections::readV0212(ValueReader& file) {
-    readRecord<Wing>(file, *this, wingRecordV0212);
-}
-
-void SymWingSections::save_airfoil(ReplacedFile& file) const {
-    // An old record may promise more points than there are; a point that is not there is not made
-    // up.
-    const int count = pointCount();
-    file.line(airfoilHead);
-    saveInteger(file, count);
-    for (int i = 1; i <= count; ++i) {
-        saveNumber(file, airfoil(i).x);
-        saveNumber(file, airfoil(i).z);
-        file.flushIfFull();
-    }
-}
-
-void SymWingSections::read_airfoil(ValueReader& file) {
-    file.line();
-    nb = file.count(0);
-    allocate();
-    for (int i = 1; i <= nb; ++i) {
-        airfoil(i).x = file.number();
-        airfoil(i).z = file.number();
-    }
+void readWingV0212(ValueReader& file, Wing& wing) {
+    readRecord<Wing>(file, wing, wingRecordV0212);
 }
 
 namespace MainWing {
 
-void saveWings(ReplacedFile& file) {
-    saveInteger(file, nbWings);
-    for (int i = 1; i <= nbWings; ++i) Wings(i).save(file);
+namespace {
+
+void saveAirfoil(ReplacedFile& file, const Wing& wing) {
+    // An old record may promise more points than there are; a point that is not there is not made
+    // up.
+    const int count = wing.pointCount();
+    file.line(airfoilHead);
+    saveInteger(file, count);
+    for (int i = 1; i <= count; ++i) {
+        saveNumber(file, wing.airfoilPoint(i).x);
+        saveNumber(file, wing.airfoilPoint(i).z);
+        file.flushIfFull();
+    }
 }
 
-void readWings(ValueReader& file) {
-    nbWings = file.count(1);
-    allocateWings();
-    for (int i = 1; i <= nbWings; ++i) Wings(i).read(file);
+void readAirfoil(ValueReader& file, Wing& wing) {
+    file.line();
+    wing.nb = file.count(0);
+    wing.allocate();
+    for (int i = 1; i <= wing.nb; ++i) {
+        wing.airfoilPoint(i).x = file.number();
+        wing.airfoilPoint(i).z = file.number();
+    }
 }
 
-void readWingsV120(ValueReader& file) {
-    readTwoWings(file, &Wing::read);
+}  // namespace
+
+void saveWings(ReplacedFile& file, const Project& project) {
+    saveInteger(file, project.nbWings);
+    for (int i = 1; i <= project.nbWings; ++i) saveWing(file, project.Wings(i));
 }
 
-void readWingsV101(ValueReader& file) {
-    readTwoWings(file, &Wing::readV101);
+void readWings(ValueReader& file, Project& project) {
+    project.nbWings = file.count(1);
+    allocateWings(project);
+    for (int i = 1; i <= project.nbWings; ++i) readWing(file, project.Wings(i));
 }
 
-void readWingsV0212(ValueReader& file) {
-    readTwoWings(file, &Wing::readV0212);
+void readWingsV120(ValueReader& file, Project& project) {
+    readTwoWings(file, project, readWing);
 }
 
-void saveWingAirfoils(ReplacedFile& file) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).save_airfoil(file);
+void readWingsV101(ValueReader& file, Project& project) {
+    readTwoWings(file, project, readWingV101);
 }
 
-void readWingAirfoils(ValueReader& file) {
-    for (int i = 1; i <= nbWings; ++i) Wings(i).read_airfoil(file);
+void readWingsV0212(ValueReader& file, Project& project) {
+    readTwoWings(file, project, readWingV0212);
+}
+
+void saveWingAirfoils(ReplacedFile& file, const Project& project) {
+    for (int i = 1; i <= project.nbWings; ++i) saveAirfoil(file, project.Wings(i));
+}
+
+void readWingAirfoils(ValueReader& file, Project& project) {
+    for (int i = 1; i <= project.nbWings; ++i) readAirfoil(file, project.Wings(i));
 }
 
 }  // namespace MainWing

@@ -5,12 +5,10 @@
 
 namespace velna {
 
-Imaging* imaging = nullptr;
-
 namespace Bitmap {
 namespace {
 
-Converted convert(const std::string& tex, bool turn, PictureFormat format) {
+Converted convert(Imaging* imaging, const std::string& tex, bool turn, PictureFormat format) {
     Converted result;
     std::string reason = "no picture reader";
     if (!imaging || !imaging->load(tex, reason)) {
@@ -30,9 +28,9 @@ int roundedSize(int size) {
     return size < 1 ? 1 : static_cast<int>(std::bit_floor(static_cast<unsigned>(size)));
 }
 
-Converted converted(const std::string& tex, bool turn, PictureFormat format) {
+Converted converted(Imaging* imaging, const std::string& tex, bool turn, PictureFormat format) {
     try {
-        return convert(tex, turn, format);
+        return convert(imaging, tex, turn, format);
     } catch (const std::exception& failure) {
         return {{}, {}, failure.what()};
     }

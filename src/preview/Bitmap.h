@@ -16,8 +16,9 @@ struct Converted {
     std::string unwritable;  ///< why there are no bytes of the new form
 };
 
-/// Picture `tex` with its sizes rounded, turned a quarter clockwise where told, in the form of
-/// `format`. No exception leaves it: memory that cannot be had is a failure like others.
-Converted converted(const std::string& tex, bool turn, PictureFormat format);
+/// Picture `tex`, read by `imaging` (none reads nothing), with its sizes rounded, turned a quarter
+/// clockwise where told, in the form of `format`. No exception leaves it: memory that cannot be had
+/// is a failure like others.
+Converted converted(Imaging* imaging, const std::string& tex, bool turn, PictureFormat format);
 
 }  // namespace velna::Bitmap

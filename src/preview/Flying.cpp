@@ -1,67 +1,22 @@
 #include "preview/Flying.h"
 
+#include <utility>
+
 #include <GL/gl.h>
 
 #include "common/Finite.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
-#include "preview/KeptLengths.h"
-#include "preview/Rendering.h"
 
-namespace velna::Flying {
-
-Joystick* joystick = nullptr;
-bool flying = false;
-bool joystickEnabled = false;
-double flightSpeed = 10;
-double flightRoll = 0;
-double flightPitch = 0;
-double flightYaw = 0;
-
+namespace velna {
 namespace {
-
-using Rendering::context;
-
-/// Outlives `flying` by the events that follow the end in the same turn.
-bool underWay = false;
-
-/// The last reading; it stays in force when the joystick stops answering.
-JoystickReading stick;
-JoystickReading centre;
 
 constexpr double stickUnitsPerDegree = 4000;
 constexpr double pointerUnitsPerDegree = 500;
 constexpr double flightHalfWidth = 50;
-constexpr GLuint sceneList = 1;
 
 /// Scales the aircraft so that flying round it takes some seconds.
-double flightScale() {
-    return Prefs.units == inches ? 2.0 : 0.1;
-}
-
-void initFlight() {
-    stick = {};
-    if (joystick) joystick->open();
-    joystickEnabled = joystick && joystick->read(stick);
-    centre = stick;
-    context->setFlyingInfo(true, joystickEnabled ? "Joystick enabled" : "Mouse enabled");
-    flightRoll = 0;
-    flightPitch = 0;
-    flightYaw = 0;
-}
-
-/// Stick sideways rolls; with a button held it yaws, and the roll of the moment at which the button
-/// was pressed goes on.
-void steerByStick() {
-    joystick->read(stick);
-    const double sideways = -(1.0 * stick.x - centre.x) / stickUnitsPerDegree;
-    if (stick.buttons != 0) {
-        flightYaw = sideways;
-    } else {
-        flightRoll = sideways;
-        flightYaw = 0;
-    }
-    flightPitch = (1.0 * stick.y - centre.y) / stickUnitsPerDegree;
+double flightScale(const Project& project) {
+    return project.units == inches ? 2.0 : 0.1;
 }
 
 void placeAtStart() {
@@ -71,75 +26,95 @@ void placeAtStart() {
     glRotated(-45, 0, 0, 1);
 }
 
+}  // namespace
+
+void Flying::initFlight() {
+    stick_ = {};
+    if (joystick) joystick->open();
+    joystickEnabled = joystick && joystick->read(stick_);
+    centre_ = stick_;
+    rendering_.context->setFlyingInfo(true, joystickEnabled ? "Joystick enabled" : "Mouse enabled");
+    flightRoll = 0;
+    flightPitch = 0;
+    flightYaw = 0;
+}
+
+/// Stick sideways rolls; with a button held it yaws, and the roll of the moment at which the button
+/// was pressed goes on.
+void Flying::steerByStick() {
+    joystick->read(stick_);
+    const double sideways = -(1.0 * stick_.x - centre_.x) / stickUnitsPerDegree;
+    if (stick_.buttons != 0) {
+        flightYaw = sideways;
+    } else {
+        flightRoll = sideways;
+        flightYaw = 0;
+    }
+    flightPitch = (1.0 * stick_.y - centre_.y) / stickUnitsPerDegree;
+}
+
 // The matrix is never reset: each frame turns about the axes on which the frames before have left
 // the aircraft.
-void flyFrame() {
+void Flying::flyFrame() {
     if (joystickEnabled) steerByStick();
     glRotated(flightPitch, 0, 1, 0);
     glRotated(flightRoll, 1, 0, 0);
     glRotated(flightYaw, 0, 0, 1);
     glTranslated(-flightSpeed, 0, 0);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glCallList(sceneList);
-    context->swapBuffers();
-    context->pumpEvents();
+    Scene::call();
+    rendering_.context->swapBuffers();
+    rendering_.context->pumpEvents();
 }
 
-}  // namespace
-
-bool running() {
-    return underWay;
-}
-
-void reset() {
-    underWay = false;
-    flying = false;
-    joystickEnabled = false;
+/// The flight itself, through the whole screen.
+void Flying::flyScaled() {
+    Plane::rescaleAll(project_, flightScale(project_));
+    rendering_.context->setFullScreen(true);
+    rendering_.createRenderContextWide(flightHalfWidth);
     flightSpeed = 10;
-    flightRoll = 0;
-    flightPitch = 0;
-    flightYaw = 0;
-}
-
-void flyPreview() {
-    if (underWay || !Rendering::contextCreated) return;
-    underWay = true;
-    Rendering::endDrags();
-    initFlight();
-    flying = true;
-    const KeptLengths lengths;
-    Plane::rescaleAll(flightScale());
-    context->setFullScreen(true);
-    Rendering::createRenderContextWide(flightHalfWidth);
-    flightSpeed = 10;
-    if (Rendering::contextCreated) {
+    if (rendering_.contextCreated) {
         placeAtStart();
-        Rendering::renderScene(true);
+        rendering_.renderScene(true);
     }
     // Without a picture there is nothing to fly through, and nothing that would pace the loop.
-    while (flying && Rendering::contextCreated) flyFrame();
+    while (flying && rendering_.contextCreated) flyFrame();
+}
+
+void Flying::flyPreview() {
+    if (underWay_ || !rendering_.contextCreated) return;
+    underWay_ = true;
+    rendering_.matrixIsSum = true;
+    rendering_.endDrags();
+    initFlight();
+    flying = true;
+    // Multiplying and dividing back would leave other last digits.
+    Project kept = project_;
+    flyScaled();
 
     joystickEnabled = false;
     flying = false;
     if (joystick) joystick->close();
-    context->setFullScreen(false);
-    lengths.restore();
-    Rendering::createRenderContext();
-    if (!Rendering::contextCreated) Plane::createAllSolids();
-    context->setFlyingInfo(false, "");
-    underWay = false;
+    rendering_.context->setFullScreen(false);
+    project_ = std::move(kept);
+    rendering_.createRenderContext();
+    // Without a picture the solids still follow.
+    if (!rendering_.contextCreated) rendering_.renderScene(true);
+    rendering_.context->setFlyingInfo(false, "");
+    rendering_.matrixIsSum = false;
+    underWay_ = false;
 }
 
 // Mouse steering: the middle of the screen means straight on. The pointer has no yaw.
-void mouseMove(double x, double y) {
+void Flying::mouseMove(double x, double y) {
     if (joystickEnabled) return;
-    flightRoll = (context->screenWidth() / 2 - x) / pointerUnitsPerDegree;
-    flightPitch = (y - context->screenHeight() / 2) / pointerUnitsPerDegree;
+    flightRoll = (rendering_.context->screenWidth() / 2 - x) / pointerUnitsPerDegree;
+    flightPitch = (y - rendering_.context->screenHeight() / 2) / pointerUnitsPerDegree;
 }
 
-void mouseDown(int button) {
+void Flying::mouseDown(int button) {
     if (button == Rendering::leftButton) flightSpeed /= 2;
     if (button == Rendering::rightButton) assignFinite(flightSpeed, flightSpeed * 1.5);
 }
 
-}  // namespace velna::Flying
+}  // namespace velna

@@ -1,32 +1,49 @@
 #pragma once
 
+#include "model/Project.h"
 #include "preview/Joystick.h"
+#include "preview/Rendering.h"
 
-namespace velna::Flying {
+namespace velna {
 
-extern Joystick* joystick;  ///< the port, set once at start
+/// The flight round the aircraft, in the picture of the same project. Both must outlive it.
+class Flying {
+public:
+    Joystick* joystick = nullptr;  ///< the port; without one the pointer steers
 
-extern bool flying;           ///< the loop runs; false ends it
-extern bool joystickEnabled;  ///< a joystick answered at the start
-extern double flightSpeed;    ///< distance a frame
-extern double flightRoll;     ///< degrees a frame
-extern double flightPitch;
-extern double flightYaw;
+    bool flying = false;           ///< the loop runs; false ends it
+    bool joystickEnabled = false;  ///< a joystick answered at the start
+    double flightSpeed = 10;       ///< distance a frame
+    double flightRoll = 0;         ///< degrees a frame
+    double flightPitch = 0;
+    double flightYaw = 0;
 
-/// True from the start of a flight until the project has its own lengths back, a little longer than
-/// `flying`: nothing may be saved, opened or reset in between.
-bool running();
+    Flying(Project& flown, Rendering& picture) : project_(flown), rendering_(picture) {}
 
-/// Back to the state before start-up; the port stays.
-void reset();
+    /// True from the start of a flight until the project is what it was, a little longer than
+    /// `flying`: nothing may be saved, opened or reset in between.
+    bool running() const { return underWay_; }
 
-/// The flight: returns only when it ends. A second start while it runs does nothing. The project's
-/// lengths afterwards are exactly those before.
-void flyPreview();
+    /// The flight: returns only when it ends. A second start while it runs does nothing. The
+    /// project afterwards is exactly the one before.
+    void flyPreview();
 
-/// The pointer over `Render` during the flight (`Rendering::mouseMove` and `mouseDown` hand it on).
-void mouseMove(double x, double y);
-/// Left halves the speed, right makes it half as much again.
-void mouseDown(int button);
+    /// The pointer over `Render` during the flight.
+    void mouseMove(double x, double y);
+    /// Left halves the speed, right makes it half as much again.
+    void mouseDown(int button);
 
-}  // namespace velna::Flying
+private:
+    void initFlight();
+    void steerByStick();
+    void flyFrame();
+    void flyScaled();
+
+    Project& project_;
+    Rendering& rendering_;
+    bool underWay_ = false;  ///< outlives `flying` by the events that follow the end in its turn
+    JoystickReading stick_;  ///< the last; it stays in force when the joystick stops answering
+    JoystickReading centre_;
+};
+
+}  // namespace velna

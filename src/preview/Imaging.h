@@ -43,7 +43,4 @@ public:
     virtual void showError(const std::string& text) = 0;
 };
 
-/// The imaging in use; set once at start.
-extern Imaging* imaging;
-
 }  // namespace velna

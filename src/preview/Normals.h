@@ -4,7 +4,7 @@
 
 #include "common/Point.h"
 
-namespace velna::Rendering {
+namespace velna {
 
 // Defined here, since a rebuild calls them for every point of the aircraft.
 
@@ -34,4 +34,4 @@ inline Point3D averageNormal(const Point3D& a, const Point3D& b) {
     return normal;
 }
 
-}  // namespace velna::Rendering
+}  // namespace velna

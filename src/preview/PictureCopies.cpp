@@ -7,7 +7,7 @@
 
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
-#include "model/Plane.h"
+#include "model/Project.h"
 #include "preview/Bitmap.h"
 
 namespace velna {
@@ -23,12 +23,13 @@ std::string identityOf(const std::string& path) {
 }
 
 template <class Visit>
-void forEachPicture(Visit visit) {
-    Wings.forEachDistinct(nbWings, [&](SymWingSections& wing) { visit(wing.texture_filename()); });
-    visit(Stabilizer.texture_filename());
-    visit(Rudder.texture_filename);
-    Fuselages.forEachDistinct(nbFuselages,
-                              [&](MeshSections& body) { visit(body.texture_filename); });
+void forEachPicture(const Project& project, Visit visit) {
+    project.Wings.forEachDistinct(
+        project.nbWings, [&](const SymWingSections& wing) { visit(wing.texture_filename()); });
+    visit(project.Stabilizer.texture_filename());
+    visit(project.Rudder.texture_filename);
+    project.Fuselages.forEachDistinct(
+        project.nbFuselages, [&](const MeshSections& body) { visit(body.texture_filename); });
 }
 
 /// The last part of a title, which alone names a file: a folder in it could lead anywhere. Empty
@@ -76,11 +77,10 @@ bool holds(const std::string& path, const std::string& bytes) {
 
 }  // namespace
 
-std::map<std::string, PictureCopies::Source> PictureCopies::made;
-
-PictureCopies::PictureCopies(ReplacedFile& file, const std::string& target, NamesIn namesIn)
-    : file_(file), target_(target), folder_(folderOf(target)), namesIn_(namesIn) {
-    forEachPicture([this](const std::string& picture) {
+PictureCopies::PictureCopies(ReplacedFile& file, const std::string& target, NamesIn namesIn,
+                             const Project& project, PictureStore& store)
+    : file_(file), store_(store), target_(target), folder_(folderOf(target)), namesIn_(namesIn) {
+    forEachPicture(project, [this](const std::string& picture) {
         if (!picture.empty()) sources_.insert(identityOf(picture));
     });
 }
@@ -89,9 +89,9 @@ bool PictureCopies::isSource(const std::string& name) const {
     return sources_.contains(identityOf(folder_ + name));
 }
 
-bool PictureCopies::isOwn(const Source& source, const std::string& name) {
-    const auto here = made.find(folder_ + name);
-    if (here != made.end() && here->second == source) return true;
+bool PictureCopies::isOwn(const PictureSource& source, const std::string& name) {
+    const auto here = store_.made.find(folder_ + name);
+    if (here != store_.made.end() && here->second == source) return true;
     if (!named_) {
         named_.emplace();
         try {
@@ -104,7 +104,7 @@ bool PictureCopies::isOwn(const Source& source, const std::string& name) {
 }
 
 /// Writes the copy under `name` where it may stand there.
-bool PictureCopies::writeAs(const Source& source, const std::string& name,
+bool PictureCopies::writeAs(const PictureSource& source, const std::string& name,
                             const std::string& bytes) {
     const std::string path = folder_ + name;
     const auto taken = taken_.find(name);
@@ -125,12 +125,13 @@ bool PictureCopies::writeAs(const Source& source, const std::string& name,
 }
 
 /// Writes the copy under the first name that it may have, and returns that.
-std::string PictureCopies::write(const Source& source, const std::string& name,
+std::string PictureCopies::write(const PictureSource& source, const std::string& name,
                                  const std::string& bytes) {
     if (writeAs(source, name, bytes)) return name;
     if (source.format == PictureFormat::Jpeg) {
-        const auto side = made.find(folder_ + name);
-        const bool sideFile = side != made.end() && side->second.format == PictureFormat::Bmp;
+        const auto side = store_.made.find(folder_ + name);
+        const bool sideFile =
+            side != store_.made.end() && side->second.format == PictureFormat::Bmp;
         const std::string model = modelName(name);
         if ((sideFile || isSource(name)) && writeAs(source, model, bytes)) return model;
     }
@@ -169,7 +170,7 @@ std::string PictureCopies::convertJPG(const std::string& tex, const std::string&
         return {};
     }
     sources_.insert(identity);
-    const auto jpeg = Bitmap::converted(tex, !rot, PictureFormat::Jpeg);
+    const auto jpeg = Bitmap::converted(store_.imaging, tex, !rot, PictureFormat::Jpeg);
     if (!jpeg.unreadable.empty()) {
         addMissing(tex, titlename, jpeg.unreadable);
         return {};
@@ -198,7 +199,7 @@ std::string PictureCopies::saveTarget(const std::string& tex, const std::string&
     if (missing_.contains(identity)) return name;
     sources_.insert(identity);
     if (identity != identityOf(folder_ + name)) {
-        const auto bitmap = Bitmap::converted(tex, false, PictureFormat::Bmp);
+        const auto bitmap = Bitmap::converted(store_.imaging, tex, false, PictureFormat::Bmp);
         if (!bitmap.unreadable.empty()) {
             addMissing(tex, titlename, bitmap.unreadable);
             return name;
@@ -213,8 +214,8 @@ std::string PictureCopies::saveTarget(const std::string& tex, const std::string&
     return name;
 }
 
-void PictureCopies::madeHere() const {
-    for (const auto& [name, source] : taken_) made.insert_or_assign(folder_ + name, source);
+void PictureCopies::madeHere() {
+    for (const auto& [name, source] : taken_) store_.made.insert_or_assign(folder_ + name, source);
 }
 
 std::string storedTitle(std::string title) {

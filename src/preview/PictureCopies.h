@@ -11,6 +11,21 @@
 namespace velna {
 
 class ReplacedFile;
+struct Project;
+
+/// The picture that a copy was made from, and the copy's form.
+struct PictureSource {
+    std::string file;
+    PictureFormat format;
+
+    friend bool operator==(const PictureSource&, const PictureSource&) = default;
+};
+
+/// What saves and exports need for the pictures beside their files, as long as the program runs.
+struct PictureStore {
+    Imaging* imaging = nullptr;  ///< reads and writes the pictures; none reads nothing
+    std::map<std::string, PictureSource> made;  ///< the copies of this run by their paths
+};
 
 /// The copies of the objects' pictures that one save or export puts beside its file. They take
 /// their places together with that file (`ReplacedFile::beside`). No file of the user's is
@@ -23,8 +38,10 @@ public:
     /// Gives the bare names of the pictures that the bytes of a project or model name.
     using NamesIn = std::set<std::string> (*)(std::string_view bytes);
 
-    /// Copies beside `target`, whose new file is `file`; both must outlive it.
-    PictureCopies(ReplacedFile& file, const std::string& target, NamesIn namesIn);
+    /// Copies of the pictures of `project` beside `target`, whose new file is `file`; `file` and
+    /// `store` must outlive it.
+    PictureCopies(ReplacedFile& file, const std::string& target, NamesIn namesIn,
+                  const Project& project, PictureStore& store);
 
     /// Copies picture `tex` as a JPEG, sizes rounded, turned a quarter clockwise when `rot` is
     /// false. Returns the copy's name without folder: the last part of `titlename` with its last
@@ -44,38 +61,31 @@ public:
     std::string missing(std::string_view failed) const;
 
     /// To be called when all is in place: from now on the copies are ones that this run has made.
-    void madeHere() const;
+    void madeHere();
 
 private:
     struct Copy {
         std::string name;
         bool turned = false;
     };
-    struct Source {
-        std::string file;
-        PictureFormat format;
 
-        friend bool operator==(const Source&, const Source&) = default;
-    };
-
-    std::string write(const Source& source, const std::string& name, const std::string& bytes);
-    bool writeAs(const Source& source, const std::string& name, const std::string& bytes);
-    bool isOwn(const Source& source, const std::string& name);
+    std::string write(const PictureSource& source, const std::string& name,
+                      const std::string& bytes);
+    bool writeAs(const PictureSource& source, const std::string& name, const std::string& bytes);
+    bool isOwn(const PictureSource& source, const std::string& name);
     bool isSource(const std::string& name) const;
     void addMissing(const std::string& tex, const std::string& titlename,
                     const std::string& reason);
 
-    /// The copies of this run by their paths.
-    static std::map<std::string, Source> made;
-
     ReplacedFile& file_;
+    PictureStore& store_;
     std::string target_;
     std::string folder_;
     NamesIn namesIn_;
     std::optional<std::set<std::string>> named_;  ///< by what is being replaced, once asked for
     std::set<std::string> sources_;               ///< identities of the objects' pictures
     std::map<std::string, Copy> copies_;          ///< by the identity of the source
-    std::map<std::string, Source> taken_;         ///< by the name of the copy
+    std::map<std::string, PictureSource> taken_;  ///< by the name of the copy
     std::set<std::string> missing_;               ///< identities
     std::string firstMissing_;
     std::string firstReason_;

@@ -1,39 +1,14 @@
 #include "preview/Rendering.h"
 
-#include <array>
 #include <cmath>
-#include <optional>
 
 #include <GL/gl.h>
 
 #include "common/NumberText.h"
-#include "preview/Flying.h"
-#include "preview/View.h"
+#include "preview/Textures.h"
 
-namespace velna::Rendering {
-
-RenderContext* context = nullptr;
-bool contextCreated = false;
-bool renderListBuilt = false;
-double renderSpin = 900;
-double renderTilt = 450;
-double renderPanX = 0;
-double renderPanY = 0;
-double renderDistance = 0;
-bool rotating = false;
-bool zooming = false;
-bool panning = false;
-
+namespace velna {
 namespace {
-
-constexpr double usualHalfWidth = 100;
-
-/// Where a flight was when its context went: it is the sum of all its frames, and stands nowhere
-/// else.
-std::optional<std::array<double, 16>> flightMatrix;
-
-/// Half-width of the frustum in use.
-double frustumHalfWidth = usualHalfWidth;
 
 void setState() {
     glEnable(GL_NORMALIZE);
@@ -60,12 +35,25 @@ void setLightAndMaterial() {
     glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ambient);
 }
 
+/// Sets a flag for as long as it stands.
+struct Raised {
+    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Raised() { flag_ = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
 /// Frustum and viewport for the present size of `Render`; leaves the modelview matrix current.
-void setProjection() {
+void Rendering::setProjection() const {
     const double width = context->width();
     const double height = context->height();
     const double scale = context->devicePixelRatio();
-    const double h = frustumHalfWidth;
+    const double h = frustumHalfWidth_;
     const double t = width > 0 ? height * h / width : 0;
     glMatrixMode(GL_PROJECTION);
     glLoadIdentity();
@@ -76,7 +64,7 @@ void setProjection() {
 }
 
 /// A new current context with all that stays the same; false leaves the picture dark.
-bool makeContext() {
+bool Rendering::makeContext() {
     renderListBuilt = false;
     contextCreated = false;
     if (!context) return false;
@@ -92,35 +80,18 @@ bool makeContext() {
     return true;
 }
 
-void keepFlight() {
-    if (contextCreated && Flying::running())
-        glGetDoublev(GL_MODELVIEW_MATRIX, flightMatrix.emplace().data());
+void Rendering::keepMatrix() {
+    if (contextCreated && matrixIsSum)
+        glGetDoublev(GL_MODELVIEW_MATRIX, keptMatrix_.emplace().data());
 }
 
-}  // namespace
-
-void reset() {
-    contextCreated = false;
-    renderListBuilt = false;
-    renderSpin = 900;
-    renderTilt = 450;
-    renderPanX = 0;
-    renderPanY = 0;
-    renderDistance = 0;
-    rotating = false;
-    zooming = false;
-    panning = false;
-    frustumHalfWidth = usualHalfWidth;
-    shownView = {};
-}
-
-void createRenderContext() {
+void Rendering::createRenderContext() {
     createRenderContextWide(usualHalfWidth);
 }
 
-void createRenderContextWide(double halfWidth) {
-    frustumHalfWidth = halfWidth;
-    flightMatrix.reset();
+void Rendering::createRenderContextWide(double halfWidth) {
+    frustumHalfWidth_ = halfWidth;
+    keptMatrix_.reset();
     makeContext();
     renderSpin = 900;
     renderTilt = 450;
@@ -128,26 +99,62 @@ void createRenderContextWide(double halfWidth) {
     renderScene(false);
 }
 
-void recreateRenderContext() {
-    keepFlight();
+void Rendering::recreateRenderContext() {
+    keepMatrix();
     if (!makeContext()) return;
     reapplyViewTransform();
-    if (flightMatrix) glLoadMatrixd(flightMatrix->data());
-    flightMatrix.reset();
+    if (keptMatrix_) glLoadMatrixd(keptMatrix_->data());
+    keptMatrix_.reset();
     renderScene(false);
 }
 
-void destroyRenderContext() {
-    keepFlight();
+void Rendering::destroyRenderContext() {
+    keepMatrix();
     if (contextCreated) context->destroy();
     contextCreated = false;
     renderListBuilt = false;
 }
 
-void resized() {
+void Rendering::resized() {
     if (!contextCreated) return;
     setProjection();
     renderScene(false);
 }
 
-}  // namespace velna::Rendering
+/// Everything that the list will need, so that nothing inside it opens a box or lets events
+/// through.
+void Rendering::prepareScene() {
+    const Raised whileThisRuns(preparing_);
+    solids_.createAll(project_);
+    Textures::convertPictures(project_, solids_, imaging);
+}
+
+void Rendering::renderScene(bool rebuild) {
+    if (preparing_) {
+        if (!renderListBuilt) return;
+        rebuild = false;
+    }
+    if (!contextCreated) {
+        // The solids are wanted by more than the picture.
+        if (rebuild) solids_.createAll(project_);
+        return;
+    }
+    const bool replay = !rebuild && renderListBuilt;
+    if (!replay) prepareScene();
+    if (!contextCreated) return;
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    if (!replay) {
+        scene_.build(project_, solids_);
+        renderListBuilt = true;
+    }
+    Scene::call();
+    context->swapBuffers();
+}
+
+void Rendering::endDrags() {
+    rotating = false;
+    zooming = false;
+    panning = false;
+}
+
+}  // namespace velna

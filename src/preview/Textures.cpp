@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <memory>
 #include <string>
@@ -14,8 +13,8 @@
 
 #include <GL/gl.h>
 
-#include "model/ObjectList.h"
-#include "model/Plane.h"
+#include "common/Complaint.h"
+#include "model/Solids.h"
 #include "preview/Bitmap.h"
 #include "preview/Imaging.h"
 
@@ -30,24 +29,27 @@ std::int64_t texelBytes(std::int64_t width, std::int64_t height) {
 }
 
 template <class Visit>
-void forEachWingHalf(Visit visit) {
-    const auto halves = [&visit](SymWingSections& panel) {
-        if (panel.Left) visit(*panel.Left);
-        if (panel.Right) visit(*panel.Right);
+void forEachWingHalf(const Project& project, Solids& solids, Visit visit) {
+    const auto halves = [&visit](PanelSolid& panel) {
+        visit(panel.Left);
+        visit(panel.Right);
     };
-    Wings.forEachDistinct(nbWings, halves);
-    halves(Stabilizer);
+    project.Wings.forEachDistinct(project.nbWings,
+                                  [&](int i, const SymWingSections&) { halves(solids.wings(i)); });
+    halves(solids.stabilizer);
 }
 
 /// What the pictures of all objects take at present; one that objects share counts once.
-std::int64_t texelsInUse() {
+std::int64_t texelsInUse(const Project& project, Solids& solids) {
     std::map<const void*, std::int64_t> bytes;
-    const auto add = [&bytes](const ObjectPicture& picture) {
-        if (picture.loaded) bytes[picture.texels.get()] = texelBytes(picture.xtex, picture.ytex);
+    const auto add = [&bytes](const SolidPicture& picture) {
+        if (picture.texture_loaded)
+            bytes[picture.texels.get()] = texelBytes(picture.xtex, picture.ytex);
     };
-    forEachWingHalf([&add](WingSection& half) { add(half.picture()); });
-    add(Rudder.picture());
-    Fuselages.forEachDistinct(nbFuselages, [&add](MeshSections& body) { add(body.picture()); });
+    forEachWingHalf(project, solids, [&add](const WingSection& half) { add(half.picture); });
+    add(solids.rudder.picture);
+    project.Fuselages.forEachDistinct(
+        project.nbFuselages, [&](int i, const MeshSections&) { add(solids.fuselages(i).picture); });
     std::int64_t sum = 0;
     for (const auto& [texels, size] : bytes) sum += size;
     return sum;
@@ -85,18 +87,24 @@ struct PictureFile {
     bool turnedWanted = false;
     Converted plain;
     Converted turned;
+};
 
-    /// A failure leaves what is not converted empty, and is told on standard error. What is
-    /// converted is taken off `room`.
-    void convert(const std::string& file, std::int64_t& room);
+/// Decodes pictures one after another, as long as there is room.
+struct Decoder {
+    Imaging* imaging;
+    std::int64_t room;  ///< bytes that pictures may still take
+
+    /// A failure leaves what is not converted empty, and is told on standard error.
+    void convert(PictureFile& picture, const std::string& file);
 
 private:
-    std::string decode(const std::string& file, std::int64_t& room);
-    std::string tryDecode(const std::string& file, std::int64_t& room);
+    std::string take(Converted& converted);
+    std::string decode(PictureFile& picture, const std::string& file);
+    std::string tryDecode(PictureFile& picture, const std::string& file);
 };
 
 /// The picture in hand at the size of a texture; the reason of a failure, empty for none.
-std::string take(Converted& converted, std::int64_t& room) {
+std::string Decoder::take(Converted& converted) {
     const Size size = textureSize({imaging->width(), imaging->height()}, room);
     imaging->resize(size.width, size.height);
     imaging->showProgress(0);
@@ -110,46 +118,47 @@ std::string take(Converted& converted, std::int64_t& room) {
     return {};
 }
 
-std::string PictureFile::decode(const std::string& file, std::int64_t& room) {
+std::string Decoder::decode(PictureFile& picture, const std::string& file) {
     std::string reason = "no picture reader";
     if (!imaging || !imaging->load(file, reason)) return reason.empty() ? "not readable" : reason;
     std::string failure;
-    if (plainWanted) failure = take(plain, room);
-    if (turnedWanted && failure.empty()) {
+    if (picture.plainWanted) failure = take(picture.plain);
+    if (picture.turnedWanted && failure.empty()) {
         imaging->rotateQuarter();
-        failure = take(turned, room);
+        failure = take(picture.turned);
     }
     imaging->hideProgress();
     return failure;
 }
 
 /// As `decode`; memory that cannot be had is a failure like others.
-std::string PictureFile::tryDecode(const std::string& file, std::int64_t& room) {
+std::string Decoder::tryDecode(PictureFile& picture, const std::string& file) {
     try {
-        return decode(file, room);
+        return decode(picture, file);
     } catch (const std::exception& failure) {
         if (imaging) imaging->hideProgress();
         return failure.what();
     }
 }
 
-void PictureFile::convert(const std::string& file, std::int64_t& room) {
-    const std::string failure = tryDecode(file, room);
-    if (!failure.empty()) std::cerr << "velna: " << file << ": " << failure << '\n';
+void Decoder::convert(PictureFile& picture, const std::string& file) {
+    const std::string failure = tryDecode(picture, file);
+    if (!failure.empty()) complain(file, failure);
 }
 
 /// An object that waits for its picture, and what it does when it has it.
 struct Waiting {
-    ObjectPicture picture;
+    SolidPicture& picture;
     bool turned;
     std::function<void()> placeTexture;
 };
 
 /// Lets go of a picture that is not wanted any more; true where a new one is.
-bool isWaiting(const ObjectPicture& picture) {
-    if (picture.loaded && !picture.file.empty()) return false;
+bool isWaiting(SolidPicture& picture) {
+    const bool wanted = !picture.texture_filename.empty();
+    if (picture.texture_loaded && wanted) return false;
     picture.texels.reset();
-    return !picture.loaded && !picture.file.empty();
+    return !picture.texture_loaded && wanted;
 }
 
 /// The objects that wait for a file.
@@ -159,48 +168,63 @@ struct Carriers {
 };
 
 /// Files and objects in the order of the list.
-std::vector<Carriers> waitingObjects() {
+std::vector<Carriers> waitingObjects(const Project& project, Solids& solids) {
     std::vector<Carriers> waiting;
     std::map<std::string, std::size_t> places;
-    const auto look = [&](const ObjectPicture& picture, bool turned, auto placeTexture) {
+    const auto look = [&](SolidPicture& picture, bool turned, auto placeTexture) {
         if (!isWaiting(picture)) return;
-        const auto [place, isNew] = places.try_emplace(picture.file, waiting.size());
-        if (isNew) waiting.push_back({picture.file, {}});
+        const std::string& file = picture.texture_filename;
+        const auto [place, isNew] = places.try_emplace(file, waiting.size());
+        if (isNew) waiting.push_back({file, {}});
         waiting[place->second].objects.push_back({picture, turned, placeTexture});
     };
-    forEachWingHalf([&look](WingSection& half) {
-        look(half.picture(), true, [&half] { half.create_texcoords(); });
+    forEachWingHalf(project, solids, [&look](WingSection& half) {
+        look(half.picture, true, [&half] { half.create_texcoords(); });
     });
-    look(Rudder.picture(), false, [] { Rudder.create(); });
-    Fuselages.forEachDistinct(
-        nbFuselages, [](int i) { return ObjectList.shown(i); },
-        [&look](int, MeshSections& body) { look(body.picture(), false, [] {}); });
+    look(solids.rudder.picture, false, [&] { solids.rudder.create(project.Rudder); });
+    project.Fuselages.forEachDistinct(
+        project.nbFuselages, [&](int i) { return project.ObjectList.shown(i); },
+        [&](int i, const MeshSections&) { look(solids.fuselages(i).picture, false, [] {}); });
     return waiting;
 }
 
-void convertFor(const Carriers& carriers, std::int64_t& room) {
+void convertFor(const Carriers& carriers, Decoder& decoder) {
     PictureFile picture;
     for (const Waiting& object : carriers.objects)
         (object.turned ? picture.turnedWanted : picture.plainWanted) = true;
-    picture.convert(carriers.file, room);
+    decoder.convert(picture, carriers.file);
     for (const Waiting& object : carriers.objects) {
         const Converted& own = object.turned ? picture.turned : picture.plain;
         if (!own.texels) continue;
         object.picture.xtex = own.size.width;
         object.picture.ytex = own.size.height;
         object.picture.texels = own.texels;
-        object.picture.loaded = true;
+        object.picture.texture_loaded = true;
         object.placeTexture();
     }
 }
 
-/// The pixels that the list in hand has handed to OpenGL, each with its texture's name. A picture
-/// that several objects share is handed over once.
-std::map<const void*, GLuint> texturesOfList;
+}  // namespace
+
+void Textures::convertPictures(const Project& project, Solids& solids, Imaging* imaging) {
+    const std::vector<Carriers> waiting = waitingObjects(project, solids);
+    Decoder decoder{imaging, largestTexels - texelsInUse(project, solids)};
+    for (const Carriers& carriers : waiting) convertFor(carriers, decoder);
+    // A box lets events through: every picture is where it belongs before the first.
+    forEachWingHalf(project, solids, [&](const WingSection& half) {
+        if (!half.picture.texture_loaded && !half.picture.texture_filename.empty() && imaging)
+            imaging->showError("Error in wingSection texture mapping");
+    });
+}
+
+void ListTextures::beginList() {
+    for (const auto& [texels, name] : names_) glDeleteTextures(1, &name);
+    names_.clear();
+}
 
 /// Makes the picture's texture the current one; the first time in a list with its pixels.
-void bindTexture(const ObjectPicture& picture) {
-    const auto [texture, isNew] = texturesOfList.try_emplace(picture.texels.get(), 0);
+void ListTextures::bind(const SolidPicture& picture) {
+    const auto [texture, isNew] = names_.try_emplace(picture.texels.get(), 0);
     if (isNew) glGenTextures(1, &texture->second);
     glBindTexture(GL_TEXTURE_2D, texture->second);
     if (!isNew) return;
@@ -209,10 +233,9 @@ void bindTexture(const ObjectPicture& picture) {
                  picture.texels->data());
 }
 
-/// `wrap` is how the picture goes on beyond its edges.
-void upload(const ObjectPicture& picture, GLint wrap) {
-    if (picture.file.empty() || !picture.loaded || !picture.texels) return;
-    bindTexture(picture);
+void ListTextures::textureMap(const SolidPicture& picture, GLint wrap) {
+    if (picture.texture_filename.empty() || !picture.texture_loaded || !picture.texels) return;
+    bind(picture);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, wrap);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, wrap);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
@@ -220,37 +243,6 @@ void upload(const ObjectPicture& picture, GLint wrap) {
     // The picture replaces the lit colour where it lies.
     glTexEnvi(GL_TEXTURE_ENV, GL_TEXTURE_ENV_MODE, GL_DECAL);
     glEnable(GL_TEXTURE_2D);
-}
-
-}  // namespace
-
-void Textures::convertPictures() {
-    const std::vector<Carriers> waiting = waitingObjects();
-    std::int64_t room = largestTexels - texelsInUse();
-    for (const Carriers& carriers : waiting) convertFor(carriers, room);
-    // A box lets events through: every picture is where it belongs before the first.
-    forEachWingHalf([](WingSection& half) {
-        if (!half.texture_loaded && !half.texture_filename.empty() && imaging)
-            imaging->showError("Error in wingSection texture mapping");
-    });
-}
-
-void Textures::beginList() {
-    for (const auto& [texels, name] : texturesOfList) glDeleteTextures(1, &name);
-    texturesOfList.clear();
-}
-
-void WingSection::textureMap() {
-    upload(picture(), GL_CLAMP);
-}
-
-void VertWingSection::textureMap() {
-    upload(picture(), GL_CLAMP);
-}
-
-// A fuselage's picture may lie round it more than once.
-void MeshSections::textureMap() {
-    upload(picture(), GL_REPEAT);
 }
 
 }  // namespace velna

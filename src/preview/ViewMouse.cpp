@@ -1,21 +1,7 @@
-#include "preview/Flying.h"
-#include "preview/Rendering.h"
-#include "preview/View.h"
+#include "preview/ViewMouse.h"
 
-namespace velna::Rendering {
+namespace velna {
 namespace {
-
-/// A point of the pointer, or its distance from a stored value.
-struct Grab {
-    double x = 0;
-    double y = 0;
-};
-
-// Each drag has its own, so that a second button held at the same time does not make the first
-// jump.
-Grab rotateGrab;
-double zoomGrab = 0;
-Grab panGrab;
 
 constexpr int shiftAlone = 1;
 
@@ -24,72 +10,71 @@ bool withinLimits(double distance) {
     return distance * 5 > -1000 && distance * 5 < 9000;
 }
 
-void show(double panX, double panY, double distance, double spin, double tilt) {
-    setViewTransform(panX, panY, distance, spin, tilt);
-    renderScene(false);
-}
-
 }  // namespace
 
-void mouseDown(int button, int shift, double x, double y) {
-    if (Flying::running()) {
-        Flying::mouseDown(button);
+void RenderPointer::show(const View& view) {
+    rendering_.setViewTransform(view.panX, view.panY, view.distance, view.spin, view.tilt);
+    rendering_.renderScene(false);
+}
+
+void RenderPointer::mouseDown(int button, int shift, double x, double y) {
+    if (flying_.running()) {
+        flying_.mouseDown(button);
         return;
     }
-    if (button == rightButton) {
-        panning = true;
-        panGrab = {x - renderPanX, y + renderPanY};
-    } else if (button == leftButton && shift == shiftAlone) {
-        zooming = true;
-        zoomGrab = y - renderDistance;
-    } else if (button == leftButton) {
-        rotating = true;
-        rotateGrab = {x - renderSpin, y - renderTilt};
+    if (button == Rendering::rightButton) {
+        rendering_.panning = true;
+        panGrab_ = {x - rendering_.renderPanX, y + rendering_.renderPanY};
+    } else if (button == Rendering::leftButton && shift == shiftAlone) {
+        rendering_.zooming = true;
+        zoomGrab_ = y - rendering_.renderDistance;
+    } else if (button == Rendering::leftButton) {
+        rendering_.rotating = true;
+        rotateGrab_ = {x - rendering_.renderSpin, y - rendering_.renderTilt};
     }
 }
 
 // A move only shows: what it shows is stored at the release.
-void mouseMove(double x, double y) {
-    if (Flying::running()) {
-        Flying::mouseMove(x, y);
+void RenderPointer::mouseMove(double x, double y) {
+    if (flying_.running()) {
+        flying_.mouseMove(x, y);
         return;
     }
-    if (rotating) show(renderPanX, renderPanY, renderDistance, x - rotateGrab.x, y - rotateGrab.y);
-    if (zooming) show(renderPanX, renderPanY, y - zoomGrab, renderSpin, renderTilt);
-    if (panning) show(x - panGrab.x, panGrab.y - y, renderDistance, renderSpin, renderTilt);
+    const Rendering& r = rendering_;
+    if (r.rotating)
+        show({r.renderPanX, r.renderPanY, r.renderDistance, x - rotateGrab_.x, y - rotateGrab_.y});
+    if (r.zooming) show({r.renderPanX, r.renderPanY, y - zoomGrab_, r.renderSpin, r.renderTilt});
+    if (r.panning)
+        show({x - panGrab_.x, panGrab_.y - y, r.renderDistance, r.renderSpin, r.renderTilt});
 }
 
 // Any button's release ends all drags. A distance outside the limits is not taken over, although
 // the drag has shown it: the next drag starts from the old one.
-void mouseUp(int /*button*/, double x, double y) {
-    if (Flying::running()) return;
-    if (rotating) {
-        renderSpin = x - rotateGrab.x;
-        renderTilt = y - rotateGrab.y;
+void RenderPointer::mouseUp(int /*button*/, double x, double y) {
+    if (flying_.running()) return;
+    if (rendering_.rotating) {
+        rendering_.renderSpin = x - rotateGrab_.x;
+        rendering_.renderTilt = y - rotateGrab_.y;
     }
-    if (zooming && withinLimits(y - zoomGrab)) renderDistance = y - zoomGrab;
-    if (panning) {
-        renderPanX = x - panGrab.x;
-        renderPanY = panGrab.y - y;
+    if (rendering_.zooming && withinLimits(y - zoomGrab_))
+        rendering_.renderDistance = y - zoomGrab_;
+    if (rendering_.panning) {
+        rendering_.renderPanX = x - panGrab_.x;
+        rendering_.renderPanY = panGrab_.y - y;
     }
-    endDrags();
-}
-
-void endDrags() {
-    rotating = false;
-    zooming = false;
-    panning = false;
+    rendering_.endDrags();
 }
 
 // A wheel has no grab point to start from: it goes on from what the screen shows, for a picture
 // that jumped at its first step would be lost to the user. Beyond the limits there is nothing to go
 // on from.
-void zoomBy(double change) {
-    const double from = withinLimits(shownView.distance) ? shownView.distance : renderDistance;
-    const double distance = from + change;
-    if (Flying::running() || change == 0 || !withinLimits(distance)) return;
-    renderDistance = distance;
-    show(shownView.panX, shownView.panY, renderDistance, shownView.spin, shownView.tilt);
+void RenderPointer::zoomBy(double change) {
+    View view = rendering_.shownView;
+    if (!withinLimits(view.distance)) view.distance = rendering_.renderDistance;
+    view.distance += change;
+    if (flying_.running() || change == 0 || !withinLimits(view.distance)) return;
+    rendering_.renderDistance = view.distance;
+    show(view);
 }
 
-}  // namespace velna::Rendering
+}  // namespace velna

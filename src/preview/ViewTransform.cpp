@@ -3,15 +3,9 @@
 
 #include <GL/gl.h>
 
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "preview/Rendering.h"
-#include "preview/View.h"
 
-namespace velna::Rendering {
-
-View shownView;
-
+namespace velna {
 namespace {
 
 /// The number that turns tenths of a degree into radians here; the pictures of every project have
@@ -32,17 +26,19 @@ void placeLight(double spin, double tilt) {
 }
 
 /// The model turns about the middle of the current fuselage.
-void centreOnFuselage() {
-    if (currentFuselage < 1 || currentFuselage > std::min<int>(nbFuselages, Fuselages.size()))
+void centreOnFuselage(const Project& project) {
+    const int current = project.currentFuselage;
+    if (current < 1 || current > std::min<int>(project.nbFuselages, project.Fuselages.size()))
         return;
-    const MeshSections& fuselage = Fuselages(currentFuselage);
+    const MeshSections& fuselage = project.Fuselages(current);
     const double middle = (fuselage.startpoint() + fuselage.lengthPoint()) / 2;
     if (std::isfinite(middle)) glTranslated(-middle, 0, 0);
 }
 
 }  // namespace
 
-void setViewTransform(double panX, double panY, double distance, double spin, double tilt) {
+void Rendering::setViewTransform(double panX, double panY, double distance, double spin,
+                                 double tilt) {
     shownView = {panX, panY, distance, spin, tilt};
     if (!contextCreated) return;
     glLoadIdentity();
@@ -56,13 +52,13 @@ void setViewTransform(double panX, double panY, double distance, double spin, do
     const double a = -roughPi * spin / 10 / 180;
     glRotated(tilt / 10, std::cos(a), std::sin(a), 0);
     placeLight(spin, tilt);
-    if (Prefs.units == inches) glScaled(inchScale, inchScale, inchScale);
-    centreOnFuselage();
+    if (project_.units == inches) glScaled(inchScale, inchScale, inchScale);
+    centreOnFuselage(project_);
 }
 
-void reapplyViewTransform() {
+void Rendering::reapplyViewTransform() {
     setViewTransform(shownView.panX, shownView.panY, shownView.distance, shownView.spin,
                      shownView.tilt);
 }
 
-}  // namespace velna::Rendering
+}  // namespace velna

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "common/Point.h"
+#include "shell/Desktop.h"
+
+// The help: its page numbers, its file, and the place of its window.
 
 namespace velna {
 
@@ -15,17 +18,11 @@ struct HelpWindowRecord {
     int height = 512;
 };
 
-extern HelpWindowRecord helpWindow;
+/// Names the help file beside the program.
+void initHelp(Desktop& desktop);
 
-/// Names the help file beside the program and the window's first place.
-void initHelp();
-
-/// Places the help over the drawing area: its upper left in the main window, and its size.
-void setHelpWindow(Point2D position, Point2D size);
-
-void showHelpContents();
-
-/// Closes the help; runs when the program ends.
-void quitHelp();
+/// Places the help over the drawing area: its upper left in the main window, and its size. Returns
+/// the place, in whole pixels.
+HelpWindowRecord setHelpWindow(Desktop& desktop, Point2D position, Point2D size);
 
 }  // namespace velna

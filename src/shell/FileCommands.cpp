@@ -1,26 +1,17 @@
 #include "shell/FileCommands.h"
 
-#include <string>
 #include <tuple>
 #include <vector>
 
 #include "common/ReplacedFile.h"
-#include "editor/Main.h"
 #include "editor/ModelChange.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
-#include "output/Progress.h"
+#include "output/Exports.h"
 #include "persistence/AirfoilFiles.h"
-#include "preview/PictureCopies.h"
-#include "preview/Rendering.h"
-#include "shell/Failure.h"
-#include "shell/Ports.h"
-#include "shell/Preferences.h"
-#include "shell/TabElement.h"
+#include "persistence/ProjectFile.h"
+#include "shell/EditedPart.h"
 
-namespace velna::FileCommands {
+namespace velna {
 
 namespace {
 
@@ -37,123 +28,136 @@ namespace Saved {
 enum { project = 1, model, drawing };
 }
 
+void updateList(Project& project) {
+    project.ObjectList.update(project.Fuselages, project.nbFuselages);
+}
+
+}  // namespace
+
 /// A fresh list, all fuselages shown, on the model as it stands.
-void resetModel() {
-    ObjectList.clear();
-    Plane::setDefaultPlane();
-    Main.views.startOver();
-    Main.fillCatalogues();
+void FileCommands::resetModel() {
+    main.project.ObjectList.clear();
+    Plane::setDefaultPlane(main.project);
+    solids = {};
+    main.views.startOver();
+    main.fillCatalogues();
     // The panel's filler sets the bar's range alone: it would stand at a box of the former project.
-    Main.setScroll(Control::IndexServosScroll, nbEquipments, currentEquipment);
+    main.setScroll(Control::IndexServosScroll, main.project.nbEquipments,
+                   main.project.currentEquipment);
 }
 
 /// False when the user would rather keep the current project. A file that is no project is found
 /// out before the aircraft in hand is touched, or asked about.
-bool openProject(const std::string& file) {
-    const std::string reason = Plane::whyNoProject(file);
-    if (!reason.empty()) {
-        reportFailure(titleOf(file) + " could not be opened. The aircraft stays as it is.", reason);
+bool FileCommands::openProject(const std::string& file) {
+    const Outcome project = Plane::checkProject(file);
+    if (project.hasFailed()) {
+        reportFailure(*ports.dialogs,
+                      titleOf(file) + " could not be opened. The aircraft stays as it is.",
+                      project.reason());
         return true;
     }
-    if (!Main.savedProject &&
-        !Shell.dialogs->askYesNo("The current project has not been saved and will be lost\n"
+    if (!main.savedProject &&
+        !ports.dialogs->askYesNo("The current project has not been saved and will be lost\n"
                                  "Do you want to proceed ?",
                                  BoxIcon::Exclamation, false))
         return false;
     resetModel();
-    const std::string message = Plane::readProject(file);
-    if (!message.empty()) Shell.dialogs->message(applicationTitle, message, BoxIcon::Information);
-    ObjectList.update();
+    const Outcome read = Plane::readProject(main.project, file);
+    if (read.hasFailed())
+        ports.dialogs->message(applicationTitle, read.reason(), BoxIcon::Information);
+    main.Prefs.selectUnit(main.project.units);
+    updateList(main.project);
     return true;
 }
 
-void openWingAirfoil(const std::string& file) {
-    const auto section = [] {
-        const SymWingSections& wing = Wings(currentWing);
+void FileCommands::openWingAirfoil(const std::string& file) {
+    const Project& project = main.project;
+    const auto section = [&project] {
+        const SymWingSections& wing = project.Wings(project.currentWing);
         std::vector<Point3D> points;
         for (int i = 1; i <= wing.airfoilSize(); ++i) points.push_back(wing.airfoilPoint(i));
         return std::tuple{wing.nb, wing.thickness1, wing.thickness2, points};
     };
-    changeModel(section, [&] { openAirfoil(file); });
+    changeModel(main, section, [&] { openAirfoil(main.project, file); });
 }
 
-void openTexture(const std::string& file) {
+void FileCommands::openTexture(const std::string& file) {
     const std::string title = storedTitle(titleOf(file));
-    if (TabElement::setTexture(file, title)) Main.savedProject = false;
+    const EditedPart part{main.project, solids, main.tab()};
+    if (part.setTexture(file, title)) main.savedProject = false;
 }
 
-void saveProjectAs(const std::string& file) {
-    const std::string reason = Plane::saveProject(file);
-    if (reason.empty()) {
-        Main.savedProject = true;
+void FileCommands::saveProjectAs(const std::string& file) {
+    const Outcome saved = Plane::saveProject(main.project, file, pictures);
+    if (saved.isDone()) {
+        main.savedProject = true;
     } else {
-        reportFailure(titleOf(file) + " could not be saved completely.", reason);
+        reportFailure(*ports.dialogs, titleOf(file) + " could not be saved completely.",
+                      saved.reason());
     }
 }
 
 /// The model. That the export shows hidden fuselages is no work of the user's to be saved, and it
 /// leaves the last fuselage current: the panel must not edit it under the numbers of another. What
 /// was hidden has no outline of this view yet: the view is drawn again.
-std::string exportModel(const std::string& file) {
-    const bool saved = Main.savedProject;
+Outcome FileCommands::exportModel(const std::string& file) {
+    const bool saved = main.savedProject;
     // A hidden fuselage has no solid. Showing all of them rebuilds every solid with the picture, so
     // that the file holds the aircraft as it is now, and whole.
-    Main.showAll();
-    const std::string reason = Plane::exportVRML(file);
-    Main.updateFuselageInterface();
-    Main.redrawAtSameScale();
-    Main.savedProject = saved;
-    return reason;
+    main.showAll();
+    const Outcome outcome = Plane::exportVRML(main.project, solids, file, pictures, ports.progress);
+    main.updateFuselageInterface();
+    main.redrawAtSameScale();
+    main.savedProject = saved;
+    return outcome;
 }
 
-std::string writeDrawing(const std::string& file) {
-    switch (Main.mode) {
+Outcome FileCommands::writeDrawing(const std::string& file) const {
+    switch (main.view.mode) {
         case ViewMode::VTop:
-            return Plane::exportDXFVTop(file);
+            return Plane::exportDXFVTop(main.project, file, ports.progress);
         case ViewMode::Front:
-            return Plane::exportDXFFront(file);
+            return Plane::exportDXFFront(main.project, file, ports.progress);
         case ViewMode::Side:
-            return Plane::exportDXFSide(file);
+            return Plane::exportDXFSide(main.project, file, ports.progress);
         default:
-            return Plane::exportDXFHTop(file);
+            return Plane::exportDXFHTop(main.project, file, ports.progress);
     }
 }
 
 /// The drawing of the view on screen, which is drawn again.
-std::string exportView(const std::string& file) {
-    const std::string reason = writeDrawing(file);
-    Main.redrawAtSameScale();
-    return reason;
+Outcome FileCommands::exportView(const std::string& file) {
+    const Outcome outcome = writeDrawing(file);
+    main.redrawAtSameScale();
+    return outcome;
 }
 
 /// The panels, the top view, and the picture with the view transform of the new unit.
-void showModel() {
-    Main.refreshPanels();
-    Main.initVTopView();
-    Rendering::reapplyViewTransform();
+void FileCommands::showModel() {
+    main.refreshPanels();
+    main.initVTopView();
+    rendering.reapplyViewTransform();
 }
 
-}  // namespace
-
-void newProject() {
-    if (!Shell.dialogs->askYesNo("Do you really want to reset your project ?", BoxIcon::Exclamation,
+void FileCommands::newProject() {
+    if (!ports.dialogs->askYesNo("Do you really want to reset your project ?", BoxIcon::Exclamation,
                                  false))
         return;
-    ObjectList.clear();
-    Main.clearBitmapAction();
-    Prefs.units = millimetres;
+    main.project.ObjectList.clear();
+    main.clearBitmapAction();
+    main.project.units = millimetres;
     resetModel();
-    ObjectList.update();
-    Main.refreshPanels();
+    updateList(main.project);
+    main.refreshPanels();
     // The default aircraft is in millimetres.
-    if (Prefs.InchesOption) Preferences::convertDefault();
+    if (main.Prefs.InchesOption) preferences.convertDefault();
     showModel();
-    Rendering::renderScene(true);
+    rendering.renderScene(true);
 }
 
-void open() {
-    Main.clearBitmapAction();
-    const FileAnswer answer = Shell.dialogs->openFile(openFilter);
+void FileCommands::open() {
+    main.clearBitmapAction();
+    const FileAnswer answer = ports.dialogs->openFile(openFilter);
     if (!answer.file.empty()) {
         if (answer.filterIndex == Opened::project && !openProject(answer.file)) return;
         if (answer.filterIndex == Opened::airfoil) openWingAirfoil(answer.file);
@@ -162,24 +166,25 @@ void open() {
         openTexture({});
     }
     showModel();
-    Rendering::renderScene(true);
-    Rendering::renderScene(true);
+    rendering.renderScene(true);
+    rendering.renderScene(true);
 }
 
-void save() {
-    const FileAnswer answer = Shell.dialogs->saveFile(saveFilter);
+void FileCommands::save() {
+    const FileAnswer answer = ports.dialogs->saveFile(saveFilter);
     if (answer.file.empty()) return;
     if (answer.filterIndex == Saved::project) {
         saveProjectAs(answer.file);
         return;
     }
     const bool model = answer.filterIndex == Saved::model;
-    const std::string reason = model ? exportModel(answer.file) : exportView(answer.file);
-    if (reason.empty() || reason == cancelledReason) return;
+    const Outcome outcome = model ? exportModel(answer.file) : exportView(answer.file);
+    if (!outcome.hasFailed()) return;
     // A model stands without the pictures that could not be read.
     reportFailure(
+        *ports.dialogs,
         model ? titleOf(answer.file) + " could not be exported completely." : "The export failed.",
-        reason);
+        outcome.reason());
 }
 
-}  // namespace velna::FileCommands
+}  // namespace velna

@@ -1,18 +1,13 @@
 #include "shell/Preferences.h"
 
 #include <cstddef>
-#include <cstdio>
 #include <filesystem>
 
+#include "common/Complaint.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
-#include "editor/Main.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "preview/Rendering.h"
-#include "shell/Ports.h"
 
-namespace velna::Preferences {
+namespace velna {
 
 namespace {
 
@@ -20,17 +15,6 @@ constexpr const char* fileTitle = "prefs.txt";
 /// Beside the user's own settings: the folder of the program that had no other place for them.
 constexpr const char* ownerTitle = "prefs-owner.txt";
 constexpr std::size_t mostSettings = 65536;
-
-std::string sharedFile() {
-    return Shell.desktop->programFolder() + fileTitle;
-}
-std::string ownFile() {
-    return Shell.desktop->configurationFolder() + fileTitle;
-}
-
-std::string ownerFile() {
-    return Shell.desktop->configurationFolder() + ownerTitle;
-}
 
 /// Runs one record's reading; a failure skips it and those behind it, for they have no place of
 /// their own.
@@ -44,59 +28,66 @@ bool read(Statement statement) {
     }
 }
 
-/// Whether the last quit of this program could only write to the user's folder.
-bool wroteToOwn() {
-    std::string bytes;
-    if (!read([&] { bytes = settingsBytes(ownerFile()); })) return false;
-    return bytes == Shell.desktop->programFolder();
-}
-
-/// Notes whose settings lie in the user's folder. Without the note the program's folder decides
-/// alone, as it does where nothing of this kind ever happened.
-void noteOwner() {
-    ReplacedFile file(ownerFile());
-    file.buffer() = Shell.desktop->programFolder();
-    file.commit();
-}
-
 const char* record(bool on) {
     return on ? "#TRUE#" : "#FALSE#";
 }
 
-/// Returns the reason of a failure, empty for none.
-std::string writeTo(const std::string& path) {
-    ReplacedFile file(path);
-    file.line("\"Done\"");
-    file.line(record(Prefs.InchesOption));
-    file.line(record(Prefs.MillimetersOption));
-    return file.commit() ? std::string() : file.error();
-}
-
 }  // namespace
 
-std::string firstUseState;
-bool known = false;
+std::string Preferences::sharedFile() const {
+    return ports.desktop->programFolder() + fileTitle;
+}
+std::string Preferences::ownFile() const {
+    return ports.desktop->configurationFolder() + fileTitle;
+}
+
+std::string Preferences::ownerFile() const {
+    return ports.desktop->configurationFolder() + ownerTitle;
+}
+
+/// Whether the last quit of this program could only write to the user's folder.
+bool Preferences::wroteToOwn() const {
+    std::string bytes;
+    if (!read([&] { bytes = settingsBytes(ownerFile()); })) return false;
+    return bytes == ports.desktop->programFolder();
+}
+
+/// Notes whose settings lie in the user's folder. Without the note the program's folder decides
+/// alone, as it does where nothing of this kind ever happened.
+void Preferences::noteOwner() const {
+    ReplacedFile file(ownerFile());
+    file.buffer() = ports.desktop->programFolder();
+    file.commit();
+}
+
+Outcome Preferences::writeTo(const std::string& path) const {
+    ReplacedFile file(path);
+    file.line("\"Done\"");
+    file.line(record(main.Prefs.InchesOption));
+    file.line(record(main.Prefs.MillimetersOption));
+    return file.commit() ? Outcome() : Outcome::failed(file.error());
+}
 
 // The file that the last quit has written: beside the program wherever that can be.
-std::string fileToRead() {
+std::string Preferences::fileToRead() const {
     std::error_code ignored;
     const std::string own = ownFile();
     if (!std::filesystem::exists(own, ignored)) return sharedFile();
-    const bool shared = takesFiles(Shell.desktop->programFolder()) && !wroteToOwn();
+    const bool shared = takesFiles(ports.desktop->programFolder()) && !wroteToOwn();
     return shared ? sharedFile() : own;
 }
 
-std::string settingsBytes(const std::string& file) {
+std::string Preferences::settingsBytes(const std::string& file) {
     return readFileStart(file, mostSettings);
 }
 
-void readAll() {
+void Preferences::readAll() {
     known = true;
     std::string bytes;
     if (!read([&] { bytes = settingsBytes(fileToRead()); })) return;
     ValueReader file(bytes);
-    bool inchesOn = Prefs.InchesOption;
-    bool millimetresOn = Prefs.MillimetersOption;
+    bool inchesOn = main.Prefs.InchesOption;
+    bool millimetresOn = main.Prefs.MillimetersOption;
     read([&] {
         firstUseState = file.text();
         inchesOn = file.boolean();
@@ -104,52 +95,52 @@ void readAll() {
         millimetresOn = file.boolean();
         if (millimetresOn) inchesOn = false;
     });
-    Prefs.InchesOption = inchesOn;
-    Prefs.MillimetersOption = millimetresOn;
+    main.Prefs.InchesOption = inchesOn;
+    main.Prefs.MillimetersOption = millimetresOn;
 }
 
-void writeAll() {
+void Preferences::writeAll() const {
     std::error_code ignored;
-    std::string reason = writeTo(sharedFile());
-    if (reason.empty()) {
+    if (writeTo(sharedFile()).isDone()) {
         if (wroteToOwn()) std::filesystem::remove(ownerFile(), ignored);
         return;
     }
-    std::filesystem::create_directories(Shell.desktop->configurationFolder(), ignored);
-    reason = writeTo(ownFile());
-    if (reason.empty()) {
+    std::filesystem::create_directories(ports.desktop->configurationFolder(), ignored);
+    const Outcome own = writeTo(ownFile());
+    if (own.isDone()) {
         noteOwner();
     } else {
-        std::fprintf(stderr, "velna: the settings could not be saved: %s\n", reason.c_str());
+        complain("the settings could not be saved", own.reason());
     }
 }
 
-void formLoad() {
-    Prefs.selectUnit(Prefs.units);
-    Prefs.modelScaleFactor = 1.0;
-    Prefs.ScaleText = "100";
+void Preferences::formLoad() {
+    main.Prefs.selectUnit(main.project.units);
+    main.Prefs.modelScaleFactor = 1.0;
+    main.Prefs.ScaleText = "100";
 }
 
-std::string spanText() {
-    auto& wing = Wings(currentWing);
-    return Main.Formatter((wing.span + wing.shift) * 2 * Prefs.modelScaleFactor);
+std::string Preferences::spanText() const {
+    const Project& project = main.project;
+    const SymWingSections& wing = project.Wings(project.currentWing);
+    return main.Formatter((wing.span + wing.shift) * 2 * main.Prefs.modelScaleFactor);
 }
 
-void CloseCommand_Click() {
-    Main.closePreferences();
+void Preferences::CloseCommand_Click() {
+    main.closePreferences();
 }
 
-void convertDefault() {
-    const bool saved = Main.savedProject;
+void Preferences::convertDefault() {
+    const bool saved = main.savedProject;
     CloseCommand_Click();
-    Main.refreshPanels();
-    Main.savedProject = saved;
+    main.refreshPanels();
+    main.savedProject = saved;
 }
 
-void CancelCommand_Click() {
+void Preferences::CancelCommand_Click() {
     // A project is saved under the option's unit: an option that was clicked and then cancelled
     // would give it the wrong one.
     formLoad();
 }
 
-}  // namespace velna::Preferences
+}  // namespace velna

@@ -2,43 +2,64 @@
 
 #include <string>
 
-namespace velna::Preferences {
+#include "common/Outcome.h"
+#include "editor/Main.h"
+#include "model/Project.h"
+#include "shell/Ports.h"
 
-/// What the first record of `prefs.txt` held: "DoIt" asks for the guided demonstration.
-extern std::string firstUseState;
-/// The settings have been read. A start that fails before must not write the defaults over them.
-extern bool known;
+namespace velna {
 
-/// The settings file that is read: the one beside the program where its folder can be written, else
-/// the user's own once it exists. The last quit counts: what it could only write to the user's
-/// folder is read from there, whatever can be written now.
-std::string fileToRead();
+/// The settings file and the form of the preferences; what the form holds is `Main.Prefs`.
+struct Preferences {
+    MainForm& main;
+    const ShellPorts& ports;
 
-/// The bytes of a settings file, its first 64 KB at most: no quit writes a longer one, and what has
-/// grown or was put in its place must not cost the start. Throws ReadFailure when there is none.
-std::string settingsBytes(const std::string& file);
+    /// What the first record of `prefs.txt` held: "DoIt" asks for the guided demonstration.
+    std::string firstUseState{};
+    /// The settings have been read. A start that fails before must not write the defaults over
+    /// them.
+    bool known = false;
 
-/// Reads `prefs.txt` as far as it goes: a record that fails leaves its option as it was.
-/// `Prefs.units` is not touched. A missing file changes nothing.
-void readAll();
+    /// The settings file that is read: the one beside the program where its folder can be written,
+    /// else the user's own once it exists. The last quit counts: what it could only write to the
+    /// user's folder is read from there, whatever can be written now.
+    std::string fileToRead() const;
 
-/// Replaces `prefs.txt`: beside the program where that folder can be written, otherwise in the
-/// user's configuration folder. A failure leaves the old file and one line on standard error.
-void writeAll();
+    /// The bytes of a settings file, its first 64 KB at most: no quit writes a longer one, and what
+    /// has grown or was put in its place must not cost the start. Throws ReadFailure when there is
+    /// none.
+    static std::string settingsBytes(const std::string& file);
 
-/// The form opens: the options from the unit in use, the factor 1.
-void formLoad();
+    /// Reads `prefs.txt` as far as it goes: a record that fails leaves its option as it was. The
+    /// project's unit is not touched. A missing file changes nothing.
+    void readAll();
 
-/// The line beside the factor: the current wing's full span at the factor typed, as the panel shows
-/// it.
-std::string spanText();
+    /// Replaces `prefs.txt`: beside the program where that folder can be written, otherwise in the
+    /// user's configuration folder. A failure leaves the old file and one line on standard error.
+    void writeAll() const;
 
-/// The form's two buttons. Closing it by its window button is Cancel.
-void CloseCommand_Click();
-void CancelCommand_Click();
+    /// The form opens: the options from the unit in use, the factor 1.
+    void formLoad();
 
-/// The default aircraft in inches, where that option is on. It is no change by the user:
-/// `savedProject` stays.
-void convertDefault();
+    /// The line beside the factor: the current wing's full span at the factor typed, as the panel
+    /// shows it.
+    std::string spanText() const;
 
-}  // namespace velna::Preferences
+    /// The form's two buttons. Closing it by its window button is Cancel.
+    void CloseCommand_Click();
+    void CancelCommand_Click();
+
+    /// The default aircraft in inches, where that option is on. It is no change by the user:
+    /// `savedProject` stays.
+    void convertDefault();
+
+private:
+    std::string sharedFile() const;
+    std::string ownFile() const;
+    std::string ownerFile() const;
+    bool wroteToOwn() const;
+    void noteOwner() const;
+    Outcome writeTo(const std::string& path) const;
+};
+
+}  // namespace velna

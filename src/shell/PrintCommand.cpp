@@ -1,26 +1,20 @@
 #include "shell/PrintCommand.h"
 
-#include <string>
+namespace velna {
 
-#include "editor/Main.h"
-#include "output/Plans.h"
-#include "output/Progress.h"
-#include "shell/Failure.h"
-#include "shell/Ports.h"
-
-namespace velna::PrintCommand {
-
-void run() {
-    Shell.dialogs->showPrintSelect();
+void PrintCommand::run() {
+    ports.dialogs->showPrintSelect();
     if (PrintSelect.cancel) return;
-    PrinterSurface* printer = Shell.dialogs->askPrinter(Plans::tickedNames());
-    std::string reason;
-    if (printer) reason = Plans::printPlans(*printer, Main.drawAreaSize());
+    Outcome outcome;
+    if (PrinterSurface* printer = ports.dialogs->askPrinter(Plans::tickedNames(PrintSelect))) {
+        outcome = Plans::printPlans(main.project, PrintSelect,
+                                    {*printer, main.drawAreaSize(), ports.progress});
+    }
     // A plan may leave another fuselage current.
-    Main.initVTopView();
-    Main.updateFuselageInterface();
-    if (!reason.empty() && reason != cancelledReason)
-        reportFailure("The plans could not be printed.", reason);
+    main.initVTopView();
+    main.updateFuselageInterface();
+    if (outcome.hasFailed())
+        reportFailure(*ports.dialogs, "The plans could not be printed.", outcome.reason());
 }
 
-}  // namespace velna::PrintCommand
+}  // namespace velna

@@ -1,10 +1,21 @@
 #pragma once
 
-namespace velna::PrintCommand {
+#include "editor/Main.h"
+#include "output/Plans.h"
+#include "shell/Ports.h"
 
-/// Asks which plans, then for the printer, and prints each chosen plan as a job of its own.
-/// Whatever happens after the choice, the top view stands afterwards; Cancel in the choice changes
-/// nothing.
-void run();
+namespace velna {
 
-}  // namespace velna::PrintCommand
+/// The Print command.
+struct PrintCommand {
+    MainForm& main;
+    PrintSelectRecord& PrintSelect;  ///< the form's choice
+    const ShellPorts& ports;
+
+    /// Asks which plans, then for the printer, and prints each chosen plan as a job of its own.
+    /// Whatever happens after the choice, the top view stands afterwards; Cancel in the choice
+    /// changes nothing.
+    void run();
+};
+
+}  // namespace velna

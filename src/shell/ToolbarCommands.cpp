@@ -4,109 +4,93 @@
 #include <cmath>
 
 #include "common/NumberText.h"
-#include "editor/Main.h"
-#include "model/Plane.h"
-#include "preview/Flying.h"
-#include "preview/Rendering.h"
-#include "shell/ContextIDs.h"
-#include "shell/FileCommands.h"
-#include "shell/Ports.h"
-#include "shell/Preferences.h"
-#include "shell/PrintCommand.h"
-#include "shell/Startup.h"
-#include "shell/TabElement.h"
+#include "shell/EditedPart.h"
 
-namespace velna::Toolbar {
+namespace velna {
 
 namespace {
 
-void showView(std::optional<int> tab, void (MainForm::*enter)()) {
-    if (tab) Main.selectTab(*tab);
-    (Main.*enter)();
+using Toolbar::Button;
+using Toolbar::ButtonKind;
+using Toolbar::Key;
+
+void showView(MainForm& main, int tab, void (MainForm::*enter)()) {
+    main.selectTab(tab);
+    (main.*enter)();
 }
 
-void vtop() {
-    showView(PanelTab::wing, &MainForm::initVTopView);
-}
-void front() {
-    showView(PanelTab::wing, &MainForm::initFrontView);
-}
-void side() {
-    showView(PanelTab::fuselage, &MainForm::initSideView);
-}
-void htop() {
-    showView(std::nullopt, &MainForm::initHTopView);
-}
-
-/// The colour dialog starts from the element's colour, or, on the electronics tab, from its own
-/// last one.
-void pickElementColour() {
-    static std::uint32_t dialogValue = 0;
-    if (const auto color = TabElement::color()) dialogValue = dialogColour(*color);
-    const auto picked = Shell.dialogs->pickColour(dialogValue);
+/// The colour dialog starts from the part's colour, or, on the electronics tab, from its own last
+/// one.
+void pickElementColour(ToolbarCommands& on) {
+    const EditedPart part{on.main.project, on.solids, on.main.tab()};
+    const auto color = part.color();
+    if (color) on.dialogValue = Toolbar::dialogColour(*color);
+    const auto picked = on.ports.dialogs->pickColour(on.dialogValue);
     if (!picked) return;
-    dialogValue = *picked;
-    if (TabElement::color()) {
-        TabElement::setColor(colourRecord(dialogValue));
-        Main.savedProject = false;
+    on.dialogValue = *picked;
+    if (color) {
+        part.setColor(Toolbar::colourRecord(on.dialogValue));
+        on.main.savedProject = false;
     }
-    Rendering::renderScene(true);
+    on.rendering.renderScene(true);
 }
 
-void render() {
-    Main.setChecked(Control::RenderButton, !Main.renderPressed());
-    Plane::createAllSolids();
-    Rendering::renderScene(true);
+void render(ToolbarCommands& on) {
+    on.main.setChecked(Control::RenderButton, !on.main.renderPressed());
+    on.rendering.renderScene(true);
 }
 
-void preferences() {
-    Preferences::formLoad();
-    Shell.dialogs->showPreferences();
-    Main.refreshPanels();
-    Main.initVTopView();
-    Rendering::reapplyViewTransform();
-    Rendering::renderScene(true);
+void showPreferences(ToolbarCommands& on) {
+    on.preferences.formLoad();
+    on.ports.dialogs->showPreferences();
+    on.main.refreshPanels();
+    on.main.initVTopView();
+    on.rendering.reapplyViewTransform();
+    on.rendering.renderScene(true);
 }
 
 /// The button goes down and the flight runs inside this event; its next click, which comes while
 /// the flight lets events run, lets it up and ends it.
-void flyingPreview() {
-    Main.setChecked(Control::FlyingPreviewButton, !Main.checked(Control::FlyingPreviewButton));
-    if (!Main.checked(Control::FlyingPreviewButton)) {
-        Flying::flying = false;
+void flyingPreview(ToolbarCommands& on) {
+    MainForm& main = on.main;
+    main.setChecked(Control::FlyingPreviewButton, !main.checked(Control::FlyingPreviewButton));
+    if (!main.checked(Control::FlyingPreviewButton)) {
+        on.flying.flying = false;
         return;
     }
-    Flying::flyPreview();
-    Main.setChecked(Control::FlyingPreviewButton, false);
+    on.flying.flyPreview();
+    main.setChecked(Control::FlyingPreviewButton, false);
 }
 
 struct Command {
     Key key;
-    void (*run)();
+    void (*run)(ToolbarCommands& on);
 };
 
 constexpr Command commands[] = {
-    {Key::New, FileCommands::newProject},
-    {Key::Open, FileCommands::open},
-    {Key::Save, FileCommands::save},
-    {Key::Print, PrintCommand::run},
-    {Key::VTop, vtop},
-    {Key::Front, front},
-    {Key::Side, side},
-    {Key::HTop, htop},
+    {Key::New, [](ToolbarCommands& on) { on.files.newProject(); }},
+    {Key::Open, [](ToolbarCommands& on) { on.files.open(); }},
+    {Key::Save, [](ToolbarCommands& on) { on.files.save(); }},
+    {Key::Print, [](ToolbarCommands& on) { on.print.run(); }},
+    {Key::VTop,
+     [](ToolbarCommands& on) { showView(on.main, PanelTab::wing, &MainForm::initVTopView); }},
+    {Key::Front,
+     [](ToolbarCommands& on) { showView(on.main, PanelTab::wing, &MainForm::initFrontView); }},
+    {Key::Side,
+     [](ToolbarCommands& on) { showView(on.main, PanelTab::fuselage, &MainForm::initSideView); }},
+    {Key::HTop, [](ToolbarCommands& on) { on.main.initHTopView(); }},
     {Key::Palette, pickElementColour},
     {Key::Render, render},
-    {Key::Prefs, preferences},
-    {Key::Manager, [] { Shell.dialogs->showManager(); }},
+    {Key::Prefs, showPreferences},
+    {Key::Manager, [](ToolbarCommands& on) { on.ports.dialogs->showManager(); }},
     {Key::FlyingPreview, flyingPreview},
-    {Key::Help, showHelpContents},
-    {Key::Exit, [] { Shell.desktop->endProcess(); }},
-    {Key::Centering, [] { Main.centerUpdate = !Main.centerUpdate; }},
+    {Key::Help, [](ToolbarCommands& on) { on.ports.desktop->showHelpContents(); }},
+    {Key::Exit, [](ToolbarCommands& on) { on.ports.desktop->endProcess(); }},
+    {Key::Centering,
+     [](ToolbarCommands& on) { on.main.view.centerUpdate = !on.main.view.centerUpdate; }},
 };
 
-}  // namespace
-
-const std::array<Button, 14> buttons{{
+constexpr Button allButtons[] = {
     {Key::New, "New", "Reset to the default plane", ButtonKind::Push, {}},
     {Key::Open, "Open", "Open a Velna project", ButtonKind::Push, {}},
     {Key::Save, "Save", "Save Velna project or export to VRML", ButtonKind::Push, {}},
@@ -123,38 +107,45 @@ const std::array<Button, 14> buttons{{
     {Key::FlyingPreview, "FlyingPreview", "Flying Preview", ButtonKind::Toggle,
      Control::FlyingPreviewButton},
     {Key::Help, "Help", "Help File", ButtonKind::Push, {}},
-}};
+};
 
-void click(Key key) {
-    // The project is in scaled form during a flight: it must not be saved, opened or reset.
-    if (Flying::running() && key != Key::FlyingPreview) return;
-    {
-        const Startup::CommandUnderWay command;
-        for (const Command& row : commands)
-            if (row.key == key) row.run();
-    }
-    Startup::closeIfAsked();
+}  // namespace
+
+std::span<const Button> Toolbar::buttons() {
+    return allButtons;
 }
 
-void frustumPrompt() {
+void ToolbarCommands::click(Key key) {
+    // The project is in scaled form during a flight: it must not be saved, opened or reset.
+    if (flying.running() && key != Key::FlyingPreview) return;
+    {
+        const CommandUnderWay command(quit);
+        for (const Command& row : commands)
+            if (row.key == key) row.run(*this);
+    }
+    if (ports.progress) ports.progress->finish();
+    quit.closeIfAsked();
+}
+
+void ToolbarCommands::frustumPrompt() {
     const auto answer =
-        Shell.dialogs->askText("Enter max frustrum value [100]",
+        ports.dialogs->askText("Enter max frustrum value [100]",
                                "Special feature for the members of Velna Expert Group", "100");
     if (!answer) return;
     const double halfWidth = leadingNumber(*answer);
-    if (std::isfinite(halfWidth) && halfWidth > 0) Rendering::createRenderContextWide(halfWidth);
+    if (std::isfinite(halfWidth) && halfWidth > 0) rendering.createRenderContextWide(halfWidth);
 }
 
-std::uint32_t dialogColour(const Point3D& color) {
+std::uint32_t Toolbar::dialogColour(const Point3D& color) {
     const auto component = [](double value) {
         return static_cast<std::uint32_t>(std::clamp(roundToInt(value), 0, 255));
     };
     return component(color.x) | component(color.y) << 8 | component(color.z) << 16;
 }
 
-Point3D colourRecord(std::uint32_t value) {
+Point3D Toolbar::colourRecord(std::uint32_t value) {
     return {static_cast<double>(value & 0xFF), static_cast<double>(value >> 8 & 0xFF),
             static_cast<double>(value >> 16 & 0xFF)};
 }
 
-}  // namespace velna::Toolbar
+}  // namespace velna

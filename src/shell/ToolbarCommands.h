@@ -1,13 +1,19 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <optional>
+#include <span>
 
 #include "common/Point.h"
 #include "editor/Controls.h"
+#include "preview/Flying.h"
+#include "shell/FileCommands.h"
+#include "shell/PrintCommand.h"
+#include "shell/Quit.h"
 
-namespace velna::Toolbar {
+namespace velna {
+
+namespace Toolbar {
 
 enum class Key {
     New,
@@ -41,16 +47,34 @@ struct Button {
 };
 
 /// The buttons in toolbar order.
-extern const std::array<Button, 14> buttons;
-
-/// Runs a key's workflow. During a flight every key but `FlyingPreview` does nothing.
-void click(Key key);
-
-/// The hidden prompt for the picture's frustum: a number above 0 makes the context anew.
-void frustumPrompt();
+std::span<const Button> buttons();
 
 /// A colour record as the colour dialog's 24-bit value (red in the low byte), and back.
 std::uint32_t dialogColour(const Point3D& color);
 Point3D colourRecord(std::uint32_t value);
 
-}  // namespace velna::Toolbar
+}  // namespace Toolbar
+
+/// What the toolbar's keys do.
+struct ToolbarCommands {
+    MainForm& main;
+    Solids& solids;
+    Rendering& rendering;
+    Flying& flying;
+    FileCommands& files;
+    PrintCommand& print;
+    Preferences& preferences;
+    Quit& quit;
+    const ShellPorts& ports;
+
+    /// Runs a key's workflow. During a flight every key but `FlyingPreview` does nothing.
+    void click(Toolbar::Key key);
+
+    /// The hidden prompt for the picture's frustum: a number above 0 makes the context anew.
+    void frustumPrompt();
+
+    /// What the colour dialog was left with.
+    std::uint32_t dialogValue = 0;
+};
+
+}  // namespace velna

@@ -28,8 +28,7 @@ MAY_INCLUDE = {
 STANDARD = re.compile(r"^[a-z_0-9]+$")
 SYSTEM = {
     "common": {"fcntl.h", "unistd.h", "sys/stat.h", "sys/types.h"},  # a file put in place whole, and synced
-    "persistence": {"unistd.h", "sys/stat.h"},
-    "preview": {"GL/gl.h", "GL/glu.h", "sys/stat.h"},  # which file a picture's path names
+    "preview": {"GL/gl.h", "sys/stat.h"},  # which file a picture's path names
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)')
 # The part of preview that the core links, so it may not draw.

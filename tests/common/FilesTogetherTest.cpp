@@ -125,14 +125,14 @@ TEST_F(FilesTogether, WithoutSecondNamesACopyIsPutBack) {
     };
     fileCalls.rename = [](const char* from, const char* to) {
         errno = EIO;
-        return titleOf(to) == "main" ? -1 : std::rename(from, to);
+        return titleOf(to) == "main" ? -1 : FileCalls{}.rename(from, to);
     };
     EXPECT_EQ(replaceAll(), "Input/output error");
     EXPECT_EQ(bytesOf(folder / "one"), "old one");
     EXPECT_EQ(fs::status(folder / "one").permissions(), fs::perms{0640});
     EXPECT_FALSE(fs::exists(folder / "two"));
     EXPECT_EQ(fs::read_symlink(folder / "three"), "elsewhere");
-    fileCalls.rename = std::rename;
+    fileCalls.rename = FileCalls{}.rename;
     EXPECT_EQ(replaceAll(), "");
     fileCalls = {};
     EXPECT_EQ(files(), newFiles);

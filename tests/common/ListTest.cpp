@@ -5,79 +5,89 @@
 namespace velna {
 namespace {
 
-/// Makes whole numbers and counts them.
-struct Maker {
+/// A number that counts its copies.
+struct Counted {
     int value;
     int* made;
 
-    std::unique_ptr<int> operator()() const {
-        ++*made;
-        return std::make_unique<int>(value);
+    Counted(int number, int* copies) : value(number), made(copies) {}
+    Counted(const Counted& other) : value(other.value), made(other.made) { ++*made; }
+    Counted& operator=(const Counted&) = default;
+    friend bool operator==(const Counted& one, const Counted& other) {
+        return one.value == other.value;
     }
 };
 
-TEST(OwnedList, MakesAPromisedEntryWhenItIsFirstAskedFor) {
+TEST(OwnedList, MakesAPromisedEntryWhenItIsFirstAskedForToBeChanged) {
     int made = 0;
-    OwnedList<int> list;
-    list.fill(32767, Maker{7, &made});
+    OwnedList<Counted> list;
+    list.fill(32767, Counted(7, &made));
+    const int forThePattern = made;
     EXPECT_EQ(list.size(), 32767);
-    EXPECT_EQ(made, 0);
-    EXPECT_EQ(list(32767), 7);
-    EXPECT_EQ(list(32767), 7);
-    EXPECT_EQ(made, 1);
+    EXPECT_EQ(list(32767).value, 7);
+    EXPECT_EQ(list(32767).value, 7);
+    EXPECT_EQ(made, forThePattern + 1);
+}
+
+TEST(OwnedList, WhoOnlyLooksMakesNoEntry) {
+    int made = 0;
+    OwnedList<Counted> list;
+    list.fill(32767, Counted(7, &made));
+    const int forThePattern = made;
+    const auto& looked = list;
+    for (int i = 1; i <= looked.size(); ++i) EXPECT_EQ(looked(i).value, 7);
+    int visited = 0;
+    looked.forEachDistinct(32767, [&](const Counted&) { ++visited; });
+    EXPECT_EQ(visited, 1);
+    EXPECT_EQ(made, forThePattern);
+    EXPECT_TRUE(looked.promised(32767));
 }
 
 TEST(OwnedList, KeepsEntriesAndFillsUpWhenItGrows) {
-    int made = 0;
     OwnedList<int> list;
-    list.fill(2, Maker{1, &made});
+    list.fill(2, 1);
     list(1) = 5;
-    list.resize(4, Maker{9, &made});
+    list.resize(4, 9);
     EXPECT_EQ(list(1), 5);
+    EXPECT_EQ(list(2), 1);
     EXPECT_EQ(list(4), 9);
 }
 
-TEST(OwnedList, APromisedEntryBelongsToTheMakerThatPromisedIt) {
+TEST(OwnedList, APromisedEntryBelongsToThePatternThatPromisedIt) {
     for (const int size : {2, 3, 5}) {
-        int made = 0;
         OwnedList<int> list;
-        list.fill(3, Maker{1, &made});
-        list.resize(size, Maker{9, &made});
+        list.fill(3, 1);
+        list.resize(size, 9);
         EXPECT_EQ(list(2), 1) << size;
     }
 }
 
 TEST(OwnedList, AnEntryPutInASlotReplacesWhatWasThere) {
-    int made = 0;
     OwnedList<int> list;
-    list.fill(2, Maker{1, &made});
-    list.put(2, std::make_unique<int>(3));
+    list.fill(2, 1);
+    list.put(2, 3);
     EXPECT_EQ(list(2), 3);
-    EXPECT_EQ(made, 0);
+    EXPECT_TRUE(list.promised(1));
 }
 
 TEST(OwnedList, OneObjectStandsForAllThatIsOnlyPromised) {
-    int made = 0;
     OwnedList<int> list;
-    list.fill(32767, Maker{7, &made});
+    list.fill(32767, 7);
     list(2) = 5;
     EXPECT_EQ(list.alike(1), 7);
     EXPECT_EQ(&list.alike(1), &list.alike(32767));
     EXPECT_EQ(list.alike(2), 5);
-    EXPECT_EQ(made, 2);
     std::vector<int> seen;
     list.forEachDistinct(32767, [&](int entry) { seen.push_back(entry); });
     EXPECT_EQ(seen, (std::vector<int>{7, 5}));
-    EXPECT_EQ(made, 2);
     // What is done to it reaches no entry.
     list.alike(3) = 1;
     EXPECT_EQ(list(3), 7);
 }
 
 TEST(OwnedList, DistinctEntriesAreThoseThatAreWanted) {
-    int made = 0;
     OwnedList<int> list;
-    list.fill(6, Maker{7, &made});
+    list.fill(6, 7);
     list(1) = 1;
     list(5) = 5;
     std::vector<int> places;
@@ -97,15 +107,57 @@ TEST(OwnedList, DistinctEntriesAreThoseThatAreWanted) {
 }
 
 TEST(OwnedList, ANewPromiseHasAnotherObjectToStandForIt) {
-    int made = 0;
     OwnedList<int> list;
-    list.fill(3, Maker{7, &made});
+    list.fill(3, 7);
     EXPECT_EQ(list.alike(2), 7);
-    list.fill(3, Maker{8, &made});
+    list.fill(3, 8);
     EXPECT_EQ(list.alike(2), 8);
-    list.resize(5, Maker{9, &made});
+    list.resize(5, 9);
     EXPECT_EQ(list.alike(2), 8);
     EXPECT_EQ(list.alike(5), 9);
+}
+
+TEST(OwnedList, ACopyIsWholeAndStandsByItself) {
+    OwnedList<int> list;
+    list.fill(4, 7);
+    list(2) = 5;
+    OwnedList<int> copy = list;
+    EXPECT_EQ(copy, list);
+    EXPECT_TRUE(copy.promised(4)) << "what is promised stays promised";
+    copy(4) = 1;
+    EXPECT_NE(copy, list);
+    EXPECT_EQ(list(4), 7);
+    list(2) = 6;
+    EXPECT_EQ(copy(2), 5);
+    copy = list;
+    EXPECT_EQ(copy, list);
+}
+
+TEST(OwnedList, ListsAreEqualByTheirEntriesHoweverTheyCameToThem) {
+    OwnedList<int> promised;
+    promised.fill(3, 7);
+    OwnedList<int> made;
+    made.fill(3, 1);
+    for (int i = 1; i <= 3; ++i) made(i) = 7;
+    EXPECT_EQ(promised, made);
+    made(3) = 8;
+    EXPECT_NE(promised, made);
+    OwnedList<int> shorter;
+    shorter.fill(2, 7);
+    EXPECT_NE(promised, shorter);
+}
+
+TEST(NumberedList, AnObjectStaysWhereItIsWhenMoreAreAskedFor) {
+    NumberedList<int> list;
+    int& first = list(1);
+    first = 5;
+    list(1000) = 1;
+    EXPECT_EQ(&first, &list(1));
+    EXPECT_EQ(list.size(), 1000);
+    list.renew(1);
+    EXPECT_EQ(first, 0);
+    list.clear();
+    EXPECT_EQ(list.size(), 0);
 }
 
 }  // namespace

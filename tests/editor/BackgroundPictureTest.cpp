@@ -126,12 +126,12 @@ TEST_F(BackgroundPictures, ClearDrawsTheModelAgainAndUnlocks) {
 TEST_F(BackgroundPictures, LockKeepsTheScaleSoThatThePictureStaysAligned) {
     load("top.bmp", {100, 100});
     Main.menuClicked(Control::LockZoom);
-    const double zoom = Main.zoom;
+    const double zoom = Main.view.zoom;
     test::type(Control::SpanText, "5000");
-    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_EQ(Main.view.zoom, zoom);
     Main.menuClicked(Control::LockZoom);
     test::type(Control::SpanText, "5000");
-    EXPECT_LT(Main.zoom, zoom);
+    EXPECT_LT(Main.view.zoom, zoom);
 }
 
 TEST_F(BackgroundPictures, PressPaintsThePictureEvenOverNothing) {
@@ -141,7 +141,7 @@ TEST_F(BackgroundPictures, PressPaintsThePictureEvenOverNothing) {
     drag(Main).press(20, 20);
     ASSERT_EQ(area.calls.size(), 2U);
     EXPECT_EQ(area.calls[1].kind, SurfaceCall::Kind::Picture);
-    EXPECT_TRUE(Main.firstPictureRefresh);
+    EXPECT_TRUE(Main.view.firstPictureRefresh);
 }
 
 TEST_F(BackgroundPictures, AltDragMovesThePictureAndNotTheModel) {
@@ -155,8 +155,8 @@ TEST_F(BackgroundPictures, AltDragMovesThePictureAndNotTheModel) {
     EXPECT_EQ(Wings(1).span, 700);
     EXPECT_EQ(area.mode, DrawMode::Copy);
     gesture.release();
-    EXPECT_FALSE(Main.altkey);
-    EXPECT_EQ(Main.cursor, CursorShape::FourWay) << "until the next move";
+    EXPECT_FALSE(Main.pointer.altkey);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::FourWay) << "until the next move";
 }
 
 TEST_F(BackgroundPictures, MoveEntryDoesAsTheAltKey) {
@@ -167,7 +167,7 @@ TEST_F(BackgroundPictures, MoveEntryDoesAsTheAltKey) {
 }
 
 TEST_F(BackgroundPictures, AltWithoutAPictureLeavesTheDragToTheModel) {
-    Main.altkey = true;
+    Main.pointer.altkey = true;
     drag(Main).press(866, 170);
     EXPECT_NE(Main.views.wings(1).grip.paint, WingPart::none);
 }
@@ -190,9 +190,9 @@ TEST_F(BackgroundPictures, DragOverAPictureErasesNothingOnceAndThenInverts) {
 TEST_F(BackgroundPictures, AClickWithoutAMoveLeavesTheNextDragItsErasing) {
     load("top.bmp", {100, 100});
     drag(Main).press(20, 20);
-    ASSERT_TRUE(Main.firstPictureRefresh);
+    ASSERT_TRUE(Main.view.firstPictureRefresh);
     Main.DrawArea_MouseUp(1, 0, 20, 20);
-    EXPECT_FALSE(Main.firstPictureRefresh);
+    EXPECT_FALSE(Main.view.firstPictureRefresh);
     Main.menuClicked(Control::ClearBitmap);
     area.calls.clear();
     drag(Main).hover(866, 170);

@@ -16,23 +16,23 @@ protected:
     /// One pixel a unit; section 2 of the default fuselage is a bar at x 250 from y 190 to 290.
     void enterSide() {
         Main.setChecked(Control::LockZoom, true);
-        Main.zoom = 1;
-        Main.xoff = 50;
-        Main.yoff = 300;
+        Main.view.zoom = 1;
+        Main.view.xoff = 50;
+        Main.view.yoff = 300;
         Main.initSideView();
         bench.forget();
     }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(BrokenGestures, CancelEndsADragInHover) {
     enterSide();
     drag(Main).press(250, 240).move(250, 230);
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     Main.cancelGesture();
     EXPECT_FALSE(Main.anyBusy());
-    EXPECT_FALSE(Main.shiftkey);
+    EXPECT_FALSE(Main.pointer.shiftkey);
     EXPECT_EQ(window.rebuilds, 1);
     drag(Main).move(250, 200);
     EXPECT_EQ(fuselage.elevation(2), 20) << "what was dragged so far stands, and no more moves";
@@ -99,7 +99,7 @@ TEST_F(BrokenGestures, CancelDisarmsAndElseDoesNothing) {
     EXPECT_TRUE(area.calls.empty());
     Main.DrawArea_keydown(17, 2);
     Main.cancelGesture();
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
 }
 
 TEST_F(BrokenGestures, CancelOverAPictureEndsTheInvertingLines) {
@@ -110,7 +110,7 @@ TEST_F(BrokenGestures, CancelOverAPictureEndsTheInvertingLines) {
     ASSERT_EQ(area.mode, DrawMode::Invert);
     Main.cancelGesture();
     EXPECT_EQ(area.mode, DrawMode::Copy);
-    EXPECT_FALSE(Main.firstPictureRefresh);
+    EXPECT_FALSE(Main.view.firstPictureRefresh);
 }
 
 TEST_F(BrokenGestures, ReleaseOutsideTheSurfaceEndsTheDrag) {

@@ -40,16 +40,16 @@ TEST_F(Controls, SilentSliderTouchesNoModel) {
     EXPECT_TRUE(Main.savedProject);
 }
 
-TEST_F(Controls, ResetKeepsThePortsAndForgetsTheRest) {
-    Main.zoom = 3;
-    Main.altkey = true;
+TEST_F(Controls, AFreshFormHasForgottenEverything) {
+    Main.view.zoom = 3;
+    Main.pointer.altkey = true;
     Main.pictures[1].shown = true;
     Main.setEnabled(Control::MoveBitmap, true);
-    Main.reset();
-    EXPECT_EQ(Main.DrawArea, &area);
-    EXPECT_EQ(Main.window, &window);
-    EXPECT_EQ(Main.zoom, 0.2);
-    EXPECT_FALSE(Main.altkey);
+    resetEditor();
+    EXPECT_EQ(Main.DrawArea, nullptr);
+    EXPECT_EQ(Main.window, nullptr);
+    EXPECT_EQ(Main.view.zoom, 0.2);
+    EXPECT_FALSE(Main.pointer.altkey);
     EXPECT_FALSE(Main.pictures[1].shown);
     EXPECT_FALSE(Main.controls[Control::MoveBitmap].enabled);
     EXPECT_EQ(Main.tab(), PanelTab::wing);

@@ -12,10 +12,10 @@ class CursorRules : public test::EditorTest {
 protected:
     /// Puts the form into a state that row `rule` asks for, with nothing else about.
     static void arrange(const CursorRule& rule) {
-        Main.mode = rule.vtop == Ask::Yes ? ViewMode::VTop : ViewMode::Side;
-        Main.shiftkey = rule.shift == Ask::Yes;
-        Main.ctrlkey = rule.block == CursorBlock::CtrlSet;
-        Main.altkey = rule.block == CursorBlock::AltSet;
+        Main.view.mode = rule.vtop == Ask::Yes ? ViewMode::VTop : ViewMode::Side;
+        Main.pointer.shiftkey = rule.shift == Ask::Yes;
+        Main.pointer.ctrlkey = rule.block == CursorBlock::CtrlSet;
+        Main.pointer.altkey = rule.block == CursorBlock::AltSet;
         const int part = rule.parts.empty() ? 1 : rule.parts.front();
         Main.views.wings(1).grip.selected = rule.block == CursorBlock::OverWing;
         Main.views.stabilizer.grip.selected = rule.block == CursorBlock::OverStabilizer;
@@ -33,8 +33,8 @@ TEST_F(CursorRules, EveryRowShowsItsShape) {
         arrange(rule);
         Main.setCursor(CursorShape::Default);
         Main.updateCursor();
-        EXPECT_EQ(Main.cursor, rule.shape);
-        EXPECT_EQ(Main.cursorIcon, rule.icon);
+        EXPECT_EQ(Main.pointer.cursor, rule.shape);
+        EXPECT_EQ(Main.pointer.cursorIcon, rule.icon);
         EXPECT_EQ(window.cursor, rule.shape);
     }
 }
@@ -55,7 +55,7 @@ TEST_F(CursorRules, BothEdgesOfAPanelMoveTheWholeEdge) {
         Main.views.wings(1).grip.selected = true;
         Main.views.wings(1).grip.selected_part = part;
         Main.updateCursor();
-        EXPECT_EQ(Main.cursor, CursorShape::NorthSouth) << part;
+        EXPECT_EQ(Main.pointer.cursor, CursorShape::NorthSouth) << part;
     }
 }
 
@@ -65,35 +65,35 @@ TEST_F(CursorRules, LaterBlocksOverruleEarlierOnes) {
     Main.views.stabilizer.grip.selected = true;
     Main.views.stabilizer.grip.selected_part = WingPart::tipLeading;
     Main.updateCursor();
-    EXPECT_EQ(Main.cursor, CursorShape::Custom);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::Custom);
     Main.views.boxes(1).grip.selected = true;
     Main.updateCursor();
-    EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Main.ctrlkey = true;
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast);
+    Main.pointer.ctrlkey = true;
     Main.updateCursor();
-    EXPECT_EQ(Main.cursor, CursorShape::Cross);
-    Main.altkey = true;
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::Cross);
+    Main.pointer.altkey = true;
     Main.updateCursor();
-    EXPECT_EQ(Main.cursor, CursorShape::FourWay);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::FourWay);
 }
 
 TEST_F(CursorRules, NothingSelectedWithShiftKeepsTheCursor) {
     Main.setCursor(CursorShape::NorthSouth);
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     Main.updateCursor();
-    EXPECT_EQ(Main.cursor, CursorShape::NorthSouth);
-    Main.shiftkey = false;
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::NorthSouth);
+    Main.pointer.shiftkey = false;
     Main.updateCursor();
-    EXPECT_EQ(Main.cursor, CursorShape::Default);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::Default);
 }
 
 TEST_F(CursorRules, HoverCursorRemainsUntilTheNextMoveOrRelease) {
     Main.setCursor(CursorShape::NorthSouth);
     Main.refreshDrawingArea();
     Main.DrawArea_MouseDown(1, 0, 20, 20);
-    EXPECT_EQ(Main.cursor, CursorShape::NorthSouth);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::NorthSouth);
     Main.DrawArea_MouseUp(1, 0, 20, 20);
-    EXPECT_EQ(Main.cursor, CursorShape::Default);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::Default);
 }
 
 }  // namespace

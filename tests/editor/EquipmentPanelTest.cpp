@@ -1,6 +1,5 @@
 #include "model/Equipment.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
 #include "support/EditorBench.h"
 
 namespace velna {
@@ -88,7 +87,7 @@ TEST_F(EquipmentPanel, UnknownKindShowsNoCatalogue) {
 }
 
 TEST_F(EquipmentPanel, CataloguesAreFilledInTheUnitAndTheWindowIsTold) {
-    Prefs.units = inches;
+    project.units = inches;
     Main.fillCatalogues();
     EXPECT_EQ(window.cataloguesFilled.size(), 3U);
     Main.comboClicked(Control::ServosCombo, 7);

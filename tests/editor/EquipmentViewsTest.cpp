@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Equipment.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 #include "support/HandleRows.h"
 #include "support/PartsOnSurface.h"
 
@@ -26,14 +26,14 @@ protected:
     void place() {
         test::preparePress();
         for (int i = 1; i <= nbEquipments; ++i) {
-            test::BoxOnSurface(i).drawSide(Main.zoom, Main.xoff, Main.yoff);
-            test::BoxOnSurface(i).drawHTop(Main.zoom, Main.xoff, Main.yoff);
+            test::BoxOnSurface(i).drawSide(Main.view.zoom, Main.view.xoff, Main.view.yoff);
+            test::BoxOnSurface(i).drawHTop(Main.view.zoom, Main.view.xoff, Main.view.yoff);
         }
         bench.forget();
     }
     static Box& addBox() {
         Plane::increment(nbEquipments);
-        Equipment::resizeEquipments(nbEquipments);
+        Equipment::resizeEquipments(project, nbEquipments);
         return Equipments(nbEquipments);
     }
     static std::vector<Point2D> corners(const Rectangle& outline) {
@@ -96,7 +96,7 @@ TEST_F(EquipmentViews, ADrawingErasesTheOldRectangleAndDrawsTheNew) {
               (std::vector<Point2D>{{800, -70}, {860, -70}, {860, -120}, {800, -120}, {800, -70}}));
     EXPECT_EQ(lines[4].x1, 820);
     bench.forget();
-    Main.firstPictureRefresh = true;
+    Main.view.firstPictureRefresh = true;
     part.drawSide(2, 400, 30);
     part.drawHTop(2, 400, 30);
     EXPECT_EQ(area.lines(white), 0);
@@ -106,7 +106,7 @@ TEST_F(EquipmentViews, ALitBoxIsSelected) {
     const struct {
         bool lit;
         Rgb colour;
-    } rows[] = {{false, black}, {true, highlightColor}};
+    } rows[] = {{false, black}, {true, project.highlightColor}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.lit);
         part.selected = false;
@@ -147,7 +147,8 @@ TEST_F(EquipmentViews, OnlyTheEdgeOfTheSmallerShiftCatchesInHTop) {
 TEST_F(EquipmentViews, HoverLightsAndUnlights) {
     part.selectsSide(830, -70);
     EXPECT_TRUE(part.selected);
-    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, highlightColor)}));
+    EXPECT_EQ(drawnColours(area),
+              joined({repeated(4, white), repeated(4, project.highlightColor)}));
     bench.forget();
     part.selectsSide(830, 0);
     EXPECT_FALSE(part.selected);
@@ -155,7 +156,8 @@ TEST_F(EquipmentViews, HoverLightsAndUnlights) {
     bench.forget();
     part.selectsHTop(830, 35);
     EXPECT_TRUE(part.selected);
-    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, highlightColor)}));
+    EXPECT_EQ(drawnColours(area),
+              joined({repeated(4, white), repeated(4, project.highlightColor)}));
 }
 
 TEST_F(EquipmentViews, AHoverThatMovesAStaleOutlineAwayIsTestedAgain) {
@@ -163,7 +165,7 @@ TEST_F(EquipmentViews, AHoverThatMovesAStaleOutlineAwayIsTestedAgain) {
     // pointer.
     box.pos = 400;
     part.selectsSide(830, -70);
-    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, highlightColor),
+    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, project.highlightColor),
                                           repeated(4, white), repeated(4, black)}));
     EXPECT_FALSE(part.selected);
 }
@@ -172,7 +174,8 @@ TEST_F(EquipmentViews, ADragIsLit) {
     part.paint = 0;
     part.initMouseValSide();
     part.selectsSide(110, 100);
-    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, highlightColor)}));
+    EXPECT_EQ(drawnColours(area),
+              joined({repeated(4, white), repeated(4, project.highlightColor)}));
     EXPECT_EQ(box.pos, 205);
 }
 
@@ -186,7 +189,7 @@ TEST_F(EquipmentViews, AMissedBoxKeepsItsStartValue) {
 
 TEST_F(EquipmentViews, ShiftInHTopLeavesTheElevation) {
     part.paint = 0;
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     part.initMouseValHTop();
     part.selectsHTop(100, 90);
     EXPECT_EQ(box.shift, 10);
@@ -200,7 +203,7 @@ TEST_F(EquipmentViews, TheCurrentBoxHasPriorityOverOneBeneathIt) {
     currentEquipment = 2;
     place();
     Main.views.boxes(3).grip.paint = 0;
-    Main.views.testEquipmentsSide(Main.pointer(830, -70));
+    Main.views.testEquipmentsSide(Main.pointer.at(830, -70));
     EXPECT_EQ(Main.views.boxes(2).grip.paint, 0);
     EXPECT_EQ(Main.views.boxes(1).grip.paint, 1) << "not asked";
     EXPECT_EQ(Main.views.boxes(3).grip.paint, 0) << "keeps what it had";
@@ -215,17 +218,17 @@ TEST_F(EquipmentViews, APressThatMissesTheCurrentBoxTakesAllOthersUnderIt) {
     currentEquipment = 1;
     place();
     const auto x = static_cast<float>(secondPart.view.htopOutline[1].x) + 10;
-    Main.views.testEquipmentsHTop(Main.pointer(x, 35));
+    Main.views.testEquipmentsHTop(Main.pointer.at(x, 35));
     EXPECT_EQ(part.paint, 1);
     EXPECT_EQ(secondPart.paint, 0);
     EXPECT_EQ(thirdPart.paint, 0);
-    Main.views.selectsEquipmentsHTop(Main.canvas(), Main.pointer(110, 100));
+    Main.views.selectsEquipmentsHTop(Main.canvas(), Main.pointer.at(110, 100));
     EXPECT_EQ(box.pos, 200);
     EXPECT_EQ(second.pos, 605);
     EXPECT_EQ(third.pos, 605);
     Main.views.letGoOfBoxes();
-    Main.views.testEquipmentsSide(Main.pointer(x, -70));
-    Main.views.selectsEquipmentsSide(Main.canvas(), Main.pointer(90, 100));
+    Main.views.testEquipmentsSide(Main.pointer.at(x, -70));
+    Main.views.selectsEquipmentsSide(Main.canvas(), Main.pointer.at(90, 100));
     EXPECT_EQ(second.pos, 600);
 }
 
@@ -237,7 +240,7 @@ TEST_F(EquipmentViews, ListDrawingsDrawEveryBoxPlainlyInListOrder) {
     ASSERT_EQ(lines.size(), 16U);
     EXPECT_EQ(lines[4].x1, 800);
     EXPECT_EQ(lines[12].x1, 1000);
-    EXPECT_EQ(area.lines(highlightColor), 0);
+    EXPECT_EQ(area.lines(project.highlightColor), 0);
     bench.forget();
     Main.views.drawEquipmentsHTop(test::canvasAt(2, 400, 30));
     lines = drawnLines(area);

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Fits.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {
@@ -22,12 +21,12 @@ protected:
     double xoff = 11;
     double yoff = 13;
 
-    void vtop() { take(Plane::fitVTop(surface, {zoom, xoff, yoff})); }
-    void front() { take(Plane::fitFront(surface, {zoom, xoff, yoff})); }
+    void vtop() { take(Plane::fitVTop(project, surface, {zoom, xoff, yoff})); }
+    void front() { take(Plane::fitFront(project, surface, {zoom, xoff, yoff})); }
     void side(SideExtent extent = SideExtent::fuselage) {
-        take(Plane::fitSide(surface, {zoom, xoff, yoff}, extent));
+        take(Plane::fitSide(project, surface, {zoom, xoff, yoff}, extent));
     }
-    void htop() { take(Plane::fitHTop(surface, {zoom, xoff, yoff})); }
+    void htop() { take(Plane::fitHTop(project, surface, {zoom, xoff, yoff})); }
 
     void take(const Transform& at) {
         zoom = at.zoom;
@@ -102,7 +101,7 @@ TEST_F(Fits, FrontTakesInBodyTipsAndFin) {
 
 TEST_F(Fits, FrontAsksTheRootOfTheFirstWingOnly) {
     Plane::increment(nbWings);
-    MainWing::addWing();
+    MainWing::addWing(project);
     Wings(2).thickness1 = 20;
     const double widest = 2 * (Wings(2).span + Wings(2).shift);
     front();
@@ -128,10 +127,10 @@ TEST_F(Fits, SideFitsTheCurrentFuselageUnlessTheRudderTabIsOpen) {
     EXPECT_EQ(zoom, 0.95 * (900 / 1330.0)) << "here the chord of a wing's tip counts";
     Main.selectTab(PanelTab::rudder);
     Main.initSideView();
-    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_EQ(Main.view.zoom, zoom);
     Main.selectTab(PanelTab::wing);
     Main.initSideView();
-    EXPECT_EQ(Main.zoom, 0.95 * (900 / 800.0));
+    EXPECT_EQ(Main.view.zoom, 0.95 * (900 / 800.0));
 }
 
 TEST_F(Fits, HTopFitsTheCurrentFuselageAboutItsOwnMiddle) {
@@ -147,7 +146,7 @@ TEST_F(Fits, HTopCentresAHullThatLiesFarToOneSide) {
     body.shift = 400;
     body.sel_sec = 2;
     for (bool focus : {false, true}) {
-        Main.focusZoom = focus;
+        Main.view.focusZoom = focus;
         Main.initHTopView();
         const int section = focus ? 2 : 3;  // the last is the narrowest: it lies in the middle
         const HTopEdges& edges = Main.views.fuselage().htop;
@@ -161,29 +160,29 @@ TEST_F(Fits, FocusFillsNineTenthsOfTheHeightWithTheSelectedSectionOnce) {
     body.sel_sec = 2;
     body.pos_offset = 7;
     body.elevation_offset = 1000;
-    Main.focusZoom = true;
+    Main.view.focusZoom = true;
     Main.initSideView();
-    EXPECT_EQ(Main.zoom, 0.9 * 500 / 100);
-    EXPECT_EQ(Main.xoff, (900 - Main.zoom * 414) / 2);
-    EXPECT_EQ(Main.yoff, (500 + Main.zoom * 120) / 2)
+    EXPECT_EQ(Main.view.zoom, 0.9 * 500 / 100);
+    EXPECT_EQ(Main.view.xoff, (900 - Main.view.zoom * 414) / 2);
+    EXPECT_EQ(Main.view.yoff, (500 + Main.view.zoom * 120) / 2)
         << "the section's own elevation, without the offset";
-    EXPECT_FALSE(Main.focusZoom);
+    EXPECT_FALSE(Main.view.focusZoom);
 
-    Main.focusZoom = true;
+    Main.view.focusZoom = true;
     body.shift = 4;
     Main.initHTopView();
-    EXPECT_EQ(Main.zoom, 0.9 * 500 / 100);
-    EXPECT_EQ(Main.yoff, (500 - Main.zoom * 8) / 2);
-    EXPECT_FALSE(Main.focusZoom);
+    EXPECT_EQ(Main.view.zoom, 0.9 * 500 / 100);
+    EXPECT_EQ(Main.view.yoff, (500 - Main.view.zoom * 8) / 2);
+    EXPECT_FALSE(Main.view.focusZoom);
     Main.initHTopView();
-    EXPECT_EQ(Main.zoom, 0.95 * (900 / 800.0)) << "the next redraw fits the whole again";
+    EXPECT_EQ(Main.view.zoom, 0.95 * (900 / 800.0)) << "the next redraw fits the whole again";
 }
 
 TEST_F(Fits, FocusWaitsInVTopAndFront) {
-    Main.focusZoom = true;
+    Main.view.focusZoom = true;
     Main.initVTopView();
     Main.initFrontView();
-    EXPECT_TRUE(Main.focusZoom);
+    EXPECT_TRUE(Main.view.focusZoom);
 }
 
 TEST_F(Fits, AnEmptyExtentFailsTheZoomAndTheOffsetsFollowTheOldOne) {
@@ -203,19 +202,19 @@ TEST_F(Fits, AnEmptyExtentFailsTheZoomAndTheOffsetsFollowTheOldOne) {
 
     body.sel_sec = 2;
     body.height(2) = 0;
-    take(Plane::focusSide(surface, {zoom, xoff, yoff}));
+    take(Plane::focusSide(project, surface, {zoom, xoff, yoff}));
     EXPECT_EQ(zoom, 7);
     EXPECT_EQ(xoff, (900 - 7 * 200.0) / 2);
-    Main.focusZoom = true;
+    Main.view.focusZoom = true;
     Main.initSideView();
-    EXPECT_FALSE(Main.focusZoom) << "a focus that fails is over, too";
+    EXPECT_FALSE(Main.view.focusZoom) << "a focus that fails is over, too";
 }
 
 TEST_F(Fits, ARedrawWithAnEmptyExtentShowsAFifth) {
     for (int k = 1; k <= 3; ++k) body.pos(k) = 100;
     Main.initSideView();
-    EXPECT_EQ(Main.zoom, 0.2);
-    EXPECT_EQ(Main.xoff, (900 - 0.2 * 200) / 2);
+    EXPECT_EQ(Main.view.zoom, 0.2);
+    EXPECT_EQ(Main.view.xoff, (900 - 0.2 * 200) / 2);
 }
 
 TEST_F(Fits, WhatReachesPastAHundredThousandIsFittedAsIfItEndedThere) {
@@ -223,7 +222,7 @@ TEST_F(Fits, WhatReachesPastAHundredThousandIsFittedAsIfItEndedThere) {
     Rudder.span = 0;
     body.elevation(1) = -300000;
     front();
-    EXPECT_EQ(zoom, 0.95 * (500 / (Fuselage::current().maxElevationPoint() + 400000)))
+    EXPECT_EQ(zoom, 0.95 * (500 / (Fuselage::current(project).maxElevationPoint() + 400000)))
         << "below there is no such end";
     for (int k = 1; k <= 3; ++k) body.pos(k) += 300000;
     Wings(1).pos1 = Stabilizer.pos1 = 250000;
@@ -252,8 +251,8 @@ TEST_F(Fits, UntickedEmptyAndOtherFuselages) {
     vtop();
     EXPECT_EQ(zoom, 0.95 * (500 / 1000.0)) << "the current one counts all the same";
     Plane::increment(nbFuselages);
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
     Fuselages(2).pos(3) = 5000;
     vtop();
     EXPECT_EQ(zoom, 0.95 * (500 / 1000.0)) << "another one never does";
@@ -282,9 +281,9 @@ TEST_F(Fits, NumbersBeyondAllMeasureLeaveAFiniteTransform) {
         }
         htop();
         expectFinite();
-        take(Plane::focusSide(surface, {zoom, xoff, yoff}));
+        take(Plane::focusSide(project, surface, {zoom, xoff, yoff}));
         expectFinite();
-        take(Plane::focusHTop(surface, {zoom, xoff, yoff}));
+        take(Plane::focusHTop(project, surface, {zoom, xoff, yoff}));
         expectFinite();
     }
 }

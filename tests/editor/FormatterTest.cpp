@@ -1,8 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
-#include "model/Prefs.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {
@@ -19,7 +18,7 @@ TEST_F(Formatter, MillimetresAreTheFloorWithoutDecimals) {
 }
 
 TEST_F(Formatter, InchesHaveTwoDecimalsAndNoLeadingZero) {
-    Prefs.units = inches;
+    project.units = inches;
     const struct {
         double value;
         const char* text;
@@ -38,7 +37,7 @@ TEST_F(Formatter, InchesHaveTwoDecimalsAndNoLeadingZero) {
 }
 
 TEST_F(Formatter, HalvesOfAHundredthGoAwayFromZero) {
-    Prefs.units = inches;
+    project.units = inches;
     EXPECT_EQ(Main.Formatter(0.125), ".13");
     EXPECT_EQ(Main.Formatter(-0.125), "-.13");
     EXPECT_EQ(Main.Formatter(1.005), "1.01") << "a half to the reader, though not quite in binary";
@@ -47,7 +46,7 @@ TEST_F(Formatter, HalvesOfAHundredthGoAwayFromZero) {
 }
 
 TEST_F(Formatter, WhatRoundsToNothingHasNoSign) {
-    Prefs.units = inches;
+    project.units = inches;
     EXPECT_EQ(Main.Formatter(-0.001), ".00");
     EXPECT_EQ(Main.Formatter(-0.0049), ".00");
     EXPECT_EQ(Main.Formatter(-0.005), "-.01");
@@ -56,7 +55,7 @@ TEST_F(Formatter, WhatRoundsToNothingHasNoSign) {
 
 TEST_F(Formatter, EveryNumberHasAText) {
     for (int unit : {millimetres, inches}) {
-        Prefs.units = unit;
+        project.units = unit;
         for (double value : {1e308, -1e308, 1e15, -1e15, 1e13, 9.999999999e12, 5e-324})
             EXPECT_FALSE(Main.Formatter(value).empty()) << value;
     }

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Fuselage.h"
 #include "support/BodyOnSurface.h"
 #include "support/DrawnLines.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {
@@ -67,7 +67,7 @@ protected:
         for (Values array : all)
             for (int k = 1; k <= 3; ++k) (body.*array)(k) = (body.*array)(k)*1.1 + 0.1;
         place();
-        Main.shiftkey = row.shift;
+        Main.pointer.shiftkey = row.shift;
         body.sel_sec = 2;
         part.paint = row.part;
         const auto before = values();
@@ -102,7 +102,7 @@ TEST_F(FuselageHandles, HTopDragsChangeTheSelectedSectionAndComeBack) {
 }
 
 TEST_F(FuselageHandles, ADragLightsWhatItsRowNames) {
-    const auto h = highlightColor;
+    const auto h = project.highlightColor;
     const auto b = black;
     const struct {
         int part;
@@ -121,7 +121,7 @@ TEST_F(FuselageHandles, ADragLightsWhatItsRowNames) {
     for (int grabbed : {5, 6, 0}) {
         place();
         part.paint = grabbed;
-        Main.shiftkey = true;
+        Main.pointer.shiftkey = true;
         part.initMouseValHTop();
         part.selectsHTop(101, 101);
         const auto edge = grabbed == 0 ? b : h;
@@ -139,14 +139,14 @@ TEST_F(FuselageHandles, StartValuesAreTheTablesOwn) {
     } rows[] = {{0, true, 200}, {0, false, 10}, {1, false, 100}, {2, false, 10}, {3, false, 200}};
     for (const auto& row : rows) {
         part.paint = row.part;
-        Main.shiftkey = row.shift;
+        Main.pointer.shiftkey = row.shift;
         part.initMouseValSide();
         EXPECT_EQ(part.initval, row.initval) << row.part;
     }
     part.paint = 2;
     part.initMouseValSide();
     EXPECT_EQ(part.initval2, 110) << "the top line that is held";
-    Main.shiftkey = false;
+    Main.pointer.shiftkey = false;
     for (int grabbed : {5, 6}) {
         part.paint = grabbed;
         part.initMouseValHTop();
@@ -164,10 +164,10 @@ TEST_F(FuselageHandles, ABarGrabbedFromAboveMovesOnceShiftIsPressed) {
     part.selectsHTop(120, 100);
     EXPECT_EQ(body.pos(2), 200);
     EXPECT_TRUE(area.calls.empty());
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     part.selectsHTop(120, 100);
     EXPECT_EQ(body.pos(2), 210);
-    Main.shiftkey = false;
+    Main.pointer.shiftkey = false;
     part.selectsHTop(140, 100);
     EXPECT_EQ(body.pos(2), 210) << "and stays where it is once Shift is let go";
 }
@@ -194,7 +194,7 @@ TEST_F(FuselageHandles, VTopMovesTheWholeFuselageSidewaysOrWithShiftAlong) {
     EXPECT_EQ(body.pos_offset, 0.7);
     part.selectsVTop(100, 100);
     EXPECT_EQ(body.shift, 0.1);
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     part.initMouseValVTop();
     bench.forget();
     part.selectsVTop(106, 110);
@@ -244,7 +244,7 @@ TEST_F(FuselageHandles, SideHitsTheBarThenItsEndsAndTheHighestSectionWins) {
 TEST_F(FuselageHandles, AGapAnswersOnlyWithCtrlAndBetweenItsBars) {
     EXPECT_EQ(part.testPositionSide(600, 0), 4);
     EXPECT_EQ(body.sel_sec, 1);
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     EXPECT_EQ(part.testPositionSide(600, 0), 3);
     EXPECT_EQ(body.sel_sec, 2) << "the section behind the gap";
     EXPECT_EQ(part.testPositionSide(1999, -100), 4)
@@ -276,12 +276,12 @@ TEST_F(FuselageHandles, HTopBarsReachUpToTheNegativeOfThePlusEdge) {
         EXPECT_EQ(part.testPositionHTop(row.x, row.y), row.part) << row.x << " " << row.y;
         EXPECT_EQ(body.sel_sec, row.section) << row.x << " " << row.y;
     }
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     EXPECT_EQ(part.testPositionHTop(600, 100), 3);
     EXPECT_EQ(body.sel_sec, 2);
     EXPECT_EQ(part.testPositionHTop(600, 130), 4);
     EXPECT_EQ(part.testPositionHTop(600, -70), 4) << "a gap does end at the minus edge";
-    Main.ctrlkey = false;
+    Main.pointer.ctrlkey = false;
     EXPECT_EQ(part.testPositionHTop(600, 100), 4);
 }
 
@@ -305,13 +305,13 @@ TEST_F(FuselageHandles, SideHoverLightsBarsAndEndsOnly) {
                 {800, 10, 2, true},
                 {600, 0, 3, false},
                 {0, 0, 4, false}};
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     for (const auto& row : rows) {
         bench.forget();
         part.selectsSide(row.x, row.y);
         EXPECT_EQ(part.selected_part, row.part);
         EXPECT_EQ(part.selected, row.selected);
-        EXPECT_EQ(area.lines(highlightColor) > 0, row.selected);
+        EXPECT_EQ(area.lines(project.highlightColor) > 0, row.selected);
         EXPECT_EQ(area.calls.size(), 14U);
     }
 }
@@ -321,7 +321,7 @@ TEST_F(FuselageHandles, AHoverSelectsTheSection) {
     EXPECT_EQ(body.sel_sec, 2);
     part.selectsSide(0, 0);
     EXPECT_EQ(body.sel_sec, 2) << "and keeps it";
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     part.selectsSide(1500, -30);
     EXPECT_EQ(body.sel_sec, 3) << "a gap with Ctrl does too";
 }
@@ -330,11 +330,11 @@ TEST_F(FuselageHandles, HTopHoverDrawsTwiceWhenItsHighlightGoes) {
     part.selectsHTop(800, 130);
     EXPECT_EQ(part.selected_part, 5);
     EXPECT_TRUE(part.selected);
-    EXPECT_EQ(area.lines(highlightColor), 3);
+    EXPECT_EQ(area.lines(project.highlightColor), 3);
     bench.forget();
     part.selectsHTop(800, -70);
     EXPECT_EQ(part.selected_part, 6);
-    EXPECT_EQ(area.lines(highlightColor), 3);
+    EXPECT_EQ(area.lines(project.highlightColor), 3);
     bench.forget();
     part.selectsHTop(0, 3000);
     EXPECT_EQ(area.calls.size(), 28U);
@@ -342,13 +342,13 @@ TEST_F(FuselageHandles, HTopHoverDrawsTwiceWhenItsHighlightGoes) {
     bench.forget();
     part.selectsHTop(0, 3001);
     EXPECT_EQ(area.calls.size(), 14U);
-    EXPECT_EQ(area.lines(highlightColor), 0);
+    EXPECT_EQ(area.lines(project.highlightColor), 0);
 }
 
 TEST_F(FuselageHandles, AHoverOverAGapFromAboveLeavesThePicture) {
     part.selectsHTop(800, 130);
     bench.forget();
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     part.selectsHTop(600, 0);
     EXPECT_EQ(part.selected_part, 3);
     EXPECT_TRUE(part.selected);
@@ -358,7 +358,7 @@ TEST_F(FuselageHandles, AHoverOverAGapFromAboveLeavesThePicture) {
 TEST_F(FuselageHandles, VTopHoverLightsAndUnlightsWithoutErasing) {
     part.selectsVTop(400, 30);
     EXPECT_TRUE(part.selected);
-    EXPECT_EQ(drawnColours(area), repeated(6, highlightColor));
+    EXPECT_EQ(drawnColours(area), repeated(6, project.highlightColor));
     bench.forget();
     part.selectsVTop(0, 0);
     EXPECT_FALSE(part.selected);

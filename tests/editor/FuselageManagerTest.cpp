@@ -1,5 +1,6 @@
+#include <vector>
+
 #include "model/Fuselage.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "support/Drag.h"
 #include "support/EditorBench.h"
@@ -14,18 +15,15 @@ protected:
         Main.savedProject = true;
         bench.forget();
     }
-    static void select(std::initializer_list<int> rows) {
-        for (FuselageRow& row : ObjectList.rows) row.selected = false;
-        for (int i : rows) ObjectList.rows.at(static_cast<std::size_t>(i) - 1).selected = true;
-    }
+    static void show(const std::vector<int>& rows) { Main.showCommand(rows); }
+    static void hide(const std::vector<int>& rows) { Main.hideCommand(rows); }
     static const FuselageRow& row(int i) {
         return ObjectList.rows.at(static_cast<std::size_t>(i) - 1);
     }
 };
 
 TEST_F(FuselageManager, HideAndShowActOnTheSelectedRowsAndRender) {
-    select({1, 3});
-    Main.hideCommand();
+    hide({1, 3});
     EXPECT_FALSE(ObjectList.shown(1));
     EXPECT_TRUE(ObjectList.shown(2));
     EXPECT_FALSE(ObjectList.shown(3));
@@ -34,25 +32,21 @@ TEST_F(FuselageManager, HideAndShowActOnTheSelectedRowsAndRender) {
     EXPECT_EQ(window.listChanges, 1);
     EXPECT_FALSE(Main.savedProject) << "what is shown is part of the project";
     EXPECT_TRUE(area.calls.empty()) << "the views follow when the manager closes";
-    select({3});
-    Main.showCommand();
+    show({3});
     EXPECT_TRUE(ObjectList.shown(3));
     EXPECT_FALSE(ObjectList.shown(1));
     EXPECT_EQ(row(3).status, "Shown");
 }
 
 TEST_F(FuselageManager, ShowAllTicksEveryRow) {
-    select({1, 2});
-    Main.hideCommand();
-    select({});
+    hide({1, 2});
     Main.showAll();
     for (int i = 1; i <= 3; ++i) EXPECT_TRUE(ObjectList.shown(i));
     EXPECT_EQ(window.rebuilds, 2);
 }
 
 TEST_F(FuselageManager, HidingNothingIsNoChangeAndRendersAllTheSame) {
-    select({});
-    Main.hideCommand();
+    hide({});
     EXPECT_TRUE(Main.savedProject);
     EXPECT_EQ(window.rebuilds, 1);
 }
@@ -87,8 +81,7 @@ TEST_F(FuselageManager, CloseWithoutARowKeepsTheCurrentOne) {
 
 TEST_F(FuselageManager, HiddenCurrentFuselageIsStillEditedInThePanel) {
     Main.closeManager(1);
-    select({1, 2, 3});
-    Main.hideCommand();
+    hide({1, 2, 3});
     Main.initSideView();
     EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
     test::type(Control::WidthFuselageText, "66");
@@ -99,18 +92,17 @@ TEST_F(FuselageManager, FitsCountTheHiddenCurrentFuselageAndNeverTheOthers) {
     Main.closeManager(1);
     Main.selectTab(PanelTab::fuselage);
     Main.initSideView();
-    const double zoom = Main.zoom;
+    const double zoom = Main.view.zoom;
     Fuselages(2).pos(3) = 5000;
     Main.initSideView();
-    EXPECT_EQ(Main.zoom, zoom);
-    select({1});
-    Main.hideCommand();
+    EXPECT_EQ(Main.view.zoom, zoom);
+    hide({1});
     Main.initSideView();
-    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_EQ(Main.view.zoom, zoom);
     Fuselages(1).nb_cross = 0;
     Fuselages(1).pos(3) = 1600;
     Main.initSideView();
-    EXPECT_LT(Main.zoom, zoom);
+    EXPECT_LT(Main.view.zoom, zoom);
 }
 
 TEST_F(FuselageManager, RowsNameTheFuselageInThreeDigits) {
@@ -121,12 +113,12 @@ TEST_F(FuselageManager, RowsNameTheFuselageInThreeDigits) {
 
 TEST_F(FuselageManager, PastNineHundredNinetyNineRowsShowFourDigits) {
     nbFuselages = 1000;
-    Fuselage::resizeFuselages();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    ObjectList.update(Fuselages, nbFuselages);
     EXPECT_EQ(row(1000).text, "Fuselage 1000");
     nbFuselages = 3;
-    Fuselage::resizeFuselages();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    ObjectList.update(Fuselages, nbFuselages);
     EXPECT_EQ(ObjectList.rows.size(), 3U);
 }
 

@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Fuselage.h"
-#include "model/ObjectList.h"
 #include "support/BodyOnSurface.h"
 #include "support/DrawnLines.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {
@@ -37,7 +36,7 @@ TEST_F(FuselageViews, SideStandsWhereTheTransformPutsIt) {
 
 TEST_F(FuselageViews, SideLightsTheLineOrTheBarThatItsStateNames) {
     using enum FuselageLook;
-    const auto h = highlightColor;
+    const auto h = project.highlightColor;
     const auto b = black;
     const struct {
         int selected1;
@@ -61,7 +60,7 @@ TEST_F(FuselageViews, SideLightsTheLineOrTheBarThatItsStateNames) {
 
 TEST_F(FuselageViews, AFuselageThatIsNotCurrentIsDimAndNotErasedInSide) {
     part.drawSide(2, 400, 30, 2, FuselageLook::other);
-    EXPECT_EQ(drawnColours(area), repeated(7, dimColor));
+    EXPECT_EQ(drawnColours(area), repeated(7, project.dimColor));
 }
 
 TEST_F(FuselageViews, HTopStandsWhereTheTransformPutsIt) {
@@ -80,16 +79,16 @@ TEST_F(FuselageViews, HTopStandsWhereTheTransformPutsIt) {
 
 TEST_F(FuselageViews, HTopLightsThePlusEdgeOnlyAndDimsOthers) {
     using enum FuselageLook;
-    const auto h = highlightColor;
+    const auto h = project.highlightColor;
     const auto b = black;
     const struct {
         int selected1;
         FuselageLook which;
         std::vector<Rgb> colours;  // plus edge 2, minus edge 2, bars 3
     } rows[] = {
-        {2, bar, {b, b, b, b, b, h, b}},      {2, plusEdge, {h, h, b, b, b, h, b}},
-        {1, plusEdge, {h, b, b, b, h, b, b}}, {2, plain, {b, b, b, b, b, h, b}},
-        {2, other, repeated(7, dimColor)},
+        {2, bar, {b, b, b, b, b, h, b}},           {2, plusEdge, {h, h, b, b, b, h, b}},
+        {1, plusEdge, {h, b, b, b, h, b, b}},      {2, plain, {b, b, b, b, b, h, b}},
+        {2, other, repeated(7, project.dimColor)},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(::testing::Message() << row.selected1 << ", " << static_cast<int>(row.which));
@@ -101,7 +100,7 @@ TEST_F(FuselageViews, HTopLightsThePlusEdgeOnlyAndDimsOthers) {
 }
 
 TEST_F(FuselageViews, OverAPictureJustPaintedNothingIsErased) {
-    Main.firstPictureRefresh = true;
+    Main.view.firstPictureRefresh = true;
     part.drawSide(2, 400, 30, -1, FuselageLook::bar);
     part.drawHTop(2, 400, 30, -1, FuselageLook::bar);
     part.drawVTop(FuselageLook::erased);
@@ -118,9 +117,9 @@ TEST_F(FuselageViews, VTopGoesDownThePlusSideAndBackUpTheMinusSide) {
     const struct {
         FuselageLook which;
         Rgb colour;
-    } rows[] = {{FuselageLook::bar, highlightColor},
+    } rows[] = {{FuselageLook::bar, project.highlightColor},
                 {FuselageLook::plain, black},
-                {FuselageLook::other, dimColor},
+                {FuselageLook::other, project.dimColor},
                 {FuselageLook::erased, white},
                 {FuselageLook::plusEdge, black}};
     for (const auto& row : rows) {
@@ -140,7 +139,7 @@ TEST_F(FuselageViews, ATwinShowsItsMirrorImageInVTopAndFront) {
     bench.forget();
     part.computeFrontPoints(2, 400, 30);
     part.drawFront(2, 400, 30);
-    ASSERT_EQ(drawnColours(area), repeated(16, dimColor));
+    ASSERT_EQ(drawnColours(area), repeated(16, project.dimColor));
     for (std::size_t i = 0; i < 8; ++i)
         EXPECT_EQ(drawnLines(area)[i].x1 + drawnLines(area)[i + 8].x1, 800);
     body.shift = 0;
@@ -223,11 +222,11 @@ protected:
     void SetUp() override {
         for (int i = 2; i <= 3; ++i) {
             Plane::increment(nbFuselages);
-            Fuselage::resizeFuselages();
-            Fuselage::addFuselage();
+            Fuselage::resizeFuselages(project);
+            Fuselage::addFuselage(project);
             Fuselages(i).pos(1) = 1000 * i;
         }
-        ObjectList.update();
+        ObjectList.update(Fuselages, nbFuselages);
         currentFuselage = 2;
         test::preparePress();
         for (int i = 1; i <= 3; ++i) {
@@ -248,26 +247,28 @@ protected:
 
 TEST_F(FuselageList, TheCurrentOneIsDrawnLastOnTopOfTheOthers) {
     Main.views.drawFuselagesSide(test::canvasAt(2, 400, 30), 1, FuselageLook::bar);
-    EXPECT_EQ(figures(7), (std::vector<Rgb>{dimColor, dimColor, white, black}));
+    EXPECT_EQ(figures(7), (std::vector<Rgb>{project.dimColor, project.dimColor, white, black}));
     const auto lines = drawnLines(area);
     EXPECT_EQ(lines[0].x1, 400);
     EXPECT_EQ(lines[7].x1, 6400) << "the third";
     EXPECT_EQ(lines[14].x1, 4400) << "then the current, which alone has the given state";
-    EXPECT_EQ(area.lines(highlightColor), 1);
+    EXPECT_EQ(area.lines(project.highlightColor), 1);
     bench.forget();
     Main.views.drawFuselagesHTop(test::canvasAt(2, 400, 30), 1, FuselageLook::plusEdge);
-    EXPECT_EQ(figures(7),
-              (std::vector<Rgb>{white, dimColor, white, dimColor, white, highlightColor}));
+    EXPECT_EQ(figures(7), (std::vector<Rgb>{white, project.dimColor, white, project.dimColor, white,
+                                            project.highlightColor}));
 }
 
 TEST_F(FuselageList, AnUnselectedCurrentFuselageIsDrawnTwiceInVTop) {
     Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::plain);
-    EXPECT_EQ(figures(6), (std::vector<Rgb>{dimColor, dimColor, dimColor, black}));
+    EXPECT_EQ(figures(6),
+              (std::vector<Rgb>{project.dimColor, project.dimColor, project.dimColor, black}));
     EXPECT_EQ(drawnLines(area)[6].y1, 4030) << "in list order";
     bench.forget();
     Main.views.fuselages(2).grip.selected = true;
     Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::bar);
-    EXPECT_EQ(figures(6), (std::vector<Rgb>{dimColor, dimColor, highlightColor}));
+    EXPECT_EQ(figures(6),
+              (std::vector<Rgb>{project.dimColor, project.dimColor, project.highlightColor}));
 }
 
 TEST_F(FuselageList, WhatIsNotTickedIsNeitherDrawnNorMoved) {
@@ -277,13 +278,13 @@ TEST_F(FuselageList, WhatIsNotTickedIsNeitherDrawnNorMoved) {
     Main.views.drawFuselagesHTop(test::canvasAt(2, 400, 30), -1, FuselageLook::bar);
     Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::plain);
     EXPECT_EQ(area.lines(black), 0);
-    EXPECT_EQ(area.lines(dimColor), 7 + 7 + 6);
+    EXPECT_EQ(area.lines(project.dimColor), 7 + 7 + 6);
     bench.forget();
     Main.views.fuselages(2).grip.paint = 0;
-    Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer(150, 150));
-    Main.views.selectsFuselagesHTop(Main.canvas(), Main.pointer(150, 150));
-    Main.views.selectsFuselagesVTop(Main.canvas(), Main.pointer(150, 150));
-    EXPECT_EQ(area.lines(black) + area.lines(highlightColor), 0);
+    Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer.at(150, 150));
+    Main.views.selectsFuselagesHTop(Main.canvas(), Main.pointer.at(150, 150));
+    Main.views.selectsFuselagesVTop(Main.canvas(), Main.pointer.at(150, 150));
+    EXPECT_EQ(area.lines(black) + area.lines(project.highlightColor), 0);
     EXPECT_EQ(Fuselages(2).shift, 0);
     test::BodyPart(2).computeFrontPoints(2, 400, 30);
     Main.views.drawFuselageFront(test::canvasAt(2, 400, 30));
@@ -300,15 +301,16 @@ TEST_F(FuselageList, FrontShowsTheCurrentOneOnly) {
 }
 
 TEST_F(FuselageList, MovesDrawTheOthersDimAndAskTheCurrentOne) {
-    Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer(0, 0));
-    EXPECT_EQ(figures(7), (std::vector<Rgb>{dimColor, dimColor, white, black}));
+    Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer.at(0, 0));
+    EXPECT_EQ(figures(7), (std::vector<Rgb>{project.dimColor, project.dimColor, white, black}));
     bench.forget();
-    Main.views.selectsFuselagesHTop(Main.canvas(), Main.pointer(0, 3000));
-    EXPECT_EQ(figures(7), (std::vector<Rgb>{white, dimColor, white, black, white, dimColor}))
+    Main.views.selectsFuselagesHTop(Main.canvas(), Main.pointer.at(0, 3000));
+    EXPECT_EQ(figures(7),
+              (std::vector<Rgb>{white, project.dimColor, white, black, white, project.dimColor}))
         << "in list order, with the current one in its place";
     bench.forget();
-    Main.views.selectsFuselagesVTop(Main.canvas(), Main.pointer(0, 0));
-    EXPECT_EQ(figures(6), (std::vector<Rgb>{dimColor, dimColor, black}));
+    Main.views.selectsFuselagesVTop(Main.canvas(), Main.pointer.at(0, 0));
+    EXPECT_EQ(figures(6), (std::vector<Rgb>{project.dimColor, project.dimColor, black}));
     EXPECT_EQ(Main.views.fuselages(1).grip.selected_part, 0);
     EXPECT_EQ(Main.views.fuselages(2).grip.selected_part, 4);
 }

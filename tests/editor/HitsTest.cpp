@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Equipment.h"
 #include "model/MainWing.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {
@@ -13,9 +13,9 @@ protected:
     Hits() {
         for (int i = 2; i <= 3; ++i) {
             Plane::increment(nbWings);
-            MainWing::addWing();
+            MainWing::addWing(project);
             Plane::increment(nbEquipments);
-            Equipment::resizeEquipments(nbEquipments);
+            Equipment::resizeEquipments(project, nbEquipments);
         }
     }
     AircraftViews& views = Main.views;

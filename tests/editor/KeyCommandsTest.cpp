@@ -13,9 +13,9 @@ class KeyCommands : public test::EditorTest {
 protected:
     void enterSide() {
         Main.setChecked(Control::LockZoom, true);
-        Main.zoom = 1;
-        Main.xoff = 50;
-        Main.yoff = 300;
+        Main.view.zoom = 1;
+        Main.view.xoff = 50;
+        Main.view.yoff = 300;
         Main.initSideView();
         bench.forget();
     }
@@ -23,7 +23,7 @@ protected:
         Main.DrawArea_keydown(static_cast<std::int16_t>(letter), shift);
     }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(KeyCommands, LettersEnterTheViewsWithAnyModifierAndLeaveTheTab) {
@@ -34,7 +34,7 @@ TEST_F(KeyCommands, LettersEnterTheViewsWithAnyModifierAndLeaveTheTab) {
                                           {'Z', ViewMode::VTop}};
     for (const auto& [letter, mode] : views) {
         key(letter, ShiftState::ctrl);
-        EXPECT_EQ(Main.mode, mode) << letter;
+        EXPECT_EQ(Main.view.mode, mode) << letter;
         EXPECT_EQ(Main.tab(), PanelTab::rudder);
     }
 }
@@ -48,23 +48,23 @@ TEST_F(KeyCommands, AShowsTheSectionUntilTheFollowingRedraw) {
     Main.selectTab(PanelTab::fuselage);
     fuselage.sel_sec = 2;
     Main.initSideView();
-    const double whole = Main.zoom;
+    const double whole = Main.view.zoom;
     key('A');
-    EXPECT_DOUBLE_EQ(Main.zoom, 0.9 * 500 / 100);
-    EXPECT_FALSE(Main.focusZoom);
+    EXPECT_DOUBLE_EQ(Main.view.zoom, 0.9 * 500 / 100);
+    EXPECT_FALSE(Main.view.focusZoom);
     Main.refreshDrawingArea();
-    EXPECT_EQ(Main.zoom, whole);
+    EXPECT_EQ(Main.view.zoom, whole);
 }
 
 TEST_F(KeyCommands, AInVTopWaitsForTheNextFitOfSideOrHTop) {
     key('A');
-    EXPECT_TRUE(Main.focusZoom);
-    EXPECT_EQ(Main.xoff, 450);
+    EXPECT_TRUE(Main.view.focusZoom);
+    EXPECT_EQ(Main.view.xoff, 450);
     key('X');
-    EXPECT_TRUE(Main.focusZoom);
+    EXPECT_TRUE(Main.view.focusZoom);
     key('C');
-    EXPECT_FALSE(Main.focusZoom);
-    EXPECT_DOUBLE_EQ(Main.zoom, 0.9 * 500 / 20);
+    EXPECT_FALSE(Main.view.focusZoom);
+    EXPECT_DOUBLE_EQ(Main.view.zoom, 0.9 * 500 / 20);
 }
 
 TEST_F(KeyCommands, ROpensTheHiddenPromptWithShiftAndCtrlOnly) {
@@ -86,8 +86,8 @@ TEST_F(KeyCommands, KeyDuringADragHasNoEffectAndItsReleaseEndsTheDrag) {
     drag(Main).press(250, 240).move(250, 230);
     key('Z');
     key('X', ShiftState::alt);
-    EXPECT_EQ(Main.mode, ViewMode::Side);
-    EXPECT_FALSE(Main.altkey);
+    EXPECT_EQ(Main.view.mode, ViewMode::Side);
+    EXPECT_FALSE(Main.pointer.altkey);
     Main.DrawArea_keyup();
     EXPECT_FALSE(Main.anyBusy());
     EXPECT_EQ(window.rebuilds, 1);
@@ -98,13 +98,13 @@ TEST_F(KeyCommands, CtrlArmsInSideAndHTopOnly) {
     for (char view : {'Z', 'X'}) {
         key(view);
         Main.DrawArea_keydown(17, 2);
-        EXPECT_FALSE(Main.ctrlkey) << view;
+        EXPECT_FALSE(Main.pointer.ctrlkey) << view;
     }
     for (char view : {'C', 'V'}) {
         key(view);
         Main.DrawArea_keydown(17, 2);
-        EXPECT_TRUE(Main.ctrlkey) << view;
-        EXPECT_EQ(Main.cursor, CursorShape::Cross);
+        EXPECT_TRUE(Main.pointer.ctrlkey) << view;
+        EXPECT_EQ(Main.pointer.cursor, CursorShape::Cross);
     }
 }
 
@@ -112,34 +112,34 @@ TEST_F(KeyCommands, ModifiersAreComparedWhole) {
     enterSide();
     drag(Main).hover(250, 240);
     Main.DrawArea_keydown(16, ShiftState::shift + ShiftState::ctrl);
-    EXPECT_FALSE(Main.shiftkey);
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_FALSE(Main.pointer.shiftkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
     Main.DrawArea_keydown(18, ShiftState::alt + ShiftState::shift);
-    EXPECT_FALSE(Main.altkey);
+    EXPECT_FALSE(Main.pointer.altkey);
 }
 
 TEST_F(KeyCommands, ShiftArmsWhenSomethingIsSelectedAndTheCursorIsNotTheCustomOne) {
     enterSide();
     Main.DrawArea_keydown(16, 1);
-    EXPECT_FALSE(Main.shiftkey) << "nothing selected";
+    EXPECT_FALSE(Main.pointer.shiftkey) << "nothing selected";
     drag(Main).hover(250, 190);
-    ASSERT_EQ(Main.cursor, CursorShape::Custom);
+    ASSERT_EQ(Main.pointer.cursor, CursorShape::Custom);
     Main.DrawArea_keydown(16, 1);
-    EXPECT_FALSE(Main.shiftkey) << "the custom cursor";
+    EXPECT_FALSE(Main.pointer.shiftkey) << "the custom cursor";
     drag(Main).hover(250, 240);
     Main.DrawArea_keydown(16, 1);
-    EXPECT_TRUE(Main.shiftkey);
-    EXPECT_EQ(Main.cursor, CursorShape::NorthSouth) << "as the key's own rule says";
+    EXPECT_TRUE(Main.pointer.shiftkey);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::NorthSouth) << "as the key's own rule says";
     drag(Main).hover(250, 241);
-    EXPECT_EQ(Main.cursor, CursorShape::WestEast) << "as the cursor table says";
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast) << "as the cursor table says";
 }
 
 TEST_F(KeyCommands, AnArmedShiftLeavesTheCursorThatShowsTheWayOfTheDrag) {
     enterSide();
     drag(Main).hover(250, 240).key(16, 1).hover(250, 241);
-    ASSERT_EQ(Main.cursor, CursorShape::WestEast);
+    ASSERT_EQ(Main.pointer.cursor, CursorShape::WestEast);
     Main.DrawArea_keydown(16, 1);
-    EXPECT_EQ(Main.cursor, CursorShape::WestEast) << "a held key goes down again and again";
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast) << "a held key goes down again and again";
     drag(Main).press(250, 241).move(260, 230);
     EXPECT_EQ(fuselage.pos(2), 210);
     EXPECT_EQ(fuselage.elevation(2), 10);
@@ -148,17 +148,17 @@ TEST_F(KeyCommands, AnArmedShiftLeavesTheCursorThatShowsTheWayOfTheDrag) {
 TEST_F(KeyCommands, ShiftPointsSidewaysOverFinBoxAndTheFuselageInVTop) {
     Main.views.rudder.grip.selected = true;
     Main.DrawArea_keydown(16, 1);
-    EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Main.views.rudder.grip.selected = Main.shiftkey = false;
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast);
+    Main.views.rudder.grip.selected = Main.pointer.shiftkey = false;
     Main.setCursor(CursorShape::Default);
     Main.views.boxes(1).grip.selected = true;
     Main.DrawArea_keydown(16, 1);
-    EXPECT_EQ(Main.cursor, CursorShape::WestEast);
-    Main.views.boxes(1).grip.selected = Main.shiftkey = false;
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast);
+    Main.views.boxes(1).grip.selected = Main.pointer.shiftkey = false;
     Main.setCursor(CursorShape::Default);
     Main.views.fuselage().grip.selected = true;
     Main.DrawArea_keydown(16, 1);
-    EXPECT_EQ(Main.cursor, CursorShape::WestEast);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast);
 }
 
 TEST_F(KeyCommands, FormKeyUpEntersTheViewAgain) {
@@ -168,38 +168,38 @@ TEST_F(KeyCommands, FormKeyUpEntersTheViewAgain) {
 }
 
 TEST_F(KeyCommands, KeyUpClearsAllFlags) {
-    Main.shiftkey = Main.ctrlkey = Main.altkey = true;
+    Main.pointer.shiftkey = Main.pointer.ctrlkey = Main.pointer.altkey = true;
     Main.DrawArea_keyup();
-    EXPECT_FALSE(Main.shiftkey || Main.ctrlkey || Main.altkey);
-    EXPECT_EQ(Main.cursor, CursorShape::Default);
+    EXPECT_FALSE(Main.pointer.shiftkey || Main.pointer.ctrlkey || Main.pointer.altkey);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::Default);
 }
 
 // ---- menu
 
 TEST_F(KeyCommands, MenuChangeTogglesTheDirectionButNotUnderTheCustomCursor) {
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     Main.menuClicked(Control::Change);
-    EXPECT_TRUE(Main.shiftkey);
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_TRUE(Main.pointer.shiftkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
     Main.menuClicked(Control::Change);
-    EXPECT_FALSE(Main.shiftkey);
-    Main.ctrlkey = true;
+    EXPECT_FALSE(Main.pointer.shiftkey);
+    Main.pointer.ctrlkey = true;
     Main.setCursor(CursorShape::Custom, CursorIcon::NSShapeIcon);
     Main.menuClicked(Control::Change);
-    EXPECT_FALSE(Main.shiftkey);
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_FALSE(Main.pointer.shiftkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
 }
 
 TEST_F(KeyCommands, MenuInsRemArmsOneGestureInSideAndHTop) {
     Main.menuClicked(Control::InsRem);
-    EXPECT_FALSE(Main.ctrlkey) << "disabled in VTop";
+    EXPECT_FALSE(Main.pointer.ctrlkey) << "disabled in VTop";
     enterSide();
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     Main.menuClicked(Control::InsRem);
-    EXPECT_TRUE(Main.ctrlkey);
-    EXPECT_FALSE(Main.shiftkey);
+    EXPECT_TRUE(Main.pointer.ctrlkey);
+    EXPECT_FALSE(Main.pointer.shiftkey);
     drag(Main).press(20, 20).release();
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
 }
 
 TEST_F(KeyCommands, EveryMenuEntryActs) {
@@ -210,7 +210,7 @@ TEST_F(KeyCommands, EveryMenuEntryActs) {
     Main.menuClicked(Control::LoadBitmap);
     EXPECT_TRUE(Main.pictureShownHere());
     Main.menuClicked(Control::MoveBitmap);
-    EXPECT_TRUE(Main.altkey);
+    EXPECT_TRUE(Main.pointer.altkey);
     window.textAnswers = {std::nullopt};
     Main.menuClicked(Control::SizeBitmap);
     EXPECT_EQ(window.prompts.size(), 2U);

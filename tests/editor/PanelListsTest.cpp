@@ -3,7 +3,6 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "support/EditorBench.h"
 
@@ -67,13 +66,13 @@ TEST_F(PanelLists, AddButtonsDoNothingMoreAtTheLargestCount) {
 
 TEST_F(PanelLists, FuselagePlusDoesNothingMoreAtTheLargestCount) {
     nbFuselages = Plane::largestCount;
-    Fuselage::resizeFuselages();
+    Fuselage::resizeFuselages(project);
     press(Control::IndexFusPlusButton);
     EXPECT_EQ(nbFuselages, Plane::largestCount);
     EXPECT_EQ(currentFuselage, 1);
     EXPECT_TRUE(Main.savedProject);
     EXPECT_TRUE(area.calls.empty());
-    EXPECT_FALSE(Main.ctrlkey_tab);
+    EXPECT_FALSE(Main.pointer.ctrlkey_tab);
 }
 
 TEST_F(PanelLists, FuselagePlusMakesADefaultOneCurrentAndShown) {
@@ -93,7 +92,7 @@ TEST_F(PanelLists, FuselagePlusWithCtrlAloneCopiesTheCurrentOne) {
     Fuselages(1).width(2) = 55;
     press(Control::IndexFusPlusButton, ShiftState::ctrl);
     EXPECT_EQ(Fuselages(2).width(2), 55);
-    EXPECT_FALSE(Main.ctrlkey_tab);
+    EXPECT_FALSE(Main.pointer.ctrlkey_tab);
     EXPECT_GT(Main.views.fuselages(2).szoom, 0)
         << "a copy has no scale until the first fit, run at once";
     press(Control::IndexFusPlusButton, ShiftState::ctrl + ShiftState::shift);
@@ -189,19 +188,19 @@ TEST_F(PanelLists, ChoosingASectionShowsItAtItsScaleAndLit) {
     Main.initSideView();
     bench.forget();
     Main.scrollChanged(Control::FuselageScroll, 2);
-    EXPECT_EQ(Fuselage::current().sel_sec, 2);
+    EXPECT_EQ(Fuselage::current(project).sel_sec, 2);
     EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / 100);
     EXPECT_EQ(control(Control::FuselageSectionLabel).text, "2");
-    EXPECT_EQ(area.lines(highlightColor), 1) << "the section's bar";
+    EXPECT_EQ(area.lines(project.highlightColor), 1) << "the section's bar";
     EXPECT_TRUE(Main.savedProject) << "what is chosen is no part of the project";
 }
 
 TEST_F(PanelLists, SectionBarClipsWhenItsMaximumFalls) {
     Main.scrollChanged(Control::FuselageScroll, 3);
-    Fuselage::current().nb_sections = 2;
+    Fuselage::current(project).nb_sections = 2;
     Main.setScrollMaximum(Control::FuselageScroll, 2);
     EXPECT_EQ(control(Control::FuselageScroll).value, 2);
-    EXPECT_EQ(Fuselage::current().sel_sec, 2);
+    EXPECT_EQ(Fuselage::current(project).sel_sec, 2);
 }
 
 TEST_F(PanelLists, BarSetByTheProgramRunsItsEventOnceAfterBothValuesStand) {
@@ -280,9 +279,9 @@ TEST_F(PanelLists, SmoothingIsAChangeOnlyWhereItChanges) {
     Main.initSideView();
     press(Control::SmoothTopCommand);
     EXPECT_FALSE(Main.savedProject);
-    EXPECT_NE(Fuselage::current().height(2), 100);
-    Fuselage::current().nb_sections = 2;
-    Fuselage::current().initArrays();
+    EXPECT_NE(Fuselage::current(project).height(2), 100);
+    Fuselage::current(project).nb_sections = 2;
+    Fuselage::current(project).initArrays();
     Main.savedProject = true;
     for (Control button :
          {Control::SmoothTopCommand, Control::SmoothDownCommand, Control::SmoothWidthCommand})
@@ -291,7 +290,7 @@ TEST_F(PanelLists, SmoothingIsAChangeOnlyWhereItChanges) {
 }
 
 TEST_F(PanelLists, SmoothTopOverTwoNeighboursOnOnePlaceKeepsTheSection) {
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
     fuselage.pos(1) = fuselage.pos(3) = 400;
     press(Control::SmoothTopCommand);
     EXPECT_EQ(fuselage.height(2), 100);

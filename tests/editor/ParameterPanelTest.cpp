@@ -6,9 +6,7 @@
 #include "editor/PanelTable.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
 #include "support/EditorBench.h"
 
 namespace velna {
@@ -18,7 +16,7 @@ class ParameterPanel : public test::EditorTest {
 protected:
     static std::string text(Control control) { return Main.controls[control].text; }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 // ---- the table
@@ -46,40 +44,40 @@ TEST_F(ParameterPanel, EveryTextBoxHasOneRow) {
 TEST_F(ParameterPanel, EveryRowStoresWhatItReads) {
     for (const PanelField& field : panelFields()) {
         SCOPED_TRACE(controlName(field.control));
-        const double before = field.get();
-        field.set(before + 2);
-        EXPECT_NEAR(field.get(), before + 2, 1e-12);
-        field.set(std::numeric_limits<double>::infinity());
-        EXPECT_NEAR(field.get(), before + 2, 1e-12);
-        field.set(before);
+        const double before = field.get(project);
+        field.set(Main.store(), before + 2);
+        EXPECT_NEAR(field.get(project), before + 2, 1e-12);
+        field.set(Main.store(), std::numeric_limits<double>::infinity());
+        EXPECT_NEAR(field.get(project), before + 2, 1e-12);
+        field.set(Main.store(), before);
     }
 }
 
 TEST_F(ParameterPanel, NoTwoRowsShareAField) {
     for (const PanelField& field : panelFields()) {
-        const double before = field.get();
-        field.set(before + 1);
+        const double before = field.get(project);
+        field.set(Main.store(), before + 1);
         for (const PanelField& other : panelFields()) {
             if (&other == &field) continue;
             // The shown span takes in the shift that lies beside it.
             const bool together =
                 (field.control == Control::ShiftText && other.control == Control::SpanText) ||
                 (field.control == Control::ShiftStabText && other.control == Control::SpanStabText);
-            const double value = other.get();
-            EXPECT_TRUE(together || panelText(other) == text(other.control) || value == 0)
+            const double value = other.get(project);
+            EXPECT_TRUE(together || panelText(project, other) == text(other.control) || value == 0)
                 << controlName(field.control) << " changes " << controlName(other.control);
         }
-        field.set(before);
+        field.set(Main.store(), before);
     }
 }
 
 TEST_F(ParameterPanel, ToolTipNamesTheQuantityAndTheUnitInUse) {
-    EXPECT_EQ(panelTip(*panelField(Control::LengthBText)), "Root chord (mm)");
-    Prefs.units = inches;
-    EXPECT_EQ(panelTip(*panelField(Control::LengthBText)), "Root chord (in)");
-    EXPECT_EQ(panelTip(*panelField(Control::ThicknessBText)),
+    EXPECT_EQ(panelTip(project, *panelField(Control::LengthBText)), "Root chord (mm)");
+    project.units = inches;
+    EXPECT_EQ(panelTip(project, *panelField(Control::LengthBText)), "Root chord (in)");
+    EXPECT_EQ(panelTip(project, *panelField(Control::ThicknessBText)),
               "Root thickness (fraction of the chord)");
-    EXPECT_EQ(panelTip(*panelField(Control::NbCrossFuselageText)),
+    EXPECT_EQ(panelTip(project, *panelField(Control::NbCrossFuselageText)),
               "Outline points of a section (0 to 100)");
 }
 
@@ -89,14 +87,14 @@ TEST_F(ParameterPanel, EveryBoxCommitsItsTextOnAKey) {
     for (const PanelField& field : panelFields()) {
         if (field.after == AfterCommit::BuildOutline) continue;
         SCOPED_TRACE(controlName(field.control));
-        const double before = field.get();
+        const double before = field.get(project);
         Main.savedProject = true;
         area.calls.clear();
         test::type(field.control, "7.25 and more");
-        EXPECT_NEAR(field.get(), 7.25, 1e-12);
+        EXPECT_NEAR(field.get(project), 7.25, 1e-12);
         EXPECT_FALSE(Main.savedProject);
         EXPECT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1);
-        field.set(before);
+        field.set(Main.store(), before);
         Main.refreshPanels();
     }
     EXPECT_EQ(window.renders, 0);
@@ -136,7 +134,7 @@ TEST_P(TypedTexts, StoreTheNumberAtTheirStart) {
     const double expected = std::isnan(GetParam().stored) ? 180 : GetParam().stored;
     EXPECT_EQ(Wings(1).pos1, expected);
     EXPECT_EQ(Main.controls[Control::PosBText].text, GetParam().text);
-    EXPECT_TRUE(std::isfinite(Main.zoom));
+    EXPECT_TRUE(std::isfinite(Main.view.zoom));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -166,11 +164,11 @@ TEST_F(ParameterPanel, NoTextInAnyBoxEndsTheProgramOrLeavesANumberThatIsNotFinit
                 Main.nbCrossChanged(typed);
             else
                 test::type(field.control, typed);
-            EXPECT_TRUE(std::isfinite(field.get()) || std::abs(field.get()) > 1e308);
+            EXPECT_TRUE(std::isfinite(field.get(project)) || std::abs(field.get(project)) > 1e308);
             for (const auto view : {&MainForm::initVTopView, &MainForm::initFrontView,
                                     &MainForm::initSideView, &MainForm::initHTopView})
                 (Main.*view)();
-            EXPECT_FALSE(std::isnan(Main.zoom));
+            EXPECT_FALSE(std::isnan(Main.view.zoom));
         }
         Main.nbCrossChanged("8");
     }
@@ -205,7 +203,7 @@ TEST_F(ParameterPanel, ShiftOfTheWingRefillsAndThatOfTheStabilizerDoesNot) {
 
 TEST_F(ParameterPanel, PanelEditsTheCurrentWing) {
     ++nbWings;
-    MainWing::addWing();
+    MainWing::addWing(project);
     currentWing = 2;
     Main.updateWingInterface();
     test::type(Control::LengthEText, "33");
@@ -243,7 +241,7 @@ TEST_F(ParameterPanel, MillimetresAreShownWholeThoughTheModelHoldsFractions) {
 
 TEST_F(ParameterPanel, ThicknessIsShownPlain) {
     Wings(1).thickness1 = 0.123456789;
-    Prefs.units = inches;
+    project.units = inches;
     Main.updateWingInterface();
     EXPECT_EQ(text(Control::ThicknessBText), "0.123456789");
 }
@@ -300,9 +298,9 @@ TEST_F(ParameterPanel, FuselageWithoutOutlineLeavesOneBoxEnabledAlsoAfterARefill
 
 TEST_F(ParameterPanel, CrossPointsStopWhereAProjectFileWouldNotTakeTheMesh) {
     ++nbFuselages;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(2, false);
     // Hidden and only counted: 30 points are left beside it.
     Fuselages(2).nb_sections = 2551;

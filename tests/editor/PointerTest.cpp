@@ -3,7 +3,6 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "support/Drag.h"
 #include "support/EditorBench.h"
@@ -18,9 +17,9 @@ protected:
     /// Enters a view at a fixed place: one pixel a unit, model coordinate 0 at (x, y).
     void enter(void (MainForm::*view)(), double x, double y) {
         Main.setChecked(Control::LockZoom, true);
-        Main.zoom = 1;
-        Main.xoff = x;
-        Main.yoff = y;
+        Main.view.zoom = 1;
+        Main.view.xoff = x;
+        Main.view.yoff = y;
         (Main.*view)();
         Main.savedProject = true;
         bench.forget();
@@ -32,7 +31,7 @@ protected:
     /// The nose: a line at y 50 from x 440 to 460. The wing's root: x 450 from y 230 to 460.
     void enterVTop() { enter(&MainForm::initVTopView, 450, 50); }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(Pointer, EveryPressClearsSavedProjectARightOneToo) {
@@ -40,7 +39,7 @@ TEST_F(Pointer, EveryPressClearsSavedProjectARightOneToo) {
     drag(Main).press(20, 20, 2);
     EXPECT_FALSE(Main.savedProject);
     EXPECT_TRUE(window.popupOpen);
-    EXPECT_EQ(Main.xloc, 0) << "a right press is no place of a drag";
+    EXPECT_EQ(Main.pointer.xloc, 0) << "a right press is no place of a drag";
     Main.savedProject = true;
     drag(Main).press(20, 20);
     EXPECT_FALSE(Main.savedProject);
@@ -51,7 +50,7 @@ TEST_F(Pointer, ReleaseOfTheRightButtonDoesNothing) {
     drag(Main).press(250, 240, 2);
     Main.menuClicked(Control::InsRem);
     drag(Main).press(20, 20, 2).release();
-    EXPECT_TRUE(Main.ctrlkey) << "what the menu has armed waits for the next press";
+    EXPECT_TRUE(Main.pointer.ctrlkey) << "what the menu has armed waits for the next press";
     EXPECT_EQ(window.renders, 0);
 }
 
@@ -59,13 +58,13 @@ TEST_F(Pointer, AnyButtonButTheRightOnePresses) {
     enterSide();
     drag(Main).press(250, 240, 4);
     EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
-    EXPECT_EQ(Main.xloc, 250);
+    EXPECT_EQ(Main.pointer.xloc, 250);
 }
 
 TEST_F(Pointer, PressPixelIsRoundedHalfToEven) {
     drag(Main).press(20.5F, 21.5F);
-    EXPECT_EQ(Main.xloc, 20);
-    EXPECT_EQ(Main.yloc, 22);
+    EXPECT_EQ(Main.pointer.xloc, 20);
+    EXPECT_EQ(Main.pointer.yloc, 22);
 }
 
 TEST_F(Pointer, MoveWithoutAChangeOfPlaceReturnsAtOnce) {
@@ -93,14 +92,15 @@ TEST_F(Pointer, HoverChangesNothingInTheModel) {
 TEST_F(Pointer, DragOutAndBackGivesTheStartValueBitForBit) {
     fuselage.elevation(2) = 0.1 + 0.2;
     enter(&MainForm::initSideView, 50, 300);
-    Main.zoom = 0.7;
+    Main.view.zoom = 0.7;
     Main.initSideView();
     const double start = fuselage.elevation(2);
     const auto x = static_cast<float>(Main.views.fuselage().side.top(2).x);
     const auto y = static_cast<float>(Main.views.fuselage().side.top(2).y + 20);
     auto gesture = drag(Main).press(x, y).move(x, y - 37);
     EXPECT_NE(fuselage.elevation(2), start);
-    gesture.move(x + 11, y + 3).move(static_cast<float>(Main.xloc), static_cast<float>(Main.yloc));
+    gesture.move(x + 11, y + 3)
+        .move(static_cast<float>(Main.pointer.xloc), static_cast<float>(Main.pointer.yloc));
     EXPECT_EQ(fuselage.elevation(2), start);
 }
 
@@ -139,7 +139,7 @@ TEST_F(Pointer, WingAndFuselageUnderOnePointerMoveTogether) {
 TEST_F(Pointer, RootEdgeTakesAllOuterPanelsAlong) {
     for (int i = 0; i < 2; ++i) {
         ++nbWings;
-        MainWing::addWing();
+        MainWing::addWing(project);
     }
     enterVTop();
     drag(Main).press(450, 300);
@@ -148,7 +148,7 @@ TEST_F(Pointer, RootEdgeTakesAllOuterPanelsAlong) {
 
 TEST_F(Pointer, OnlyWingOneIsAskedForTheTab) {
     ++nbWings;
-    MainWing::addWing();
+    MainWing::addWing(project);
     Wings(2).pos1 = 600;
     Wings(1).span = 200;
     Wings(2).shift = 200;
@@ -211,30 +211,30 @@ TEST_F(Pointer, PressOnTheFinOpensItsTabAndTheScaleFollowsAtTheNextRedraw) {
     Main.setChecked(Control::LockZoom, false);
     Main.selectTab(PanelTab::fuselage);
     Main.initSideView();
-    const double before = Main.zoom;
+    const double before = Main.view.zoom;
     const Point2D tip = Main.views.rudder.sidePoints[3];
     drag(Main).press(static_cast<float>(tip.x) - 20, static_cast<float>(tip.y));
     ASSERT_EQ(Main.tab(), PanelTab::rudder);
-    EXPECT_EQ(Main.zoom, before);
+    EXPECT_EQ(Main.view.zoom, before);
     Main.refreshDrawingArea();
-    EXPECT_LT(Main.zoom, before);
+    EXPECT_LT(Main.view.zoom, before);
 }
 
 TEST_F(Pointer, ReleaseSetsTheCursorBeforeItClearsTheFlags) {
     enterSide();
     drag(Main).press(500, 20);
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     drag(Main).release();
-    EXPECT_EQ(Main.cursor, CursorShape::Cross);
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_EQ(Main.pointer.cursor, CursorShape::Cross);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
 }
 
 TEST_F(Pointer, ViewEntryClearsShiftAndCtrlButNotAlt) {
-    Main.shiftkey = Main.ctrlkey = Main.altkey = true;
+    Main.pointer.shiftkey = Main.pointer.ctrlkey = Main.pointer.altkey = true;
     Main.refreshDrawingArea();
-    EXPECT_FALSE(Main.shiftkey);
-    EXPECT_FALSE(Main.ctrlkey);
-    EXPECT_TRUE(Main.altkey);
+    EXPECT_FALSE(Main.pointer.shiftkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
+    EXPECT_TRUE(Main.pointer.altkey);
 }
 
 TEST_F(Pointer, HoverChangesTheSelectedSectionInAGapWithCtrlToo) {
@@ -263,7 +263,7 @@ TEST_F(Pointer, HTopBarMovesAlongWithShift) {
     Main.DrawArea_keydown(16, 1);
     drag(Main).press(300, 330);
     EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     drag(Main).press(300, 330).move(320, 330);
     EXPECT_EQ(fuselage.pos(2), 220);
 }

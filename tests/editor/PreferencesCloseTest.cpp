@@ -3,7 +3,6 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
 #include "support/EditorBench.h"
 
 namespace velna {
@@ -13,7 +12,7 @@ class PreferencesClose : public test::EditorTest {
 protected:
     static void close(int unit, const std::string& scale) {
         Prefs.selectUnit(unit);
-        Main.scaleTextKeyDown(scale);
+        Prefs.scaleTextKeyDown(scale);
         Main.closePreferences();
     }
 };
@@ -25,7 +24,7 @@ TEST_F(PreferencesClose, SameUnitAndFullScaleRebuildButChangeNoValue) {
     close(millimetres, "100");
     EXPECT_EQ(Wings(1).span, 700);
     EXPECT_TRUE(Main.savedProject);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
     EXPECT_EQ(Main.tab(), PanelTab::wing);
     EXPECT_EQ(window.rebuilds, 1);
     EXPECT_EQ(window.cataloguesFilled.size(), 3U);
@@ -37,7 +36,7 @@ TEST_F(PreferencesClose, InchesConvertOnceAndBack) {
     close(inches, "100");
     EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
     EXPECT_EQ(Main.controls[Control::LengthBText].text, "9.06");
-    EXPECT_DOUBLE_EQ(Equipment::servoTypes[7].length, 40.4 / 25.4);
+    EXPECT_DOUBLE_EQ(Equipment::servoTypes(project.units)[7].length, 40.4 / 25.4);
     EXPECT_FALSE(Main.savedProject);
     Main.savedProject = true;
     close(inches, "100");
@@ -52,16 +51,16 @@ TEST_F(PreferencesClose, InchesConvertOnceAndBack) {
 }
 
 TEST_F(PreferencesClose, ScaleActsAfterTheFitSoThatTheViewShowsItLater) {
-    const double zoom = Main.zoom;
+    const double zoom = Main.view.zoom;
     close(millimetres, "50");
     EXPECT_EQ(Wings(1).span, 350);
     EXPECT_EQ(Fuselages(1).height(2), 50);
     EXPECT_EQ(Equipments(1).length, 15);
-    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_EQ(Main.view.zoom, zoom);
     EXPECT_EQ(Main.controls[Control::SpanText].text, "1400");
     EXPECT_FALSE(Main.savedProject);
     Main.refreshDrawingArea();
-    EXPECT_GT(Main.zoom, zoom);
+    EXPECT_GT(Main.view.zoom, zoom);
 }
 
 TEST_F(PreferencesClose, ScaleIsAppliedOnce) {
@@ -73,7 +72,7 @@ TEST_F(PreferencesClose, ScaleIsAppliedOnce) {
 }
 
 TEST_F(PreferencesClose, ScaleTypedLastCountsWithoutAFurtherKey) {
-    Main.scaleTextKeyDown("5");
+    Prefs.scaleTextKeyDown("5");
     Prefs.ScaleText = "50";
     Main.closePreferences();
     EXPECT_EQ(Wings(1).span, 350);
@@ -100,7 +99,7 @@ TEST_F(PreferencesClose, TinyAndHugeScalesLeaveADrawableModel) {
             Main.DrawArea_MouseUp(1, 0, 460, 255);
         }
         EXPECT_TRUE(std::isfinite(Wings(1).span)) << scale;
-        EXPECT_TRUE(std::isfinite(Main.zoom)) << scale;
+        EXPECT_TRUE(std::isfinite(Main.view.zoom)) << scale;
         EXPECT_TRUE(std::isfinite(Fuselages(1).pos(3))) << scale;
     }
 }

@@ -17,7 +17,7 @@ protected:
         Main.zoomSectionSet();
     }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(SectionEditor, WiderSectionScalesByItsWidth) {

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Fuselage.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {

@@ -1,7 +1,6 @@
 #include <tuple>
 
 #include "model/Fuselage.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "support/Drag.h"
 #include "support/EditorBench.h"
@@ -19,9 +18,9 @@ protected:
     /// Enters a view at a fixed place: one pixel a unit, model coordinate 0 at (x, 300).
     void enter(void (MainForm::*view)(), double x) {
         Main.setChecked(Control::LockZoom, true);
-        Main.zoom = 1;
-        Main.xoff = x;
-        Main.yoff = 300;
+        Main.view.zoom = 1;
+        Main.view.xoff = x;
+        Main.view.yoff = 300;
         (Main.*view)();
         bench.forget();
     }
@@ -30,7 +29,7 @@ protected:
     /// Section 2: a bar at x 300 from y 250 to 350.
     void enterHTop() { enter(&MainForm::initHTopView, 100); }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(SectionPresses, CtrlPressInAGapInsertsASectionThatMovesDoNotTouch) {
@@ -41,7 +40,7 @@ TEST_F(SectionPresses, CtrlPressInAGapInsertsASectionThatMovesDoNotTouch) {
     EXPECT_EQ(fuselage.sectionOrder(3), 4);
     EXPECT_EQ(fuselage.pos(4), 400);
     EXPECT_NEAR(fuselage.height(4), 70, 1e-9);
-    EXPECT_FALSE(Main.ctrlkey);
+    EXPECT_FALSE(Main.pointer.ctrlkey);
 }
 
 TEST_F(SectionPresses, InsertionRendersOnlyUnderTheLeftButtonWithRenderPressed) {
@@ -59,7 +58,7 @@ TEST_F(SectionPresses, InsertionRendersOnlyUnderTheLeftButtonWithRenderPressed) 
 TEST_F(SectionPresses, InsertionTakesTheOldLinesOffOnceAndLeavesNoWhiteOne) {
     Main.buttonPressed(Control::IndexFusPlusButton, 0);
     currentFuselage = 1;
-    const MeshSections& body = Fuselage::current();
+    const MeshSections& body = Fuselage::current(project);
     for (const bool side : {true, false}) {
         side ? enterSide() : enterHTop();
         const auto sections = static_cast<std::size_t>(body.nb_sections);
@@ -80,12 +79,12 @@ TEST_F(SectionPresses, InsertionTakesTheOldLinesOffOnceAndLeavesNoWhiteOne) {
 TEST_F(SectionPresses, RemovalLetsTheNeighbourBeWhileTheHandMovesOn) {
     for (const bool side : {true, false}) {
         resetModel();
-        const MeshSections& body = Fuselage::current();
+        const MeshSections& body = Fuselage::current(project);
         side ? enterSide() : enterHTop();
         const std::tuple before{body.pos(3), body.elevation(3), body.width(3)};
         Main.selectTab(PanelTab::wing);
-        Main.shiftkey = !side;  // from above a bar moves with Shift
-        Main.ctrlkey = true;
+        Main.pointer.shiftkey = !side;  // from above a bar moves with Shift
+        Main.pointer.ctrlkey = true;
         drag(Main).press(side ? 250 : 300, side ? 240 : 300);
         ASSERT_EQ(body.nb_sections, 2);
         EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
@@ -102,7 +101,7 @@ TEST_F(SectionPresses, RemovalOfTheLastSectionWithoutAHoverShowsTheNewLastOne) {
     fuselage.width(2) = 77;
     Main.updateFuselageInterface();
     ASSERT_EQ(Main.controls[Control::FuselageScroll].value, 1);
-    Main.ctrlkey = true;
+    Main.pointer.ctrlkey = true;
     drag(Main).press(850, 265);
     ASSERT_EQ(fuselage.nb_sections, 2);
     EXPECT_EQ(fuselage.sel_sec, 2);
@@ -120,15 +119,15 @@ TEST_F(SectionPresses, CtrlPressOnABarOfTwoSectionsRemovesNothingAndClearsTheSur
     EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::none);
     ASSERT_EQ(area.count(test::SurfaceCall::Kind::Clear), 1);
     // White over the old place, then two edges and two bars: wing and fin wait for the next move.
-    EXPECT_EQ(area.lines(black) + area.lines(highlightColor), 4);
-    EXPECT_EQ(area.lines(dimColor), 0);
+    EXPECT_EQ(area.lines(black) + area.lines(project.highlightColor), 4);
+    EXPECT_EQ(area.lines(project.dimColor), 0);
 }
 
 TEST_F(SectionPresses, InsertionStopsWhereAProjectFileWouldNotTakeTheMesh) {
     ++nbFuselages;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(2, false);
     // Room for 32 points: the 24 of the default fuselage and one section more. It is hidden, so
     // nobody asks for the points that it only counts.

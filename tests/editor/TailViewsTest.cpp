@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Plane.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 #include "support/HandleRows.h"
 #include "support/PartsOnSurface.h"
 
@@ -31,8 +31,8 @@ protected:
     void place() {
         test::preparePress();
         drawSide(-1, -1, -1, -1, 4);
-        fin.computeFrontPoints(Main.zoom, Main.xoff, Main.yoff);
-        fin.computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
+        fin.computeFrontPoints(Main.view.zoom, Main.view.xoff, Main.view.yoff);
+        fin.computeVTopPoints(Main.view.zoom, Main.view.xoff, Main.view.yoff);
         fin.selected = false;
         bench.forget();
     }
@@ -43,7 +43,7 @@ protected:
     static std::vector<Rgb> lit(const std::vector<int>& segments) {
         auto colours = repeated(4, black);
         for (int segment : segments)
-            colours[static_cast<std::size_t>(segment - 2)] = highlightColor;
+            colours[static_cast<std::size_t>(segment - 2)] = project.highlightColor;
         return colours;
     }
     test::FinOnSurface fin;
@@ -145,12 +145,12 @@ TEST_F(TailViews, AllFourHighlightArgumentsOfTheSideCount) {
     EXPECT_EQ(drawnColours(area), joined({repeated(4, white), lit({2, 5})}));
     bench.forget();
     drawSide(2, 3, 4, 5, 6);
-    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, dimColor)}))
+    EXPECT_EQ(drawnColours(area), joined({repeated(4, white), repeated(4, project.dimColor)}))
         << "in the background the fin is dim whatever is lit";
 }
 
 TEST_F(TailViews, OverAPictureJustPaintedTheSideErasesNothing) {
-    Main.firstPictureRefresh = true;
+    Main.view.firstPictureRefresh = true;
     drawSide(-1, -1, -1, -1, 4);
     EXPECT_EQ(drawnColours(area), repeated(4, black));
 }
@@ -170,9 +170,9 @@ TEST_F(TailViews, FrontStatesHaveTheirColours) {
     fin.drawFront(TailView::FrontLook::background);
     fin.drawFront(TailView::FrontLook::erased);
     EXPECT_EQ(drawnColours(area),
-              joined({repeated(4, black), repeated(4, dimColor), repeated(4, white)}));
+              joined({repeated(4, black), repeated(4, project.dimColor), repeated(4, white)}));
     bench.forget();
-    Main.firstPictureRefresh = true;
+    Main.view.firstPictureRefresh = true;
     for (const auto look : {TailView::FrontLook::edited, TailView::FrontLook::background,
                             TailView::FrontLook::erased})
         fin.drawFront(look);
@@ -253,14 +253,16 @@ TEST_F(TailViews, VTopDrawsTheRootDimAndNeverErases) {
     Rudder.offset1 = 3;
     fin.computeVTopPoints(2, 400, 30);
     fin.drawVTop();
-    EXPECT_EQ(drawnColours(area), repeated(4, dimColor)) << "one rectangle whatever the offsets";
+    EXPECT_EQ(drawnColours(area), repeated(4, project.dimColor))
+        << "one rectangle whatever the offsets";
     EXPECT_EQ(
         test::penPath(drawnLines(area), 0, 4),
         (std::vector<Point2D>{{421, 1330}, {421, 1630}, {391, 1630}, {391, 1330}, {421, 1330}}));
     bench.forget();
     Rudder.shift = 1;
     fin.drawVTop();
-    ASSERT_EQ(drawnColours(area), repeated(8, dimColor)) << "a raised root has its mirror image";
+    ASSERT_EQ(drawnColours(area), repeated(8, project.dimColor))
+        << "a raised root has its mirror image";
     EXPECT_EQ(drawnLines(area)[4].x1, 379);
 }
 

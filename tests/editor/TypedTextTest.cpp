@@ -1,7 +1,6 @@
 #include "editor/PanelTable.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
 #include "support/EditorBench.h"
 
 // What a box that the user types in tells about the model, and when a key in it commits.
@@ -12,21 +11,21 @@ namespace {
 class TypedText : public test::EditorTest {
 protected:
     static const ControlState& box(Control control) { return Main.controls[control]; }
-    static std::string tip(Control control) { return entryTip(*panelField(control)); }
+    static std::string tip(Control control) { return entryTip(Main.store(), *panelField(control)); }
 
-    MeshSections& fuselage = Fuselage::current();
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(TypedText, AKeyInABoxThatNobodyHasEditedCommitsNothing) {
     for (const PanelField& field : panelFields()) {
         SCOPED_TRACE(controlName(field.control));
         if (field.rule != TextRule::Length) continue;
-        field.set(12.75);
+        field.set(Main.store(), 12.75);
         Main.refreshPanels();
-        const double before = field.get();
+        const double before = field.get(project);
         bench.forget();
         Main.textKeyDown(field.control, box(field.control).text);
-        EXPECT_EQ(field.get(), before);
+        EXPECT_EQ(field.get(project), before);
         EXPECT_TRUE(area.calls.empty());
         EXPECT_TRUE(Main.savedProject);
     }

@@ -24,7 +24,7 @@ INSTANTIATE_TEST_SUITE_P(Scenarios, ViewScenario,
 
 TEST(ViewScenarios, StartFromTheStateOfAFreshStart) {
     const EditorBench bench;
-    EXPECT_EQ(differencesFromAFreshStart(bench), "");
+    EXPECT_EQ(differencesFromAFreshStart(bench), std::vector<std::string>{});
 }
 
 TEST(ViewScenarios, AreAllThere) {

@@ -3,15 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "editor/StandingLines.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 
 namespace velna {
 namespace {
@@ -46,7 +45,7 @@ protected:
                                            Control::SideButton, Control::HTopButton};
 
     static void enter(int mode) {
-        Main.mode = mode;
+        Main.view.mode = mode;
         Main.refreshDrawingArea();
     }
 };
@@ -56,14 +55,15 @@ TEST_F(Views, EntryPressesItsKeyAndClearsShiftAndCtrlButNotAlt) {
                                            &MainForm::initSideView, &MainForm::initHTopView};
     for (int mode = 1; mode <= 4; ++mode) {
         SCOPED_TRACE(mode);
-        Main.shiftkey = Main.ctrlkey = Main.altkey = true;
-        (Main.*entries[mode - 1])();
-        EXPECT_EQ(Main.mode, mode);
-        EXPECT_FALSE(Main.shiftkey);
-        EXPECT_FALSE(Main.ctrlkey);
-        EXPECT_TRUE(Main.altkey);
+        Main.pointer.shiftkey = Main.pointer.ctrlkey = Main.pointer.altkey = true;
+        const auto entry = entries[mode - 1];
+        (Main.*entry)();
+        EXPECT_EQ(Main.view.mode, mode);
+        EXPECT_FALSE(Main.pointer.shiftkey);
+        EXPECT_FALSE(Main.pointer.ctrlkey);
+        EXPECT_TRUE(Main.pointer.altkey);
         for (int key = 1; key <= 4; ++key) EXPECT_EQ(Main.checked(viewKeys[key - 1]), key == mode);
-        EXPECT_FALSE(Main.nothingToErase);
+        EXPECT_FALSE(Main.view.nothingToErase);
     }
 }
 
@@ -110,7 +110,7 @@ TEST_F(Views, SideUnderTheElectronicsTabLeavesInsertRemoveAlone) {
 TEST_F(Views, EachViewDrawsItsObjectsInOrder) {
     Rudder.shift = 0;
     const auto b = black;
-    const auto d = dimColor;
+    const auto d = project.dimColor;
     const struct {
         int mode, tab;
         std::vector<Rgb> colours;
@@ -148,7 +148,7 @@ TEST_F(Views, AnEntryErasesNothingWhateverStoodThereBefore) {
             bench.forget();
             enter(mode);
             EXPECT_EQ(area.lines(white), 0) << mode;
-            EXPECT_FALSE(Main.firstPictureRefresh) << "an entry does not touch it";
+            EXPECT_FALSE(Main.view.firstPictureRefresh) << "an entry does not touch it";
         }
     bench.forget();
     Main.views.wings(1).drawVTop(Main.canvas(), Wings(1));
@@ -159,7 +159,7 @@ TEST_F(Views, TheFinIsDrawnInANewlyEnteredFrontView) {
     Main.initFrontView();
     EXPECT_EQ(area.lines(black), 16 + 4);
     bench.forget();
-    Main.firstPictureRefresh = true;
+    Main.view.firstPictureRefresh = true;
     Main.initFrontView();
     EXPECT_EQ(area.lines(black), 16 + 4) << "nothing of an older drawing is on the surface";
     bench.forget();
@@ -208,9 +208,9 @@ TEST_F(Views, AnEntryKeepsTheHoverState) {
     enter(ViewMode::VTop);
     EXPECT_TRUE(Main.views.wings(1).grip.selected && Main.views.stabilizer.grip.selected &&
                 Main.views.fuselages(1).grip.selected);
-    EXPECT_EQ(area.lines(highlightColor), 0);
+    EXPECT_EQ(area.lines(project.highlightColor), 0);
     EXPECT_EQ(area.lines(black), 16 + 6);
-    EXPECT_EQ(area.lines(dimColor), 8) << "a lit current fuselage is drawn once";
+    EXPECT_EQ(area.lines(project.dimColor), 8) << "a lit current fuselage is drawn once";
     Main.views.wings(1).grip.selected = Main.views.stabilizer.grip.selected = false;
     enter(ViewMode::Front);
     EXPECT_FALSE(Main.views.wings(1).grip.selected || Main.views.stabilizer.grip.selected);
@@ -222,7 +222,7 @@ TEST_F(Views, SideAndHTopShowTheFirstPanelOnly) {
     enter(ViewMode::HTop);
     const auto both = area.calls.size();
     Plane::increment(nbWings);
-    MainWing::addWing();
+    MainWing::addWing(project);
     bench.forget();
     enter(ViewMode::Side);
     EXPECT_EQ(area.calls.size(), side);
@@ -232,32 +232,32 @@ TEST_F(Views, SideAndHTopShowTheFirstPanelOnly) {
 
 TEST_F(Views, LockZoomKeepsTheTransformOfWhateverView) {
     Main.setChecked(Control::LockZoom, true);
-    Main.zoom = 3;
-    Main.xoff = 5;
-    Main.yoff = 7;
+    Main.view.zoom = 3;
+    Main.view.xoff = 5;
+    Main.view.yoff = 7;
     for (int mode = 1; mode <= 4; ++mode) {
         Wings(1).span += 100;
         enter(mode);
-        EXPECT_EQ(Main.zoom, 3);
-        EXPECT_EQ(Main.xoff, 5);
-        EXPECT_EQ(Main.yoff, 7);
+        EXPECT_EQ(Main.view.zoom, 3);
+        EXPECT_EQ(Main.view.xoff, 5);
+        EXPECT_EQ(Main.view.yoff, 7);
     }
     Main.setChecked(Control::LockZoom, false);
     enter(ViewMode::VTop);
-    EXPECT_EQ(Main.xoff, 450);
-    EXPECT_NE(Main.zoom, 3);
+    EXPECT_EQ(Main.view.xoff, 450);
+    EXPECT_NE(Main.view.zoom, 3);
 }
 
 TEST_F(Views, ASurfaceOfAnotherSizeIsFittedInWholePixels) {
     area.resize(901, 500.5);
     enter(ViewMode::VTop);
-    EXPECT_EQ(Main.xoff, 450.5);
-    EXPECT_EQ(Main.zoom, 0.95 * (500 / 800.0)) << "halves to even";
+    EXPECT_EQ(Main.view.xoff, 450.5);
+    EXPECT_EQ(Main.view.zoom, 0.95 * (500 / 800.0)) << "halves to even";
 }
 
 TEST_F(Views, APictureShownHereIsPaintedFirst) {
     area.pictures["plan.bmp"] = {100, 60};
-    Main.mode = ViewMode::Side;
+    Main.view.mode = ViewMode::Side;
     Main.pictureHere().shown = true;
     Main.pictureHere().file = "plan.bmp";
     Main.pictureHere().size = {100, 60};
@@ -284,21 +284,21 @@ TEST_F(Views, ARefreshRendersOnlyWithItsKeyPressed) {
 }
 
 TEST_F(Views, ARedrawFitsTheModelAnew) {
-    const double before = Main.zoom;
+    const double before = Main.view.zoom;
     Wings(1).span = 5000;
     Main.refreshDrawingArea();
-    EXPECT_LT(Main.zoom, before);
+    EXPECT_LT(Main.view.zoom, before);
 }
 
 TEST_F(Views, AnUntickedCurrentFuselageIsLeftOutButStillFitted) {
     ObjectList.setShown(1, false);
-    const double zoom = Main.zoom;
+    const double zoom = Main.view.zoom;
     enter(ViewMode::VTop);
     EXPECT_EQ(area.lines(black), 16);
-    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_EQ(Main.view.zoom, zoom);
     bench.forget();
     enter(ViewMode::Front);
-    EXPECT_EQ(area.lines(dimColor), 0);
+    EXPECT_EQ(area.lines(project.dimColor), 0);
 }
 
 }  // namespace

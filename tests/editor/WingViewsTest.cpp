@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "model/Plane.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 #include "support/HandleRows.h"
 #include "support/PartsOnSurface.h"
 
@@ -28,8 +28,8 @@ protected:
     /// Draws the wing plainly in both views at two pixels a unit and forgets the drawing.
     void place() {
         test::preparePress();
-        part.drawFront(Main.zoom, Main.xoff, Main.yoff);
-        part.drawVTop(Main.zoom, Main.xoff, Main.yoff);
+        part.drawFront(Main.view.zoom, Main.view.xoff, Main.view.yoff);
+        part.drawVTop(Main.view.zoom, Main.view.xoff, Main.view.yoff);
         part.selected = false;
         bench.forget();
     }
@@ -41,7 +41,7 @@ protected:
     static std::vector<Rgb> lit(const std::vector<int>& segments, Rgb plain = black) {
         auto colours = repeated(4, plain);
         for (int segment : segments)
-            colours[static_cast<std::size_t>(segment - 2)] = highlightColor;
+            colours[static_cast<std::size_t>(segment - 2)] = project.highlightColor;
         return colours;
     }
 
@@ -149,22 +149,22 @@ TEST_F(WingViews, TheRootEdgeItselfIsNotLitByItsOwnHover) {
 
 TEST_F(WingViews, TheFourthHighlightArgumentIsNotLookedAt) {
     place();
-    part.drawVTop(Main.zoom, Main.xoff, Main.yoff, {-1, -1, -1, 3});
+    part.drawVTop(Main.view.zoom, Main.view.xoff, Main.view.yoff, {-1, -1, -1, 3});
     EXPECT_EQ(halfColours(), lit({}));
     EXPECT_FALSE(part.selected) << "only the first argument selects";
     place();
-    part.drawVTop(Main.zoom, Main.xoff, Main.yoff, {2, 3, 4, 5});
+    part.drawVTop(Main.view.zoom, Main.view.xoff, Main.view.yoff, {2, 3, 4, 5});
     EXPECT_EQ(halfColours(), lit({2, 3, 4}));
     EXPECT_TRUE(part.selected);
-    part.drawVTop(Main.zoom, Main.xoff, Main.yoff);
+    part.drawVTop(Main.view.zoom, Main.view.xoff, Main.view.yoff);
     EXPECT_TRUE(part.selected) << "a plain drawing does not unselect";
 }
 
 TEST_F(WingViews, StateEightDimsThePlanBothHalves) {
     place();
-    part.drawVTop(Main.zoom, Main.xoff, Main.yoff, {3, -1, -1, -1}, true);
-    EXPECT_EQ(drawnColours(area),
-              joined({repeated(8, white), lit({3}, dimColor), repeated(4, dimColor)}));
+    part.drawVTop(Main.view.zoom, Main.view.xoff, Main.view.yoff, {3, -1, -1, -1}, true);
+    EXPECT_EQ(drawnColours(area), joined({repeated(8, white), lit({3}, project.dimColor),
+                                          repeated(4, project.dimColor)}));
 }
 
 TEST_F(WingViews, TheOutlinesStandWhereTheTransformPutsThem) {
@@ -208,7 +208,7 @@ TEST_F(WingViews, ErasesWithTheOldPointsAndDrawsWithTheNew) {
 
 TEST_F(WingViews, OverAPictureJustPaintedNothingIsErased) {
     place();
-    Main.firstPictureRefresh = true;
+    Main.view.firstPictureRefresh = true;
     part.drawVTop(2, 400, 30);
     part.drawFront(2, 400, 30);
     EXPECT_EQ(area.lines(white), 0);
@@ -257,7 +257,7 @@ TEST_F(WingViews, ShiftPressedInMidDragGoesOnWithTheOtherField) {
     part.paint = WingPart::tipEdge;
     part.initMouseValVTop();
     ASSERT_EQ(part.initval, 10) << "pos2";
-    Main.shiftkey = true;
+    Main.pointer.shiftkey = true;
     part.selectsVTop(104, 100);
     EXPECT_EQ(wing.span, 12) << "pos2's start value on the span";
     EXPECT_EQ(wing.pos2, 10);
@@ -267,12 +267,12 @@ TEST_F(WingViews, AResultThatIsNoNumberLeavesTheField) {
     place();
     part.paint = WingPart::tipEdge;
     part.initMouseValVTop();
-    Main.zoom = 0;
+    Main.view.zoom = 0;
     part.selectsVTop(100, 100);
     EXPECT_EQ(wing.pos2, 10) << "0 / 0";
     part.selectsVTop(100, 200);
     EXPECT_EQ(wing.pos2, 10) << "beyond all numbers";
-    Main.zoom = 2;
+    Main.view.zoom = 2;
     part.selectsVTop(100, std::numeric_limits<float>::quiet_NaN());
     EXPECT_EQ(wing.pos2, 10);
 }
@@ -289,7 +289,7 @@ TEST_F(WingViews, SideShowsTheClosedRootSectionDim) {
     part.view.sidePoints = wing.computeSidePoints({2, 400, 30});
     bench.forget();
     part.view.drawSide(Main.canvas(), wing);
-    EXPECT_EQ(drawnColours(area), repeated(16, dimColor));
+    EXPECT_EQ(drawnColours(area), repeated(16, project.dimColor));
     const auto path = test::penPath(drawnLines(area), 0, 16);
     for (int i = 1; i <= 16; ++i)
         EXPECT_EQ(path[static_cast<std::size_t>(i - 1)], part.view.sidePoints(i));
@@ -300,7 +300,7 @@ TEST_F(WingViews, HTopShowsBothHalvesDim) {
     part.view.htopPoints = wing.computeHTopPoints({2, 400, 30});
     bench.forget();
     part.view.drawHTop(Main.canvas());
-    EXPECT_EQ(drawnColours(area), repeated(8, dimColor));
+    EXPECT_EQ(drawnColours(area), repeated(8, project.dimColor));
     const auto lines = drawnLines(area);
     EXPECT_EQ(lines[0].x1, 2 * 180.0 + 400);
     EXPECT_EQ(lines[2].y1, 30 - 2 * 700.0);

@@ -10,19 +10,11 @@
 #include <unistd.h>
 
 #include "common/ValueReader.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "persistence/ProjectFormats.h"
+#include "persistence/ProjectFile.h"
+#include "preview/PictureCopies.h"
+#include "support/InHand.h"
 
 namespace velna::fuzz {
-
-/// The model of a program just started.
-inline void resetModel() {
-    Prefs = {};
-    ObjectList.clear();
-    Plane::setDefaultPlane();
-}
 
 /// Whether the model is small enough to be worked through in every run.
 inline bool small() {
@@ -52,9 +44,10 @@ inline std::string savedBytes() {
     Stabilizer.set_texture_filename("");
     for (int i = 1; i <= nbFuselages; ++i) Fuselages(i).texture_filename.clear();
     Rudder.texture_filename.clear();
-    const std::string reason = Plane::saveProject(scratchFile());
-    if (!reason.empty()) {
-        std::cerr << "not saved: " << reason << '\n';
+    PictureStore none;
+    const Outcome saved = Plane::saveProject(project, scratchFile(), none);
+    if (!saved.isDone()) {
+        std::cerr << "not saved: " << saved.reason() << '\n';
         std::abort();
     }
     std::ifstream file(scratchFile(), std::ios::binary);
@@ -68,10 +61,10 @@ inline bool read(const std::string& bytes) {
     resetModel();
     bool complete = false;
     try {
-        complete = readProjectBytes(bytes);
+        complete = Plane::readProjectBytes(project, bytes);
     } catch (const ReadFailure&) {
     }
-    if (small()) ObjectList.update();
+    if (small()) ObjectList.update(Fuselages, nbFuselages);
     return complete;
 }
 

@@ -10,15 +10,15 @@ namespace {
 
 void load(const std::string& bytes) {
     using namespace velna;
-    fuzz::resetModel();
+    resetModel();
     // The normalisation looks across the profile from every point: long files are slow, not wrong.
     if (countAirfoilPoints(bytes) > 500) return;
     try {
-        loadAirfoilBytes(bytes);
+        loadAirfoilBytes(project, bytes);
     } catch (const ReadFailure&) {
     }
-    ObjectList.update();
-    Plane::createAllSolids();
+    ObjectList.update(Fuselages, nbFuselages);
+    solids.createAll(project);
     fuzz::expectRoundTrip();
 }
 

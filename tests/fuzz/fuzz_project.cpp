@@ -8,7 +8,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace velna;
     fuzz::read(std::string(data, data + size));
     if (!fuzz::small()) return 0;
-    Plane::createAllSolids();
+    solids.createAll(project);
     fuzz::expectRoundTrip();
     return 0;
 }

@@ -10,10 +10,6 @@
 #include <gtest/gtest.h>
 
 #include "editor/PanelTable.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "shell/ToolbarCommands.h"
 #include "support/ShellFixture.h"
 
 namespace {
@@ -74,10 +70,10 @@ protected:
         const std::size_t before = bytesNow;
         bytesMost = bytesNow;
         dialogs.files.push_back({file, 1});
-        Toolbar::click(Key::Open);
+        program.toolbar.click(Key::Open);
         EXPECT_EQ(dialogs.story(), "open");
         for (const Key view : {Key::Front, Key::Side, Key::HTop, Key::VTop}) {
-            Toolbar::click(view);
+            program.toolbar.click(view);
             Main.DrawArea_MouseMove(0, 0, 450, 250);
         }
         return static_cast<double>(bytesMost - before) / megabytes;
@@ -130,7 +126,7 @@ TEST_F(PromisedEntries, APressMovesPromisedWingsLikeOthers) {
     opened(few);
     const Point2D corner = Main.views.wings(2).vtopPoints[1];
     Main.views.testWingsVTop(
-        Main.pointer(static_cast<float>(corner.x), static_cast<float>(corner.y)));
+        Main.pointer.at(static_cast<float>(corner.x), static_cast<float>(corner.y)));
     const int part = Main.views.wings(2).grip.paint;
     EXPECT_NE(part, WingPart::none);
     for (int i = 3; i <= 4; ++i) EXPECT_EQ(Main.views.wings(i).grip.paint, part) << i;

@@ -2,7 +2,6 @@
 #include <string>
 #include <vector>
 
-#include "model/Equipment.h"
 #include "support/FreshModel.h"
 
 // The makers' lists, held against what a calculator makes of them: a table beside the table would
@@ -23,7 +22,7 @@ struct Column {
 };
 
 struct Totals {
-    const Catalogue& catalogue;
+    Catalogue catalogue;
     std::string names;  ///< in order, as the list shows them
     std::array<Column, 4> columns;
 };
@@ -31,22 +30,22 @@ struct Totals {
 using E = CatalogueEntry;
 
 /// What the lists add up to in millimetres and in the makers' weights.
-std::array<Totals, 3> totals() {
+std::array<Totals, 3> totals(int unit) {
     return {{
-        {Equipment::servoTypes,
+        {Equipment::servoTypes(unit),
          "Custom HS60 HS80 HS101 HS300 S3001 S3002 S3003 S3101 S5102 Micro3BB SuperFlBB MicroMc "
          "RoyalBB EuropaBB RoyalMc ProfiMc PowerMc JumboMc ",
          {{{&E::length, 695.3, 7558.6},
            {&E::width, 331.1, 3587.5},
            {&E::height, 671.9, 7359.7},
            {&E::weight, 780.8, 9983.2}}}},
-        {Equipment::receiverTypes,
+        {Equipment::receiverTypes(unit),
          "Custom Supreme Micro535 Platinum Pico4 Micro5/7 Mini9 MiniDS RX12 C12 C16 C18 ",
          {{{&E::length, 617.06, 4251.59},
            {&E::width, 393.4, 2712.61},
            {&E::height, 231.25, 1547.16},
            {&E::weight, 300, 2708}}}},
-        {Equipment::accuTypes,
+        {Equipment::accuTypes(unit),
          "Custom 7Elts-1000SRC 7Elts-2000SRC ",
          {{{&E::length, 382, 816},
            {&E::width, 113, 252},
@@ -56,8 +55,8 @@ std::array<Totals, 3> totals() {
 }
 
 /// A weight is a weight in any project; lengths are in its unit, of so many millimetres.
-void expectTotals(double unit) {
-    for (const Totals& expected : totals()) {
+void expectTotals(int projectUnit, double unit) {
+    for (const Totals& expected : totals(projectUnit)) {
         std::string names;
         for (const CatalogueEntry& row : expected.catalogue) names += row.name + " ";
         EXPECT_EQ(names, expected.names);
@@ -78,21 +77,16 @@ void expectTotals(double unit) {
 }
 
 TEST_F(Catalogues, HaveTheMakersRowsInMillimetres) {
-    expectTotals(1);
+    expectTotals(millimetres, 1);
 }
 
-TEST_F(Catalogues, AreReplacedByAFillInTheUnitInForce) {
-    Prefs.units = inches;
-    Equipment::fillCatalogues();
-    expectTotals(25.4);
-    Prefs.units = millimetres;
-    Equipment::fillCatalogues();
-    expectTotals(1);
+TEST_F(Catalogues, AreGivenInTheUnitAskedFor) {
+    expectTotals(inches, 25.4);
 }
 
 TEST_F(Catalogues, ARowIsGivenToTheCurrentBoxOfItsKind) {
     Equipments(1).box = 1;
-    Equipment::applyCatalogueRow(2);
+    Equipment::applyCatalogueRow(project, 2);
     EXPECT_EQ(Equipments(1).length, 45.79);
     EXPECT_EQ(Equipments(1).width, 26.51);
     EXPECT_EQ(Equipments(1).height, 19.28);

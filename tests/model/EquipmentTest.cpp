@@ -1,4 +1,3 @@
-#include "model/Equipment.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -8,11 +7,11 @@ using Boxes = FreshModel;
 
 void setCount(int count) {
     nbEquipments = static_cast<std::int16_t>(count);
-    Equipment::resizeEquipments(count);
+    Equipment::resizeEquipments(project, count);
 }
 
 TEST_F(Boxes, DefaultBox) {
-    const ElectroBox& box = Equipment::current();
+    const ElectroBox& box = Equipment::current(project);
     EXPECT_EQ(box.length, 30);
     EXPECT_EQ(box.width, 15);
     EXPECT_EQ(box.height, 25);
@@ -25,8 +24,7 @@ TEST_F(Boxes, DefaultBox) {
 }
 
 TEST_F(Boxes, MadeInAProjectInInchesAreConverted) {
-    Prefs.units = inches;
-    const ElectroBox box;
+    const ElectroBox box(inches);
     EXPECT_EQ(box.length, 30 / 25.4);
     EXPECT_EQ(box.shift, 5 / 25.4);
 }
@@ -39,11 +37,11 @@ TEST_F(Boxes, RemovingTheLastAlsoRenewsTheOneBefore) {
     currentEquipment = 3;
     --nbEquipments;
     currentEquipment = nbEquipments;
-    Equipment::resizeEquipments(nbEquipments);
+    Equipment::resizeEquipments(project, nbEquipments);
     EXPECT_EQ(Equipments.size(), 2);
     EXPECT_EQ(Equipments(1).length, 101);
     EXPECT_EQ(Equipments(2).length, 30);
-    EXPECT_EQ(&Equipment::current(), &Equipments(2));
+    EXPECT_EQ(&Equipment::current(project), &Equipments(2));
 }
 
 TEST_F(Boxes, AddingKeepsTheOthers) {
@@ -56,20 +54,21 @@ TEST_F(Boxes, AddingKeepsTheOthers) {
 TEST_F(Boxes, SolidOfATurnedBox) {
     ElectroBox& box = Equipments(1);
     box.orientation = 1;
-    box.create();
-    EXPECT_EQ(box.solidSize(), (Point3D{30, 25, 15}));
-    EXPECT_EQ(box.solidOrigin(), (Point3D{200, -7.5, 50}));
-    EXPECT_EQ(box.centre(), (Point3D{215, 5, 57.5}));
+    BoxSolid solid;
+    solid.create(box);
+    EXPECT_EQ(solid.solidSize(), (Point3D{30, 25, 15}));
+    EXPECT_EQ(solid.solidOrigin(), (Point3D{200, -7.5, 50}));
+    EXPECT_EQ(solid.centre(), (Point3D{215, 5, 57.5}));
     EXPECT_EQ(box.actualWidth(), 15);
     EXPECT_EQ(box.actualHeight(), 25);
     EXPECT_EQ(box.actualLength(), 30);
     box.orientation = 0;
-    Equipment::createEquipments();
-    EXPECT_EQ(box.solidSize(), (Point3D{30, 15, 25}));
+    solid.create(box);
+    EXPECT_EQ(solid.solidSize(), (Point3D{30, 15, 25}));
 }
 
 TEST_F(Boxes, KindColours) {
-    ElectroBox box;
+    ElectroBox box(millimetres);
     EXPECT_EQ(box.kindColor(), (Point3D{0, 0, 255}));
     box.box = BoxKind::receiver;
     EXPECT_EQ(box.kindColor(), (Point3D{0, 255, 0}));
@@ -80,7 +79,7 @@ TEST_F(Boxes, KindColours) {
 }
 
 TEST_F(Boxes, OutlinesOfADefaultBox) {
-    ElectroBox box;
+    ElectroBox box(millimetres);
     const Rectangle side = box.computeSidePoints({2, 7, 400});
     EXPECT_EQ(side[1], (Point2D{407, 300}));
     EXPECT_EQ(side[2], (Point2D{467, 300}));
@@ -94,7 +93,7 @@ TEST_F(Boxes, OutlinesOfADefaultBox) {
 }
 
 TEST_F(Boxes, OutlinesOfATurnedBoxExchangeWidthAndHeight) {
-    ElectroBox box;
+    ElectroBox box(millimetres);
     box.orientation = 3;
     const Rectangle side = box.computeSidePoints({});
     EXPECT_EQ(side[3], (Point2D{230, -65}));
@@ -106,7 +105,7 @@ TEST_F(Boxes, OutlinesOfATurnedBoxExchangeWidthAndHeight) {
 TEST_F(Boxes, ConversionLeavesTheWeight) {
     ElectroBox& box = Equipments(1);
     box.weight = 45.1;
-    Equipment::equipmentsToInches();
+    Equipment::equipmentsToInches(project);
     EXPECT_EQ(box.length, 30 / 25.4);
     EXPECT_EQ(box.width, 15 / 25.4);
     EXPECT_EQ(box.height, 25 / 25.4);
@@ -114,24 +113,23 @@ TEST_F(Boxes, ConversionLeavesTheWeight) {
     EXPECT_EQ(box.elevation, 50 / 25.4);
     EXPECT_EQ(box.shift, 5 / 25.4);
     EXPECT_EQ(box.weight, 45.1);
-    Equipment::equipmentsToMillimeters();
+    Equipment::equipmentsToMillimeters(project);
     EXPECT_DOUBLE_EQ(box.length, 30);
-    Equipment::rescaleEquipments(2);
+    Equipment::rescaleEquipments(project, 2);
     EXPECT_DOUBLE_EQ(box.elevation, 100);
     EXPECT_EQ(box.weight, 45.1);
 }
 
 TEST_F(Boxes, CatalogueRowIsCopiedOntoTheCurrentBox) {
-    Equipment::applyCatalogueRow(7);
-    const ElectroBox& box = Equipment::current();
-    EXPECT_EQ(Equipment::servoTypes[7].name, "S3003");
+    Equipment::applyCatalogueRow(project, 7);
+    const ElectroBox& box = Equipment::current(project);
+    EXPECT_EQ(Equipment::servoTypes(millimetres)[7].name, "S3003");
     EXPECT_EQ(box.length, 40.4);
     EXPECT_EQ(box.width, 19.8);
     EXPECT_EQ(box.height, 36);
     EXPECT_EQ(box.weight, 37.2);
-    Prefs.units = inches;
-    Equipment::fillCatalogues();
-    Equipment::applyCatalogueRow(7);
+    project.units = inches;
+    Equipment::applyCatalogueRow(project, 7);
     EXPECT_EQ(box.length, 40.4 / 25.4);
     EXPECT_EQ(box.width, 19.8 / 25.4);
     EXPECT_EQ(box.height, 36 / 25.4);
@@ -140,20 +138,20 @@ TEST_F(Boxes, CatalogueRowIsCopiedOntoTheCurrentBox) {
 
 // A list of another kind selects that row number in the box's own catalogue.
 TEST_F(Boxes, CatalogueIsThatOfTheBoxsKind) {
-    ElectroBox& box = Equipment::current();
+    ElectroBox& box = Equipment::current(project);
     box.box = BoxKind::accumulator;
     EXPECT_EQ(box.length, 30);  // a change of kind alone changes no number
-    Equipment::applyCatalogueRow(1);
+    Equipment::applyCatalogueRow(project, 1);
     EXPECT_EQ(box.length, 130);
     EXPECT_EQ(box.weight, 320);
-    Equipment::applyCatalogueRow(7);
+    Equipment::applyCatalogueRow(project, 7);
     EXPECT_EQ(box.length, 130);
     box.box = BoxKind::receiver;
-    Equipment::applyCatalogueRow(0);
+    Equipment::applyCatalogueRow(project, 0);
     EXPECT_EQ(box.height, 15);
     box.box = 5;
-    Equipment::applyCatalogueRow(1);
-    Equipment::applyCatalogueRow(-1);
+    Equipment::applyCatalogueRow(project, 1);
+    Equipment::applyCatalogueRow(project, -1);
     EXPECT_EQ(box.height, 15);
 }
 

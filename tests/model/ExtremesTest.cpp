@@ -3,9 +3,6 @@
 
 #include <cmath>
 
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -23,23 +20,23 @@ protected:
     static bool finite(const Point2D& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
     static void expectFiniteSolids() {
-        for (const WingSection* half : {Wings(1).Left.get(), Stabilizer.Right.get()})
+        for (const WingSection* half : {&solids.wings(1).Left, &solids.stabilizer.Right})
             for (int i = 1; i <= half->pointCount(); ++i) {
                 EXPECT_TRUE(finite(half->rootPoint(i)));
                 EXPECT_TRUE(finite(half->tipPoint(i)));
             }
-        for (int i = 1; i <= Rudder.pointCount(); ++i) {
-            EXPECT_TRUE(finite(Rudder.rootPoint(i, true)));
-            EXPECT_TRUE(finite(Rudder.tipPoint(i, true)));
-            EXPECT_TRUE(std::isfinite(Rudder.chordRatio(i)));
+        for (int i = 1; i <= solids.rudder.pointCount(); ++i) {
+            EXPECT_TRUE(finite(solids.rudder.rootPoint(i, true)));
+            EXPECT_TRUE(finite(solids.rudder.tipPoint(i, true)));
+            EXPECT_TRUE(std::isfinite(solids.rudder.chordRatio(i)));
         }
-        const MeshSections& body = Fuselages(1);
+        const BodySolid& body = solids.fuselages(1);
         for (int i = 1; i <= body.points.rows(); ++i)
             for (int j = 1; j <= body.points.columns(); ++j) {
                 EXPECT_TRUE(finite(body.meshPoint(j, i, true)));
                 EXPECT_TRUE(finite(body.texCoordAt(j, i)));
             }
-        EXPECT_TRUE(finite(Equipments(1).centre()));
+        EXPECT_TRUE(finite(solids.equipments(1).centre()));
     }
 
     /// All outlines, each on what it had before, as the views keep them.
@@ -133,10 +130,10 @@ TEST_F(Extremes, NumbersNeverMakeAnythingThatIsNotFinite) {
                 resetModel();
                 Fuselages(1).nb_cross = cross;
                 Fuselages(1).initArrays();
-                Rudder.texture_loaded = true;
-                Rudder.xtex = 64;
+                solids.rudder.picture.texture_loaded = true;
+                solids.rudder.picture.xtex = 64;
                 setAllNumbers(value, other);
-                Plane::createAllSolids();
+                solids.createAll(project);
                 expectFiniteSolids();
                 computeAllOutlines(value);
                 computeAllOutlines(3);
@@ -149,10 +146,10 @@ TEST_F(Extremes, NumbersNeverMakeAnythingThatIsNotFinite) {
                 Fuselages(1).insertSection(value);
                 Fuselages(1).removeSection();
                 ++nbWings;
-                MainWing::addWing();
-                Plane::rescaleAll(value);
-                Plane::switchAllToMillimeters();
-                Plane::createAllSolids();
+                MainWing::addWing(project);
+                Plane::rescaleAll(project, value);
+                Plane::switchAllToMillimeters(project);
+                solids.createAll(project);
                 expectFiniteSolids();
                 EXPECT_TRUE(std::isfinite(Fuselages(1).lengthPoint()));
                 EXPECT_TRUE(std::isfinite(Fuselages(1).startpoint()));
@@ -175,7 +172,7 @@ TEST_F(Extremes, CountsNeverReadPastAnArray) {
                 body.nb_sections = sections;
                 body.nb_cross = cross;
                 body.sel_sec = selected;
-                body.create();
+                solids.fuselages(1).create(body);
                 computeAllOutlines(1);
                 body.widthSet(3);
                 body.curvatureSet(1);
@@ -189,7 +186,7 @@ TEST_F(Extremes, CountsNeverReadPastAnArray) {
                     body.insertSection(5);
                 }
                 EXPECT_TRUE(std::isfinite(body.widthGet()));
-                EXPECT_LE(body.points.rows(), 3);
+                EXPECT_LE(solids.fuselages(1).points.rows(), 3);
             }
         }
     }
@@ -201,7 +198,7 @@ TEST_F(Extremes, OrderThatPointsNowhereIsHarmless) {
         body.sectionOrder(1) = k;
         body.sectionOrder(3) = k;
         body.sel_sec = 3;
-        body.create();
+        solids.fuselages(1).create(body);
         computeAllOutlines(1);
         expectFiniteOutlines();
         body.insertSection(300);
@@ -218,21 +215,22 @@ TEST_F(Extremes, OrderThatPointsNowhereIsHarmless) {
 TEST_F(Extremes, NumbersOfAirfoilPointsNeverReadPastAnArray) {
     for (std::int16_t nb : counts) {
         Wings(1).nb = nb;
-        Wings(1).create();
+        solids.wings(1).create(Wings(1));
         Wings(1).normalizeAirfoil();
         EXPECT_EQ(Wings(1).computeSidePoints({}).upper(), Wings(1).pointCount());
-        Wings(1).Left->xtex = 64;
-        Wings(1).Left->ytex = 64;
-        Wings(1).Left->create_texcoords();
+        WingSection& half = solids.wings(1).Left;
+        half.picture.xtex = 64;
+        half.picture.ytex = 64;
+        half.create_texcoords();
         EXPECT_LE(Wings(1).pointCount(), 16);
         Rudder.nb = nb;
-        Rudder.create();
-        EXPECT_GE(Rudder.pointCount(), 0);
+        solids.rudder.create(Rudder);
+        EXPECT_GE(solids.rudder.pointCount(), 0);
     }
     Wings(1).nb = 32767;
     Wings(1).allocate();
-    Wings(1).create();
-    EXPECT_EQ(Wings(1).Left->pointCount(), 32767);
+    solids.wings(1).create(Wings(1));
+    EXPECT_EQ(solids.wings(1).Left.pointCount(), 32767);
 }
 
 }  // namespace

@@ -3,41 +3,51 @@
 namespace velna {
 namespace {
 
-using Fin = FreshModel;
+class Fin : public FreshModel {
+protected:
+    FinSolid& solid() { return solids.rudder; }
+    void build() { solid().create(Rudder); }
+    /// A picture of that size, converted.
+    void carry(int width, int height) {
+        solid().picture.texture_loaded = true;
+        solid().picture.xtex = width;
+        solid().picture.ytex = height;
+    }
+};
 
 TEST_F(Fin, DefaultStandsFromItsRootToItsTip) {
-    Rudder.create();
+    build();
     for (int i = 1; i <= 16; ++i) {
-        EXPECT_EQ(Rudder.rootPoint(i, false).z, 30);
-        EXPECT_EQ(Rudder.tipPoint(i, false).z, 180);
+        EXPECT_EQ(solid().rootPoint(i, false).z, 30);
+        EXPECT_EQ(solid().tipPoint(i, false).z, 180);
     }
-    EXPECT_EQ(Rudder.rootPoint(1, false).x, 650);
-    EXPECT_EQ(Rudder.rootPoint(8, false).x, 800);
-    EXPECT_EQ(Rudder.rootPoint(9, false).x, 800);
-    EXPECT_EQ(Rudder.tipPoint(1, false).x, 750);
-    EXPECT_EQ(Rudder.tipPoint(8, false).x, 830);
+    EXPECT_EQ(solid().rootPoint(1, false).x, 650);
+    EXPECT_EQ(solid().rootPoint(8, false).x, 800);
+    EXPECT_EQ(solid().rootPoint(9, false).x, 800);
+    EXPECT_EQ(solid().tipPoint(1, false).x, 750);
+    EXPECT_EQ(solid().tipPoint(8, false).x, 830);
 }
 
 TEST_F(Fin, IsThickestAtThreeTenthsOfTheChord) {
-    Rudder.create();
-    EXPECT_DOUBLE_EQ(Rudder.rootPoint(6, false).x, 650 + 0.3 * 150);
-    EXPECT_DOUBLE_EQ(Rudder.rootPoint(6, false).y - Rudder.rootPoint(11, false).y, 0.1 * 150);
+    build();
+    EXPECT_DOUBLE_EQ(solid().rootPoint(6, false).x, 650 + 0.3 * 150);
+    EXPECT_DOUBLE_EQ(solid().rootPoint(6, false).y - solid().rootPoint(11, false).y, 0.1 * 150);
     for (int i = 1; i <= 16; ++i)
-        EXPECT_LE(Rudder.rootPoint(i, false).y, Rudder.rootPoint(6, false).y);
-    EXPECT_DOUBLE_EQ(Rudder.chordRatio(6), 0.3);
+        EXPECT_LE(solid().rootPoint(i, false).y, solid().rootPoint(6, false).y);
+    EXPECT_DOUBLE_EQ(solid().chordRatio(6), 0.3);
 }
 
 TEST_F(Fin, MirroredProfileIsMovedAndNotFlipped) {
     Rudder.offset1 = 40;
     Rudder.offset2 = -10;
-    Rudder.create();
+    build();
     EXPECT_TRUE(Rudder.mirrored());
     for (int i = 1; i <= 16; ++i) {
-        EXPECT_DOUBLE_EQ(Rudder.rootPoint(i, true).y, Rudder.rootPoint(i, false).y - 80);
-        EXPECT_DOUBLE_EQ(Rudder.tipPoint(i, true).y, Rudder.tipPoint(i, false).y - 60);
-        EXPECT_EQ(Rudder.rootPoint(i, true).x, Rudder.rootPoint(i, false).x);
+        EXPECT_DOUBLE_EQ(solid().rootPoint(i, true).y, solid().rootPoint(i, false).y - 80);
+        EXPECT_DOUBLE_EQ(solid().tipPoint(i, true).y, solid().tipPoint(i, false).y - 60);
+        EXPECT_EQ(solid().rootPoint(i, true).x, solid().rootPoint(i, false).x);
     }
-    EXPECT_DOUBLE_EQ(Rudder.rootPoint(6, true).y, -40 + 7.5);
+    EXPECT_DOUBLE_EQ(solid().rootPoint(6, true).y, -40 + 7.5);
 }
 
 TEST_F(Fin, IsATwinAsSoonAsAnOffsetIsNotZero) {
@@ -52,14 +62,12 @@ TEST_F(Fin, InitLeavesTheOffsets) {
     Rudder.span = 1;
     Rudder.nb = 3;
     Rudder.texture_filename = "x.bmp";
-    Rudder.xtex = 64;
-    Rudder.init();
+    Rudder.init(project.defaultColor);
     EXPECT_EQ(Rudder.offset1, 40);
     EXPECT_EQ(Rudder.offset2, 5);
     EXPECT_EQ(Rudder.span, 150);
     EXPECT_EQ(Rudder.nb, 16);
     EXPECT_EQ(Rudder.texture_filename, "");
-    EXPECT_EQ(Rudder.xtex, 0);
 }
 
 TEST_F(Fin, ConversionTakesTheEightLengths) {
@@ -80,49 +88,43 @@ TEST_F(Fin, ConversionTakesTheEightLengths) {
 }
 
 TEST_F(Fin, PicturePlacesAreBuiltWithAPictureOnly) {
-    Rudder.create();
-    EXPECT_EQ(Rudder.rootTexCoord(8), 0);
-    Rudder.texture_loaded = true;
-    Rudder.xtex = 64;
-    Rudder.ytex = 128;
-    Rudder.create();
-    EXPECT_EQ(Rudder.rootTexCoord(8), 2);
-    EXPECT_EQ(Rudder.rootTexCoord(9), 2);
-    EXPECT_EQ(Rudder.tipTexCoord(1), ((750.0 - 650) / 150) * 128 / 64);
-    EXPECT_EQ(Rudder.tipTexCoord(16), Rudder.tipTexCoord(1));
+    build();
+    EXPECT_EQ(solid().rootTexCoord(8), 0);
+    carry(64, 128);
+    build();
+    EXPECT_EQ(solid().rootTexCoord(8), 2);
+    EXPECT_EQ(solid().rootTexCoord(9), 2);
+    EXPECT_EQ(solid().tipTexCoord(1), ((750.0 - 650) / 150) * 128 / 64);
+    EXPECT_EQ(solid().tipTexCoord(16), solid().tipTexCoord(1));
 }
 
 TEST_F(Fin, WithoutSpanOrPictureSizeHasPlacesOfZero) {
-    Rudder.texture_loaded = true;
-    Rudder.xtex = 64;
-    Rudder.ytex = 64;
+    carry(64, 64);
     Rudder.span = 0;
-    Rudder.create();
-    for (int i = 1; i <= 16; ++i) EXPECT_EQ(Rudder.rootTexCoord(i), 0);
+    build();
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(solid().rootTexCoord(i), 0);
     Rudder.span = 150;
-    Rudder.xtex = 0;
-    Rudder.create();
-    for (int i = 1; i <= 16; ++i) EXPECT_EQ(Rudder.rootTexCoord(i), 0);
+    carry(0, 64);
+    build();
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(solid().rootTexCoord(i), 0);
 }
 
 TEST_F(Fin, WithoutRootChordHasChordRatiosOfZero) {
     Rudder.length1 = 0;
-    Rudder.create();
-    for (int i = 1; i <= 16; ++i) EXPECT_EQ(Rudder.chordRatio(i), 0);
+    build();
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(solid().chordRatio(i), 0);
 }
 
 TEST_F(Fin, AnyNumberOfPointsBuildsAClosedSection) {
-    Rudder.texture_loaded = true;
-    Rudder.xtex = 64;
-    Rudder.ytex = 64;
+    carry(64, 64);
     constexpr std::int16_t counts[] = {0, 1, 2, 3, 7, 8, 15, 17, 40, 1001};
     for (std::int16_t nb : counts) {
         Rudder.nb = nb;
-        Rudder.create();
-        ASSERT_EQ(Rudder.pointCount(), nb);
+        build();
+        ASSERT_EQ(solid().pointCount(), nb);
         for (int i = 1; i <= nb; ++i) {
-            const Point3D point = Rudder.rootPoint(i, false);
-            const Point3D opposite = Rudder.rootPoint(nb + 1 - i, false);
+            const Point3D point = solid().rootPoint(i, false);
+            const Point3D opposite = solid().rootPoint(nb + 1 - i, false);
             EXPECT_EQ(point.x, opposite.x) << nb << " " << i;
             if (i != nb + 1 - i) {
                 EXPECT_EQ(point.y, -opposite.y) << nb << " " << i;
@@ -130,10 +132,10 @@ TEST_F(Fin, AnyNumberOfPointsBuildsAClosedSection) {
         }
     }
     Rudder.nb = -7;
-    Rudder.create();
-    EXPECT_EQ(Rudder.pointCount(), 0);
-    EXPECT_EQ(Rudder.rootPoint(1, true), Point3D{});
-    EXPECT_EQ(Rudder.rootTexCoord(1), 0);
+    build();
+    EXPECT_EQ(solid().pointCount(), 0);
+    EXPECT_EQ(solid().rootPoint(1, true), Point3D{});
+    EXPECT_EQ(solid().rootTexCoord(1), 0);
 }
 
 TEST_F(Fin, OutlinesOfTheViews) {

@@ -10,6 +10,7 @@ namespace {
 class Outlines : public FreshModel {
 protected:
     MeshSections& body() { return Fuselages(1); }
+    BodySolid& solid() { return solids.fuselages(1); }
 
     void setCross(int cross) {
         body().nb_cross = static_cast<std::int16_t>(cross);
@@ -58,12 +59,12 @@ TEST_F(Outlines, FrontOutlineIsTheMeshSeenFromAhead) {
         body().curvature2(k) = 1.3;
         body().bias_curve(k) = 0.4;
     }
-    body().create();
+    solid().create(body());
     const auto front = body().computeFrontPoints({2, 7, 400});
     for (int i = 1; i <= 3; ++i) {
         for (int j = 1; j <= 12; ++j) {
             if (j == 7) continue;
-            const Point3D point = body().meshPoint(j, i, false);
+            const Point3D point = solid().meshPoint(j, i, false);
             EXPECT_EQ(front(i, j), (Point2D{point.y * 2 + 7, -point.z * 2 + 400}));
             EXPECT_TRUE(body().frontPointUsed(j));
         }
@@ -135,8 +136,8 @@ TEST_F(Outlines, OfAChangeWithoutNewArraysStayInside) {
     EXPECT_EQ(body().computeSidePoints({}).top.upper(), 3);
     EXPECT_EQ(body().computeHTopPoints({}).plus.upper(), 3);
     EXPECT_EQ(body().computeVTopPoints({}).upper(), 6);
-    body().create();
-    EXPECT_EQ(body().points.rows(), 3);
+    solid().create(body());
+    EXPECT_EQ(solid().points.rows(), 3);
     EXPECT_EQ(front.rows(), 3);
     EXPECT_EQ(front.columns(), 20);
 }

@@ -1,7 +1,6 @@
 #include <cmath>
 #include <utility>
 
-#include "model/Fuselage.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -13,14 +12,14 @@ protected:
 };
 
 TEST_F(Body, DefaultShape) {
-    const MeshSections fresh;
+    const MeshSections fresh(millimetres, project.defaultColor);
     EXPECT_EQ(fresh.nb_sections, 3);
     EXPECT_EQ(fresh.nb_cross, 8);
     EXPECT_EQ(fresh.sel_sec, 1);
     EXPECT_TRUE(fresh.uniqueCurvature);
     EXPECT_TRUE(fresh.linkedCurvatures);
     EXPECT_FALSE(fresh.transparent);
-    EXPECT_EQ(fresh.color(), defaultColor);
+    EXPECT_EQ(fresh.color(), project.defaultColor);
     const double expected[][7] = {
         {20, 20, 0, 10, 1, 1, 0.5}, {100, 100, 200, 10, 1, 1, 0.5}, {10, 10, 800, 30, 1, 1, 0.5}};
     for (int i = 1; i <= 3; ++i) {
@@ -37,8 +36,7 @@ TEST_F(Body, DefaultShape) {
 }
 
 TEST_F(Body, DefaultShapeInAProjectInInches) {
-    Prefs.units = inches;
-    const MeshSections fresh;
+    const MeshSections fresh(inches, project.defaultColor);
     EXPECT_EQ(fresh.height(2), 100 / 25.4);
     EXPECT_EQ(fresh.pos(3), 800 / 25.4);
     EXPECT_EQ(fresh.curvature(2), 1);
@@ -49,8 +47,6 @@ TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
     body().pos_offset = 5;
     body().elevation_offset = 6;
     body().texture_filename = "body.bmp";
-    body().texture_loaded = true;
-    body().xtex = 64;
     body().transparent = true;
     body().uniqueCurvature = false;
     body().linkedCurvatures = false;
@@ -63,8 +59,6 @@ TEST_F(Body, CopyLiesOnTheCentreLineInOrderWithoutAPicture) {
     EXPECT_EQ(copy.pos_offset, 0);
     EXPECT_EQ(copy.elevation_offset, 0);
     EXPECT_EQ(copy.texture_filename, "");
-    EXPECT_FALSE(copy.texture_loaded);
-    EXPECT_EQ(copy.xtex, 0);
     EXPECT_TRUE(copy.transparent);
     EXPECT_FALSE(copy.uniqueCurvature);
     EXPECT_FALSE(copy.linkedCurvatures);
@@ -122,7 +116,7 @@ TEST_F(Body, WithoutASelectedSectionAnswersZeroAndTakesNothing) {
         body().curvature2Set(7);
         body().bias_curveSet(7);
     }
-    const MeshSections fresh;
+    const MeshSections fresh(millimetres, project.defaultColor);
     EXPECT_EQ(body().width, fresh.width);
     EXPECT_EQ(body().height, fresh.height);
     EXPECT_EQ(body().elevation, fresh.elevation);

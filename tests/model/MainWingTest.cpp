@@ -1,4 +1,3 @@
-#include "model/MainWing.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -8,7 +7,7 @@ using Panels = FreshModel;
 
 void add() {
     ++nbWings;
-    MainWing::addWing();
+    MainWing::addWing(project);
 }
 
 TEST_F(Panels, NewPanelContinuesTheDefaultWing) {
@@ -64,7 +63,7 @@ TEST_F(Panels, AllocationPutsANewPanelInEverySlot) {
     Wings(1).shift = 9;
     currentWing = 1;
     nbWings = 3;
-    MainWing::allocateWings();
+    MainWing::allocateWings(project);
     EXPECT_EQ(currentWing, 1);
     EXPECT_EQ(Wings.size(), 3);
     for (int i = 1; i <= 3; ++i) {
@@ -77,23 +76,23 @@ TEST_F(Panels, AllocationPutsANewPanelInEverySlot) {
 
 TEST_F(Panels, OfAHugeCountCostNothingUntilTheyAreAskedFor) {
     nbWings = 32767;
-    MainWing::allocateWings();
+    MainWing::allocateWings(project);
     EXPECT_EQ(Wings(32767).nb, 16);
 }
 
 TEST_F(Panels, BeyondTheCounterAreNotLookedAt) {
     add();
     --nbWings;
-    MainWing::rescale(2);
+    MainWing::rescale(project, 2);
     EXPECT_EQ(Wings(1).span, 1400);
     EXPECT_EQ(Wings(2).span, 210);
 }
 
 TEST_F(Panels, AreConvertedTogether) {
     add();
-    MainWing::switchToInches();
+    MainWing::switchToInches(project);
     EXPECT_EQ(Wings(2).shift, 700 / 25.4);
-    MainWing::switchToMillimeters();
+    MainWing::switchToMillimeters(project);
     EXPECT_DOUBLE_EQ(Wings(2).shift, 700);
 }
 

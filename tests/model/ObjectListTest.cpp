@@ -1,5 +1,3 @@
-#include "model/Fuselage.h"
-#include "model/ObjectList.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -10,11 +8,11 @@ using Manager = FreshModel;
 void setCount(int count) {
     while (nbFuselages < count) {
         ++nbFuselages;
-        Fuselage::resizeFuselages();
-        Fuselage::addFuselage();
+        Fuselage::resizeFuselages(project);
+        Fuselage::addFuselage(project);
     }
     nbFuselages = static_cast<std::int16_t>(count);
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
 }
 
 TEST_F(Manager, RowTellsNumberStateAndSections) {

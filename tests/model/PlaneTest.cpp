@@ -1,7 +1,3 @@
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/Plane.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -32,11 +28,10 @@ TEST_F(Aircraft, DefaultAircraftHasOneOfEachList) {
     EXPECT_EQ(currentFuselage, 1);
     EXPECT_EQ(nbEquipments, 1);
     EXPECT_EQ(currentEquipment, 1);
-    EXPECT_EQ(Prefs.units, millimetres);
-    EXPECT_EQ(zeroTranslation, Point3D{});
-    EXPECT_EQ(dimColor, (Rgb{0, 0, 255}));
-    EXPECT_EQ(highlightColor, (Rgb{255, 255, 0}));
-    EXPECT_EQ(projectDirectory, "");
+    EXPECT_EQ(project.units, millimetres);
+    EXPECT_EQ(project.dimColor, (Rgb{0, 0, 255}));
+    EXPECT_EQ(project.highlightColor, (Rgb{255, 255, 0}));
+    EXPECT_EQ(project.projectDirectory, "");
 }
 
 TEST_F(Aircraft, DefaultPanelsHaveTheirLengths) {
@@ -59,63 +54,59 @@ TEST_F(Aircraft, DefaultFinHasItsLengths) {
 
 TEST_F(Aircraft, ResetTakesBackEveryChange) {
     nbWings = 3;
-    MainWing::allocateWings();
+    MainWing::allocateWings(project);
     currentWing = 3;
     Wings(1).span = 5;
     Stabilizer.span = 6;
     Stabilizer.set_texture_filename("tail.bmp");
     Rudder.span = 7;
-    Rudder.texture_loaded = true;
     Fuselages(1).width(2) = 8;
     Equipments(1).length = 9;
-    defaultColor = {1, 2, 3};
-    zeroTranslation = {1, 2, 3};
-    dimColor = black;
-    projectDirectory = "somewhere/";
-    Plane::setDefaultPlane();
+    project.defaultColor = {1, 2, 3};
+    project.dimColor = black;
+    project.projectDirectory = "somewhere/";
+    Plane::setDefaultPlane(project);
     EXPECT_EQ(nbWings, 1);
     EXPECT_EQ(currentWing, 1);
     expectPanel(Wings(1), {180, 10, 700, 230, 150, 50, 0, 0});
     expectPanel(Stabilizer, {650, 40, 250, 130, 80, 50, 0, 0});
     EXPECT_EQ(Rudder.span, 150);
-    EXPECT_FALSE(Rudder.texture_loaded);
     EXPECT_EQ(Fuselages(1).width(2), 100);
     EXPECT_EQ(Equipments(1).length, 30);
-    EXPECT_EQ(defaultColor, (Point3D{200, 200, 200}));
-    EXPECT_EQ(Rudder.color(), defaultColor);
-    EXPECT_EQ(Fuselages(1).color(), defaultColor);
-    EXPECT_EQ(zeroTranslation, Point3D{});
-    EXPECT_EQ(dimColor, palette[9]);
-    EXPECT_EQ(projectDirectory, "");
+    EXPECT_EQ(project.defaultColor, (Point3D{200, 200, 200}));
+    EXPECT_EQ(Rudder.color(), project.defaultColor);
+    EXPECT_EQ(Fuselages(1).color(), project.defaultColor);
+    EXPECT_EQ(project.dimColor, palette[9]);
+    EXPECT_EQ(project.projectDirectory, "");
 }
 
 // `init` alone keeps the offsets: a twin fin must not come back on the next aircraft.
 TEST_F(Aircraft, ResetPutsTheFinBackOnTheCentreLine) {
     Rudder.offset1 = 40;
     Rudder.offset2 = -3;
-    Plane::setDefaultPlane();
+    Plane::setDefaultPlane(project);
     EXPECT_EQ(Rudder.offset1, 0);
     EXPECT_EQ(Rudder.offset2, 0);
 }
 
 // Panels are given in millimetres; bodies and boxes convert themselves when they are made.
 TEST_F(Aircraft, ResetInInchesConvertsBodiesAndBoxesAlone) {
-    Prefs.units = inches;
-    Plane::setDefaultPlane();
+    project.units = inches;
+    Plane::setDefaultPlane(project);
     EXPECT_EQ(Wings(1).span, 700);
     EXPECT_EQ(Stabilizer.span, 250);
     EXPECT_EQ(Rudder.span, 150);
     EXPECT_EQ(Fuselages(1).width(2), 100 / 25.4);
     EXPECT_EQ(Equipments(1).length, 30 / 25.4);
-    EXPECT_EQ(Equipment::servoTypes[0].length, 25 / 25.4);
+    EXPECT_EQ(Equipment::servoTypes(project.units)[0].length, 25 / 25.4);
 }
 
 TEST_F(Aircraft, RescaleMultipliesTheLengthsOfAllObjects) {
     nbWings = 2;
-    MainWing::addWing();
+    MainWing::addWing(project);
     nbEquipments = 2;
-    Equipment::resizeEquipments(2);
-    Plane::rescaleAll(2);
+    Equipment::resizeEquipments(project, 2);
+    Plane::rescaleAll(project, 2);
     EXPECT_EQ(Wings(1).span, 1400);
     EXPECT_EQ(Wings(2).span, 420);
     EXPECT_EQ(Stabilizer.pos1, 1300);
@@ -130,7 +121,7 @@ TEST_F(Aircraft, RescaleMultipliesTheLengthsOfAllObjects) {
 
 TEST_F(Aircraft, InchesAndBackReturnTheLengths) {
     Equipments(1).weight = 37.2;
-    Plane::switchAllToInches();
+    Plane::switchAllToInches(project);
     EXPECT_EQ(Wings(1).span, 700 / 25.4);
     EXPECT_EQ(Stabilizer.pos1, 650 / 25.4);
     EXPECT_EQ(Rudder.span, 150 / 25.4);
@@ -138,7 +129,7 @@ TEST_F(Aircraft, InchesAndBackReturnTheLengths) {
     EXPECT_EQ(Equipments(1).pos, 200 / 25.4);
     EXPECT_EQ(Equipments(1).weight, 37.2);
     EXPECT_EQ(Wings(1).thickness1, 0.13);
-    Plane::switchAllToMillimeters();
+    Plane::switchAllToMillimeters(project);
     EXPECT_DOUBLE_EQ(Wings(1).span, 700);
     EXPECT_DOUBLE_EQ(Stabilizer.pos1, 650);
     EXPECT_DOUBLE_EQ(Rudder.span, 150);
@@ -150,19 +141,19 @@ TEST_F(Aircraft, InchesAndBackReturnTheLengths) {
 
 TEST_F(Aircraft, HiddenFuselagesAndAllBoxesAreConvertedAndScaledToo) {
     nbFuselages = 2;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(2, false);
     nbEquipments = 2;
-    Equipment::resizeEquipments(2);
-    Plane::switchAllToInches();
+    Equipment::resizeEquipments(project, 2);
+    Plane::switchAllToInches(project);
     EXPECT_EQ(Fuselages(2).pos(3), 800 / 25.4);
     EXPECT_EQ(Equipments(2).length, 30 / 25.4);
-    Plane::switchAllToMillimeters();
+    Plane::switchAllToMillimeters(project);
     EXPECT_DOUBLE_EQ(Fuselages(2).pos(3), 800);
     EXPECT_DOUBLE_EQ(Equipments(2).length, 30);
-    Plane::rescaleAll(2);
+    Plane::rescaleAll(project, 2);
     EXPECT_DOUBLE_EQ(Fuselages(2).pos(3), 1600);
     EXPECT_DOUBLE_EQ(Equipments(2).length, 60);
 }
@@ -177,26 +168,26 @@ TEST_F(Aircraft, CounterStopsAtItsLargestValue) {
 
 TEST_F(Aircraft, SolidsOfHiddenFuselagesStayAsTheyWere) {
     nbFuselages = 2;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(1, false);
-    Plane::createAllSolids();
-    EXPECT_EQ(Fuselages(1).points.rows(), -1);
-    EXPECT_EQ(Fuselages(2).points.rows(), 3);
-    EXPECT_EQ(Wings(1).Left->pointCount(), 16);
-    EXPECT_EQ(Stabilizer.Right->rootPoint(1).x, 780);
-    EXPECT_EQ(Rudder.pointCount(), 16);
-    EXPECT_EQ(Equipments(1).solidSize().x, 30);
+    solids.createAll(project);
+    EXPECT_EQ(solids.fuselages(1).points.rows(), -1);
+    EXPECT_EQ(solids.fuselages(2).points.rows(), 3);
+    EXPECT_EQ(solids.wings(1).Left.pointCount(), 16);
+    EXPECT_EQ(solids.stabilizer.Right.rootPoint(1).x, 780);
+    EXPECT_EQ(solids.rudder.pointCount(), 16);
+    EXPECT_EQ(solids.equipments(1).solidSize().x, 30);
 }
 
 TEST_F(Aircraft, ElevationOffsetsOfAllFuselagesAreZeroed) {
     nbFuselages = 2;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
     Fuselages(1).elevation_offset = 4;
     Fuselages(2).elevation_offset = 5;
-    Fuselage::zeroElevationOffsets();
+    Fuselage::zeroElevationOffsets(project);
     EXPECT_EQ(Fuselages(1).elevation_offset, 0);
     EXPECT_EQ(Fuselages(2).elevation_offset, 0);
 }
@@ -204,12 +195,12 @@ TEST_F(Aircraft, ElevationOffsetsOfAllFuselagesAreZeroed) {
 TEST_F(Aircraft, AddedFuselageIsADefaultOneOrACopyOfTheCurrentOne) {
     Fuselages(1).width(2) = 77;
     nbFuselages = 2;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
     EXPECT_EQ(Fuselages(2).width(2), 100);
     nbFuselages = 3;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage(true);
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project, true);
     EXPECT_EQ(Fuselages(3).width(2), 77);
     EXPECT_EQ(Fuselages(1).width(2), 77);
 }

@@ -3,7 +3,6 @@
 #include <initializer_list>
 #include <vector>
 
-#include "model/Fuselage.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -12,6 +11,8 @@ namespace velna {
 class ShapingFixture : public FreshModel {
 protected:
     MeshSections& body() { return Fuselages(1); }
+    BodySolid& solid() { return solids.fuselages(1); }
+    void build() { solid().create(body()); }
 
     /// Sections along x with the widths given, 100 apart.
     void setWidths(std::initializer_list<double> widths) {

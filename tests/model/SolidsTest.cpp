@@ -44,8 +44,8 @@ void expectHalf(WingSection& half, const json& expected, const std::string& wher
     expectPoints([&](int i) { return half.rootPoint(i); }, expected["rootPoints"], where + " root");
     expectPoints([&](int i) { return half.tipPoint(i); }, expected["tipPoints"], where + " tip");
     if (expected["rootTexCoords"].is_null()) return;
-    half.xtex = expected["xtex"].get<std::int32_t>();
-    half.ytex = expected["ytex"].get<std::int32_t>();
+    half.picture.xtex = expected["xtex"].get<std::int32_t>();
+    half.picture.ytex = expected["ytex"].get<std::int32_t>();
     half.create_texcoords();
     expectNumbers([&](int i) { return half.rootTexCoord(i); }, expected["rootTexCoords"],
                   where + " root texture");
@@ -53,25 +53,27 @@ void expectHalf(WingSection& half, const json& expected, const std::string& wher
                   where + " tip texture");
 }
 
-void expectWing(SymWingSections& wing, const json& expected, const std::string& where) {
-    expectHalf(*wing.Left, expected["Left"], where + " left");
-    expectHalf(*wing.Right, expected["Right"], where + " right");
+void expectWing(PanelSolid& wing, const json& expected, const std::string& where) {
+    expectHalf(wing.Left, expected["Left"], where + " left");
+    expectHalf(wing.Right, expected["Right"], where + " right");
 }
 
 void expectFin(const json& expected) {
-    ASSERT_EQ(Rudder.pointCount(), static_cast<int>(expected["rootPoints"].size()));
-    expectPoints([](int i) { return Rudder.rootPoint(i, false); }, expected["rootPoints"],
+    ASSERT_EQ(solids.rudder.pointCount(), static_cast<int>(expected["rootPoints"].size()));
+    expectPoints([](int i) { return solids.rudder.rootPoint(i, false); }, expected["rootPoints"],
                  "fin root");
-    expectPoints([](int i) { return Rudder.tipPoint(i, false); }, expected["tipPoints"], "fin tip");
-    expectNumbers([](int i) { return Rudder.chordRatio(i); }, expected["chordRatios"], "fin ratio");
+    expectPoints([](int i) { return solids.rudder.tipPoint(i, false); }, expected["tipPoints"],
+                 "fin tip");
+    expectNumbers([](int i) { return solids.rudder.chordRatio(i); }, expected["chordRatios"],
+                  "fin ratio");
     if (expected["rootTexCoords"].is_null()) return;
-    expectNumbers([](int i) { return Rudder.rootTexCoord(i); }, expected["rootTexCoords"],
+    expectNumbers([](int i) { return solids.rudder.rootTexCoord(i); }, expected["rootTexCoords"],
                   "fin root texture");
-    expectNumbers([](int i) { return Rudder.tipTexCoord(i); }, expected["tipTexCoords"],
+    expectNumbers([](int i) { return solids.rudder.tipTexCoord(i); }, expected["tipTexCoords"],
                   "fin tip texture");
 }
 
-void expectFuselage(const MeshSections& body, const json& expected, const std::string& where) {
+void expectFuselage(const BodySolid& body, const json& expected, const std::string& where) {
     const json& rows = expected["points"];
     ASSERT_EQ(body.points.rows(), static_cast<int>(rows.size())) << where;
     for (std::size_t n = 0; n < rows.size(); ++n) {
@@ -89,40 +91,44 @@ void expectFuselage(const MeshSections& body, const json& expected, const std::s
     }
 }
 
-void expectBox(const ElectroBox& box, const json& expected, const std::string& where) {
+void expectBox(int i, const json& expected, const std::string& where) {
+    const BoxSolid& box = solids.equipments(i);
     expectPoint(box.solidSize(), expected["solidSize"], where + " size");
     expectPoint(box.solidOrigin(), expected["solidOrigin"], where + " origin");
     expectPoint(box.centre(), expected["centre"], where + " centre");
-    expectPoint(box.kindColor(), expected["color"], where + " colour");
+    expectPoint(Equipments(i).kindColor(), expected["color"], where + " colour");
 }
 
-class Solids : public ::testing::TestWithParam<const char*> {
+class StoredSolids : public ::testing::TestWithParam<const char*> {
 protected:
     void SetUp() override { resetModel(); }
 
-    /// Builds the aircraft `model` and holds every solid against `solids`.
-    void expectSolids(const json& model, const json& solids) {
+    /// Builds the aircraft `model` and holds every solid against `expected`.
+    void expectSolids(const json& model, const json& expected) {
         applyModel(model);
         for (int i = 1; i <= nbFuselages; ++i) ObjectList.setShown(i, true);
-        if (!solids["Rudder"]["rootTexCoords"].is_null()) {
-            Rudder.texture_loaded = true;
-            Rudder.xtex = finPicture.first;
-            Rudder.ytex = finPicture.second;
+        if (!expected["Rudder"]["rootTexCoords"].is_null()) {
+            SolidPicture& picture = solids.rudder.picture;
+            picture.texture_filename = Rudder.texture_filename;
+            picture.texture_loaded = true;
+            picture.xtex = finPicture.first;
+            picture.ytex = finPicture.second;
         }
-        Plane::createAllSolids();
-        ASSERT_EQ(nbWings, static_cast<int>(solids["Wings"].size()));
+        solids.createAll(project);
+        ASSERT_EQ(nbWings, static_cast<int>(expected["Wings"].size()));
         for (int i = 1; i <= nbWings; ++i)
-            expectWing(Wings(i), solids["Wings"][static_cast<std::size_t>(i) - 1],
+            expectWing(solids.wings(i), expected["Wings"][static_cast<std::size_t>(i) - 1],
                        "wing " + std::to_string(i));
-        expectWing(Stabilizer, solids["Stabilizer"], "stabiliser");
-        expectFin(solids["Rudder"]);
-        ASSERT_EQ(nbFuselages, static_cast<int>(solids["Fuselages"].size()));
+        expectWing(solids.stabilizer, expected["Stabilizer"], "stabiliser");
+        expectFin(expected["Rudder"]);
+        ASSERT_EQ(nbFuselages, static_cast<int>(expected["Fuselages"].size()));
         for (int i = 1; i <= nbFuselages; ++i)
-            expectFuselage(Fuselages(i), solids["Fuselages"][static_cast<std::size_t>(i) - 1],
+            expectFuselage(solids.fuselages(i),
+                           expected["Fuselages"][static_cast<std::size_t>(i) - 1],
                            "fuselage " + std::to_string(i));
-        ASSERT_EQ(nbEquipments, static_cast<int>(solids["Equipments"].size()));
+        ASSERT_EQ(nbEquipments, static_cast<int>(expected["Equipments"].size()));
         for (int i = 1; i <= nbEquipments; ++i)
-            expectBox(Equipments(i), solids["Equipments"][static_cast<std::size_t>(i) - 1],
+            expectBox(i, expected["Equipments"][static_cast<std::size_t>(i) - 1],
                       "box " + std::to_string(i));
     }
 
@@ -130,19 +136,19 @@ protected:
     static constexpr std::pair<int, int> finPicture{64, 128};
 };
 
-TEST_P(Solids, AreTheComputedOnes) {
+TEST_P(StoredSolids, AreTheComputedOnes) {
     const json data = load(GetParam());
     expectSolids(data["model"], data["solids"]);
 }
 
-INSTANTIATE_TEST_SUITE_P(Aircraft, Solids,
+INSTANTIATE_TEST_SUITE_P(Aircraft, StoredSolids,
                          ::testing::Values("boxes", "cross2", "cross7", "default", "exponents",
                                            "fin_offsets", "hidden", "hole_8x7", "inches",
                                            "inserted", "tex_all", "transparent", "twin_fuselage",
                                            "wings3"),
                          [](const auto& aircraft) { return std::string(aircraft.param); });
 
-using StorageOrder = Solids;
+using StorageOrder = StoredSolids;
 
 // Sections were inserted and removed, so that storage and order differ and an entry is left over.
 TEST_P(StorageOrder, DoesNotShowInTheSolids) {
@@ -154,13 +160,13 @@ INSTANTIATE_TEST_SUITE_P(Aircraft, StorageOrder, ::testing::Values("inserted"));
 using DefaultAircraft = FreshModel;
 
 TEST_F(DefaultAircraft, IsTheOneThatTheDataTell) {
-    Plane::createAllSolids();
-    const json solids = load("default")["solids"];
-    expectWing(Wings(1), solids["Wings"][0], "wing");
-    expectWing(Stabilizer, solids["Stabilizer"], "stabiliser");
-    expectFin(solids["Rudder"]);
-    expectFuselage(Fuselages(1), solids["Fuselages"][0], "fuselage");
-    expectBox(Equipments(1), solids["Equipments"][0], "box");
+    solids.createAll(project);
+    const json expected = load("default")["solids"];
+    expectWing(solids.wings(1), expected["Wings"][0], "wing");
+    expectWing(solids.stabilizer, expected["Stabilizer"], "stabiliser");
+    expectFin(expected["Rudder"]);
+    expectFuselage(solids.fuselages(1), expected["Fuselages"][0], "fuselage");
+    expectBox(1, expected["Equipments"][0], "box");
 }
 
 }  // namespace

@@ -1,6 +1,5 @@
 #include <cmath>
 
-#include "model/MainWing.h"
 #include "support/FreshModel.h"
 
 namespace velna {
@@ -9,16 +8,23 @@ namespace {
 class Wing : public FreshModel {
 protected:
     SymWingSections& wing() { return Wings(1); }
-    void build() { wing().create(); }
+    PanelSolid& solid() { return solids.wings(1); }
+    void build() { solid().create(wing()); }
+    /// A picture of that size, converted.
+    static void carry(WingSection& half, int width, int height) {
+        half.picture.xtex = width;
+        half.picture.ytex = height;
+        half.create_texcoords();
+    }
 };
 
 TEST_F(Wing, HalvesMeetAtTheCentreLine) {
     build();
     for (int i = 1; i <= 16; ++i) {
-        EXPECT_EQ(wing().Left->rootPoint(i), wing().Right->rootPoint(i));
-        EXPECT_EQ(wing().Left->rootPoint(i).y, 0);
-        EXPECT_EQ(wing().Left->tipPoint(i).y, 700);
-        EXPECT_EQ(wing().Right->tipPoint(i).y, -700);
+        EXPECT_EQ(solid().Left.rootPoint(i), solid().Right.rootPoint(i));
+        EXPECT_EQ(solid().Left.rootPoint(i).y, 0);
+        EXPECT_EQ(solid().Left.tipPoint(i).y, 700);
+        EXPECT_EQ(solid().Right.tipPoint(i).y, -700);
     }
 }
 
@@ -26,74 +32,68 @@ TEST_F(Wing, WithoutSweepAndDihedralHasAStraightLeadingEdge) {
     wing().pos2 = 0;
     wing().elevation2 = 0;
     build();
-    EXPECT_EQ(wing().Left->rootPoint(8).x, wing().Left->tipPoint(8).x);
-    EXPECT_EQ(wing().Left->rootPoint(1).z, wing().Left->tipPoint(1).z);
+    EXPECT_EQ(solid().Left.rootPoint(8).x, solid().Left.tipPoint(8).x);
+    EXPECT_EQ(solid().Left.rootPoint(1).z, solid().Left.tipPoint(1).z);
 }
 
 TEST_F(Wing, NegativeSpanExchangesTheSides) {
     wing().span = -700;
     build();
-    EXPECT_EQ(wing().Left->tipPoint(1).y, -700);
-    EXPECT_EQ(wing().Right->tipPoint(1).y, 700);
+    EXPECT_EQ(solid().Left.tipPoint(1).y, -700);
+    EXPECT_EQ(solid().Right.tipPoint(1).y, 700);
 }
 
 TEST_F(Wing, ShiftMovesTheHalvesApart) {
     wing().shift = 20;
     build();
-    EXPECT_EQ(wing().Left->rootPoint(1).y, 20);
-    EXPECT_EQ(wing().Left->tipPoint(1).y, 720);
-    EXPECT_EQ(wing().Right->rootPoint(1).y, -20);
-    EXPECT_EQ(wing().Right->tipPoint(1).y, -720);
+    EXPECT_EQ(solid().Left.rootPoint(1).y, 20);
+    EXPECT_EQ(solid().Left.tipPoint(1).y, 720);
+    EXPECT_EQ(solid().Right.rootPoint(1).y, -20);
+    EXPECT_EQ(solid().Right.tipPoint(1).y, -720);
 }
 
 TEST_F(Wing, WithoutThicknessIsFlat) {
     wing().thickness1 = 0;
     build();
-    for (int i = 1; i <= 16; ++i) EXPECT_EQ(wing().Left->rootPoint(i).z, 50);
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(solid().Left.rootPoint(i).z, 50);
 }
 
 TEST_F(Wing, ShowsAnEditOnlyAfterTheRebuild) {
     build();
     wing().length1 = 100;
-    EXPECT_EQ(wing().Left->rootPoint(1).x, 410);
-    wing().Left->init(wing());
-    EXPECT_EQ(wing().Left->rootPoint(1).x, 410);
+    EXPECT_EQ(solid().Left.rootPoint(1).x, 410);
+    solid().Left.init(wing());
+    EXPECT_EQ(solid().Left.rootPoint(1).x, 410);
     wing().nb = 30;
     wing().allocate();
-    EXPECT_EQ(wing().Left->pointCount(), 16);  // no more than have been built
-    wing().init();
-    EXPECT_EQ(wing().Left->pointCount(), 0);
+    EXPECT_EQ(solid().Left.pointCount(), 16);  // no more than have been built
+    wing().init(project.defaultColor);
+    EXPECT_EQ(solid().Left.pointCount(), 16);
     build();
-    EXPECT_EQ(wing().Left->rootPoint(1).x, 280);
+    EXPECT_EQ(solid().Left.rootPoint(1).x, 280);
 }
 
 TEST_F(Wing, PicturePlacesRunAlongTheChordByTheSpan) {
     build();
-    for (WingSection* half : {wing().Left.get(), wing().Right.get()}) {
-        half->xtex = 64;
-        half->ytex = 128;
-        half->create_texcoords();
-    }
-    EXPECT_EQ(wing().Left->rootTexCoord(1), ((410.0 - 180) / 700) * 128 / 64);
-    EXPECT_EQ(wing().Left->rootTexCoord(16), wing().Left->rootTexCoord(1));
+    for (WingSection* half : {&solid().Left, &solid().Right}) carry(*half, 64, 128);
+    EXPECT_EQ(solid().Left.rootTexCoord(1), ((410.0 - 180) / 700) * 128 / 64);
+    EXPECT_EQ(solid().Left.rootTexCoord(16), solid().Left.rootTexCoord(1));
     // The tip is measured from the root's leading edge: it carries the sweep.
-    EXPECT_EQ(wing().Left->tipTexCoord(8), ((190.0 - 180) / 700) * 128 / 64);
-    EXPECT_EQ(wing().Right->tipTexCoord(8), -wing().Left->tipTexCoord(8));
+    EXPECT_EQ(solid().Left.tipTexCoord(8), ((190.0 - 180) / 700) * 128 / 64);
+    EXPECT_EQ(solid().Right.tipTexCoord(8), -solid().Left.tipTexCoord(8));
 }
 
 TEST_F(Wing, WithoutAPictureHasNoPlaces) {
     build();
-    wing().Left->create_texcoords();
-    EXPECT_EQ(wing().Left->rootTexCoord(1), 0);
+    solid().Left.create_texcoords();
+    EXPECT_EQ(solid().Left.rootTexCoord(1), 0);
 }
 
 TEST_F(Wing, WithoutSpanHasPicturePlacesOfZero) {
     wing().span = 0;
     build();
-    wing().Left->xtex = 64;
-    wing().Left->ytex = 64;
-    wing().Left->create_texcoords();
-    for (int i = 1; i <= 16; ++i) EXPECT_EQ(wing().Left->rootTexCoord(i), 0);
+    carry(solid().Left, 64, 64);
+    for (int i = 1; i <= 16; ++i) EXPECT_EQ(solid().Left.rootTexCoord(i), 0);
 }
 
 TEST_F(Wing, MiddlePointOfAnOddAirfoilKeepsItsOwnPicturePlace) {
@@ -101,39 +101,35 @@ TEST_F(Wing, MiddlePointOfAnOddAirfoilKeepsItsOwnPicturePlace) {
     wing().allocate();
     for (int i = 1; i <= 5; ++i) wing().setAirfoilPoint(i, 0.1 * i, 0);
     build();
-    wing().Left->xtex = 64;
-    wing().Left->ytex = 64;
-    wing().Left->create_texcoords();
-    EXPECT_NE(wing().Left->rootTexCoord(2), 0);
-    EXPECT_EQ(wing().Left->rootTexCoord(3), 0);
-    EXPECT_EQ(wing().Left->rootTexCoord(4), wing().Left->rootTexCoord(2));
-    EXPECT_EQ(wing().Left->rootTexCoord(5), wing().Left->rootTexCoord(1));
+    carry(solid().Left, 64, 64);
+    EXPECT_NE(solid().Left.rootTexCoord(2), 0);
+    EXPECT_EQ(solid().Left.rootTexCoord(3), 0);
+    EXPECT_EQ(solid().Left.rootTexCoord(4), solid().Left.rootTexCoord(2));
+    EXPECT_EQ(solid().Left.rootTexCoord(5), solid().Left.rootTexCoord(1));
 }
 
 TEST_F(Wing, PicturePlacesFollowAnotherNumberOfPoints) {
     build();
-    wing().Left->xtex = 64;
-    wing().Left->ytex = 64;
-    wing().Left->create_texcoords();
+    carry(solid().Left, 64, 64);
     wing().nb = 30;
     wing().allocate();
     for (int i = 1; i <= 30; ++i) wing().setAirfoilPoint(i, 1, 0);
     build();
-    EXPECT_EQ(wing().Left->rootTexCoord(30), ((410.0 - 180) / 700) * 64 / 64);
+    EXPECT_EQ(solid().Left.rootTexCoord(30), ((410.0 - 180) / 700) * 64 / 64);
 }
 
 TEST_F(Wing, SolidOfAPromisedAirfoilUsesThePointsThereAre) {
     wing().nb = 500;
     EXPECT_EQ(wing().pointCount(), 16);
     build();
-    EXPECT_EQ(wing().Left->pointCount(), 16);
-    EXPECT_EQ(wing().Right->pointCount(), 16);
+    EXPECT_EQ(solid().Left.pointCount(), 16);
+    EXPECT_EQ(solid().Right.pointCount(), 16);
     wing().nb = 4;
     build();
-    EXPECT_EQ(wing().Left->pointCount(), 4);
+    EXPECT_EQ(solid().Left.pointCount(), 4);
     wing().nb = -3;
     build();
-    EXPECT_EQ(wing().Left->pointCount(), 0);
+    EXPECT_EQ(solid().Left.pointCount(), 0);
     wing().allocate();
     EXPECT_EQ(wing().airfoilSize(), 0);
 }
@@ -144,32 +140,41 @@ TEST_F(Wing, InitKeepsTheLengthsAndTakesBackTheRest) {
     wing().nb = 7;
     wing().set_texture_filename("folder/wing.bmp");
     wing().qualified_texture_filename = "wing.bmp";
-    wing().set_texture_loaded(true);
     wing().set_color({1, 2, 3});
-    const WingSection* before = wing().Left.get();
-    wing().init();
-    EXPECT_NE(wing().Left.get(), before);
+    wing().init(project.defaultColor);
     EXPECT_EQ(wing().span, 555);
     EXPECT_EQ(wing().thickness1, 0.13);
     EXPECT_EQ(wing().nb, 16);
     EXPECT_EQ(wing().texture_filename(), "");
-    EXPECT_EQ(wing().Right->texture_filename, "");
     EXPECT_EQ(wing().qualified_texture_filename, "");
-    EXPECT_FALSE(wing().Left->texture_loaded);
-    EXPECT_EQ(wing().color(), defaultColor);
-    EXPECT_EQ(wing().Left->airfoilPoint(3).z, -0.5);
+    EXPECT_EQ(wing().color(), project.defaultColor);
+    EXPECT_EQ(wing().airfoilPoint(3).z, -0.5);
 }
 
 TEST_F(Wing, PictureNameReachesBothHalvesAndSurvivesARebuild) {
     wing().set_texture_filename("a.bmp");
-    wing().set_texture_loaded(true);
     wing().airfoil_filename = "foil";
     build();
-    EXPECT_EQ(wing().Left->texture_filename, "a.bmp");
-    EXPECT_EQ(wing().Right->texture_filename, "a.bmp");
-    EXPECT_TRUE(wing().Left->texture_loaded);
-    EXPECT_TRUE(wing().Right->texture_loaded);
-    EXPECT_EQ(wing().Right->airfoil_filename, "foil");
+    for (const WingSection* half : {&solid().Left, &solid().Right}) {
+        EXPECT_EQ(half->picture.texture_filename, "a.bmp");
+        EXPECT_EQ(half->airfoil_filename, "foil");
+    }
+    solid().Left.picture.texture_loaded = true;
+    solid().Right.picture.texture_loaded = true;
+    build();
+    EXPECT_TRUE(solid().Left.picture.texture_loaded);
+    EXPECT_TRUE(solid().Right.picture.texture_loaded);
+}
+
+TEST_F(Wing, AnotherPictureIsNotTheConvertedOne) {
+    wing().set_texture_filename("a.bmp");
+    build();
+    solid().Left.picture.texture_loaded = true;
+    wing().set_texture_filename("b.bmp");
+    EXPECT_TRUE(solid().Left.picture.texture_loaded) << "until the rebuild";
+    build();
+    EXPECT_EQ(solid().Left.picture.texture_filename, "b.bmp");
+    EXPECT_FALSE(solid().Left.picture.texture_loaded);
 }
 
 TEST_F(Wing, RescaleThereAndBackRestoresTheLengths) {

@@ -4,11 +4,6 @@
 #include <sstream>
 
 #include "common/NumberText.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
 #include "output/DxfDrawing.h"
 #include "output/OutputTest.h"
 
@@ -22,12 +17,10 @@ struct Entity {
 
 class DxfExport : public OutputTest {
 protected:
-    using Export = std::string (*)(const std::string&);
-
     /// Exports and takes the drawing apart; anything but lines between the frame's ends is a
     /// failure.
     std::vector<Entity> write(Export exportView) {
-        EXPECT_EQ(exportView(file), "");
+        EXPECT_EQ(exportView(project, file, progress), Outcome());
         text = bytesOf(file);
         std::istringstream stream(text);
         std::vector<std::string> lines;
@@ -61,7 +54,7 @@ TEST_F(DxfExport, FrameIsOneSectionOfEntities) {
     DxfDrawing drawing(file, 1);
     drawing.dxfBegin();
     drawing.dxfLine({1, -2.5, 0}, {-0.0, 1E-05, 3}, "Layer");
-    EXPECT_EQ(drawing.dxfEnd(), "");
+    EXPECT_EQ(drawing.dxfEnd(), Outcome());
     EXPECT_EQ(bytesOf(file),
               " 0 \r\nSECTION\r\n 2 \r\nENTITIES\r\n"
               " 0 \r\nLINE\r\n 8 \r\nLayer\r\n 10 \r\n 1 \r\n 20 \r\n-2.5 \r\n 30 \r\n 0 \r\n"
@@ -75,7 +68,7 @@ TEST_F(DxfExport, PenMovesWithoutDrawing) {
     EXPECT_EQ(drawing.dxfPen(), (Point3D{1, 2, 3}));
     drawing.dxfLineTo({4, 5, 6}, true, "A");
     EXPECT_EQ(drawing.dxfPen(), (Point3D{4, 5, 6}));
-    EXPECT_EQ(drawing.dxfEnd(), "");
+    EXPECT_EQ(drawing.dxfEnd(), Outcome());
     EXPECT_EQ(bytesOf(file).find("NoName"), std::string::npos);
 }
 
@@ -94,11 +87,11 @@ TEST_F(DxfExport, PolylinesMoveToTheirStartUnseen) {
 
 TEST_F(DxfExport, LayersNameWingsFinFuselageAndBoxByNumber) {
     nbFuselages = 2;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
     for (std::int16_t n = 2; n <= 4; ++n) {
         nbEquipments = n;
-        Equipment::resizeEquipments(n);
+        Equipment::resizeEquipments(project, n);
         Equipments(n).box = n - 1;  // receiver, accumulator, and a kind that nobody knows
     }
     const auto counts = layers(write(Plane::exportDXFSide));
@@ -110,8 +103,8 @@ TEST_F(DxfExport, LayersNameWingsFinFuselageAndBoxByNumber) {
 
 TEST_F(DxfExport, HTopHasTheCurrentFuselageAndTheBoxesOnly) {
     nbFuselages = 2;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
     currentFuselage = 2;
     Fuselages(2).pos(3) = 555;
     const auto entities = write(Plane::exportDXFHTop);
@@ -227,7 +220,7 @@ TEST_F(DxfExport, FinInFrontHasItsTwinByItsOffsets) {
 TEST_F(DxfExport, SideHasTheFirstWingOnly) {
     const int alone = layers(write(Plane::exportDXFSide)).at("Wing");
     nbWings = 2;
-    MainWing::addWing();
+    MainWing::addWing(project);
     EXPECT_EQ(layers(write(Plane::exportDXFSide)).at("Wing"), alone);
     EXPECT_EQ(layers(write(Plane::exportDXFVTop)).at("Wing"), 3 * 8);
 }
@@ -294,7 +287,7 @@ TEST_F(DxfExport, CancelLeavesTheOldDrawingWhole) {
     ScriptedProgress watcher;
     watcher.cancelAt = 1;
     progress = &watcher;
-    EXPECT_EQ(Plane::exportDXFFront(file), cancelledReason);
+    EXPECT_EQ(Plane::exportDXFFront(project, file, progress), Outcome::cancelled());
     EXPECT_EQ(watcher.questions, 1);
     EXPECT_LT(watcher.lastDone, watcher.lastTotal);
     EXPECT_EQ(bytesOf(file), "the old drawing");

@@ -5,23 +5,23 @@
 
 #include <sys/resource.h>
 
-#include "model/Plane.h"
 #include "output/OutputTest.h"
 #include "support/SameBytes.h"
 
 namespace velna::test {
 namespace {
 
-using Export = std::string (*)(const std::string&);
-
 struct NamedExport {
     const char* name;
-    Export write;
+    Export write;  ///< none for the model
 };
 
 class ExportFailure : public OutputTest, public ::testing::WithParamInterface<NamedExport> {
 protected:
-    std::string write(const std::string& file) { return GetParam().write(file); }
+    std::string write(const std::string& file) {
+        const Export drawing = GetParam().write;
+        return (drawing ? drawing(project, file, progress) : exportWhole(file)).reason();
+    }
 };
 
 TEST_P(ExportFailure, DirectoryAsTarget) {
@@ -79,7 +79,7 @@ TEST_P(ExportFailure, NamesWithQuotesBlanksAndOtherLetters) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, ExportFailure,
-                         ::testing::Values(NamedExport{"Vrml", exportWhole},
+                         ::testing::Values(NamedExport{"Vrml", nullptr},
                                            NamedExport{"VTop", Plane::exportDXFVTop},
                                            NamedExport{"Front", Plane::exportDXFFront},
                                            NamedExport{"Side", Plane::exportDXFSide},

@@ -6,8 +6,6 @@
 #include <vector>
 
 #include "common/NumberText.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
 #include "output/OutputTest.h"
 #include "support/SameBytes.h"
 
@@ -16,11 +14,13 @@ namespace {
 
 class ExportFiles : public OutputTest, public ::testing::WithParamInterface<const char*> {
 protected:
-    using Export = std::string (*)(const std::string&);
-
     void expectSame(Export write, const std::string& kind) {
         const std::string name = std::string(GetParam()) + kind;
-        EXPECT_EQ(write(folder / name), "") << name;
+        EXPECT_EQ(write(project, folder / name, progress), Outcome()) << name;
+        expectBytes(name);
+    }
+
+    void expectBytes(const std::string& name) {
         EXPECT_TRUE(sameBytes(bytesOf(folder / name), expectedExport(name))) << name;
     }
 };
@@ -32,7 +32,9 @@ TEST_P(ExportFiles, AreTheComputedOnes) {
     expectSame(Plane::exportDXFFront, ".Front.dxf");
     expectSame(Plane::exportDXFSide, ".Side.dxf");
     expectSame(Plane::exportDXFHTop, ".HTop.dxf");
-    expectSame(exportWhole, ".wrl");
+    const std::string model = std::string(GetParam()) + ".wrl";
+    EXPECT_EQ(exportWhole(folder / model), Outcome());
+    expectBytes(model);
     EXPECT_EQ(currentFuselage, nbFuselages);
     for (int i = 1; i <= nbFuselages; ++i) EXPECT_TRUE(ObjectList.shown(i)) << i;
 }
@@ -71,13 +73,12 @@ TEST_F(Drawings, DoNotDependOnTheOrderOfStorage) {
         anyMoved = anyMoved || Fuselages(1).sectionOrder(i) != i;
     ASSERT_TRUE(anyMoved);
     currentFuselage = 1;
-    const std::vector<std::pair<std::string, std::string (*)(const std::string&)>> exports{
-        {"VTop", Plane::exportDXFVTop},
-        {"Front", Plane::exportDXFFront},
-        {"Side", Plane::exportDXFSide},
-        {"HTop", Plane::exportDXFHTop}};
+    const std::vector<std::pair<std::string, Export>> exports{{"VTop", Plane::exportDXFVTop},
+                                                              {"Front", Plane::exportDXFFront},
+                                                              {"Side", Plane::exportDXFSide},
+                                                              {"HTop", Plane::exportDXFHTop}};
     for (const auto& [view, write] : exports) {
-        EXPECT_EQ(write(folder / view), "");
+        EXPECT_EQ(write(project, folder / view, progress), Outcome());
         EXPECT_TRUE(
             sameDrawing(bytesOf(folder / view), expectedExport("inserted." + view + ".dxf")))
             << view;

@@ -4,8 +4,6 @@
 #include <utility>
 
 #include "common/ReplacedFile.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
 #include "preview/Bitmap.h"
 #include "support/ModelJson.h"
 
@@ -25,13 +23,13 @@ std::pair<int, int> sizeOfPicture(const std::string& title) {
 }
 
 /// What the 3D picture does once for a wing's picture, which it turns.
-void takeIn(SymWingSections& wing) {
+void takeIn(const SymWingSections& wing, PanelSolid& solid) {
     if (wing.texture_filename().empty()) return;
     const auto [width, height] = sizeOfPicture(wing.qualified_texture_filename);
-    for (WingSection* half : {wing.Left.get(), wing.Right.get()}) {
-        half->xtex = Bitmap::roundedSize(height);
-        half->ytex = Bitmap::roundedSize(width);
-        half->texture_loaded = true;
+    for (WingSection* half : {&solid.Left, &solid.Right}) {
+        half->picture.xtex = Bitmap::roundedSize(height);
+        half->picture.ytex = Bitmap::roundedSize(width);
+        half->picture.texture_loaded = true;
         half->create_texcoords();
     }
 }
@@ -83,16 +81,8 @@ bool ScriptedProgress::step(long long done, long long total) {
 }
 
 OutputTest::OutputTest() {
-    imaging = &pictures;
-    progress = nullptr;
-    PrintSelect = {};
-    vrmlUnitScale = {};
-}
-
-OutputTest::~OutputTest() {
-    imaging = nullptr;
-    progress = nullptr;
-    PrintSelect = {};
+    resetModel();
+    solids.createAll(project);
 }
 
 void OutputTest::load(const std::string& name) {
@@ -100,18 +90,34 @@ void OutputTest::load(const std::string& name) {
     auto model = nlohmann::json::parse(file)["model"];
     replaceFolder(model);
     applyModel(model);
-    Plane::createAllSolids();
-    for (int i = 1; i <= nbWings; ++i) takeIn(Wings(i));
-    takeIn(Stabilizer);
+    solids.createAll(project);
+    for (int i = 1; i <= nbWings; ++i) takeIn(Wings(i), solids.wings(i));
+    takeIn(Stabilizer, solids.stabilizer);
     if (Rudder.texture_filename.empty()) return;
-    std::tie(Rudder.xtex, Rudder.ytex) = sizeOfPicture(Rudder.qualified_texture_filename);
-    Rudder.texture_loaded = true;
+    SolidPicture& picture = solids.rudder.picture;
+    std::tie(picture.xtex, picture.ytex) = sizeOfPicture(Rudder.qualified_texture_filename);
+    picture.texture_loaded = true;
 }
 
-std::string exportWhole(const std::string& file) {
+Outcome OutputTest::exportWhole(const std::string& file) {
     for (int i = 1; i <= nbFuselages; ++i) ObjectList.setShown(i, true);
-    Plane::createAllSolids();
-    return Plane::exportVRML(file);
+    solids.createAll(project);
+    return Plane::exportVRML(project, solids, file, store, progress);
+}
+
+Outcome OutputTest::printJob(PlanJob job, PrinterSurface& printer, SurfaceSize area) {
+    PrintSelectRecord only;
+    only.overlap = PrintSelect.overlap;
+    only.Side = job == PlanJob::Side;
+    only.htop = job == PlanJob::htop;
+    only.frontSections = job == PlanJob::frontSections;
+    only.vtop = job == PlanJob::vtop;
+    only.front = job == PlanJob::front;
+    return Plans::printPlans(project, only, {printer, area, progress});
+}
+
+Outcome OutputTest::printPlans(PrinterSurface& printer) {
+    return Plans::printPlans(project, PrintSelect, {printer, {}, progress});
 }
 
 std::string expectedExport(const std::string& name) {

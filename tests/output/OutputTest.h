@@ -1,15 +1,15 @@
 #pragma once
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "output/Exports.h"
 #include "output/Plans.h"
 #include "output/Progress.h"
-#include "preview/Imaging.h"
-#include "support/EditorBench.h"
+#include "preview/PictureCopies.h"
+#include "support/InHand.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna::test {
@@ -51,24 +51,33 @@ public:
     long long lastTotal = 0;
 };
 
-/// A test of what leaves the program: the editor on recorders, a folder to write to, no watcher,
-/// and nothing ticked in the Print dialog.
+/// An export as it stands in a row of tests: the project in hand into a file; the reason of a
+/// failure.
+using Export = Outcome (*)(const Project& project, const std::string& file, Progress* watcher);
+
+/// A test of what leaves the program: the default aircraft with its solids, a folder to write to,
+/// no watcher, and nothing ticked in the Print dialog.
 class OutputTest : public ::testing::Test {
 protected:
     OutputTest();
-    ~OutputTest() override;
 
     /// The aircraft `name` of the test data as it stands after its project was opened, its pictures
     /// taken in by the 3D picture.
     void load(const std::string& name);
 
-    EditorBench bench;
+    /// The model with all fuselages shown and all solids built, as the command exports it.
+    Outcome exportWhole(const std::string& file);
+    /// One job, and nothing else ticked, as the command prints it.
+    Outcome printJob(PlanJob job, PrinterSurface& printer, SurfaceSize area = {});
+    /// What is ticked, as the command prints it.
+    Outcome printPlans(PrinterSurface& printer);
+
     TemporaryFolder folder;
     NamedPictures pictures;
+    PictureStore store{&pictures, {}};
+    Progress* progress = nullptr;
+    PrintSelectRecord PrintSelect;
 };
-
-/// The model with all fuselages shown and all solids built, as the command exports it.
-std::string exportWhole(const std::string& file);
 
 /// The expected bytes of an export in the test data.
 std::string expectedExport(const std::string& name);

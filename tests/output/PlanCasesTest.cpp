@@ -7,12 +7,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "editor/Main.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "output/OutputTest.h"
 #include "support/RecordingPrinter.h"
 
@@ -41,13 +35,14 @@ PlanJob jobOf(const std::string& name) {
 json operation(const PrinterCall& call) {
     switch (call.kind) {
         case PrinterCall::Kind::Line:
-            return {
-                "Line",
-                call.at[0],
-                call.at[1],
-                call.at[2],
-                call.at[3],
-                call.colour == black ? "black" : call.colour == dimColor ? "dim" : "another colour"};
+            return {"Line",
+                    call.at[0],
+                    call.at[1],
+                    call.at[2],
+                    call.at[3],
+                    call.colour == black              ? "black"
+                    : call.colour == project.dimColor ? "dim"
+                                                      : "another colour"};
         case PrinterCall::Kind::NewPage:
             return json::array({"NewPage"});
         case PrinterCall::Kind::EndDoc:
@@ -106,10 +101,10 @@ void shape(int n, int outlinePoints, const std::vector<double>& widths,
 void addFuselagesOfFewPoints() {
     for (int n = 2; n <= 4; ++n) {
         nbFuselages = static_cast<std::int16_t>(n);
-        Fuselage::resizeFuselages();
-        Fuselage::addFuselage();
+        Fuselage::resizeFuselages(project);
+        Fuselage::addFuselage(project);
     }
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
     const std::vector<double> three{27.12, 47.28, 13.68};
     shape(2, 0, three, {30.4, 55.6, 13.6}, {12, 15, 18});
     shape(3, 1, {27.12, 49.52, 36.08, 13.68}, {30.4, 55.6, 30, 13.6}, {12, 15, 16, 18});
@@ -126,8 +121,8 @@ protected:
 
     /// The aircraft of the case, in a program just started.
     void prepare() {
-        const auto project = (*data)["vln"].get<std::string>();
-        const std::string name = project.substr(0, project.size() - 4);
+        const auto file = (*data)["vln"].get<std::string>();
+        const std::string name = file.substr(0, file.size() - 4);
         if (name == "cross0") {
             load("default");
             addFuselagesOfFewPoints();
@@ -136,7 +131,7 @@ protected:
         }
         for (const json& change : (*data)["set"]) set(change[0], change[1].get<double>());
         currentFuselage = (*data)["currentFuselage"].get<std::int16_t>();
-        ASSERT_EQ(Prefs.units, (*data)["units"].get<int>());
+        ASSERT_EQ(project.units, (*data)["units"].get<int>());
         ASSERT_EQ(nbFuselages, (*data)["nbFuselages"].get<int>());
     }
 
@@ -163,7 +158,7 @@ TEST_P(PlanCases, EachJobAlonePrintsTheComputedLines) {
         for (const auto& [name, job] : paper["jobs"].items()) {
             prepare();
             RecordingPrinter printer = paperOf(paper);
-            EXPECT_EQ(Plans::printJob(jobOf(name), printer), "");
+            EXPECT_EQ(printJob(jobOf(name), printer), Outcome());
             expectOperations(printer, job["ops"], paperName + " " + name);
             EXPECT_EQ(printer.pages(), job["pages"].get<int>()) << paperName << " " << name;
         }
@@ -175,7 +170,7 @@ TEST_P(PlanCases, AllTickedPrintsTheJobsInOrder) {
     for (const auto& [paperName, paper] : (*data)["papers"].items()) {
         prepare();
         RecordingPrinter printer = paperOf(paper);
-        EXPECT_EQ(Plans::printPlans(printer), "");
+        EXPECT_EQ(printPlans(printer), Outcome());
         EXPECT_EQ(printer.scaleMode, paper["ScaleMode"].get<int>());
 
         const json& all = paper["all_ticked"];
@@ -188,7 +183,6 @@ TEST_P(PlanCases, AllTickedPrintsTheJobsInOrder) {
         }
         expectOperations(printer, expected, paperName + " all");
         EXPECT_EQ(currentFuselage, all["currentFuselage_after"].get<int>()) << paperName;
-        EXPECT_EQ(Main.mode, ViewMode::VTop);
     }
 }
 

@@ -1,14 +1,10 @@
 #include <cmath>
 
-#include "editor/Main.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "output/AircraftPlans.h"
+#include "output/FuselagePlans.h"
 #include "output/OutputTest.h"
 #include "output/Plans.h"
+#include "output/TailPlans.h"
+#include "output/WingPlans.h"
 #include "support/RecordingPrinter.h"
 
 namespace velna::test {
@@ -20,9 +16,9 @@ class PlansTest : public OutputTest {
 protected:
     static void addFuselage() {
         ++nbFuselages;
-        Fuselage::resizeFuselages();
-        Fuselage::addFuselage();
-        ObjectList.update();
+        Fuselage::resizeFuselages(project);
+        Fuselage::addFuselage(project);
+        ObjectList.update(Fuselages, nbFuselages);
     }
 
     /// The lines of the `n`th page, from 1.
@@ -40,24 +36,24 @@ protected:
 };
 
 TEST_F(PlansTest, LengthDecidesTheSheets) {
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     EXPECT_EQ(printer.pages(), 5);
 }
 
 TEST_F(PlansTest, ExactMultipleOfThePaperHasALastSheetWithoutTheFuselage) {
     Fuselages(1).pos(3) = 760;
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     EXPECT_EQ(printer.pages(), 5);
     for (const PrinterCall& line : page(5)) EXPECT_LE(line.at[2], 0);
 }
 
 TEST_F(PlansTest, SheetsAreTilesOfTheirWidth) {
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     for (int n = 1; n <= 5; ++n) EXPECT_EQ(page(n)[0].at[0], -190.0 * (n - 1));
 }
 
 TEST_F(PlansTest, SideIsTrueToScale) {
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     // The bar of the second section is 100 high and stands 200 from the first.
     const auto bars = page(1);
     EXPECT_EQ(bars[5].at[0] - bars[4].at[0], 200);
@@ -66,12 +62,11 @@ TEST_F(PlansTest, SideIsTrueToScale) {
 }
 
 TEST_F(PlansTest, InchProjectPrintsInInches) {
-    Prefs.selectUnit(inches);
-    Prefs.units = inches;
-    Plane::switchAllToInches();
+    project.units = inches;
+    Plane::switchAllToInches(project);
     PrintSelect.Side = true;
     RecordingPrinter inchPaper(7.5, 10);
-    EXPECT_EQ(Plans::printPlans(inchPaper), "");
+    EXPECT_EQ(printPlans(inchPaper), Outcome());
     EXPECT_EQ(inchPaper.scaleMode, 5);
     EXPECT_EQ(inchPaper.pages(), 5);
     double height = 0;
@@ -82,23 +77,23 @@ TEST_F(PlansTest, InchProjectPrintsInInches) {
 
 TEST_F(PlansTest, MillimetreProjectPrintsInMillimetres) {
     PrintSelect.htop = true;
-    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_EQ(printPlans(printer), Outcome());
     EXPECT_EQ(printer.scaleMode, 6);
 }
 
 TEST_F(PlansTest, NothingTickedPrintsNothing) {
-    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_EQ(printPlans(printer), Outcome());
     EXPECT_TRUE(printer.calls.empty());
-    EXPECT_TRUE(Plans::tickedNames().empty());
+    EXPECT_TRUE(Plans::tickedNames(PrintSelect).empty());
 }
 
 TEST_F(PlansTest, JobsRunInTheirOrderEachByItself) {
     PrintSelect.Side = PrintSelect.htop = PrintSelect.frontSections = true;
     PrintSelect.vtop = PrintSelect.front = true;
-    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_EQ(printPlans(printer), Outcome());
     const std::vector<std::string> order{"side", "sections", "vtop", "front", "htop"};
     EXPECT_EQ(printer.jobs(), order);
-    EXPECT_EQ(Plans::tickedNames(), order);
+    EXPECT_EQ(Plans::tickedNames(PrintSelect), order);
     EXPECT_EQ(printer.count(Kind::EndDoc), 5);
     EXPECT_EQ(printer.calls.back().kind, Kind::EndDoc);
 }
@@ -108,12 +103,12 @@ TEST_F(PlansTest, FrontEndsAtTheLastFuselage) {
     addFuselage();
     currentFuselage = 1;
     PrintSelect.front = true;
-    EXPECT_EQ(Plans::printPlans(printer), "");
+    EXPECT_EQ(printPlans(printer), Outcome());
     EXPECT_EQ(currentFuselage, 3);
 }
 
 TEST_F(PlansTest, EachSectionHasItsSheetWithTheCrossHair) {
-    EXPECT_EQ(Plans::printJob(PlanJob::frontSections, printer), "");
+    EXPECT_EQ(printJob(PlanJob::frontSections, printer), Outcome());
     EXPECT_EQ(printer.pages(), 3);
     for (int n = 1; n <= 3; ++n) {
         const auto lines = page(n);
@@ -121,22 +116,22 @@ TEST_F(PlansTest, EachSectionHasItsSheetWithTheCrossHair) {
         EXPECT_EQ(lines[0].at, (std::array<double, 4>{95, 0, 95, 277}));
         EXPECT_EQ(lines[1].at, (std::array<double, 4>{0, 138.5, 190, 138.5}));
         EXPECT_EQ(lines[0].colour, black);
-        for (std::size_t i = 2; i < lines.size(); ++i) EXPECT_EQ(lines[i].colour, dimColor);
+        for (std::size_t i = 2; i < lines.size(); ++i) EXPECT_EQ(lines[i].colour, project.dimColor);
     }
 }
 
 TEST_F(PlansTest, FuselageWithoutAShapeHasSheetsWithTheCrossHairAlone) {
     Fuselages(1).nb_cross = 0;
-    EXPECT_EQ(Plans::printJob(PlanJob::frontSections, printer), "");
+    EXPECT_EQ(printJob(PlanJob::frontSections, printer), Outcome());
     EXPECT_EQ(printer.pages(), 3);
     EXPECT_EQ(printer.lines(), 6);
 }
 
 TEST_F(PlansTest, SectionsArePrintedOneByOne) {
-    SectionPlans(Fuselages(1), {1, 95, 138.5}).print(printer, 2);
+    SectionPlans(Fuselages(1), {1, 95, 138.5}, project.dimColor).print(printer, 2);
     EXPECT_EQ(printer.lines(), 8);
     Fuselages(1).nb_cross = 0;
-    SectionPlans(Fuselages(1), {1, 95, 138.5}).print(printer, 2);
+    SectionPlans(Fuselages(1), {1, 95, 138.5}, project.dimColor).print(printer, 2);
     EXPECT_EQ(printer.lines(), 8);
 }
 
@@ -192,19 +187,19 @@ TEST_F(PlansTest, FinFromAboveIsMirroredByTheHeightOfItsRoot) {
 
 TEST_F(PlansTest, WingsFromTheFrontEachHaveACentreLine) {
     nbWings = 2;
-    MainWing::addWing();
-    for (int i = 1; i <= nbWings; ++i) printFront(printer, Wings(i), {1, 95, 60});
+    MainWing::addWing(project);
+    for (int i = 1; i <= nbWings; ++i) printFront(printer, Wings(i), {1, 95, 60}, project.dimColor);
     ASSERT_EQ(printer.lines(), 2 * 9);
     for (std::size_t at : {8U, 17U}) {
         EXPECT_EQ(printer.calls[at].at, (std::array<double, 4>{95, 0, 95, 120}));
-        EXPECT_EQ(printer.calls[at].colour, dimColor);
+        EXPECT_EQ(printer.calls[at].colour, project.dimColor);
     }
 }
 
 TEST_F(PlansTest, FittedPlansTakeTheirShapeFromTheDrawingSurface) {
     RecordingPrinter wide(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::vtop, wide, {450, 500}), "");
-    EXPECT_EQ(Plans::printJob(PlanJob::vtop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::vtop, wide, {450, 500}), Outcome());
+    EXPECT_EQ(printJob(PlanJob::vtop, {printer}), Outcome());
     // Fitted by the height of 900 x 500, by the width of 450 x 500.
     const double onScreen = 0.95 * 500 / 800 * 190 / 900;
     const double narrow = 0.95 * 450 / 1400 * 190 / 450;
@@ -220,7 +215,7 @@ TEST_F(PlansTest, FittedPlansTakeTheirShapeFromTheDrawingSurface) {
 
 TEST_F(PlansTest, FuselageOfNoLengthHasOneSheet) {
     for (int i = 1; i <= 3; ++i) Fuselages(1).pos(i) = 0;
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     EXPECT_EQ(printer.pages(), 1);
 }
 
@@ -228,12 +223,12 @@ TEST_F(PlansTest, PlanOfNoSheetsIsRefusedWithAReason) {
     for (int i = 1; i <= 3; ++i) Fuselages(1).pos(i) = -400.0 * i;
     for (PlanJob job : {PlanJob::Side, PlanJob::htop}) {
         printer.calls.clear();
-        EXPECT_NE(Plans::printJob(job, printer).find("before position 0"), std::string::npos);
+        EXPECT_NE(printJob(job, printer).reason().find("before position 0"), std::string::npos);
         EXPECT_EQ(printer.pages(), 0);
         EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc) << "an empty file would be left";
     }
     Fuselages(1).nb_sections = 0;
-    EXPECT_NE(Plans::printJob(PlanJob::frontSections, printer).find("no sections"),
+    EXPECT_NE(printJob(PlanJob::frontSections, printer).reason().find("no sections"),
               std::string::npos);
     EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
 }
@@ -241,14 +236,14 @@ TEST_F(PlansTest, PlanOfNoSheetsIsRefusedWithAReason) {
 TEST_F(PlansTest, PlanOfNoSheetsEndsTheJobsBehindItAsAFailureDoes) {
     Fuselages(1).pos_offset = -5000;
     PrintSelect.frontSections = PrintSelect.htop = PrintSelect.Side = true;
-    EXPECT_NE(Plans::printPlans(printer), "");
+    EXPECT_TRUE(printPlans(printer).hasFailed());
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
 }
 
 TEST_F(PlansTest, PaperSmallerThanItsMarginsIsRefused) {
     for (double width : {0.0, -10.0}) {
         RecordingPrinter none(width, 277);
-        EXPECT_NE(Plans::printJob(PlanJob::Side, none), "");
+        EXPECT_TRUE(printJob(PlanJob::Side, none).hasFailed());
         EXPECT_TRUE(none.calls.empty());
     }
 }
@@ -256,7 +251,7 @@ TEST_F(PlansTest, PaperSmallerThanItsMarginsIsRefused) {
 TEST_F(PlansTest, FuselageBeyondAllPaperIsRefused) {
     Fuselages(1).pos(3) = 1E+300;
     PrintSelect.Side = PrintSelect.htop = true;
-    EXPECT_NE(Plans::printPlans(printer), "");
+    EXPECT_TRUE(printPlans(printer).hasFailed());
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
     EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
 }
@@ -265,7 +260,7 @@ TEST_F(PlansTest, ThousandSheetsAreWatchedAndCancelled) {
     Fuselages(1).pos(3) = 190 * 1000.5;
     ScriptedProgress watcher;
     progress = &watcher;
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     EXPECT_EQ(printer.pages(), 1001);
     EXPECT_EQ(watcher.questions, 1001);
     EXPECT_EQ(watcher.lastDone, 1001);
@@ -275,7 +270,7 @@ TEST_F(PlansTest, ThousandSheetsAreWatchedAndCancelled) {
     cancels.cancelAt = 7;
     progress = &cancels;
     printer.calls.clear();
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), cancelledReason);
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome::cancelled());
     EXPECT_EQ(printer.pages(), 7);
     EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
     EXPECT_EQ(printer.count(Kind::EndDoc), 0);
@@ -286,39 +281,31 @@ TEST_F(PlansTest, CancelEndsTheJobsBehindItToo) {
     cancels.cancelAt = 2;
     progress = &cancels;
     PrintSelect.Side = PrintSelect.htop = true;
-    EXPECT_EQ(Plans::printPlans(printer), cancelledReason);
+    EXPECT_EQ(printPlans(printer), Outcome::cancelled());
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
 }
 
 TEST_F(PlansTest, VanishedPrinterEndsTheCommandWithItsReason) {
     printer.failure = "The printer is gone";
     PrintSelect.Side = PrintSelect.front = true;
-    EXPECT_EQ(Plans::printPlans(printer), "The printer is gone");
+    EXPECT_EQ(printPlans(printer).reason(), "The printer is gone");
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
 }
 
-TEST_F(PlansTest, PreviewLeavesTheWindowAsItIs) {
+TEST_F(PlansTest, PreviewLeavesTheProjectAsItIs) {
     addFuselage();
     currentFuselage = 1;
-    Main.initSideView();
-    const MainForm before = Main;
-    const auto drawn = bench.area.sinceClear();
-    for (PlanJob job : Plans::allJobs) EXPECT_EQ(Plans::previewJob(job, printer), "");
+    const Project before = project;
+    for (PlanJob job : Plans::allJobs)
+        EXPECT_EQ(Plans::previewJob(project, PrintSelect, job, {printer}), Outcome());
     EXPECT_EQ(printer.jobs().size(), 5U);
-    EXPECT_EQ(Main.mode, before.mode);
-    EXPECT_EQ(Main.zoom, before.zoom);
-    EXPECT_EQ(Main.xoff, before.xoff);
-    EXPECT_EQ(Main.yoff, before.yoff);
-    EXPECT_EQ(Main.DrawArea, &bench.area);
-    EXPECT_FALSE(Main.checked(Control::LockZoom));
-    EXPECT_EQ(currentFuselage, 1);
-    EXPECT_EQ(bench.area.sinceClear(), drawn);
+    EXPECT_EQ(project, before);
 }
 
 TEST_F(PlansTest, PreviewOfAJobPrintsWhatTheJobPrints) {
     RecordingPrinter real(190, 277);
-    EXPECT_EQ(Plans::previewJob(PlanJob::vtop, printer), "");
-    EXPECT_EQ(Plans::printJob(PlanJob::vtop, real), "");
+    EXPECT_EQ(Plans::previewJob(project, PrintSelect, PlanJob::vtop, {printer}), Outcome());
+    EXPECT_EQ(printJob(PlanJob::vtop, real), Outcome());
     ASSERT_EQ(printer.calls.size(), real.calls.size());
     for (std::size_t i = 0; i < real.calls.size(); ++i)
         EXPECT_EQ(printer.calls[i].at, real.calls[i].at);

@@ -3,8 +3,6 @@
 #include <cmath>
 #include <set>
 
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "output/OutputTest.h"
 #include "output/Plans.h"
 #include "output/SheetMarks.h"
@@ -34,7 +32,7 @@ protected:
 
     static bool hasLine(const Sheet& sheet, const std::array<double, 4>& at) {
         return std::ranges::any_of(sheet, [&](const PrinterCall& call) {
-            if (call.kind != Kind::Line || call.colour != dimColor) return false;
+            if (call.kind != Kind::Line || call.colour != project.dimColor) return false;
             for (std::size_t i = 0; i < 4; ++i)
                 if (!(std::abs(call.at[i] - at[i]) < 1e-9)) return false;
             return true;
@@ -55,7 +53,8 @@ protected:
     /// The length of the ruler: the one line that is as long as it tells.
     static bool hasRuler(const Sheet& sheet, double length) {
         return std::ranges::any_of(sheet, [&](const PrinterCall& call) {
-            return call.kind == Kind::Line && call.at[1] == call.at[3] && call.colour == dimColor &&
+            return call.kind == Kind::Line && call.at[1] == call.at[3] &&
+                   call.colour == project.dimColor &&
                    std::abs(call.at[2] - call.at[0] - length) < 1e-9;
         });
     }
@@ -63,7 +62,7 @@ protected:
 
 TEST_F(TapedSheets, OverlapByTenMillimetres) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     const auto pages = sheets(printer);
     // 180 new millimetres a sheet behind the first 190.
     ASSERT_EQ(pages.size(), 5U);
@@ -78,14 +77,14 @@ TEST_F(TapedSheets, OverlapByTenMillimetres) {
 TEST_F(TapedSheets, UntickedSheetsHaveNoMarks) {
     PrintSelect.overlap = false;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     EXPECT_EQ(printer.count(Kind::Text), 0);
     EXPECT_EQ(printer.pages(), 5);
 }
 
 TEST_F(TapedSheets, MarksOfNeighboursLieOnEachOther) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     for (const Sheet& sheet : sheets(printer))
         for (double share : {0.25, 0.75}) {
             // The right edge's mark is 180 from the left edge's, which is what the sheets move by.
@@ -99,7 +98,7 @@ TEST_F(TapedSheets, MarksOfNeighboursLieOnEachOther) {
 TEST_F(TapedSheets, MarksOfRowsLieOnEachOtherToo) {
     Fuselages(1).width(2) = 700;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     const auto pages = sheets(printer);
     ASSERT_EQ(pages.size(), 15U);
     // The lower edge's mark of one row and the upper edge's of the next are the same place of the
@@ -112,7 +111,7 @@ TEST_F(TapedSheets, MarksOfRowsLieOnEachOtherToo) {
 
 TEST_F(TapedSheets, TextsAndRulerStandInsideTheOverlap) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     for (const Sheet& sheet : sheets(printer)) {
         EXPECT_TRUE(hasLine(sheet, {12, 20, 112, 20}));
         for (double end : {12.0, 112.0}) EXPECT_TRUE(hasLine(sheet, {end, 18, end, 22})) << end;
@@ -126,7 +125,7 @@ TEST_F(TapedSheets, TextsAndRulerStandInsideTheOverlap) {
 
 TEST_F(TapedSheets, EachTellsItsRowAndColumn) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     const auto pages = sheets(printer);
     for (std::size_t n = 0; n < pages.size(); ++n)
         EXPECT_TRUE(hasText(pages[n], "Row 1, column " + std::to_string(n + 1)));
@@ -134,8 +133,8 @@ TEST_F(TapedSheets, EachTellsItsRowAndColumn) {
 
 TEST_F(TapedSheets, EachHasARulerToCheckThePrinterBy) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
-    EXPECT_EQ(Plans::printJob(PlanJob::frontSections, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
+    EXPECT_EQ(printJob(PlanJob::frontSections, printer), Outcome());
     for (const Sheet& sheet : sheets(printer)) {
         EXPECT_TRUE(hasRuler(sheet, 100));
         EXPECT_TRUE(hasText(sheet, "100 mm"));
@@ -143,11 +142,10 @@ TEST_F(TapedSheets, EachHasARulerToCheckThePrinterBy) {
 }
 
 TEST_F(TapedSheets, InchProjectsHaveAnInchRulerAndTheSameOverlap) {
-    Prefs.selectUnit(inches);
-    Prefs.units = inches;
-    Plane::switchAllToInches();
+    project.units = inches;
+    Plane::switchAllToInches(project);
     RecordingPrinter printer(7.5, 10);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     const auto pages = sheets(printer);
     ASSERT_GE(pages.size(), 2U);
     EXPECT_DOUBLE_EQ(pages[1][0].at[0], -(7.5 - 10 / 25.4));
@@ -161,12 +159,12 @@ TEST_F(TapedSheets, FinBeyondTheFuselagesEndHasItsSheet) {
     RecordingPrinter plain(190, 277);
     PrintSelect.overlap = false;
     Rudder.pos1 = 900;  // its tip ends at 1080, the fuselage at 800
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, plain), "");
+    EXPECT_EQ(printJob(PlanJob::Side, plain), Outcome());
     EXPECT_EQ(plain.pages(), 5);
 
     PrintSelect.overlap = true;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     const auto pages = sheets(printer);
     EXPECT_EQ(pages.size(), 6U);
     double reach = 0;
@@ -179,13 +177,13 @@ TEST_F(TapedSheets, FinBeyondTheFuselagesEndHasItsSheet) {
 TEST_F(TapedSheets, WingBeyondTheFuselagesEndHasItsSheet) {
     Wings(1).pos1 = 1200;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     EXPECT_EQ(printer.pages(), 8);  // 10 + 8 x 180 reaches the trailing edge at 1430
 }
 
 TEST_F(TapedSheets, PlanFromAboveLiesInTheMiddleOfTheSheetsHeight) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     for (const Sheet& sheet : sheets(printer)) {
         // The plus edge goes from 10 to 50 and back to 5 beside the centre line, the other
         // likewise.
@@ -200,7 +198,7 @@ TEST_F(TapedSheets, PlanFromAboveLiesInTheMiddleOfTheSheetsHeight) {
 TEST_F(TapedSheets, PlanFromAboveWiderThanThePaperHasRowsOnBothSides) {
     Fuselages(1).width(2) = 700;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     const auto pages = sheets(printer);
     // 700 in rows of 267 new, stacked upward from the lowest line at 138.5 + 350.
     ASSERT_EQ(pages.size(), 15U);
@@ -215,10 +213,10 @@ TEST_F(TapedSheets, PlanFromAboveWiderThanThePaperHasRowsOnBothSides) {
 
 TEST_F(TapedSheets, FirstSheetLiesAsASingleOneDoes) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     RecordingPrinter plain(190, 277);
     PrintSelect.overlap = false;
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, plain), "");
+    EXPECT_EQ(printJob(PlanJob::Side, plain), Outcome());
     const Sheet taped = sheets(printer).front();
     const Sheet single = sheets(plain).front();
     for (std::size_t i = 0; i < single.size(); ++i) EXPECT_EQ(taped[i].at, single[i].at);
@@ -227,7 +225,7 @@ TEST_F(TapedSheets, FirstSheetLiesAsASingleOneDoes) {
 TEST_F(TapedSheets, PlanHigherThanThePaperHasRows) {
     Rudder.span = 400;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::Side, printer), "");
+    EXPECT_EQ(printJob(PlanJob::Side, printer), Outcome());
     const auto pages = sheets(printer);
     ASSERT_EQ(pages.size(), 10U);
     EXPECT_TRUE(hasText(pages[0], "Row 1, column 1"));
@@ -240,26 +238,26 @@ TEST_F(TapedSheets, PlanHigherThanThePaperHasRows) {
 TEST_F(TapedSheets, NoseBeforeTheOriginIsOnTheFirstSheet) {
     Fuselages(1).pos_offset = -50;
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::htop, printer), Outcome());
     EXPECT_EQ(sheets(printer)[0][0].at[0], 0);
 }
 
 TEST_F(TapedSheets, PaperTooSmallToOverlapIsRefused) {
     RecordingPrinter printer(10, 277);
-    EXPECT_NE(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_TRUE(printJob(PlanJob::htop, printer).hasFailed());
     EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
 }
 
 TEST_F(TapedSheets, EndlessPlanIsRefused) {
     Fuselages(1).pos(3) = 1E+300;
     RecordingPrinter printer(190, 277);
-    EXPECT_NE(Plans::printJob(PlanJob::htop, printer), "");
+    EXPECT_TRUE(printJob(PlanJob::htop, printer).hasFailed());
     EXPECT_EQ(printer.pages(), 0);
 }
 
 TEST_F(TapedSheets, FittedPlansStayAsTheyAre) {
     RecordingPrinter printer(190, 277);
-    EXPECT_EQ(Plans::printJob(PlanJob::vtop, printer), "");
+    EXPECT_EQ(printJob(PlanJob::vtop, printer), Outcome());
     EXPECT_EQ(printer.pages(), 1);
     EXPECT_EQ(printer.count(Kind::Text), 0);
 }

@@ -2,7 +2,6 @@
 // with its own, and never one without a picture that could be read.
 
 #include "common/ReplacedFile.h"
-#include "model/Plane.h"
 #include "output/OutputTest.h"
 #include "support/StruckCalls.h"
 
@@ -30,7 +29,7 @@ protected:
 TEST_F(StruckExport, LeavesAllOldOrAllNew) {
     putOldFiles();
     const auto oldFiles = files();
-    ASSERT_EQ(exportWhole(folder / "m.wrl"), "");
+    ASSERT_EQ(exportWhole(folder / "m.wrl"), Outcome());
     const auto newFiles = files();
     ASSERT_EQ(newFiles.size(), 4u);
     EXPECT_EQ(newFiles.at("wing.jpg"), "wing.bmp 64 x 128 turned jpeg");
@@ -39,13 +38,13 @@ TEST_F(StruckExport, LeavesAllOldOrAllNew) {
     EXPECT_NE(newFiles.at("m.wrl").find("            url \"fin-2.jpg\"\r\n"), std::string::npos);
     int failures = 0;
     putOldFiles();
-    const int calls = callsOf([&] { exportWhole(folder / "m.wrl"); });
+    const int calls = callsOf([&] { (void)exportWhole(folder / "m.wrl"); });
     for (int number = 1; number <= calls; ++number) {
         putOldFiles();
         std::string reason;
         {
             const StruckCalls struck({number});
-            reason = exportWhole(folder / "m.wrl");
+            reason = exportWhole(folder / "m.wrl").reason();
         }
         const bool isNew = files() == newFiles;
         EXPECT_TRUE(isNew || files() == oldFiles) << number << ' ' << reason;
@@ -59,7 +58,7 @@ TEST_F(StruckExport, APictureThatCannotBeWrittenFailsTheExport) {
     putOldFiles();
     const auto oldFiles = files();
     pictures.encodes = false;
-    EXPECT_EQ(exportWhole(folder / "m.wrl"), "wing.jpg: no form for it");
+    EXPECT_EQ(exportWhole(folder / "m.wrl").reason(), "wing.jpg: no form for it");
     EXPECT_EQ(files(), oldFiles);
     EXPECT_EQ(folder.count(), 3);
 }
@@ -67,7 +66,7 @@ TEST_F(StruckExport, APictureThatCannotBeWrittenFailsTheExport) {
 TEST_F(StruckExport, APictureThatCannotBeReadIsToldAndTheModelStands) {
     putOldFiles();
     Rudder.texture_filename = "/pictures/unreadable.bmp";
-    EXPECT_EQ(exportWhole(folder / "m.wrl"),
+    EXPECT_EQ(exportWhole(folder / "m.wrl").reason(),
               "The picture fin.bmp could not be put beside the model (no picture). All else has "
               "been exported.");
     const std::string model = bytesOf(folder / "m.wrl");

@@ -1,11 +1,7 @@
 #include <algorithm>
 #include <sstream>
 
-#include "editor/Main.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
+#include "output/IO_VRMl.h"
 #include "output/OutputTest.h"
 
 namespace velna::test {
@@ -15,7 +11,7 @@ class VrmlModel : public OutputTest {
 protected:
     /// Exports and keeps the text, and its lines without their ends.
     void write(const std::string& told = "") {
-        ASSERT_EQ(exportWhole(file), told);
+        ASSERT_EQ(exportWhole(file).reason(), told);
         text = bytesOf(file);
         lines.clear();
         std::istringstream stream(text);
@@ -77,7 +73,7 @@ TEST_F(VrmlModel, HoldsTheAircraftInItsOrder) {
         if (line.starts_with("    # ")) names.push_back(line.substr(6));
     EXPECT_EQ(names, (std::vector<std::string>{"WingLeft", "WingRight", "StabLeft", "StabRight",
                                                "Fuselage", "Rudder", "Equipment"}));
-    EXPECT_EQ(vrmlUnitScale, (Point3D{1, 1, 1}));
+    EXPECT_EQ(IO_VRMl::vrmlUnitScale, (Point3D{1, 1, 1}));
 }
 
 TEST_F(VrmlModel, NamesTheVersionWithoutBlanks) {
@@ -88,10 +84,10 @@ TEST_F(VrmlModel, NamesTheVersionWithoutBlanks) {
 
 TEST_F(VrmlModel, TicksEveryFuselageAndEndsAtTheLast) {
     nbFuselages = 3;
-    Fuselage::resizeFuselages();
+    Fuselage::resizeFuselages(project);
     Fuselages(2);
     Fuselages(3);
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(2, false);
     write();
     for (int i = 1; i <= 3; ++i) EXPECT_TRUE(ObjectList.shown(i));
@@ -354,7 +350,7 @@ TEST_F(VrmlModel, CancelLeavesTheOldFileWhole) {
     progress = &watcher;
     Fuselages(1).nb_cross = 5000;
     Fuselages(1).initArrays();
-    EXPECT_EQ(exportWhole(file), cancelledReason);
+    EXPECT_EQ(exportWhole(file), Outcome::cancelled());
     EXPECT_EQ(watcher.questions, 2);
     EXPECT_EQ(bytesOf(file), "the old model");
     EXPECT_EQ(folder.count(), 1);

@@ -1,5 +1,4 @@
 #include "Projects.h"
-#include "model/MainWing.h"
 #include "persistence/AirfoilFiles.h"
 #include "support/ModelJson.h"
 
@@ -11,13 +10,13 @@ protected:
     /// Puts `bytes` on the current wing, from a file.
     void load(const std::string& bytes) {
         writeBytes(folder / "foil.xy", bytes);
-        Plane::loadAirfoil(folder / "foil.xy");
+        Plane::loadAirfoil(project, folder / "foil.xy");
     }
 
     /// The same as the Open command does it.
     void open(const std::string& bytes) {
         writeBytes(folder / "foil.xy", bytes);
-        openAirfoil(folder / "foil.xy");
+        openAirfoil(project, folder / "foil.xy");
     }
 };
 
@@ -37,7 +36,7 @@ std::string foil(int points, const std::string& end = "\r\n") {
 
 TEST_F(AirfoilFile, PutsItsPointsOnTheCurrentWingAlone) {
     nbWings = 2;
-    MainWing::addWing();
+    MainWing::addWing(project);
     currentWing = 2;
     const auto before = modelJson();
     load("title\r\n1 0\r\n0.5 -0.05\r\n0 0\r\n0.5 0.05\r\n1 0\r\n");
@@ -48,7 +47,8 @@ TEST_F(AirfoilFile, PutsItsPointsOnTheCurrentWingAlone) {
     EXPECT_DOUBLE_EQ(Wings(2).airfoilPoint(2).z, -0.5);
     EXPECT_EQ(Wings(2).thickness1, 0.1);
     EXPECT_EQ(Wings(2).thickness2, 0.1);
-    EXPECT_EQ(Wings(2).Left->pointCount(), 5);
+    solids.createAll(project);
+    EXPECT_EQ(solids.wings(2).Left.pointCount(), 5);
     const auto after = modelJson();
     EXPECT_EQ(after["Wings"][0], before["Wings"][0]);
     EXPECT_EQ(after["Stabilizer"], before["Stabilizer"]);
@@ -109,13 +109,13 @@ TEST_F(AirfoilFile, EveryLineBehindTheTitleCounts) {
 
 TEST_F(AirfoilFile, AnEmptyLineAtTheEndStopsTheImportBehindThePoints) {
     const double thickness = Wings(1).thickness1;
-    Plane::createAllSolids();
+    solids.createAll(project);
     load("title\r\n1 0\r\n0 0.25\r\n1 0\r\n\r\n");
     EXPECT_EQ(Wings(1).nb, 4);
     EXPECT_EQ(Wings(1).airfoilPoint(2).z, 0.25);
     EXPECT_EQ(Wings(1).airfoilPoint(4), Point3D{});
     EXPECT_EQ(Wings(1).thickness1, thickness);
-    EXPECT_EQ(Wings(1).Left->builtCount(), 16);  // the solid is that of before
+    EXPECT_EQ(solids.wings(1).Left.builtCount(), 16);  // the solid is that of before
     // A later import works.
     load(foil(10));
     EXPECT_EQ(Wings(1).nb, 10);
@@ -125,7 +125,7 @@ TEST_F(AirfoilFile, ATitleAloneGivesNoPoints) {
     load("title\r\n");
     EXPECT_EQ(Wings(1).nb, 0);
     EXPECT_EQ(Wings(1).airfoilSize(), 0);
-    Plane::createAllSolids();
+    solids.createAll(project);
 }
 
 TEST_F(AirfoilFile, NumbersEndAtABlankACommaOrALineEnd) {
@@ -149,7 +149,7 @@ TEST_F(AirfoilFile, WhatIsNoNumberStopsTheImport) {
         EXPECT_EQ(Wings(1).airfoilPoint(1).z, 0.5);
         EXPECT_EQ(Wings(1).thickness1, thickness);
         EXPECT_EQ(Wings(1).airfoilPoint(3).x, 0);
-        Plane::createAllSolids();
+        solids.createAll(project);
     }
 }
 
@@ -166,7 +166,7 @@ TEST_F(AirfoilFile, EveryLineReplacedLeavesAUsableWing) {
             load(joinedLines(changed));
             EXPECT_EQ(Wings(1).nb, 12);
             EXPECT_EQ(Wings(1).airfoilSize(), 12);
-            Plane::createAllSolids();
+            solids.createAll(project);
             const std::string saved = savedBytes();
             EXPECT_TRUE(readBytes(saved));
         }
@@ -177,7 +177,7 @@ TEST_F(AirfoilFile, EveryCutLeavesAUsableWing) {
     for (std::size_t size = 0; size < bytes.size(); ++size) {
         load(bytes.substr(0, size));
         EXPECT_EQ(Wings(1).airfoilSize(), Wings(1).nb);
-        Plane::createAllSolids();
+        solids.createAll(project);
     }
 }
 
@@ -191,7 +191,7 @@ TEST_F(AirfoilFile, OneOrTwoPointsAreTaken) {
     // With no pair to compare, the profile is as thick as its farthest point is from the chord.
     EXPECT_EQ(Wings(1).thickness1, 0.5);
     EXPECT_EQ(Wings(1).airfoilPoint(2).z, -1);
-    Plane::createAllSolids();
+    solids.createAll(project);
 }
 
 TEST_F(AirfoilFile, AFlatProfileKeepsItsHeights) {
@@ -227,8 +227,8 @@ TEST_F(AirfoilFile, FortyThousandPointsChangeNothing) {
 TEST_F(AirfoilFile, WhatCannotBeOpenedChangesNothing) {
     const auto before = modelJson();
     for (const std::string& path : {folder / "missing.xy", folder.path(), std::string{}}) {
-        Plane::loadAirfoil(path);
-        openAirfoil(path);
+        Plane::loadAirfoil(project, path);
+        openAirfoil(project, path);
         expectModelEquals(before);
     }
     load("");

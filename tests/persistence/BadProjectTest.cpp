@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include "Projects.h"
-#include "model/Fuselage.h"
 #include "support/FileSizeLimit.h"
 #include "support/ModelJson.h"
 #include "support/SameBytes.h"
@@ -91,7 +90,7 @@ TEST_F(BadProject, WhatABadFileLeftCanBeUsedSavedAndReadAgain) {
             readBytes(joinedLines(changed));
             if (nbWings > 1 || nbFuselages > 1) continue;
             EXPECT_TRUE(allFinite(modelJson()));
-            Plane::createAllSolids();
+            solids.createAll(project);
             const std::string saved = savedBytes();
             ASSERT_TRUE(readBytes(saved));
             EXPECT_TRUE(sameBytes(savedBytes(), saved));
@@ -201,7 +200,7 @@ TEST_F(BadProject, AFuselageCutBehindItsCountsHasArraysThatFit) {
     EXPECT_EQ(body.sectionCount(), 50);
     EXPECT_EQ(body.height(2), 100);
     EXPECT_EQ(body.height(50), 0);
-    Fuselages(1).create();
+    solids.fuselages(1).create(Fuselages(1));
     savedBytes();
 }
 
@@ -255,12 +254,12 @@ TEST_F(BadProject, AFailedSaveLeavesTheOldFileWholeAndTellsTheReason) {
     writeBytes(path, "old");
     {
         const FileSizeLimit fullDisk(100);
-        EXPECT_EQ(Plane::saveProject(path), "File too large");
+        EXPECT_EQ(save(path), "File too large");
     }
     EXPECT_EQ(bytesOf(path), "old");
     EXPECT_EQ(folder.count(), 1);
-    EXPECT_EQ(Plane::saveProject(folder.path()), "Is a directory");
-    EXPECT_EQ(Plane::saveProject(folder / "missing/x.vln"), "No such file or directory");
+    EXPECT_EQ(save(folder.path()), "Is a directory");
+    EXPECT_EQ(save(folder / "missing/x.vln"), "No such file or directory");
     EXPECT_EQ(folder.count(), 1);
 }
 
@@ -269,7 +268,7 @@ TEST_F(BadProject, AFolderWithoutPermissionIsTold) {
     std::filesystem::create_directory(folder / "locked");
     writeBytes(folder / "locked/x.vln", "old");
     ::chmod((folder / "locked").c_str(), 0500);
-    EXPECT_EQ(Plane::saveProject(folder / "locked/x.vln"), "Permission denied");
+    EXPECT_EQ(save(folder / "locked/x.vln"), "Permission denied");
     EXPECT_EQ(bytesOf(folder / "locked/x.vln"), "old");
     ::chmod((folder / "locked").c_str(), 0700);
 }

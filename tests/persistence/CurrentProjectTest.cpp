@@ -1,8 +1,5 @@
 #include "Projects.h"
 #include "common/NumberText.h"
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
 #include "support/ModelJson.h"
 #include "support/SameBytes.h"
 
@@ -40,8 +37,8 @@ TEST_F(CurrentProject, SavingWritesTheSectionsInTheirOrderWhateverTheirStorage) 
 }
 
 TEST_F(CurrentProject, AnInsertedSectionIsInOrderAfterReloadAndNothingElseChanges) {
-    Fuselage::current().sel_sec = 2;
-    Fuselage::current().insertSection(100);
+    Fuselage::current(project).sel_sec = 2;
+    Fuselage::current(project).insertSection(100);
     auto before = modelJson();
     ASSERT_NE(before["Fuselages"][0]["sectionOrder"], nlohmann::json({1, 2, 3, 4}));
     const MeshSections& body = Fuselages(1);
@@ -103,50 +100,46 @@ TEST_F(CurrentProject, TheDefaultAircraftComesBackWithItsFolder) {
         point[1] = std::stod(numberText(point[1].get<double>()));
     expected["projectDirectory"] = folder.path();
     const std::string path = folder / "default.vln";
-    ASSERT_EQ(Plane::saveProject(path), "");
+    ASSERT_EQ(save(path), "");
     resetModel();
     ASSERT_EQ(readFile(path), "");
     expectModelEquals(expected);
-    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_EQ(project.units, millimetres);
 }
 
 TEST_F(CurrentProject, AFileNameWithoutFolderHasAnEmptyFolder) {
-    projectDirectory = "/somewhere/";
+    project.projectDirectory = "/somewhere/";
     readFile("no-such-file.vln");
-    EXPECT_EQ(projectDirectory, "");
+    EXPECT_EQ(project.projectDirectory, "");
 }
 
 TEST_F(CurrentProject, AnInchProjectSwitchesTheUnitAndKeepsTheNumbers) {
-    Prefs.units = inches;
-    Prefs.selectUnit(inches);
+    project.units = inches;
     Wings(1).span = 27.5;
     const std::string bytes = savedBytes();
     ASSERT_TRUE(readBytes(bytes));
-    EXPECT_EQ(Prefs.units, inches);
-    EXPECT_TRUE(Prefs.InchesOption);
-    EXPECT_FALSE(Prefs.MillimetersOption);
+    EXPECT_EQ(project.units, inches);
     EXPECT_EQ(Wings(1).span, 27.5);
 }
 
 // A model chosen after the read must have its size in the project's unit.
 TEST_F(CurrentProject, TheCataloguesFollowTheUnitOfTheFile) {
-    Prefs.selectUnit(inches);
+    project.units = inches;
     const std::string inchProject = savedBytes();
-    Prefs.selectUnit(millimetres);
+    project.units = millimetres;
     const std::string millimetreProject = savedBytes();
     ASSERT_TRUE(readBytes(inchProject));
-    EXPECT_EQ(Equipment::servoTypes[7].length, 40.4 / 25.4);
-    Prefs.units = inches;
-    Plane::setDefaultPlane();
-    ASSERT_TRUE(readProjectBytes(millimetreProject));
-    EXPECT_EQ(Equipment::servoTypes[7].length, 40.4);
+    EXPECT_EQ(Equipment::servoTypes(project.units)[7].length, 40.4 / 25.4);
+    project.units = inches;
+    Plane::setDefaultPlane(project);
+    ASSERT_TRUE(Plane::readProjectBytes(project, millimetreProject));
+    EXPECT_EQ(Equipment::servoTypes(project.units)[7].length, 40.4);
 }
 
-TEST_F(CurrentProject, TheUnitIsWrittenFromTheOptionAndNotFromTheUnitInForce) {
-    Prefs.selectUnit(inches);
-    Prefs.units = millimetres;
-    const auto lines = linesOf(savedBytes());
-    EXPECT_EQ(lines[92], "#TRUE#");
+TEST_F(CurrentProject, TheUnitIsWrittenAsAFlag) {
+    EXPECT_EQ(linesOf(savedBytes())[92], "#FALSE#");
+    project.units = inches;
+    EXPECT_EQ(linesOf(savedBytes())[92], "#TRUE#");
 }
 
 TEST_F(CurrentProject, ElevationOffsetsAreKept) {
@@ -173,16 +166,16 @@ TEST_F(CurrentProject, TheStabiliserTakesItsPointCountWithoutItsPoints) {
 }
 
 TEST_F(CurrentProject, ObjectsPromisedByACutFileAreOfTheUnitAtTheTimeOfReading) {
-    Prefs.units = inches;
+    project.units = inches;
     const auto lines = linesOf(bytesOf(current + "default.vln"));
     // Cut behind the count of fuselages, which promises three.
     std::vector<std::string> cut(lines.begin(), std::ranges::find(lines, "Fuselage"));
     ASSERT_EQ(cut.back(), "1");
     cut.back() = "3";
     resetModel();
-    Prefs.units = inches;
-    EXPECT_THROW(readProjectBytes(joinedLines(cut)), ReadFailure);
-    Prefs.units = millimetres;
+    project.units = inches;
+    EXPECT_THROW(Plane::readProjectBytes(project, joinedLines(cut)), ReadFailure);
+    project.units = millimetres;
     EXPECT_EQ(nbFuselages, 3);
     EXPECT_DOUBLE_EQ(Fuselages(3).height(2), 100 / 25.4);
 }

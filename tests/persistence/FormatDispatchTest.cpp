@@ -1,6 +1,8 @@
 #include "Projects.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
+#include "persistence/FuselageRecords.h"
+#include "persistence/ProjectFormats.h"
+#include "persistence/TailRecords.h"
+#include "persistence/WingRecords.h"
 
 namespace velna::test {
 
@@ -24,8 +26,8 @@ TEST_F(FormatDispatch, EachRowOfTheTableIsReached) {
     EXPECT_FALSE(formatOf("# VELNA File Format V0.1").readWings);
     EXPECT_EQ(plain("0.2.12").readFuselages, Fuselage::readFuselageV0212);
     EXPECT_EQ(plain("0.2.6").readFuselages, Fuselage::readFuselageV026);
-    EXPECT_EQ(plain("0.3.0").readRudder, &VertWingSection::readV030);
-    EXPECT_EQ(plain("0.3.1").readRudder, &VertWingSection::readV101);
+    EXPECT_EQ(plain("0.3.0").readRudder, readFinV030);
+    EXPECT_EQ(plain("0.3.1").readRudder, readFinV101);
     EXPECT_EQ(plain("0.3.1").lastBlock, LastBlock::equipment);
     EXPECT_EQ(plain("1.0.0").lastBlock, LastBlock::equipment);
     EXPECT_EQ(plain("1.0.1").lastBlock, LastBlock::unit);
@@ -82,7 +84,7 @@ TEST_F(FormatDispatch, EveryVersionIsKnownByItsFirstWingToo) {
     for (const auto& name : namesIn(projectData + "legacy/", ".json")) {
         SCOPED_TRACE(name);
         const std::string path = projectData + "legacy/" + name + ".vln";
-        EXPECT_EQ(Plane::whyNoProject(path), "");
+        EXPECT_EQ(Plane::checkProject(path).reason(), "");
         auto lines = linesOf(bytesOf(path));
         if (lines[0].find("V0.1") != std::string::npos) continue;
         // Whatever stands before the version.
@@ -102,14 +104,14 @@ TEST_F(FormatDispatch, EveryVersionIsKnownByItsFirstWingToo) {
 TEST_F(FormatDispatch, WhatBeginsAsAProjectIsOneHoweverShort) {
     const auto whyNot = [&](const std::string& bytes) {
         writeBytes(folder / "x.vln", bytes);
-        return Plane::whyNoProject(folder / "x.vln");
+        return Plane::checkProject(folder / "x.vln").reason();
     };
     EXPECT_EQ(whyNot("# VELNA File Format V"), "");
     EXPECT_EQ(whyNot("# VELNA File Format V0.1\r\n"), "");
     for (const std::string bytes : {"", "# VELNA File Format ", "2.2.1\r\n1\r\n", "V0.1\r\n1\r\n"})
         EXPECT_EQ(whyNot(bytes), folder / "x.vln: no Velna project") << bytes;
-    EXPECT_NE(Plane::whyNoProject(folder / "missing.vln"), "");
-    EXPECT_NE(Plane::whyNoProject(folder.path()), "");
+    EXPECT_NE(Plane::checkProject(folder / "missing.vln").reason(), "");
+    EXPECT_NE(Plane::checkProject(folder.path()).reason(), "");
 }
 
 }  // namespace velna::test

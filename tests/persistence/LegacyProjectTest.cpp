@@ -1,6 +1,4 @@
 #include "Projects.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
 #include "support/ModelJson.h"
 #include "support/SameBytes.h"
 
@@ -32,7 +30,7 @@ TEST_F(LegacyProject, EveryVersionReadsToItsModelAndIsSavedAsCurrent) {
         SCOPED_TRACE(name);
         const auto expected = jsonOf(legacy + name + ".json");
         resetModel();
-        Prefs.units = expected["initial_units"].get<int>();
+        project.units = expected["initial_units"].get<int>();
         const std::string message = readFile(legacy + name + ".vln");
         EXPECT_EQ(message,
                   expected["message"].is_null() ? "" : expected["message"].get<std::string>());
@@ -81,7 +79,7 @@ TEST_F(LegacyProject, ACountAboveTwoGivesDefaultWingsBehindTheFirst) {
     EXPECT_EQ(Wings(1).span, span);
     EXPECT_EQ(Stabilizer.span, stabilizerSpan);
     SymWingSections fresh;
-    fresh.init();
+    fresh.init(project.defaultColor);
     for (int i = 2; i <= 4; ++i) {
         EXPECT_EQ(Wings(i).span, fresh.span);
         EXPECT_EQ(Wings(i).thickness1, fresh.thickness1);
@@ -104,9 +102,9 @@ TEST_F(LegacyProject, ElevationOffsetsOfOlderFilesAreClearedAndStayClear) {
 TEST_F(LegacyProject, WithoutAUnitFlagTheProgramKeepsItsUnit) {
     for (const int unit : {millimetres, inches}) {
         resetModel();
-        Prefs.units = unit;
+        project.units = unit;
         readFile(legacy + "1.0.0_two_wings_two_fuselages.vln");
-        EXPECT_EQ(Prefs.units, unit);
+        EXPECT_EQ(project.units, unit);
         const auto expected = jsonOf(legacy + "1.0.0_two_wings_two_fuselages.json")["model"];
         EXPECT_EQ(Wings(1).span, expected["Wings"][0]["span"].get<double>());
     }
@@ -116,28 +114,24 @@ TEST_F(LegacyProject, AMissingFlagOfTheVersionBehindItKeepsTheUnitToo) {
     const auto expected = jsonOf(legacy + "1.0.1_no_flag.json")["model"];
     for (const int unit : {millimetres, inches}) {
         resetModel();
-        Prefs.selectUnit(unit);
-        Prefs.units = unit;
+        project.units = unit;
         readFile(legacy + "1.0.1_no_flag.vln");
-        EXPECT_EQ(Prefs.units, unit);
-        EXPECT_EQ(Prefs.InchesOption, unit == inches);
+        EXPECT_EQ(project.units, unit);
         EXPECT_EQ(Wings(1).span, expected["Wings"][0]["span"].get<double>());
     }
 }
 
 TEST_F(LegacyProject, AnInchFlagSwitchesTheProgram) {
     readFile(legacy + "1.1.3_two_wings_inches.vln");
-    EXPECT_EQ(Prefs.units, inches);
-    EXPECT_TRUE(Prefs.InchesOption);
-    EXPECT_FALSE(Prefs.MillimetersOption);
+    EXPECT_EQ(project.units, inches);
 }
 
 TEST_F(LegacyProject, ColoursAreKeptSinceOneTwoAndDefaultBefore) {
     EXPECT_TRUE(readBytes(bytesOf(legacy + "1.2.0_one_wing.vln")));
     const auto expected = jsonOf(legacy + "1.2.0_one_wing.json")["model"];
     EXPECT_EQ(Wings(1).color().x, expected["Wings"][0]["color"][0].get<double>());
-    EXPECT_NE(Wings(1).color(), defaultColor);
-    EXPECT_NE(Fuselages(1).color(), defaultColor);
+    EXPECT_NE(Wings(1).color(), project.defaultColor);
+    EXPECT_NE(Fuselages(1).color(), project.defaultColor);
     EXPECT_TRUE(readBytes(bytesOf(legacy + "1.1.3_two_wings_inches.vln")));
     EXPECT_EQ(Wings(1).color(), (Point3D{200, 200, 200}));
     EXPECT_EQ(Fuselages(1).color(), (Point3D{200, 200, 200}));

@@ -1,8 +1,6 @@
 #include <set>
 
 #include "Projects.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
 #include "persistence/PictureFiles.h"
 
 namespace velna::test {
@@ -54,33 +52,19 @@ TEST_F(PictureNames, ObjectsWithoutPictureHaveAnEmptyNameAndNoFile) {
 TEST_F(PictureNames, AProjectMovedWithItsPicturesFindsThem) {
     setPictures("/pictures/");
     const std::string path = folder / "project.vln";
-    ASSERT_EQ(Plane::saveProject(path), "");
+    ASSERT_EQ(save(path), "");
     std::filesystem::create_directory(folder / "moved");
     for (const char* name : {"project.vln", "wing.bmp", "stab.JPG", "body.bmp", "fin.bmp"})
         std::filesystem::rename(folder / name, folder / "moved/" + name);
     resetModel();
     readFile(folder / "moved/project.vln");
     EXPECT_EQ(Wings(1).texture_filename(), folder / "moved/wing.bmp");
-    EXPECT_EQ(Wings(1).Left->texture_filename, folder / "moved/wing.bmp");
+    solids.createAll(project);
+    EXPECT_EQ(solids.wings(1).Left.picture.texture_filename, folder / "moved/wing.bmp");
     EXPECT_EQ(Stabilizer.texture_filename(), folder / "moved/stab.JPG");
     EXPECT_EQ(Fuselages(1).texture_filename, folder / "moved/body.bmp");
     EXPECT_EQ(Rudder.texture_filename, folder / "moved/fin.bmp");
     EXPECT_EQ(Rudder.qualified_texture_filename, "fin.bmp");
-}
-
-TEST_F(PictureNames, NoPictureCountsAsLoadedAfterReading) {
-    setPictures("/pictures/");
-    const std::string bytes = savedBytes();
-    Wings(1).set_texture_loaded(true);
-    Stabilizer.set_texture_loaded(true);
-    Fuselages(1).texture_loaded = true;
-    Rudder.texture_loaded = true;
-    readProjectBytes(bytes);
-    EXPECT_FALSE(Wings(1).Left->texture_loaded);
-    EXPECT_FALSE(Wings(1).Right->texture_loaded);
-    EXPECT_FALSE(Stabilizer.Left->texture_loaded);
-    EXPECT_FALSE(Fuselages(1).texture_loaded);
-    EXPECT_FALSE(Rudder.texture_loaded);
 }
 
 TEST_F(PictureNames, ATitleIsLookedForAsWrittenThenIgnoringCase) {
@@ -106,7 +90,7 @@ TEST_F(PictureNames, TheTitleInTheFileStaysAsWritten) {
 TEST_F(PictureNames, AVanishedPictureIsToldAndTheAircraftIsSavedAllTheSame) {
     setPictures("/vanished/");
     pictures.allThere = false;
-    const std::string reason = Plane::saveProject(folder / "project.vln");
+    const std::string reason = save(folder / "project.vln");
     EXPECT_NE(reason.find("wing.bmp"), std::string::npos) << reason;
     EXPECT_NE(reason.find("no such picture"), std::string::npos) << reason;
     resetModel();
@@ -149,7 +133,7 @@ TEST_F(PictureNames, AProjectThatIsSavedOverTakesItsPicturesPlaces) {
     EXPECT_EQ(folder.count(), 5);
     // Under another name it leaves them to that project.
     setPictures("/pictures/");
-    ASSERT_EQ(Plane::saveProject(folder / "second.vln"), "");
+    ASSERT_EQ(save(folder / "second.vln"), "");
     EXPECT_EQ(Wings(1).qualified_texture_filename, "wing-2.bmp");
     EXPECT_EQ(bytesOf(folder / "wing.bmp"), "/elsewhere/wing.bmp");
 }
@@ -172,7 +156,7 @@ TEST_F(PictureNames, AFolderInATitleLeadsNowhere) {
     Rudder.qualified_texture_filename = "..";
     std::filesystem::create_directory(folder / "deep");
     writeBytes(folder / ".bashrc", "mine");
-    const std::string reason = Plane::saveProject(folder / "deep/p.vln");
+    const std::string reason = save(folder / "deep/p.vln");
     EXPECT_EQ(reason,
               "The picture .. could not be put beside the project (it has no name). All else has "
               "been saved.");

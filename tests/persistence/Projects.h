@@ -9,10 +9,8 @@
 #include <nlohmann/json.hpp>
 
 #include "common/ValueReader.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "persistence/ProjectFormats.h"
-#include "preview/Imaging.h"
+#include "persistence/ProjectFile.h"
+#include "preview/PictureCopies.h"
 #include "support/FreshModel.h"
 #include "support/TemporaryFolder.h"
 
@@ -90,12 +88,7 @@ class ProjectTest : public FreshModel {
 protected:
     TemporaryFolder folder;
     NamingImaging pictures;
-
-    void SetUp() override {
-        FreshModel::SetUp();
-        imaging = &pictures;
-    }
-    void TearDown() override { imaging = nullptr; }
+    PictureStore store{&pictures, {}};
 
     /// Reads `bytes` as a project on top of a fresh default aircraft, and brings the manager's rows
     /// to the fuselages, as the Open command does; false where the read fails.
@@ -103,24 +96,29 @@ protected:
         resetModel();
         bool complete = false;
         try {
-            complete = readProjectBytes(bytes);
+            complete = Plane::readProjectBytes(project, bytes);
         } catch (const ReadFailure&) {
         }
-        ObjectList.update();
+        ObjectList.update(Fuselages, nbFuselages);
         return complete;
     }
 
     /// The same from a file, with the message that comes of it.
     static std::string readFile(const std::string& path) {
-        const std::string message = Plane::readProject(path);
-        ObjectList.update();
+        const std::string message = Plane::readProject(project, path).reason();
+        ObjectList.update(Fuselages, nbFuselages);
         return message;
+    }
+
+    /// Saves the project to `path`; the reason of a failure.
+    std::string save(const std::string& path) {
+        return Plane::saveProject(project, path, store).reason();
     }
 
     /// The bytes that saving the model gives.
     std::string savedBytes() {
         const std::string path = folder / "saved.vln";
-        EXPECT_EQ(Plane::saveProject(path), "");
+        EXPECT_EQ(save(path), "");
         return bytesOf(path);
     }
 };

@@ -40,20 +40,20 @@ TEST_F(StruckSave, LeavesAllOldOrAllNewTogetherWithTheNamesInTheModel) {
     putOldFiles();
     const auto oldFiles = files();
     const auto oldTitles = titles();
-    ASSERT_EQ(Plane::saveProject(folder / "p.vln"), "");
+    ASSERT_EQ(save(folder / "p.vln"), "");
     const auto newFiles = files();
     const auto newTitles = titles();
     ASSERT_EQ(newTitles, (std::vector<std::string>{"wing.bmp", "stab.bmp", "fin-2.bmp"}));
     ASSERT_EQ(newFiles.size(), 5u);
     int failures = 0;
     putOldFiles();
-    const int calls = callsOf([&] { Plane::saveProject(folder / "p.vln"); });
+    const int calls = callsOf([&] { save(folder / "p.vln"); });
     for (int number = 1; number <= calls; ++number) {
         putOldFiles();
         std::string reason;
         {
             const StruckCalls struck({number});
-            reason = Plane::saveProject(folder / "p.vln");
+            reason = save(folder / "p.vln");
         }
         const bool isNew = files() == newFiles;
         EXPECT_TRUE(isNew || files() == oldFiles) << number << ' ' << reason;
@@ -68,7 +68,7 @@ TEST_F(StruckSave, APictureThatCannotBeWrittenLeavesAllAsItWas) {
     putOldFiles();
     const auto oldFiles = files();
     pictures.encodes = false;
-    EXPECT_EQ(Plane::saveProject(folder / "p.vln"), "wing.bmp: no form for it");
+    EXPECT_EQ(save(folder / "p.vln"), "wing.bmp: no form for it");
     EXPECT_EQ(files(), oldFiles);
     EXPECT_EQ(Wings(1).qualified_texture_filename, "sub/wing.bmp");
     EXPECT_EQ(folder.count(), 3);
@@ -77,7 +77,7 @@ TEST_F(StruckSave, APictureThatCannotBeWrittenLeavesAllAsItWas) {
 TEST_F(StruckSave, PicturesAreDecodedNoFurtherAfterAFailure) {
     pictures.encodes = false;
     putOldFiles();
-    Plane::saveProject(folder / "p.vln");
+    save(folder / "p.vln");
     EXPECT_EQ(pictures.saved.size(), 1u);
 }
 

@@ -11,6 +11,7 @@
 
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
+#include "persistence/ProjectFile.h"
 #include "preview/Flying.h"
 #include "preview/Imaging.h"
 #include "preview/Rendering.h"
@@ -29,27 +30,23 @@ class PixelsTest : public FreshModel {
 protected:
     void SetUp() override {
         FreshModel::SetUp();
-        Rendering::reset();
-        Flying::reset();
-        Rendering::context = &context;
-        Rendering::createRenderContext();
-        if (!Rendering::contextCreated) GTEST_SKIP() << "no OpenGL that draws off screen";
+        rendering.context = &context;
+        rendering.createRenderContext();
+        if (!rendering.contextCreated) GTEST_SKIP() << "no OpenGL that draws off screen";
         while (glGetError() != GL_NO_ERROR) {
         }
     }
     void TearDown() override {
-        if (Rendering::contextCreated) {
+        if (rendering.contextCreated) {
             EXPECT_EQ(glGetError(), static_cast<GLenum>(GL_NO_ERROR));
         }
-        Rendering::reset();
-        Rendering::context = nullptr;
         resetModel();
     }
 
     /// The picture from the side (`spin` 0), row 0 at the bottom.
     void show(double spin, double tilt) {
-        Rendering::setViewTransform(0, 0, 0, spin, tilt);
-        Rendering::renderScene(true);
+        rendering.setViewTransform(0, 0, 0, spin, tilt);
+        rendering.renderScene(true);
         readBack();
     }
 
@@ -80,6 +77,8 @@ protected:
     }
 
     OffscreenContext context{width, height};
+    Rendering rendering{project, solids};
+    Flying flight{project, rendering};
     std::vector<unsigned char> bytes;
 };
 
@@ -132,7 +131,7 @@ TEST_F(PixelsTest, TransparentFuselageLetsThroughWhatStandsBehind) {
 TEST_F(PixelsTest, ReplayedListGivesTheSamePicture) {
     show(300, 200);
     const std::vector<unsigned char> built = bytes;
-    Rendering::renderScene(false);
+    rendering.renderScene(false);
     readBack();
     EXPECT_EQ(bytes, built);
     EXPECT_GT(litPixels(), 500);
@@ -141,7 +140,7 @@ TEST_F(PixelsTest, ReplayedListGivesTheSamePicture) {
 /// Three boxes of three kinds side by side, high above the aircraft.
 void layBoxes() {
     nbEquipments = 3;
-    Equipment::resizeEquipments(nbEquipments);
+    Equipment::resizeEquipments(project, nbEquipments);
     for (const int kind : {BoxKind::servo, BoxKind::receiver, BoxKind::accumulator}) {
         ElectroBox& box = Equipments(kind + 1);
         box.box = kind;
@@ -170,7 +169,7 @@ TEST_F(PixelsTest, BoxesHaveTheirOwnColoursWhenTheListIsBuiltAndWhenItIsReplayed
                     EXPECT_EQ(seen[i], 0) << "kind " << kind << " part " << i;
             }
         }
-        Rendering::renderScene(false);
+        rendering.renderScene(false);
         readBack();
     }
 }
@@ -183,9 +182,9 @@ TEST_F(PixelsTest, FlightShowsTheAircraftAndLeavesThePicture) {
         glPixelStorei(GL_PACK_ALIGNMENT, 1);
         glReadPixels(0, 0, width, height, GL_RGB, GL_UNSIGNED_BYTE, bytes.data());
         lit = litPixels();
-        Flying::flying = ++frames < 3;
+        flight.flying = ++frames < 3;
     };
-    Flying::flyPreview();
+    flight.flyPreview();
     EXPECT_EQ(frames, 3);
     EXPECT_GT(lit, 50);
     show(0, 0);
@@ -230,13 +229,11 @@ protected:
 
     void SetUp() override {
         PixelsTest::SetUp();
-        imaging = &pictures;
-        Plane::readProject(VELNA_SOURCE_DIR "/examples/" + std::string(GetParam()) + ".vln");
-        ObjectList.update();
-    }
-    void TearDown() override {
-        imaging = nullptr;
-        PixelsTest::TearDown();
+        rendering.imaging = &pictures;
+        EXPECT_TRUE(Plane::readProject(
+                        project, VELNA_SOURCE_DIR "/examples/" + std::string(GetParam()) + ".vln")
+                        .isDone());
+        ObjectList.update(Fuselages, nbFuselages);
     }
 };
 
@@ -245,10 +242,10 @@ TEST_P(ExamplePixels, AreTheSameBuiltAndReplayed) {
         show(spin, 450);
         const std::vector<unsigned char> built = bytes;
         EXPECT_GT(litPixels(), 500);
-        Rendering::renderScene(false);
+        rendering.renderScene(false);
         readBack();
         EXPECT_EQ(bytes, built) << spin;
-        Rendering::renderScene(true);
+        rendering.renderScene(true);
         readBack();
         EXPECT_EQ(bytes, built) << spin;
     }

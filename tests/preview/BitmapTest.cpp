@@ -18,7 +18,7 @@ TEST_F(BitmapTest, SizesGoDownToAPowerOfTwo) {
 
 TEST_F(BitmapTest, ConvertedPictureHasRoundedSizes) {
     pictures.pictures["/a/body.bmp"] = plainPicture(1000, 300);
-    const auto result = Bitmap::converted("/a/body.bmp", false, PictureFormat::Jpeg);
+    const auto result = Bitmap::converted(&pictures, "/a/body.bmp", false, PictureFormat::Jpeg);
     EXPECT_TRUE(result.bytes.starts_with("jpeg 512 x 256 "));
     EXPECT_EQ(result.unreadable + result.unwritable, "");
 }
@@ -27,7 +27,7 @@ TEST_F(BitmapTest, PictureIsTurnedClockwise) {
     PictureBytes wide = plainPicture(2, 1);
     wide.bytes = {1, 2, 3, 4, 5, 6};
     pictures.pictures["/a/wide.bmp"] = wide;
-    Bitmap::converted("/a/wide.bmp", true, PictureFormat::Jpeg);
+    Bitmap::converted(&pictures, "/a/wide.bmp", true, PictureFormat::Jpeg);
     ASSERT_EQ(pictures.saved.size(), 1u);
     EXPECT_EQ(pictures.saved[0].picture.width, 1);
     EXPECT_EQ(pictures.saved[0].picture.height, 2);
@@ -35,16 +35,15 @@ TEST_F(BitmapTest, PictureIsTurnedClockwise) {
 }
 
 TEST_F(BitmapTest, WhatCannotBeReadAndWhatCannotBeWrittenAreToldApart) {
-    auto result = Bitmap::converted("/a/x.bmp", false, PictureFormat::Bmp);
+    auto result = Bitmap::converted(&pictures, "/a/x.bmp", false, PictureFormat::Bmp);
     EXPECT_EQ(result.unreadable, "cannot be read");
     EXPECT_EQ(result.unwritable, "");
     pictures.pictures["/a/x.bmp"] = plainPicture(4, 4);
     pictures.encodeFailure = "no memory";
-    result = Bitmap::converted("/a/x.bmp", false, PictureFormat::Bmp);
+    result = Bitmap::converted(&pictures, "/a/x.bmp", false, PictureFormat::Bmp);
     EXPECT_EQ(result.unreadable, "");
     EXPECT_EQ(result.unwritable, "no memory");
-    imaging = nullptr;
-    EXPECT_NE(Bitmap::converted("/a/x.bmp", false, PictureFormat::Bmp).unreadable, "");
+    EXPECT_NE(Bitmap::converted(nullptr, "/a/x.bmp", false, PictureFormat::Bmp).unreadable, "");
 }
 
 }  // namespace

@@ -46,9 +46,9 @@ TEST_F(ContextTest, IsSetUpStepByStep) {
         context.areaWidth = row["width"].get<double>();
         context.areaHeight = row["height"].get<double>();
         GlTape::clear();
-        Rendering::renderSpin = 1;
-        Rendering::renderTilt = 2;
-        Rendering::createRenderContextWide(row["h"].get<double>());
+        rendering.renderSpin = 1;
+        rendering.renderTilt = 2;
+        rendering.createRenderContextWide(row["h"].get<double>());
         const std::vector<json> expected = setUpCalls(row["calls"]);
         const std::vector<json> actual = GlTape::calls();
         ASSERT_GT(actual.size(), expected.size() + 3);
@@ -62,19 +62,19 @@ TEST_F(ContextTest, IsSetUpStepByStep) {
         const json view = row["calls"][row["calls"].size() - 2];
         const GlMatrix shown = runMatrix(actual).matrix;
         GlTape::calls().clear();
-        Rendering::setViewTransform(view[1], view[2], view[3], view[4], view[5]);
+        rendering.setViewTransform(view[1], view[2], view[3], view[4], view[5]);
         EXPECT_EQ(runMatrix(GlTape::calls()).matrix, shown);
         EXPECT_EQ(std::count_if(actual.begin(), actual.end(),
                                 [](const json& call) { return call[0] == "glNewList"; }),
                   1);
         EXPECT_EQ(actual.back()[0], "SwapBuffers");
-        EXPECT_EQ(Rendering::renderSpin, row["after"]["renderSpin"].get<double>());
-        EXPECT_EQ(Rendering::renderTilt, row["after"]["renderTilt"].get<double>());
+        EXPECT_EQ(rendering.renderSpin, row["after"]["renderSpin"].get<double>());
+        EXPECT_EQ(rendering.renderTilt, row["after"]["renderTilt"].get<double>());
     }
 }
 
 TEST_F(ContextTest, UsualFrustumIsAHundredWide) {
-    Rendering::createRenderContext();
+    rendering.createRenderContext();
     const json frustum = GlTape::named("glFrustum").at(0);
     EXPECT_EQ(frustum[1].get<double>(), -100);
     EXPECT_EQ(frustum[2].get<double>(), 100);
@@ -84,68 +84,68 @@ TEST_F(ContextTest, ViewportIsInDevicePixels) {
     context.areaWidth = 823.5;
     context.areaHeight = 400.25;
     context.pixelRatio = 2;
-    Rendering::createRenderContext();
+    rendering.createRenderContext();
     EXPECT_EQ(GlTape::named("glViewport").at(0), json::array({"glViewport", 0, 0, 1647, 800}));
 }
 
 TEST_F(ContextTest, WithoutAFormatTheProgramSaysSoAndCallsNoGl) {
     context.formatFound = false;
-    Rendering::createRenderContext();
+    rendering.createRenderContext();
     EXPECT_EQ(GlTape::calls(),
               (std::vector<json>{
                   json::array({"chooseFormat"}),
                   json::array({"fatal", "Fatal Error: Could not retrieve pixel format!"})}));
-    EXPECT_FALSE(Rendering::contextCreated);
+    EXPECT_FALSE(rendering.contextCreated);
 }
 
 TEST_F(ContextTest, ThatCannotBeCreatedLeavesThePictureDarkAndTheRestAtWork) {
     context.creationWorks = false;
-    Rendering::createRenderContext();
-    EXPECT_EQ(Rendering::renderSpin, 900);
-    EXPECT_EQ(Rendering::renderTilt, 450);
+    rendering.createRenderContext();
+    EXPECT_EQ(rendering.renderSpin, 900);
+    EXPECT_EQ(rendering.renderTilt, 450);
     GlTape::calls().clear();
     Wings(1).span = 500;
-    Rendering::renderScene(true);
-    Rendering::renderScene(false);
-    Rendering::setViewTransform(1, 2, 3, 4, 5);
-    Rendering::mouseDown(Rendering::leftButton, 0, 0, 0);
-    Rendering::mouseMove(5, 5);
-    Rendering::mouseUp(Rendering::leftButton, 5, 5);
-    Rendering::zoomBy(10);
-    Rendering::resized();
-    Rendering::destroyRenderContext();
+    rendering.renderScene(true);
+    rendering.renderScene(false);
+    rendering.setViewTransform(1, 2, 3, 4, 5);
+    pointer.mouseDown(Rendering::leftButton, 0, 0, 0);
+    pointer.mouseMove(5, 5);
+    pointer.mouseUp(Rendering::leftButton, 5, 5);
+    pointer.zoomBy(10);
+    rendering.resized();
+    rendering.destroyRenderContext();
     EXPECT_TRUE(GlTape::calls().empty());
-    EXPECT_EQ(Rendering::renderSpin, 905);
+    EXPECT_EQ(rendering.renderSpin, 905);
     // The solids stand all the same: the exports read them.
-    EXPECT_EQ(Wings(1).Left->tipPoint(1).y, 500);
+    EXPECT_EQ(solids.wings(1).Left.tipPoint(1).y, 500);
 }
 
 TEST_F(ContextTest, NothingIsCalledBeforeThereIsAContext) {
-    Rendering::renderScene(true);
-    Rendering::setViewTransform(0, 0, 0, 0, 0);
-    Rendering::resized();
-    Rendering::destroyRenderContext();
+    rendering.renderScene(true);
+    rendering.setViewTransform(0, 0, 0, 0, 0);
+    rendering.resized();
+    rendering.destroyRenderContext();
     EXPECT_TRUE(GlTape::calls().empty());
-    Rendering::context = nullptr;
-    Rendering::createRenderContext();
-    EXPECT_FALSE(Rendering::contextCreated);
+    rendering.context = nullptr;
+    rendering.createRenderContext();
+    EXPECT_FALSE(rendering.contextCreated);
 }
 
 TEST_F(ContextTest, EndsOnce) {
     openPicture();
-    Rendering::destroyRenderContext();
-    Rendering::destroyRenderContext();
+    rendering.destroyRenderContext();
+    rendering.destroyRenderContext();
     EXPECT_EQ(GlTape::count("destroy"), 1);
-    EXPECT_FALSE(Rendering::contextCreated);
-    EXPECT_FALSE(Rendering::renderListBuilt);
+    EXPECT_FALSE(rendering.contextCreated);
+    EXPECT_FALSE(rendering.renderListBuilt);
 }
 
 TEST_F(ContextTest, NewSizeMovesViewportAndFrustumAndReplaysTheList) {
-    Rendering::createRenderContextWide(50);
+    rendering.createRenderContextWide(50);
     GlTape::calls().clear();
     context.areaWidth = 400;
     context.areaHeight = 200;
-    Rendering::resized();
+    rendering.resized();
     EXPECT_EQ(GlTape::named("glFrustum").at(0),
               json::array({"glFrustum", -50.0, 50.0, -25.0, 25.0, 100.0, 10000.0}));
     EXPECT_EQ(GlTape::named("glViewport").at(0), json::array({"glViewport", 0, 0, 400, 200}));
@@ -159,27 +159,27 @@ TEST_F(ContextTest, AreaWithoutExtentMakesNoFrustum) {
         context.areaWidth = width;
         context.areaHeight = height;
         GlTape::clear();
-        Rendering::createRenderContext();
+        rendering.createRenderContext();
         EXPECT_EQ(GlTape::count("glFrustum"), 0);
         EXPECT_EQ(GlTape::count("glNewList"), 1);
     }
 }
 
 TEST_F(ContextTest, LostOneComesBackWithTheSameView) {
-    Rendering::createRenderContextWide(60);
-    Rendering::setViewTransform(1, 2, 3, 40, 50);
+    rendering.createRenderContextWide(60);
+    rendering.setViewTransform(1, 2, 3, 40, 50);
     const GlView before = runMatrix(GlTape::calls());
-    Rendering::renderSpin = 77;
+    rendering.renderSpin = 77;
     GlTape::calls().clear();
-    Rendering::recreateRenderContext();
+    rendering.recreateRenderContext();
     EXPECT_EQ(GlTape::count("create"), 1);
     EXPECT_EQ(GlTape::count("glNewList"), 1);
     EXPECT_EQ(GlTape::named("glFrustum").at(0)[2].get<double>(), 60);
     EXPECT_EQ(runMatrix(GlTape::calls()).matrix, before.matrix);
-    EXPECT_EQ(Rendering::renderSpin, 77);
+    EXPECT_EQ(rendering.renderSpin, 77);
     context.creationWorks = false;
     GlTape::calls().clear();
-    Rendering::recreateRenderContext();
+    rendering.recreateRenderContext();
     EXPECT_EQ(GlTape::calls().size(), 2u);
 }
 
@@ -210,18 +210,19 @@ std::vector<json> calledWhenComplete(const json& told) {
 
 TEST_F(ContextTest, ListIsBuiltWhenItMustAndReplayedOtherwise) {
     for (const json& row : sceneCases("list")) {
-        Rendering::reset();
         GlTape::clear();
+        Rendering anew(project, solids);
+        anew.context = &context;
         // A context without its own first picture, for the rows that begin with a call.
-        Rendering::createRenderContext();
+        anew.createRenderContext();
         if (row["sequence"][0] != "context") {
-            Rendering::renderListBuilt = false;
+            anew.renderListBuilt = false;
             GlTape::calls().clear();
         }
         bool first = true;
         for (const json& step : row["sequence"]) {
-            if (step == "context" && !first) Rendering::createRenderContext();
-            if (step.is_boolean()) Rendering::renderScene(step.get<bool>());
+            if (step == "context" && !first) anew.createRenderContext();
+            if (step.is_boolean()) anew.renderScene(step.get<bool>());
             first = false;
         }
         std::vector<json> expected;

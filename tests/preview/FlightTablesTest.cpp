@@ -11,10 +11,10 @@ namespace {
 
 using nlohmann::json;
 
-json valuesNow() {
-    return {{"flying", Flying::flying},           {"joystickEnabled", Flying::joystickEnabled},
-            {"flightSpeed", Flying::flightSpeed}, {"flightRoll", Flying::flightRoll},
-            {"flightPitch", Flying::flightPitch}, {"flightYaw", Flying::flightYaw}};
+json valuesOf(const Flying& flight) {
+    return {{"flying", flight.flying},           {"joystickEnabled", flight.joystickEnabled},
+            {"flightSpeed", flight.flightSpeed}, {"flightRoll", flight.flightRoll},
+            {"flightPitch", flight.flightPitch}, {"flightYaw", flight.flightYaw}};
 }
 
 void expectValues(const json& expected, const json& actual) {
@@ -51,13 +51,6 @@ void expectFrameCalls(const json& expected, const std::vector<json>& actual) {
                 EXPECT_EQ(actual[i][k], wanted[i][k]);
         }
     }
-}
-
-/// What a pointer does over the picture in a flight.
-void playEvent(const json& event) {
-    if (event[0] == "button") Flying::flying = false;
-    if (event[0] == "move") Rendering::mouseMove(event[1], event[2]);
-    if (event[0] == "press") Rendering::mouseDown(event[1], event[2], event[3], event[4]);
 }
 
 /// The calls from the start position of the flight to its first frame's end, behind the last
@@ -132,37 +125,37 @@ double factorOf(const json& told) {
     return 1;
 }
 
-class FlightTables : public PreviewTest {
+class FlightTables : public PreviewTest, public ::testing::WithParamInterface<std::size_t> {
 protected:
     std::size_t turn = 0;
     std::size_t seen = 0;  ///< the calls of the tape that are dealt with
     GlView view;
 
     void setUp(const json& row);
+    void playEvent(const json& event);
     void beforeTheFirstFrame(const json& row);
     void atTheEndOfAFrame(const json& row);
     void fly(const json& row);
 };
 
 void FlightTables::setUp(const json& row) {
-    resetModel();
-    Rendering::reset();
-    Flying::reset();
     context.areaWidth = row["bounds_outside"][2];
     context.areaHeight = row["bounds_outside"][3];
     context.screenAreaWidth = row["screen"][0];
     context.screenAreaHeight = row["screen"][1];
-    Prefs.selectUnit(row["units"].get<int>());
-    Prefs.units = row["units"].get<int>();
-    if (Prefs.units == inches) Plane::switchAllToInches();
+    project.units = row["units"].get<int>();
+    if (project.units == inches) Plane::switchAllToInches(project);
     openPicture();
-    stick.readings.clear();
     stick.readings.push_back(readingOf(row["first_joystick"]));
     for (const json& frame : row["frames"]) stick.readings.push_back(readingOf(frame["joystick"]));
-    turn = 0;
-    seen = 0;
-    view = {};
     GlTape::calls().clear();
+}
+
+/// What a pointer does over the picture in a flight.
+void FlightTables::playEvent(const json& event) {
+    if (event[0] == "button") flight.flying = false;
+    if (event[0] == "move") pointer.mouseMove(event[1], event[2]);
+    if (event[0] == "press") pointer.mouseDown(event[1], event[2], event[3], event[4]);
 }
 
 void FlightTables::beforeTheFirstFrame(const json& row) {
@@ -184,7 +177,7 @@ void FlightTables::atTheEndOfAFrame(const json& row) {
     expectMatrix(frame["modelview"], view.matrix);
     for (const json& event : frame["events"]) playEvent(event);
     seen = calls.size();
-    expectValues(frame["values_after"], valuesNow());
+    expectValues(frame["values_after"], valuesOf(flight));
 }
 
 void FlightTables::fly(const json& row) {
@@ -192,7 +185,7 @@ void FlightTables::fly(const json& row) {
     int frames = 0;
     // The context's own first picture, then the flight's.
     context.shown = [&] {
-        if (++frames == 2) expectValues(row["values_at_begin"], valuesNow());
+        if (++frames == 2) expectValues(row["values_at_begin"], valuesOf(flight));
     };
     context.events = [&] {
         if (turn == 0) {
@@ -201,28 +194,30 @@ void FlightTables::fly(const json& row) {
         }
         atTheEndOfAFrame(row);
     };
-    Flying::flyPreview();
+    flight.flyPreview();
     context.shown = [] {};
     EXPECT_GT(frames, 2);
     EXPECT_DOUBLE_EQ(factorOf(row["begin"]) * factorOf(row["end"]), 1);
 }
 
-TEST_F(FlightTables, AreFollowedFromTheBeginningToTheEnd) {
-    for (const json& row : sceneCases("flight")) {
-        SCOPED_TRACE(row["name"].get<std::string>());
-        setUp(row);
-        const std::vector<double> before = allLengths();
-        fly(row);
-        EXPECT_EQ(turn, row["frames"].size());
-        EXPECT_EQ(milestones(GlTape::calls(), seen, GlTape::calls().size()),
-                  toldMilestones(row["end"], row));
-        expectValues(row["values_at_end"], valuesNow());
-        expectLengths(row, "lengths_after");
-        // The lengths come back bit for bit, where two factors would round some of them.
-        EXPECT_EQ(allLengths(), before);
-        EXPECT_TRUE(row.value("changed_by_rounding", json::array()).empty());
-    }
+TEST_P(FlightTables, AreFollowedFromTheBeginningToTheEnd) {
+    const json& row = sceneCases("flight")[GetParam()];
+    SCOPED_TRACE(row["name"].get<std::string>());
+    setUp(row);
+    const Project before = project;
+    fly(row);
+    EXPECT_EQ(turn, row["frames"].size());
+    EXPECT_EQ(milestones(GlTape::calls(), seen, GlTape::calls().size()),
+              toldMilestones(row["end"], row));
+    expectValues(row["values_at_end"], valuesOf(flight));
+    expectLengths(row, "lengths_after");
+    // The lengths come back bit for bit, where two factors would round some of them.
+    EXPECT_TRUE(project == before);
+    EXPECT_TRUE(row.value("changed_by_rounding", json::array()).empty());
 }
+
+INSTANTIATE_TEST_SUITE_P(All, FlightTables,
+                         ::testing::Range(std::size_t{0}, sceneCases("flight").size()));
 
 }  // namespace
 }  // namespace velna::test

@@ -2,7 +2,6 @@
 #include <functional>
 #include <limits>
 
-#include "Lengths.h"
 #include "PreviewFixture.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
@@ -24,7 +23,7 @@ protected:
         openPicture();
         // A test that forgets the end does not hang.
         context.events = [this] {
-            if (++turn > 1000) Flying::flying = false;
+            if (++turn > 1000) flight.flying = false;
         };
     }
 
@@ -35,10 +34,10 @@ protected:
         turn = 0;
         context.events = [this, frames, events] {
             events(++turn);
-            if (turn >= frames) Flying::flying = false;
+            if (turn >= frames) flight.flying = false;
         };
         GlTape::calls().clear();
-        Flying::flyPreview();
+        flight.flyPreview();
     }
 };
 
@@ -87,17 +86,17 @@ TEST_F(FlyingTest, WithoutAJoystickTheMouseSteersAndTheStickIsNeverRead) {
 }
 
 TEST_F(FlyingTest, WithoutAnyJoystickPortTheMouseSteers) {
-    Flying::joystick = nullptr;
+    flight.joystick = nullptr;
     fly(2);
     EXPECT_EQ(GlTape::named("FlyingInfo").at(0)[2], "Mouse enabled");
 }
 
 TEST_F(FlyingTest, JoystickIsToldAndTheMouseThenSteersNothing) {
     stick.readings.assign(10, JoystickReading{100, 200, 0});
-    fly(3, [](int) { Rendering::mouseMove(0, 0); });
+    fly(3, [this](int) { pointer.mouseMove(0, 0); });
     EXPECT_EQ(GlTape::named("FlyingInfo").at(0)[2], "Joystick enabled");
-    EXPECT_EQ(Flying::flightRoll, 0);
-    EXPECT_EQ(Flying::flightPitch, 0);
+    EXPECT_EQ(flight.flightRoll, 0);
+    EXPECT_EQ(flight.flightPitch, 0);
     EXPECT_EQ(stick.reads, 4);
 }
 
@@ -105,15 +104,15 @@ TEST_F(FlyingTest, HeldStickButtonYawsAndKeepsTheRoll) {
     stick.readings = {JoystickReading{32767, 32767, 0}, JoystickReading{36767, 32767, 0},
                       JoystickReading{28767, 32767, 4}, JoystickReading{32767, 32767, 0}};
     std::vector<std::pair<double, double>> seen;
-    fly(3, [&](int) { seen.emplace_back(Flying::flightRoll, Flying::flightYaw); });
+    fly(3, [&](int) { seen.emplace_back(flight.flightRoll, flight.flightYaw); });
     EXPECT_EQ(seen, (std::vector<std::pair<double, double>>{{-1, 0}, {-1, 1}, {0, 0}}));
 }
 
 TEST_F(FlyingTest, UnpluggedStickKeepsItsLastValues) {
     stick.readings = {JoystickReading{0, 0, 0}, JoystickReading{4000, 8000, 0}};
     fly(6);
-    EXPECT_EQ(Flying::flightRoll, -1);
-    EXPECT_EQ(Flying::flightPitch, 2);
+    EXPECT_EQ(flight.flightRoll, -1);
+    EXPECT_EQ(flight.flightPitch, 2);
 }
 
 TEST_F(FlyingTest, StickOutOfItsRangeIsOnlyANumber) {
@@ -121,64 +120,64 @@ TEST_F(FlyingTest, StickOutOfItsRangeIsOnlyANumber) {
     const auto high = std::numeric_limits<std::int32_t>::max();
     stick.readings = {JoystickReading{low, low, 0}, JoystickReading{high, high, 0}};
     fly(1);
-    EXPECT_LT(Flying::flightRoll, -1e6);
+    EXPECT_LT(flight.flightRoll, -1e6);
 }
 
 TEST_F(FlyingTest, LeftHalvesTheSpeedWithoutEndAndRightRaisesIt) {
-    fly(2, [](int frame) {
+    fly(2, [this](int frame) {
         if (frame == 1) {
-            for (int i = 0; i < 60; ++i) Rendering::mouseDown(Rendering::leftButton, 0, 0, 0);
-            EXPECT_GT(Flying::flightSpeed, 0);
-            EXPECT_LT(Flying::flightSpeed, 1e-10);
+            for (int i = 0; i < 60; ++i) pointer.mouseDown(Rendering::leftButton, 0, 0, 0);
+            EXPECT_GT(flight.flightSpeed, 0);
+            EXPECT_LT(flight.flightSpeed, 1e-10);
         } else {
-            Flying::flightSpeed = 10;
-            Rendering::mouseDown(Rendering::rightButton, 0, 0, 0);
-            EXPECT_EQ(Flying::flightSpeed, 15);
-            Rendering::mouseDown(4, 0, 0, 0);
-            EXPECT_EQ(Flying::flightSpeed, 15);
-            for (int i = 0; i < 3000; ++i) Rendering::mouseDown(Rendering::rightButton, 0, 0, 0);
-            EXPECT_TRUE(std::isfinite(Flying::flightSpeed));
+            flight.flightSpeed = 10;
+            pointer.mouseDown(Rendering::rightButton, 0, 0, 0);
+            EXPECT_EQ(flight.flightSpeed, 15);
+            pointer.mouseDown(4, 0, 0, 0);
+            EXPECT_EQ(flight.flightSpeed, 15);
+            for (int i = 0; i < 3000; ++i) pointer.mouseDown(Rendering::rightButton, 0, 0, 0);
+            EXPECT_TRUE(std::isfinite(flight.flightSpeed));
         }
     });
 }
 
 TEST_F(FlyingTest, PointerInTheMiddleOfTheScreenMeansStraightOn) {
-    fly(1, [](int) {
-        Rendering::mouseMove(0, 0);
-        EXPECT_EQ(Flying::flightRoll, 960 / 500.0);
-        EXPECT_EQ(Flying::flightPitch, -540 / 500.0);
-        Rendering::mouseMove(960, 540);
-        EXPECT_EQ(Flying::flightRoll, 0);
-        EXPECT_EQ(Flying::flightPitch, 0);
-        EXPECT_EQ(Flying::flightYaw, 0);
+    fly(1, [this](int) {
+        pointer.mouseMove(0, 0);
+        EXPECT_EQ(flight.flightRoll, 960 / 500.0);
+        EXPECT_EQ(flight.flightPitch, -540 / 500.0);
+        pointer.mouseMove(960, 540);
+        EXPECT_EQ(flight.flightRoll, 0);
+        EXPECT_EQ(flight.flightPitch, 0);
+        EXPECT_EQ(flight.flightYaw, 0);
     });
 }
 
 TEST_F(FlyingTest, MouseTurnsAndZoomsNothingMeanwhile) {
-    Rendering::mouseDown(Rendering::leftButton, 0, 10, 10);
-    fly(2, [](int) {
+    pointer.mouseDown(Rendering::leftButton, 0, 10, 10);
+    fly(2, [this](int) {
         GlTape::calls().clear();
-        Rendering::mouseDown(Rendering::leftButton, 0, 0, 0);
-        Rendering::mouseMove(50, 50);
-        Rendering::mouseUp(Rendering::leftButton, 50, 50);
-        Rendering::zoomBy(20);
+        pointer.mouseDown(Rendering::leftButton, 0, 0, 0);
+        pointer.mouseMove(50, 50);
+        pointer.mouseUp(Rendering::leftButton, 50, 50);
+        pointer.zoomBy(20);
         EXPECT_TRUE(GlTape::calls().empty());
-        EXPECT_FALSE(Rendering::rotating);
+        EXPECT_FALSE(rendering.rotating);
     });
-    EXPECT_EQ(Rendering::renderSpin, 900);
-    EXPECT_EQ(Rendering::renderDistance, 0);
-    EXPECT_FALSE(Rendering::rotating);
+    EXPECT_EQ(rendering.renderSpin, 900);
+    EXPECT_EQ(rendering.renderDistance, 0);
+    EXPECT_FALSE(rendering.rotating);
 }
 
 TEST_F(FlyingTest, SecondStartDoesNothing) {
     fly(3, [this](int frame) {
         const auto before = GlTape::calls().size();
-        if (frame == 1) Flying::flyPreview();
+        if (frame == 1) flight.flyPreview();
         if (frame == 3) {
             // The end of this flight and a start of another in one turn.
-            Flying::flying = false;
-            Flying::flyPreview();
-            EXPECT_FALSE(Flying::flying);
+            flight.flying = false;
+            flight.flyPreview();
+            EXPECT_FALSE(flight.flying);
         }
         EXPECT_EQ(GlTape::calls().size(), before);
     });
@@ -187,85 +186,98 @@ TEST_F(FlyingTest, SecondStartDoesNothing) {
 }
 
 TEST_F(FlyingTest, OthersCanSeeThatTheProjectIsScaled) {
-    EXPECT_FALSE(Flying::running());
-    fly(2, [](int frame) {
-        if (frame == 2) Flying::flying = false;
-        EXPECT_TRUE(Flying::running());
+    EXPECT_FALSE(flight.running());
+    fly(2, [this](int frame) {
+        if (frame == 2) flight.flying = false;
+        EXPECT_TRUE(flight.running());
     });
-    EXPECT_FALSE(Flying::running());
-    EXPECT_FALSE(Flying::flying);
+    EXPECT_FALSE(flight.running());
+    EXPECT_FALSE(flight.flying);
 }
 
 // Multiplying by 0.1 and by 10 would give 13.700000000000001 for 13.7.
 TEST_F(FlyingTest, LengthsComeBackExactly) {
     for (const auto& [unit, field] :
          {std::pair{millimetres, "mm_in_flight"}, {inches, "inches_in_flight"}}) {
-        Prefs.units = unit;
+        project.units = unit;
         for (const json& row : sceneCases("flight_rounding")) {
             Wings(1).span = row["value"].get<double>();
             Rudder.offset1 = row["value"].get<double>();
             Fuselages(1).pos(2) = row["value"].get<double>();
             Equipments(1).shift = row["value"].get<double>();
-            const std::vector<double> before = allLengths();
+            const Project before = project;
             fly(1, [&, name = field](int) {
                 EXPECT_DOUBLE_EQ(Wings(1).span, row[name].get<double>());
-                EXPECT_NE(allLengths(), before);
+                EXPECT_FALSE(project == before);
             });
-            EXPECT_EQ(allLengths(), before);
+            EXPECT_TRUE(project == before);
         }
     }
 }
 
 TEST_F(FlyingTest, LengthsOfEveryObjectComeBack) {
     ++nbWings;
-    MainWing::addWing();
+    MainWing::addWing(project);
     ++nbFuselages;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(2, false);
     ++nbEquipments;
-    Equipment::resizeEquipments(nbEquipments);
-    Plane::rescaleAll(1 / 3.0);
-    const std::vector<double> before = allLengths();
+    Equipment::resizeEquipments(project, nbEquipments);
+    Plane::rescaleAll(project, 1 / 3.0);
+    const Project before = project;
     fly(1);
-    EXPECT_EQ(allLengths(), before);
-    EXPECT_EQ(Wings(1).Left->tipPoint(1).y, Wings(1).span) << "the solids follow";
+    EXPECT_TRUE(project == before);
+    EXPECT_EQ(solids.wings(1).Left.tipPoint(1).y, Wings(1).span) << "the solids follow";
+}
+
+// A file may promise thousands, which a flight must not turn into objects.
+TEST_F(FlyingTest, PromisedObjectsStayPromised) {
+    nbEquipments = 3000;
+    Equipments.fill(nbEquipments, ElectroBox(project.units));
+    Equipments(2).length = 40;
+    const Project before = project;
+    fly(1, [](int) { EXPECT_EQ(Equipments(2).length, 4); });
+    EXPECT_TRUE(project == before);
+    EXPECT_TRUE(Equipments.promised(1));
+    EXPECT_FALSE(Equipments.promised(2));
+    EXPECT_TRUE(Equipments.promised(3000));
 }
 
 // A factor of 2 takes such lengths beyond all numbers, where they stop: they come back all the
 // same.
 TEST_F(FlyingTest, LengthsAtTheEdgeOfNumbersComeBack) {
-    Prefs.units = inches;
+    project.units = inches;
     Wings(1).span = 1.5e308;
-    const std::vector<double> before = allLengths();
+    const Project before = project;
     fly(1);
-    EXPECT_EQ(allLengths(), before);
+    EXPECT_TRUE(project == before);
 }
 
 TEST_F(FlyingTest, AircraftWithoutSizeCanBeFlownRound) {
-    Plane::rescaleAll(0);
+    Plane::rescaleAll(project, 0);
     fly(3);
     EXPECT_EQ(turn, 3);
 }
 
 TEST_F(FlyingTest, WithoutAPictureNothingStarts) {
-    Rendering::destroyRenderContext();
-    const std::vector<double> before = allLengths();
+    rendering.destroyRenderContext();
+    const Project before = project;
     fly(1);
     EXPECT_EQ(turn, 0);
     EXPECT_TRUE(GlTape::calls().empty());
-    EXPECT_EQ(allLengths(), before);
+    EXPECT_TRUE(project == before);
 }
 
 TEST_F(FlyingTest, ContextThatFailsAtTheStartEndsTheFlight) {
     context.creationWorks = false;
-    const std::vector<double> before = allLengths();
+    const Project before = project;
     fly(1);
     EXPECT_EQ(turn, 0);
-    EXPECT_EQ(allLengths(), before);
-    EXPECT_FALSE(Flying::running());
-    EXPECT_EQ(Wings(1).Left->tipPoint(1).y, 700);
+    EXPECT_TRUE(project == before);
+    EXPECT_FALSE(flight.running());
+    EXPECT_EQ(solids.wings(1).Left.tipPoint(1).y, 700);
     EXPECT_EQ(GlTape::named("fullScreen").size(), 2u);
 }
 
@@ -273,12 +285,12 @@ TEST_F(FlyingTest, ContextLostOnTheWayEndsTheFlight) {
     fly(10, [this](int frame) {
         if (frame == 2) {
             context.creationWorks = false;
-            Rendering::recreateRenderContext();
+            rendering.recreateRenderContext();
             context.creationWorks = true;
         }
     });
     EXPECT_EQ(turn, 2);
-    EXPECT_TRUE(Rendering::contextCreated);
+    EXPECT_TRUE(rendering.contextCreated);
 }
 
 TEST_F(FlyingTest, GoesOnWhereItWasInANewContext) {
@@ -288,8 +300,8 @@ TEST_F(FlyingTest, GoesOnWhereItWasInANewContext) {
         fly(5, [&](int frame) {
             if (frame != 2) return;
             GlTape::calls().clear();
-            if (destroyed) Rendering::destroyRenderContext();
-            Rendering::recreateRenderContext();
+            if (destroyed) rendering.destroyRenderContext();
+            rendering.recreateRenderContext();
         });
         EXPECT_EQ(turn, 5);
         const auto loads = GlTape::named("glLoadMatrixd");
@@ -297,19 +309,19 @@ TEST_F(FlyingTest, GoesOnWhereItWasInANewContext) {
         EXPECT_EQ(loads[0][1], json(GlTape::modelview));
     }
     GlTape::calls().clear();
-    Rendering::recreateRenderContext();
+    rendering.recreateRenderContext();
     EXPECT_EQ(GlTape::count("glLoadMatrixd"), 0);
 }
 
 TEST_F(FlyingTest, EndsInTheViewOfANewContext) {
-    Rendering::renderDistance = 120;
+    rendering.renderDistance = 120;
     fly(1);
-    EXPECT_EQ(Rendering::renderSpin, 900);
-    EXPECT_EQ(Rendering::renderTilt, 450);
-    EXPECT_EQ(Rendering::renderDistance, 120);
+    EXPECT_EQ(rendering.renderSpin, 900);
+    EXPECT_EQ(rendering.renderTilt, 450);
+    EXPECT_EQ(rendering.renderDistance, 120);
     const GlMatrix shown = runMatrix(GlTape::calls()).matrix;
     GlTape::calls().clear();
-    Rendering::setViewTransform(0, 0, 0, 0, 0);
+    rendering.setViewTransform(0, 0, 0, 0, 0);
     EXPECT_EQ(runMatrix(GlTape::calls()).matrix, shown);
 }
 

@@ -2,9 +2,10 @@
 
 #include <filesystem>
 
-#include "PreviewFixture.h"
 #include "common/ReplacedFile.h"
 #include "preview/PictureCopies.h"
+#include "support/FakeImaging.h"
+#include "support/FreshModel.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna::test {
@@ -25,8 +26,8 @@ std::set<std::string> namesBetweenCommas(std::string_view bytes) {
 
 /// One save or export into the folder `/tmp/.../`, put in place by `done`.
 struct Writing {
-    explicit Writing(const std::string& target)
-        : file(target), copies(file, target, namesBetweenCommas) {}
+    Writing(const std::string& target, PictureStore& store)
+        : file(target), copies(file, target, namesBetweenCommas, project, store) {}
 
     std::string done() {
         file.commit();
@@ -38,10 +39,10 @@ struct Writing {
     PictureCopies copies;
 };
 
-class PictureCopiesTest : public PreviewTest {
+class PictureCopiesTest : public FreshModel {
 protected:
     void SetUp() override {
-        PreviewTest::SetUp();
+        FreshModel::SetUp();
         int width = 4;
         for (const char* source : {"/a/sky.jpg", "/b/sky.jpg", "/a/sky.bmp"})
             pictures.pictures[source] = plainPicture(width *= 2, 4);
@@ -50,19 +51,21 @@ protected:
     static std::string start(const std::string& bytes) { return bytes.substr(0, 10); }
 
     std::string saved(const std::string& tex, const std::string& title) {
-        Writing save(folder / "p.vln");
+        Writing save(folder / "p.vln", store);
         const std::string name = save.copies.saveTarget(tex, title);
         EXPECT_EQ(save.done(), "");
         return name;
     }
     std::string exported(const std::string& tex, const std::string& title, bool rot = true) {
-        Writing model(folder / "p.wrl");
+        Writing model(folder / "p.wrl", store);
         const std::string name = model.copies.convertJPG(tex, title, rot);
         EXPECT_EQ(model.done(), "");
         return name;
     }
 
     TemporaryFolder folder;
+    FakeImaging pictures;
+    PictureStore store{&pictures, {}};
 };
 
 TEST_F(PictureCopiesTest, ASideFileKeepsTheTitleAndHoldsABitmap) {
@@ -97,11 +100,11 @@ TEST_F(PictureCopiesTest, NoPictureGivesNoFile) {
 TEST_F(PictureCopiesTest, TheLastPartOfATitleNamesTheFile) {
     fs::create_directory(folder / "deep");
     writeBytes(folder / ".bashrc", "mine");
-    Writing save(folder / "deep/p.vln");
+    Writing save(folder / "deep/p.vln", store);
     EXPECT_EQ(save.copies.saveTarget("/a/sky.jpg", "../.bashrc"), ".bashrc");
     EXPECT_EQ(save.copies.saveTarget("/b/sky.jpg", folder / "sub/b.bmp"), "b.bmp");
     EXPECT_EQ(save.done(), "");
-    Writing model(folder / "deep/p.wrl");
+    Writing model(folder / "deep/p.wrl", store);
     EXPECT_EQ(model.copies.convertJPG("/a/sky.jpg", "../../etc.bmp", true), "etc.jpg");
     EXPECT_EQ(model.done(), "");
     EXPECT_EQ(bytesOf(folder / ".bashrc"), "mine");
@@ -111,12 +114,12 @@ TEST_F(PictureCopiesTest, TheLastPartOfATitleNamesTheFile) {
 
 TEST_F(PictureCopiesTest, ATitleWithoutALastPartIsAMissingPicture) {
     for (const char* title : {"..", ".", " ", "", "a/", "b/..", "\t "}) {
-        Writing save(folder / "p.vln");
+        Writing save(folder / "p.vln", store);
         EXPECT_EQ(save.copies.saveTarget("/a/sky.jpg", title), title);
         EXPECT_EQ(save.copies.missing(" is not here"),
                   std::string("The picture ") + title + " is not here (it has no name).");
         EXPECT_EQ(save.done(), "");
-        Writing model(folder / "p.wrl");
+        Writing model(folder / "p.wrl", store);
         EXPECT_EQ(model.copies.convertJPG("/a/sky.jpg", title, true), "");
         EXPECT_NE(model.copies.missing(""), "");
         EXPECT_EQ(model.done(), "");
@@ -168,7 +171,7 @@ TEST_F(PictureCopiesTest, WhatThisRunHasPutThereFromTheSameSourceIsReplaced) {
 
 TEST_F(PictureCopiesTest, WhatAFailedSaveMeantToPutThereIsNotTheProjects) {
     {
-        Writing save(folder / "p.vln");
+        Writing save(folder / "p.vln", store);
         EXPECT_EQ(save.copies.saveTarget("/a/sky.jpg", "sky.jpg"), "sky.jpg");
         save.file.fail("broken");
         EXPECT_EQ(save.done(), "broken");
@@ -193,7 +196,7 @@ TEST_F(PictureCopiesTest, AFileOfTheVeryBytesIsTakenAsItIs) {
 }
 
 TEST_F(PictureCopiesTest, ObjectsWithOneSourceShareOneCopy) {
-    Writing save(folder / "p.vln");
+    Writing save(folder / "p.vln", store);
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(save.copies.saveTarget("/a/sky.jpg", "sky.jpg"), "sky.jpg");
     EXPECT_EQ(save.done(), "");
@@ -202,7 +205,7 @@ TEST_F(PictureCopiesTest, ObjectsWithOneSourceShareOneCopy) {
 }
 
 TEST_F(PictureCopiesTest, TwoPicturesWithOneTitleStayTwo) {
-    Writing save(folder / "p.vln");
+    Writing save(folder / "p.vln", store);
     EXPECT_EQ(save.copies.saveTarget("/a/sky.jpg", "sky.jpg"), "sky.jpg");
     EXPECT_EQ(save.copies.saveTarget("/b/sky.jpg", "sky.jpg"), "sky-2.jpg");
     EXPECT_EQ(save.done(), "");
@@ -261,7 +264,7 @@ TEST_F(PictureCopiesTest, ASideFileLeavesAModelsPictureAlone) {
 
 // A wing and a fuselage with one picture share its copy, but not its sense: the last one's stands.
 TEST_F(PictureCopiesTest, TheOtherSenseOfAPictureIsWrittenAgain) {
-    Writing model(folder / "p.wrl");
+    Writing model(folder / "p.wrl", store);
     for (const bool rot : {false, false, true, false})
         EXPECT_EQ(model.copies.convertJPG("/a/sky.bmp", "sky.bmp", rot), "sky.jpg");
     EXPECT_EQ(model.done(), "");
@@ -271,7 +274,7 @@ TEST_F(PictureCopiesTest, TheOtherSenseOfAPictureIsWrittenAgain) {
 }
 
 TEST_F(PictureCopiesTest, PicturesThatCannotBeReadAreCountedOnce) {
-    Writing save(folder / "p.vln");
+    Writing save(folder / "p.vln", store);
     EXPECT_EQ(save.copies.missing(""), "");
     for (int i = 0; i < 2; ++i)
         EXPECT_EQ(save.copies.saveTarget("/gone/x.bmp", "sub/x.bmp"), "x.bmp");
@@ -286,10 +289,10 @@ TEST_F(PictureCopiesTest, PicturesThatCannotBeReadAreCountedOnce) {
 TEST_F(PictureCopiesTest, APictureThatCannotBeWrittenFailsTheWhole) {
     pictures.encodeFailure = "no memory";
     {
-        Writing save(folder / "p.vln");
+        Writing save(folder / "p.vln", store);
         save.copies.saveTarget("/a/sky.jpg", "sky.jpg");
         EXPECT_EQ(save.done(), "sky.jpg: no memory");
-        Writing model(folder / "p.wrl");
+        Writing model(folder / "p.wrl", store);
         EXPECT_EQ(model.copies.convertJPG("/a/sky.bmp", "sky.bmp", true), "");
         EXPECT_EQ(model.done(), "sky.jpg: no memory");
     }

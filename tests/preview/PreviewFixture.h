@@ -12,6 +12,7 @@
 #include "preview/Flying.h"
 #include "preview/Imaging.h"
 #include "preview/Rendering.h"
+#include "preview/ViewMouse.h"
 #include "support/FakeImaging.h"
 #include "support/FakeJoystick.h"
 #include "support/FakeRenderContext.h"
@@ -27,38 +28,36 @@ protected:
     FakeRenderContext context;
     FakeImaging pictures;
     FakeJoystick stick;
+    Rendering rendering{project, solids};
+    Flying flight{project, rendering};
+    RenderPointer pointer{rendering, flight};
 
     void SetUp() override {
         FreshModel::SetUp();
-        Rendering::reset();
-        Flying::reset();
         GlTape::clear();
         GlTape::hasContext = false;
         GlTape::largestTexture = 4096;
-        Rendering::context = &context;
-        Flying::joystick = &stick;
-        imaging = &pictures;
+        rendering.context = &context;
+        flight.joystick = &stick;
+        rendering.imaging = &pictures;
     }
 
     void TearDown() override {
         EXPECT_EQ(GlTape::faults(), std::vector<std::string>{});
         EXPECT_FALSE(GlTape::insideList());
-        Rendering::context = nullptr;
-        Flying::joystick = nullptr;
-        imaging = nullptr;
         resetModel();
     }
 
     /// A context with an empty tape behind it.
     void openPicture() {
-        Rendering::createRenderContext();
+        rendering.createRenderContext();
         GlTape::calls().clear();
     }
 
     /// The calls of one rebuild.
-    static std::vector<nlohmann::json> rebuild() {
+    std::vector<nlohmann::json> rebuild() {
         GlTape::calls().clear();
-        Rendering::renderScene(true);
+        rendering.renderScene(true);
         return GlTape::calls();
     }
 };

@@ -75,17 +75,17 @@ TEST_F(SceneTest, ComparisonFindsWhatDiffers) {
 }
 
 TEST_F(SceneTest, FalseBeforeAnyListBuildsIt) {
-    Rendering::renderListBuilt = false;
-    Rendering::renderScene(false);
+    rendering.renderListBuilt = false;
+    rendering.renderScene(false);
     EXPECT_EQ(GlTape::count("glNewList"), 1);
-    EXPECT_TRUE(Rendering::renderListBuilt);
+    EXPECT_TRUE(rendering.renderListBuilt);
 }
 
 TEST_F(SceneTest, HiddenFuselageDropsOutAtTheNextRebuild) {
     const auto before = primitives(rebuild());
     ObjectList.setShown(1, false);
     GlTape::calls().clear();
-    Rendering::renderScene(false);
+    rendering.renderScene(false);
     EXPECT_EQ(GlTape::count("glCallList"), 1) << "the old list still shows it";
     const auto after = primitives(rebuild());
     EXPECT_EQ(after.size(), before.size() - 2);
@@ -154,7 +154,7 @@ TEST_F(SceneTest, TipCapTakesHalfThePointsRoundedToEven) {
 TEST_F(SceneTest, NegativeSpanTurnsTheNormalsInward) {
     const std::vector<json> before = rebuild();
     Wings(1).span = -Wings(1).span;
-    Wings(1).create();
+    solids.wings(1).create(Wings(1));
     const std::vector<json> after = rebuild();
     const json up = normalBefore(before, 24);
     const json down = normalBefore(after, 24);
@@ -241,16 +241,28 @@ TEST_F(SceneTest, EveryBoxIsAStripAndTwoEnds) {
     EXPECT_EQ(shown[2], (std::pair<std::string, int>{"GL_QUADS", 4}));
 }
 
+// What is only promised lies in one place, so that one picture stands for all.
+TEST_F(SceneTest, PromisedBoxesAreDrawnOnceBesideTheirOwn) {
+    nbEquipments = 3000;
+    Equipments.fill(nbEquipments, ElectroBox(project.units));
+    Equipments(2).pos = 100;
+    const std::size_t own = primitives(rebuild()).size();
+    EXPECT_EQ(GlTape::named("glVertex3f")[0][1].get<float>(), 200);
+    EXPECT_EQ(GlTape::named("glVertex3f")[18][1].get<float>(), 100);
+    EXPECT_EQ(GlTape::count("glVertex3f"), 2 * 18);
+    EXPECT_EQ(own, 15u + 3);
+}
+
 TEST_F(SceneTest, AircraftWithoutSizeIsDrawn) {
-    Plane::rescaleAll(0);
+    Plane::rescaleAll(project, 0);
     expectFinite(rebuild());
-    Rendering::setViewTransform(0, 0, 0, 0, 0);
+    rendering.setViewTransform(0, 0, 0, 0, 0);
 }
 
 TEST_F(SceneTest, HugeAndTinyAircraftGiveFiniteNormals) {
     for (const double factor : {1e300, 1e-305, 1e150}) {
         resetModel();
-        Plane::rescaleAll(factor);
+        Plane::rescaleAll(project, factor);
         const std::vector<json> calls = rebuild();
         for (const json& call : calls)
             if (call[0] == "glNormal3dv") {
@@ -263,7 +275,7 @@ TEST_F(SceneTest, HugeAndTinyAircraftGiveFiniteNormals) {
 TEST_F(SceneTest, ManyWingsAreDrawnInOrder) {
     for (int i = 0; i < 3; ++i) {
         ++nbWings;
-        MainWing::addWing();
+        MainWing::addWing(project);
     }
     const auto shown = primitives(rebuild());
     EXPECT_EQ(shown.size(), 15u + 3 * 4);

@@ -14,20 +14,17 @@ TEST_F(TexturesTest, FileIsDecodedOnceHoweverManyObjectsCarryIt) {
     pictures.pictures["q"] = plainPicture(4, 4);
     while (nbWings < 100) {
         ++nbWings;
-        MainWing::addWing();
+        MainWing::addWing(project);
     }
-    for (int i = 1; i <= nbWings; ++i) {
-        Wings(i).set_texture_loaded(false);
-        Wings(i).set_texture_filename(i % 2 == 0 ? "q" : "p");
-    }
+    for (int i = 1; i <= nbWings; ++i) Wings(i).set_texture_filename(i % 2 == 0 ? "q" : "p");
     Stabilizer.set_texture_filename("p");
     putOnFin("p");
     putOnFuselage("p");
     EXPECT_EQ(uploads(), (Sizes{{4, 8}, {4, 4}, {8, 4}}));
     EXPECT_EQ(pictures.loads, (std::vector<std::string>{"p", "q"}));
     for (int i = 1; i <= nbWings; ++i) {
-        EXPECT_TRUE(Wings(i).Left->texture_loaded) << i;
-        EXPECT_TRUE(Wings(i).Right->texture_loaded) << i;
+        EXPECT_TRUE(solids.wings(i).Left.picture.texture_loaded) << i;
+        EXPECT_TRUE(solids.wings(i).Right.picture.texture_loaded) << i;
     }
     // Each object shows its own, whichever was handed over last.
     std::vector<int> bound;
@@ -67,14 +64,14 @@ TEST_F(TexturesTest, PicturesOfTheListBeforeAreGivenBack) {
 /// A hidden fuselage whose picture stands for pictures that fill all but `left` bytes of the room.
 void fillRoom(int left) {
     ++nbFuselages;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
-    ObjectList.update();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
+    ObjectList.update(Fuselages, nbFuselages);
     ObjectList.setShown(2, false);
     Fuselages(2).texture_filename = "elsewhere";
-    Fuselages(2).texture_loaded = true;
-    Fuselages(2).xtex = ((512 << 20) - left) / 3;
-    Fuselages(2).ytex = 1;
+    solids.fuselages(2).picture.texture_loaded = true;
+    solids.fuselages(2).picture.xtex = ((512 << 20) - left) / 3;
+    solids.fuselages(2).picture.ytex = 1;
 }
 
 // Pictures of a whole project take no more memory than an eighth of a small machine.
@@ -94,11 +91,11 @@ TEST_F(TexturesTest, SharedPictureTakesItsRoomOnce) {
     pictures.pictures["p"] = plainPicture(4, 4);
     for (int i = 0; i < 9; ++i) {
         ++nbWings;
-        MainWing::addWing();
+        MainWing::addWing(project);
     }
     for (int i = 1; i <= nbWings; ++i) Wings(i).set_texture_filename("p");
     EXPECT_EQ(uploads(), (Sizes{{4, 4}}));
-    EXPECT_EQ(Wings(10).Right->xtex, 4);
+    EXPECT_EQ(solids.wings(10).Right.picture.xtex, 4);
 }
 
 }  // namespace

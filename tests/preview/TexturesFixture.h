@@ -18,20 +18,21 @@ protected:
     }
 
     static void putOnWing(const std::string& file) {
-        Wings(1).set_texture_loaded(false);
         Wings(1).set_texture_filename(file);
+        for (auto* half : {&solids.wings(1).Left, &solids.wings(1).Right})
+            half->picture.texture_loaded = false;
     }
     static void putOnFuselage(const std::string& file) {
-        Fuselages(1).texture_loaded = false;
+        solids.fuselages(1).picture.texture_loaded = false;
         Fuselages(1).texture_filename = file;
     }
     static void putOnFin(const std::string& file) {
-        Rudder.texture_loaded = false;
+        solids.rudder.picture.texture_loaded = false;
         Rudder.texture_filename = file;
     }
 
     /// The pictures handed over in one rebuild, as [width, height].
-    static std::vector<std::pair<int, int>> uploads() {
+    std::vector<std::pair<int, int>> uploads() {
         rebuild();
         std::vector<std::pair<int, int>> sizes;
         for (const nlohmann::json& call : GlTape::named("glTexImage2D"))

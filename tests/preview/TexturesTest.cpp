@@ -19,13 +19,13 @@ TEST_F(TexturesTest, SizesAreRoundedAndAWingsPictureIsTurned) {
         uploads();
         const json& plain = row["fuselage_or_fin"];
         const json& wing = row["wing"];
-        EXPECT_EQ(Wings(1).Left->xtex, wing[0].get<int>()) << row;
-        EXPECT_EQ(Wings(1).Left->ytex, wing[1].get<int>()) << row;
-        EXPECT_EQ(Wings(1).Right->xtex, wing[0].get<int>()) << row;
-        EXPECT_EQ(Fuselages(1).xtex, plain[0].get<int>()) << row;
-        EXPECT_EQ(Fuselages(1).ytex, plain[1].get<int>()) << row;
-        EXPECT_EQ(Rudder.xtex, plain[0].get<int>()) << row;
-        EXPECT_EQ(Rudder.ytex, plain[1].get<int>()) << row;
+        EXPECT_EQ(solids.wings(1).Left.picture.xtex, wing[0].get<int>()) << row;
+        EXPECT_EQ(solids.wings(1).Left.picture.ytex, wing[1].get<int>()) << row;
+        EXPECT_EQ(solids.wings(1).Right.picture.xtex, wing[0].get<int>()) << row;
+        EXPECT_EQ(solids.fuselages(1).picture.xtex, plain[0].get<int>()) << row;
+        EXPECT_EQ(solids.fuselages(1).picture.ytex, plain[1].get<int>()) << row;
+        EXPECT_EQ(solids.rudder.picture.xtex, plain[0].get<int>()) << row;
+        EXPECT_EQ(solids.rudder.picture.ytex, plain[1].get<int>()) << row;
     }
 }
 
@@ -50,10 +50,10 @@ TEST_F(TexturesTest, TexelsAreThePicturesPixels) {
             EXPECT_EQ(GlTape::pictures()[0], turned.get<std::vector<unsigned char>>()) << name;
         }
         EXPECT_EQ(GlTape::pictures()[1], plain.get<std::vector<unsigned char>>()) << name;
-        EXPECT_EQ(Rudder.xtex, row["size"][0].get<int>()) << name;
-        EXPECT_EQ(Rudder.ytex, row["size"][1].get<int>()) << name;
-        EXPECT_EQ(Wings(1).Left->xtex, row["wing_size"][0].get<int>()) << name;
-        EXPECT_EQ(Wings(1).Right->ytex, row["wing_size"][1].get<int>()) << name;
+        EXPECT_EQ(solids.rudder.picture.xtex, row["size"][0].get<int>()) << name;
+        EXPECT_EQ(solids.rudder.picture.ytex, row["size"][1].get<int>()) << name;
+        EXPECT_EQ(solids.wings(1).Left.picture.xtex, row["wing_size"][0].get<int>()) << name;
+        EXPECT_EQ(solids.wings(1).Right.picture.ytex, row["wing_size"][1].get<int>()) << name;
     }
 }
 
@@ -89,7 +89,7 @@ TEST_F(TexturesTest, PictureIsConvertedOnceAndHandedOverAtEachRebuild) {
     EXPECT_EQ(uploads().size(), 2u) << "turned for the wing, plain for the fuselage";
     EXPECT_EQ(uploads().size(), 2u);
     EXPECT_EQ(pictures.loads.size(), 1u);
-    Rendering::createRenderContext();
+    rendering.createRenderContext();
     EXPECT_EQ(pictures.loads.size(), 1u);
     putOnFuselage("p");
     uploads();
@@ -125,10 +125,10 @@ TEST_F(TexturesTest, UnreadableWingPictureGivesOneMessageAHalfAndARebuild) {
     Stabilizer.set_texture_filename("missing too");
     rebuild();
     EXPECT_EQ(pictures.errors, std::vector<std::string>(4, wingMessage));
-    EXPECT_FALSE(Wings(1).Left->texture_loaded);
+    EXPECT_FALSE(solids.wings(1).Left.picture.texture_loaded);
     rebuild();
     EXPECT_EQ(pictures.errors.size(), 8u);
-    Rendering::renderScene(false);
+    rendering.renderScene(false);
     EXPECT_EQ(pictures.errors.size(), 8u);
     EXPECT_EQ(GlTape::count("glTexImage2D"), 0);
 }
@@ -139,8 +139,8 @@ TEST_F(TexturesTest, UnreadablePictureOfFinOrFuselageIsSilent) {
     putOnFuselage("missing");
     const std::vector<json> calls = rebuild();
     EXPECT_TRUE(pictures.errors.empty());
-    EXPECT_FALSE(Rudder.texture_loaded);
-    EXPECT_FALSE(Fuselages(1).texture_loaded);
+    EXPECT_FALSE(solids.rudder.picture.texture_loaded);
+    EXPECT_FALSE(solids.fuselages(1).picture.texture_loaded);
     EXPECT_TRUE(glDifferences(plain, calls).empty()) << "drawn in their colour";
 }
 
@@ -165,7 +165,7 @@ TEST_F(TexturesTest, PixelsFewerThanTheirSizeAreAFailure) {
     putOnFin("p");
     putOnWing("p");
     rebuild();
-    EXPECT_FALSE(Rudder.texture_loaded);
+    EXPECT_FALSE(solids.rudder.picture.texture_loaded);
     EXPECT_EQ(pictures.errors.size(), 2u);
     EXPECT_EQ(GlTape::count("hideProgress"), 1);
 }
@@ -175,13 +175,13 @@ TEST_F(TexturesTest, MemoryThatCannotBeHadIsAFailureWithoutAFormLeftOver) {
     pictures.pixelsFail = true;
     putOnWing("p");
     rebuild();
-    EXPECT_FALSE(Wings(1).Left->texture_loaded);
+    EXPECT_FALSE(solids.wings(1).Left.picture.texture_loaded);
     EXPECT_EQ(pictures.errors.size(), 2u);
     EXPECT_EQ(GlTape::count("hideProgress"), 1);
 }
 
 TEST_F(TexturesTest, WithoutAnImagingTheAircraftIsDrawn) {
-    imaging = nullptr;
+    rendering.imaging = nullptr;
     putOnWing("p");
     putOnFuselage("p");
     EXPECT_TRUE(uploads().empty());
@@ -209,13 +209,13 @@ TEST_F(TexturesTest, PlacesOfAWingFollowItsCountOfPoints) {
     for (int i = 1; i <= 30; ++i)
         Wings(1).setAirfoilPoint(i, i < 16 ? 1 - i / 15.0 : i / 30.0, 0.1);
     rebuild();
-    EXPECT_NE(Wings(1).Left->rootTexCoord(30), 0);
-    EXPECT_EQ(Wings(1).Left->rootTexCoord(30), Wings(1).Left->rootTexCoord(1));
-    EXPECT_EQ(Wings(1).Left->rootTexCoord(31), 0);
+    EXPECT_NE(solids.wings(1).Left.rootTexCoord(30), 0);
+    EXPECT_EQ(solids.wings(1).Left.rootTexCoord(30), solids.wings(1).Left.rootTexCoord(1));
+    EXPECT_EQ(solids.wings(1).Left.rootTexCoord(31), 0);
     Wings(1).nb = 4;
     Wings(1).allocate();
     rebuild();
-    EXPECT_EQ(Wings(1).Left->rootTexCoord(5), 0);
+    EXPECT_EQ(solids.wings(1).Left.rootTexCoord(5), 0);
 }
 
 TEST_F(TexturesTest, SpanOfZeroGivesPlacesOfZeroAndNoMessage) {
@@ -277,14 +277,25 @@ TEST_F(TexturesTest, RemovedPictureIsGoneAtTheNextRebuild) {
     EXPECT_EQ(GlTape::count("glTexCoord2dv"), 0);
 }
 
+TEST_F(TexturesTest, AnotherFileTakesThePlaceOfTheOneBefore) {
+    pictures.pictures["p"] = plainPicture(4, 4);
+    pictures.pictures["q"] = plainPicture(8, 8);
+    putOnFin("p");
+    putOnFuselage("p");
+    EXPECT_EQ(uploads(), (Sizes{{4, 4}}));
+    Rudder.texture_filename = "q";
+    EXPECT_EQ(uploads(), (Sizes{{8, 8}, {4, 4}}));
+    EXPECT_EQ(pictures.loads, (std::vector<std::string>{"p", "q"}));
+}
+
 // Behind the box the window asks for its picture again; that must not convert, and ask, again.
 TEST_F(TexturesTest, PictureAskedForBehindAMessageBoxIsTheOldOne) {
     putOnWing("missing");
     bool nested = false;
     pictures.whileBoxOpen = [&] {
         const int lists = GlTape::count("glCallList");
-        Rendering::renderScene(false);
-        Rendering::renderScene(true);
+        rendering.renderScene(false);
+        rendering.renderScene(true);
         EXPECT_EQ(GlTape::count("glCallList"), lists + 2);
         nested = true;
     };
@@ -296,10 +307,10 @@ TEST_F(TexturesTest, PictureAskedForBehindAMessageBoxIsTheOldOne) {
 
 TEST_F(TexturesTest, PictureAskedForBehindTheFirstMessageBoxIsNotThereYet) {
     putOnWing("missing");
-    Rendering::renderListBuilt = false;
-    pictures.whileBoxOpen = [] {
+    rendering.renderListBuilt = false;
+    pictures.whileBoxOpen = [this] {
         const auto before = GlTape::calls().size();
-        Rendering::renderScene(false);
+        rendering.renderScene(false);
         EXPECT_EQ(GlTape::calls().size(), before);
     };
     rebuild();
@@ -308,13 +319,13 @@ TEST_F(TexturesTest, PictureAskedForBehindTheFirstMessageBoxIsNotThereYet) {
 
 TEST_F(TexturesTest, ProgramThatEndsBehindAMessageBoxDrawsNoMore) {
     putOnWing("missing");
-    pictures.whileBoxOpen = [] { Rendering::destroyRenderContext(); };
+    pictures.whileBoxOpen = [this] { rendering.destroyRenderContext(); };
     rebuild();
     EXPECT_EQ(GlTape::count("glClear"), 0);
 }
 
 TEST_F(TexturesTest, WithoutAContextNoPictureIsConverted) {
-    Rendering::destroyRenderContext();
+    rendering.destroyRenderContext();
     putOnWing("missing");
     rebuild();
     EXPECT_TRUE(pictures.errors.empty());

@@ -3,6 +3,7 @@
 
 #include "PreviewFixture.h"
 #include "model/Fuselage.h"
+#include "persistence/ProjectFile.h"
 #include "support/GlCompare.h"
 
 namespace velna::test {
@@ -15,10 +16,10 @@ using ViewTest = PreviewTest;
 void layFuselage(int current, double start, double end) {
     while (nbFuselages < current) {
         ++nbFuselages;
-        Fuselage::resizeFuselages();
-        Fuselage::addFuselage();
+        Fuselage::resizeFuselages(project);
+        Fuselage::addFuselage(project);
     }
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
     currentFuselage = static_cast<std::int16_t>(current);
     MeshSections& fuselage = Fuselages(current);
     fuselage.pos_offset = 0;
@@ -32,15 +33,15 @@ void standIn(const json& row) {
     resetModel();
     const std::string file = sceneFile(row["model"].get<std::string>() + ".vln");
     if (std::filesystem::exists(file)) {
-        Plane::readProject(file);
-        ObjectList.update();
+        EXPECT_TRUE(Plane::readProject(project, file).isDone());
+        ObjectList.update(Fuselages, nbFuselages);
         currentFuselage = row["currentFuselage"].get<std::int16_t>();
     } else {
-        Prefs.units = row["units"].get<int>();
+        project.units = row["units"].get<int>();
         layFuselage(row["currentFuselage"].get<int>(), row["startpoint"].get<double>(),
                     row["lengthPoint"].get<double>());
     }
-    EXPECT_EQ(Prefs.units, row["units"].get<int>());
+    EXPECT_EQ(project.units, row["units"].get<int>());
 }
 
 /// The calls of a view, told with the suffix of single precision.
@@ -72,7 +73,7 @@ TEST_F(ViewTest, TransformGivesTheCallsTheMatrixAndTheLight) {
         standIn(row);
         openPicture();
         const std::vector<double> args = row["args"];
-        Rendering::setViewTransform(args[0], args[1], args[2], args[3], args[4]);
+        rendering.setViewTransform(args[0], args[1], args[2], args[3], args[4]);
         expectViewCalls(row["calls"], GlTape::calls());
         const GlView view = runMatrix(GlTape::calls());
         expectMatrix(row["modelview"], view.matrix);
@@ -84,20 +85,20 @@ TEST_F(ViewTest, TransformGivesTheCallsTheMatrixAndTheLight) {
 
 TEST_F(ViewTest, ProjectInInchesIsShownTwentyFiveTimesLarger) {
     openPicture();
-    Rendering::setViewTransform(0, 0, 0, 0, 0);
+    rendering.setViewTransform(0, 0, 0, 0, 0);
     EXPECT_EQ(GlTape::count("glScaled"), 0);
-    Prefs.units = inches;
-    Rendering::reapplyViewTransform();
+    project.units = inches;
+    rendering.reapplyViewTransform();
     EXPECT_EQ(GlTape::named("glScaled"),
               std::vector<json>{json::array({"glScaled", 25.0, 25.0, 25.0})});
 }
 
 TEST_F(ViewTest, LastTransformIsAppliedAgainWithTheSameArguments) {
     openPicture();
-    Rendering::setViewTransform(1, 2, 3, 4, 5);
+    rendering.setViewTransform(1, 2, 3, 4, 5);
     const GlMatrix before = runMatrix(GlTape::calls()).matrix;
     GlTape::calls().clear();
-    Rendering::reapplyViewTransform();
+    rendering.reapplyViewTransform();
     EXPECT_EQ(runMatrix(GlTape::calls()).matrix, before);
 }
 
@@ -106,7 +107,7 @@ TEST_F(ViewTest, CurrentFuselageThatDoesNotExistIsNoCentre) {
     for (const int current : {0, -1, 2, 32767}) {
         currentFuselage = static_cast<std::int16_t>(current);
         GlTape::calls().clear();
-        Rendering::setViewTransform(0, 0, 0, 0, 0);
+        rendering.setViewTransform(0, 0, 0, 0, 0);
         EXPECT_EQ(GlTape::count("glTranslated"), 4);
     }
 }
@@ -114,7 +115,7 @@ TEST_F(ViewTest, CurrentFuselageThatDoesNotExistIsNoCentre) {
 TEST_F(ViewTest, CentreBeyondAllNumbersIsLeftOut) {
     layFuselage(1, 1.7e308, 1.7e308);
     openPicture();
-    Rendering::setViewTransform(0, 0, 0, 0, 0);
+    rendering.setViewTransform(0, 0, 0, 0, 0);
     EXPECT_EQ(GlTape::count("glTranslated"), 4);
 }
 

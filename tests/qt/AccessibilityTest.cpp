@@ -13,9 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "shell/qt/Accessibility.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/MainWindow.h"
@@ -24,6 +21,7 @@
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
 #include "support/EditorBench.h"
+#include "support/ProgramInHand.h"
 
 namespace velna {
 namespace {
@@ -87,16 +85,16 @@ protected:
         return *mainWindow.findChild<Widget*>(name);
     }
 
-    MainWindow mainWindow;
+    MainWindow mainWindow{program};
 };
 
 TEST_F(Spoken, EveryStopOfTheKeyboardHasANameAndARole) {
     expectNamed(mainWindow);
-    PrefsForm preferences(nullptr);
+    PrefsForm preferences(program.preferences, false, nullptr);
     expectNamed(preferences);
-    ManagerForm manager(nullptr);
+    ManagerForm manager(Main, nullptr);
     expectNamed(manager);
-    PrintSelectForm print(nullptr);
+    PrintSelectForm print(program.print, nullptr);
     expectNamed(print);
 }
 
@@ -174,23 +172,23 @@ TEST_F(Spoken, CombosAndTheButtonsOfTheListsSayWhatTheyAreFor) {
 
 TEST_F(Spoken, ThePreferencesOpenOnTheUnitThatIsSet) {
     for (const int unit : {millimetres, inches}) {
-        Prefs.selectUnit(unit);
-        PrefsForm form(nullptr);
+        Main.Prefs.selectUnit(unit);
+        PrefsForm form(program.preferences, false, nullptr);
         form.show();
         const char* set = unit == inches ? "InchesOption" : "MillimetersOption";
         EXPECT_EQ(form.focusWidget(), form.findChild<QRadioButton*>(set));
     }
-    Prefs.selectUnit(millimetres);
+    Main.Prefs.selectUnit(millimetres);
 }
 
 TEST_F(Spoken, TheManagersColumnsFitLargeLetters) {
-    ObjectList.update();
+    ObjectList.update(Fuselages, nbFuselages);
     const QFont usual = QApplication::font();
     for (const int size : {9, 30}) {
         QFont font = usual;
         font.setPointSize(size);
         QApplication::setFont(font);
-        ManagerForm form(nullptr);
+        ManagerForm form(Main, nullptr);
         form.show();
         QApplication::processEvents();
         auto& list = *form.findChild<QTreeWidget*>("ListView");

@@ -4,11 +4,9 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
-#include "model/Fuselage.h"
-#include "model/Plane.h"
-#include "shell/Helper.h"
 #include "shell/qt/DrawArea.h"
 #include "support/EditorBench.h"
+#include "support/ProgramInHand.h"
 
 // The toolkit's events on their way to the editor: the widget sends, the editor draws on recorders.
 
@@ -21,14 +19,14 @@ protected:
         widget.resize(900, 500);
         // One pixel a unit; section 2 of the default fuselage is a bar at x 250 from y 190 to 290.
         Main.setChecked(Control::LockZoom, true);
-        Main.zoom = 1;
-        Main.xoff = 50;
-        Main.yoff = 300;
+        Main.view.zoom = 1;
+        Main.view.xoff = 50;
+        Main.view.yoff = 300;
         Main.initSideView();
         Main.savedProject = true;
         bench.forget();
     }
-    void TearDown() override { Helper::running = false; }
+    void TearDown() override { program.helper.running = false; }
 
     void mouse(QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons held, QPointF place,
                Qt::KeyboardModifiers modifiers = {}) {
@@ -47,8 +45,8 @@ protected:
         QApplication::sendEvent(&widget, &event);
     }
 
-    DrawArea widget{nullptr};
-    MeshSections& fuselage = Fuselage::current();
+    DrawArea widget{Main, program.helper, nullptr};
+    MeshSections& fuselage = Fuselage::current(project);
 };
 
 TEST_F(DrawAreaEvents, ADragReachesTheModelAndItsReleaseThePicture) {
@@ -68,10 +66,10 @@ TEST_F(DrawAreaEvents, TheMenuKeyAndShiftF10OpenTheMenu) {
     window.popupOpen = false;
     move({250, 240}, Qt::NoButton);
     key(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
-    ASSERT_TRUE(Main.shiftkey);
+    ASSERT_TRUE(Main.pointer.shiftkey);
     key(QEvent::KeyPress, Qt::Key_F10, Qt::ShiftModifier);
     EXPECT_TRUE(window.popupOpen);
-    EXPECT_FALSE(Main.shiftkey) << "the menu takes the release of Shift";
+    EXPECT_FALSE(Main.pointer.shiftkey) << "the menu takes the release of Shift";
 }
 
 TEST_F(DrawAreaEvents, F10AloneOrInADragOpensNoMenu) {
@@ -100,7 +98,7 @@ TEST_F(DrawAreaEvents, TheWheelMovesNothing) {
     QWheelEvent event({250, 240}, {250, 240}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
     QApplication::sendEvent(&widget, &event);
     EXPECT_TRUE(area.calls.empty());
-    EXPECT_EQ(Main.zoom, 1);
+    EXPECT_EQ(Main.view.zoom, 1);
 }
 
 TEST_F(DrawAreaEvents, AReleaseThatTheMenuHasTakenEndsTheDragAtTheNextMove) {
@@ -113,7 +111,7 @@ TEST_F(DrawAreaEvents, AReleaseThatTheMenuHasTakenEndsTheDragAtTheNextMove) {
 }
 
 TEST_F(DrawAreaEvents, TheDemonstrationDragsWithoutAButton) {
-    Helper::running = true;
+    program.helper.running = true;
     press({250, 240});
     move({250, 239}, Qt::NoButton);
     EXPECT_TRUE(Main.anyBusy());
@@ -121,15 +119,15 @@ TEST_F(DrawAreaEvents, TheDemonstrationDragsWithoutAButton) {
 
 TEST_F(DrawAreaEvents, AHeldModifierArmsWhatThePointerComesTo) {
     move({250, 240}, Qt::NoButton, Qt::ShiftModifier);
-    EXPECT_TRUE(Main.shiftkey);
+    EXPECT_TRUE(Main.pointer.shiftkey);
     key(QEvent::KeyRelease, Qt::Key_Shift);
-    EXPECT_FALSE(Main.shiftkey) << "though the key went down elsewhere";
+    EXPECT_FALSE(Main.pointer.shiftkey) << "though the key went down elsewhere";
 }
 
 TEST_F(DrawAreaEvents, AKeyOfTheMenuComesUpWithoutDisarmingWhatItHasArmed) {
     Main.menuClicked(Control::InsRem);
     key(QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_TRUE(Main.ctrlkey);
+    EXPECT_TRUE(Main.pointer.ctrlkey);
     EXPECT_EQ(window.renders, 0);
 }
 
@@ -150,28 +148,28 @@ TEST_F(DrawAreaEvents, AKeyHeldWhenTheFocusGoesIsForgotten) {
     bench.forget();
     Main.menuClicked(Control::InsRem);
     key(QEvent::KeyRelease, Qt::Key_Return);
-    EXPECT_TRUE(Main.ctrlkey);
+    EXPECT_TRUE(Main.pointer.ctrlkey);
 }
 
 TEST_F(DrawAreaEvents, WhatKeyAShowsStandsWhenTheKeyComesUp) {
     Main.setChecked(Control::LockZoom, false);
     Main.initSideView();
-    const double whole = Main.zoom;
+    const double whole = Main.view.zoom;
     key(QEvent::KeyPress, Qt::Key_A);
-    const double section = Main.zoom;
+    const double section = Main.view.zoom;
     ASSERT_NE(section, whole);
     key(QEvent::KeyRelease, Qt::Key_A);
     move({250, 240}, Qt::NoButton);
-    EXPECT_EQ(Main.zoom, section);
+    EXPECT_EQ(Main.view.zoom, section);
     Main.refreshDrawingArea();
-    EXPECT_EQ(Main.zoom, whole) << "until the next redraw that fits";
+    EXPECT_EQ(Main.view.zoom, whole) << "until the next redraw that fits";
 }
 
 TEST_F(DrawAreaEvents, AHeldShiftShowsTheWayOfTheDragAtEveryPixel) {
     move({250, 240}, Qt::NoButton, Qt::ShiftModifier);
     for (double y : {241, 242, 243}) {
         move({250, y}, Qt::NoButton, Qt::ShiftModifier);
-        EXPECT_EQ(Main.cursor, CursorShape::WestEast) << y;
+        EXPECT_EQ(Main.pointer.cursor, CursorShape::WestEast) << y;
     }
 }
 

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/qt/QtDialogs.h"
+#include "support/ProgramInHand.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna {
@@ -32,7 +33,7 @@ TEST(FileDialog, TexturesAreListedWhateverTheLettersOfTheirNames) {
         std::ofstream(folder.path() + other);
 
     QWidget owner;
-    QtDialogs dialogs(owner);
+    QtDialogs dialogs(owner, program);
     QSet<QString> seen;
     QString caption;
     QTimer watch;

@@ -5,8 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "editor/Main.h"
-#include "model/Fuselage.h"
-#include "model/Plane.h"
 #include "shell/qt/ManagerForm.h"
 #include "support/EditorBench.h"
 
@@ -22,7 +20,7 @@ protected:
     /// Opens the form on the first of three, moves focus and selection by `user`, and closes it.
     template <class User>
     static void closeAfter(User user) {
-        ManagerForm form(nullptr);
+        ManagerForm form(Main, nullptr);
         form.show();
         user(*form.findChild<QTreeWidget*>("ListView"));
         form.close();

@@ -3,6 +3,7 @@
 #include <QLineEdit>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QTabBar>
 #include <QWheelEvent>
 #include <QWidget>
 #include <set>
@@ -12,31 +13,33 @@
 
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
-#include "shell/ToolbarCommands.h"
 #include "shell/qt/Bar.h"
 #include "shell/qt/Drawings.h"
+#include "shell/qt/HelpWindow.h"
 #include "shell/qt/Mirrors.h"
 #include "shell/qt/PanelPlaces.h"
 #include "shell/qt/PanelWidgets.h"
 #include "shell/qt/PopupMenu.h"
+#include "shell/qt/SurfaceWidget.h"
+#include "support/ProgramInHand.h"
 
 namespace velna {
 namespace {
 
 class Panel : public testing::TestWithParam<bool> {
 protected:
-    void SetUp() override { Main.reset(); }
+    void SetUp() override { resetEditor(); }
 
-    Mirrors mirrors;
+    Mirrors mirrors{Main.controls};
     QWidget window;
-    PanelWidgets panel{GetParam(), mirrors, &window};
+    PanelWidgets panel{Main, GetParam(), mirrors, &window};
 };
 
 INSTANTIATE_TEST_SUITE_P(NormalAndCompact, Panel, testing::Bool());
 
 TEST_P(Panel, EveryControlOfTheWindowHasAWidget) {
-    const Bar bar(mirrors, &window);
-    const PopupMenu popup(mirrors, &window);
+    const Bar bar(program.toolbar, mirrors, &window);
+    const PopupMenu popup(Main, mirrors, &window);
     for (std::size_t i = 0; i < controlCount; ++i) {
         const auto control = static_cast<Control>(i);
         // The menu as a whole has no state; the sign belongs to the window itself.
@@ -49,6 +52,20 @@ TEST_P(Panel, EveryTextBoxIsFoundByItsName) {
     for (const PanelField& field : panelFields())
         EXPECT_NE(panel.findChild<QLineEdit*>(controlName(field.control)), nullptr)
             << controlName(field.control);
+}
+
+TEST_P(Panel, AFieldStandsForTheHelpOfItsTab) {
+    const char* const pages[] = {"tab-fuselage", "tab-wing", "tab-stabiliser", "tab-rudder",
+                                 "tab-electronics"};
+    const QSignalBlocker silent(panel);
+    for (const PanelField& field : panelFields()) {
+        panel.setCurrentIndex(field.tab);
+        const auto* box = panel.findChild<QLineEdit*>(controlName(field.control));
+        EXPECT_EQ(helpPageOf(box), pages[field.tab]) << controlName(field.control);
+    }
+    panel.setCurrentIndex(PanelTab::fuselage);
+    EXPECT_EQ(helpPageOf(&panel.sectionArea()), "section-editor");
+    EXPECT_EQ(helpPageOf(panel.tabBar()), "tab-fuselage");
 }
 
 TEST_P(Panel, AStateIsShownWithoutSendingAnEventBack) {
@@ -138,7 +155,7 @@ TEST(Drawings, ALitMeasureChangesTheDrawing) {
 }
 
 TEST(Drawings, EveryToolbarKeyHasAnIcon) {
-    for (const Toolbar::Button& button : Toolbar::buttons) {
+    for (const Toolbar::Button& button : Toolbar::buttons()) {
         const std::string name = std::string("icons/") + button.name;
         EXPECT_FALSE(Drawings::picture(name.c_str(), {24, 24}, 2, Qt::black).isNull())
             << button.name;

@@ -3,9 +3,6 @@
 #include <QLineEdit>
 #include <QWidget>
 
-#include "model/Fuselage.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "shell/qt/Legible.h"
 #include "shell/qt/Mirrors.h"
 #include "shell/qt/PanelWidgets.h"
@@ -48,9 +45,9 @@ protected:
         key(box, Qt::Key_Return, "\r");
     }
 
-    Mirrors mirrors;
+    Mirrors mirrors{Main.controls};
     QWidget owner;
-    PanelWidgets panel{false, mirrors, &owner};
+    PanelWidgets panel{Main, false, mirrors, &owner};
     MirrorWindow mirrorWindow{mirrors};
 };
 
@@ -66,7 +63,7 @@ TEST_F(TypedNumbers, ABoxThatRefillsItselfKeepsWhatIsBeingTyped) {
 }
 
 TEST_F(TypedNumbers, InInchesToo) {
-    Prefs.units = inches;
+    project.units = inches;
     type("ShiftText", "1.25");
     EXPECT_EQ(Wings(1).shift, 1.25);
     EXPECT_EQ(panel.findChild<QLineEdit*>("ShiftText")->text(), "1.25");
@@ -88,7 +85,7 @@ TEST_F(TypedNumbers, BackspaceCommitsFirstAndLeavesTheShorterText) {
 }
 
 TEST_F(TypedNumbers, AFractionOfOutlinePointsIsRoundedHalfToEven) {
-    const auto& fuselage = Fuselage::current();
+    const auto& fuselage = Fuselage::current(project);
     auto& box = *panel.findChild<QLineEdit*>("NbCrossFuselageText");
     type("NbCrossFuselageText", "8.5");
     EXPECT_EQ(fuselage.nb_cross, 8);
@@ -145,7 +142,7 @@ TEST_F(TypedNumbers, APastedNumberOfOutlinePointsIsTakenLikeATypedOne) {
     auto& field = box("NbCrossFuselageText");
     field.selectAll();
     field.insert("12x");
-    EXPECT_EQ(Fuselage::current().nb_cross, 12);
+    EXPECT_EQ(Fuselage::current(project).nb_cross, 12);
     EXPECT_EQ(field.text(), "12x");
     EXPECT_EQ(field.toolTip(), "Taken: 12");
     key(field, Qt::Key_Return, "\r");

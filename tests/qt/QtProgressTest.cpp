@@ -18,11 +18,7 @@ QProgressDialog* shownBar() {
 
 class Progressing : public testing::Test {
 protected:
-    Progressing() { progress = &watcher; }
-    ~Progressing() override {
-        QtProgress::finish();
-        progress = nullptr;
-    }
+    ~Progressing() override { watcher.finish(); }
 
     QtProgress watcher;
 };
@@ -45,7 +41,7 @@ TEST_F(Progressing, ABarComesAfterASecondAndItsCancelEndsTheWork) {
     // The jobs behind the cancelled one end too.
     EXPECT_FALSE(watcher.step(1, 100));
 
-    QtProgress::finish();
+    watcher.finish();
     EXPECT_EQ(shownBar(), nullptr);
     // The next command starts anew.
     EXPECT_TRUE(watcher.step(1, 100));

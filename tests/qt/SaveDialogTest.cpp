@@ -15,6 +15,7 @@
 
 #include "shell/qt/QtDialogs.h"
 #include "shell/qt/SaveDialog.h"
+#include "support/ProgramInHand.h"
 
 namespace velna {
 namespace {
@@ -69,7 +70,7 @@ protected:
 
     QTemporaryDir folder;
     QWidget owner;
-    QtDialogs dialogs{owner};
+    QtDialogs dialogs{owner, program};
 };
 
 TEST_F(Saving, ANameGetsTheExtensionUnlessItHasOneOfTheKinds) {

@@ -13,10 +13,12 @@
 #include <utility>
 
 #include "common/ReplacedFile.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
+#include "model/Solids.h"
+#include "output/Exports.h"
+#include "persistence/ProjectFile.h"
 #include "preview/Bitmap.h"
-#include "preview/Imaging.h"
+#include "preview/PictureCopies.h"
 
 namespace velna {
 namespace {
@@ -69,46 +71,50 @@ private:
 
 /// What the picture in three dimensions does once: it measures the pictures and so gives the bodies
 /// their texture places. A wing's picture is turned.
-void takeIn(SymWingSections& wing) {
+void takeIn(Imaging& imaging, const SymWingSections& wing, PanelSolid& solid) {
     std::string reason;
-    if (wing.texture_filename().empty() || !imaging->load(wing.texture_filename(), reason)) return;
-    imaging->rotateQuarter();
-    for (WingSection* half : {wing.Left.get(), wing.Right.get()}) {
-        half->xtex = Bitmap::roundedSize(imaging->width());
-        half->ytex = Bitmap::roundedSize(imaging->height());
-        half->texture_loaded = true;
+    if (wing.texture_filename().empty() || !imaging.load(wing.texture_filename(), reason)) return;
+    imaging.rotateQuarter();
+    for (WingSection* half : {&solid.Left, &solid.Right}) {
+        half->picture.xtex = Bitmap::roundedSize(imaging.width());
+        half->picture.ytex = Bitmap::roundedSize(imaging.height());
+        half->picture.texture_loaded = true;
         half->create_texcoords();
     }
 }
 
-void takeInPictures() {
-    for (int i = 1; i <= nbWings; ++i) takeIn(Wings(i));
-    takeIn(Stabilizer);
+void takeInPictures(Imaging& imaging, const Project& project, Solids& solids) {
+    for (int i = 1; i <= project.nbWings; ++i) takeIn(imaging, project.Wings(i), solids.wings(i));
+    takeIn(imaging, project.Stabilizer, solids.stabilizer);
     std::string reason;
-    if (Rudder.texture_filename.empty() || !imaging->load(Rudder.texture_filename, reason)) return;
-    Rudder.xtex = Bitmap::roundedSize(imaging->width());
-    Rudder.ytex = Bitmap::roundedSize(imaging->height());
-    Rudder.texture_loaded = true;
+    const std::string& fin = project.Rudder.texture_filename;
+    if (fin.empty() || !imaging.load(fin, reason)) return;
+    SolidPicture& picture = solids.rudder.picture;
+    picture.xtex = Bitmap::roundedSize(imaging.width());
+    picture.ytex = Bitmap::roundedSize(imaging.height());
+    picture.texture_loaded = true;
 }
 
 /// The drawings come first: the model's export makes the last fuselage current.
-bool exportProject(const std::string& project, const std::string& folder) {
-    ObjectList.clear();
-    Plane::setDefaultPlane();
-    const std::string refusal = Plane::readProject(project);
-    ObjectList.update();
-    for (int i = 1; i <= nbFuselages; ++i) ObjectList.setShown(i, true);
-    Plane::createAllSolids();
-    takeInPictures();
-    const std::string title = titleOf(project);
+bool exportProject(const std::string& file, const std::string& folder, PictureStore& pictures) {
+    Project project;
+    Solids solids;
+    Plane::setDefaultPlane(project);
+    const Outcome read = Plane::readProject(project, file);
+    project.ObjectList.update(project.Fuselages, project.nbFuselages);
+    for (int i = 1; i <= project.nbFuselages; ++i) project.ObjectList.setShown(i, true);
+    solids.createAll(project);
+    takeInPictures(*pictures.imaging, project, solids);
+    const std::string title = titleOf(file);
     const std::string stem = folder + title.substr(0, title.rfind('.'));
-    std::string failure = refusal;
-    for (const std::string& reason :
-         {Plane::exportDXFVTop(stem + ".VTop.dxf"), Plane::exportDXFFront(stem + ".Front.dxf"),
-          Plane::exportDXFSide(stem + ".Side.dxf"), Plane::exportDXFHTop(stem + ".HTop.dxf"),
-          Plane::exportVRML(stem + ".wrl")})
-        if (failure.empty()) failure = reason;
-    if (!failure.empty()) std::cerr << project << ": " << failure << '\n';
+    std::string failure = read.reason();
+    for (const Outcome& outcome : {Plane::exportDXFVTop(project, stem + ".VTop.dxf"),
+                                   Plane::exportDXFFront(project, stem + ".Front.dxf"),
+                                   Plane::exportDXFSide(project, stem + ".Side.dxf"),
+                                   Plane::exportDXFHTop(project, stem + ".HTop.dxf"),
+                                   Plane::exportVRML(project, solids, stem + ".wrl", pictures)})
+        if (failure.empty()) failure = outcome.reason();
+    if (!failure.empty()) std::cerr << file << ": " << failure << '\n';
     return failure.empty();
 }
 
@@ -118,9 +124,9 @@ bool exportProject(const std::string& project, const std::string& folder) {
 int main(int count, char** arguments) {
     if (count < 3) return 2;
     velna::BmpSizes pictures;
-    velna::imaging = &pictures;
+    velna::PictureStore store{&pictures, {}};
     bool done = true;
     for (int i = 2; i < count; ++i)
-        done = velna::exportProject(arguments[i], std::string(arguments[1]) + "/") && done;
+        done = velna::exportProject(arguments[i], std::string(arguments[1]) + "/", store) && done;
     return done ? 0 : 1;
 }

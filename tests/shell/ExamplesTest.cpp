@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/Plane.h"
 #include "output/Plans.h"
-#include "shell/ToolbarCommands.h"
 #include "support/RecordingPrinter.h"
 #include "support/ShellFixture.h"
 
@@ -20,7 +18,7 @@ protected:
         ShellFixture::SetUp();
         start();
         answerFile(std::string(VELNA_SOURCE_DIR "/examples/") + GetParam() + ".vln", 1);
-        Toolbar::click(Key::Open);
+        program.toolbar.click(Key::Open);
     }
     void TearDown() override {
         EXPECT_TRUE(pictures.errors.empty());
@@ -37,19 +35,19 @@ protected:
 
 TEST_P(Examples, IsWhatTheProgramWritesItself) {
     answerFile(target(".vln"), 1);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_EQ(contentOf(target(".vln")),
               contentOf(std::string(VELNA_SOURCE_DIR "/examples/") + GetParam() + ".vln"));
 }
 
 TEST_P(Examples, ExportsTheModelAndEveryView) {
     answerFile(target(".wrl"), 2);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_TRUE(contentOf(target(".wrl")).ends_with("  ]\r\n}\r\n"));
     for (const Key view : {Key::VTop, Key::Front, Key::Side, Key::HTop}) {
-        Toolbar::click(view);
+        program.toolbar.click(view);
         answerFile(target(".dxf"), 3);
-        Toolbar::click(Key::Save);
+        program.toolbar.click(Key::Save);
         EXPECT_TRUE(contentOf(target(".dxf")).ends_with("ENDSEC\r\n 0 \r\nEOF\r\n"));
     }
 }
@@ -57,15 +55,17 @@ TEST_P(Examples, ExportsTheModelAndEveryView) {
 TEST_P(Examples, PrintsEveryPlan) {
     const bool inInches = std::string(GetParam()) == "sport_inches";
     RecordingPrinter printer(inInches ? 7.5 : 190, inInches ? 10 : 277);
-    dialogs.inPrintSelect = [] { PrintSelect = {true, true, true, true, true, false, false}; };
+    dialogs.inPrintSelect = [] {
+        program.PrintSelect = {true, true, true, true, true, false, false};
+    };
     dialogs.printers = {&printer};
-    Toolbar::click(Key::Print);
+    program.toolbar.click(Key::Print);
     EXPECT_EQ(dialogs.asked.back().kind, "printer");
     EXPECT_EQ(printer.jobs(),
               (std::vector<std::string>{"side", "sections", "vtop", "front", "htop"}));
     EXPECT_EQ(printer.count(PrinterCall::Kind::EndDoc), 5);
     EXPECT_EQ(printer.scaleMode, inInches ? 5 : 6);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, Examples,

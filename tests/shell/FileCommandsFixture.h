@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "output/Progress.h"
-#include "shell/ToolbarCommands.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -19,13 +17,9 @@ protected:
     void answerFile(const std::string& path, int filterIndex) {
         dialogs.files.push_back({path, filterIndex});
     }
-    void TearDown() override {
-        progress = nullptr;
-        ShellFixture::TearDown();
-    }
     void saveAs(const std::string& title, int filterIndex) {
         answerFile(file(title), filterIndex);
-        Toolbar::click(Toolbar::Key::Save);
+        program.toolbar.click(Toolbar::Key::Save);
     }
 };
 

@@ -2,10 +2,6 @@
 #include <map>
 
 #include "FileCommandsFixture.h"
-#include "model/Fuselage.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
 #include "support/Impatient.h"
 
 namespace velna::test {
@@ -17,7 +13,7 @@ using FileCommands = FileCommandsFixture;
 TEST_F(FileCommands, NewAsksAndNoKeepsTheProject) {
     Wings(1).span = 1;
     dialogs.yesNo = {false};
-    Toolbar::click(Key::New);
+    program.toolbar.click(Key::New);
     EXPECT_EQ(dialogs.asked[0].text, "Do you really want to reset your project ?");
     EXPECT_EQ(dialogs.asked[0].icon, BoxIcon::Exclamation);
     EXPECT_FALSE(dialogs.asked[0].defaultYes);
@@ -33,10 +29,10 @@ TEST_F(FileCommands, NewResetsEverythingButTheSavedState) {
     Main.savedProject = false;
     ObjectList.setShown(1, false);
     dialogs.yesNo = {true};
-    Toolbar::click(Key::New);
+    program.toolbar.click(Key::New);
     EXPECT_EQ(Wings(1).span, 700);
     EXPECT_EQ(Rudder.offset1, 0);
-    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_EQ(project.units, millimetres);
     for (int count :
          {nbWings, currentWing, nbFuselages, currentFuselage, nbEquipments, currentEquipment})
         EXPECT_EQ(count, 1);
@@ -46,11 +42,11 @@ TEST_F(FileCommands, NewResetsEverythingButTheSavedState) {
 }
 
 TEST_F(FileCommands, NewOnAnInchProjectConvertsTheMillimetreDefault) {
-    Prefs.selectUnit(inches);
-    Prefs.units = inches;
+    Main.Prefs.selectUnit(inches);
+    project.units = inches;
     dialogs.yesNo = {true};
-    Toolbar::click(Key::New);
-    EXPECT_EQ(Prefs.units, inches);
+    program.toolbar.click(Key::New);
+    EXPECT_EQ(project.units, inches);
     EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
     EXPECT_DOUBLE_EQ(Fuselages(1).pos(3), 800 / 25.4);
     EXPECT_DOUBLE_EQ(Equipments(1).length, 30 / 25.4);
@@ -60,11 +56,11 @@ TEST_F(FileCommands, NewOnAnInchProjectConvertsTheMillimetreDefault) {
 TEST_F(FileCommands, NewLeavesTheSavedStateInEitherUnit) {
     for (const int unit : {millimetres, inches})
         for (const bool saved : {true, false}) {
-            Prefs.selectUnit(unit);
+            Main.Prefs.selectUnit(unit);
             Main.savedProject = saved;
             dialogs.yesNo = {true};
-            Toolbar::click(Key::New);
-            EXPECT_EQ(Prefs.units, unit);
+            program.toolbar.click(Key::New);
+            EXPECT_EQ(project.units, unit);
             EXPECT_EQ(Main.savedProject, saved);
         }
 }
@@ -73,42 +69,54 @@ TEST_F(FileCommands, SavedAndOpenedAgainIsTheSameAircraft) {
     Wings(1).span = 650;
     Main.savedProject = false;
     answerFile(file("a.vln"), 1);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_TRUE(Main.savedProject);
     Wings(1).span = 1;
     answerFile(file("a.vln"), 1);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(Wings(1).span, 650);
     EXPECT_EQ(Main.controls[Control::SpanText].text, "1300");
-    EXPECT_EQ(projectDirectory, folder.string() + "/");
+    EXPECT_EQ(project.projectDirectory, folder.string() + "/");
+}
+
+/// The form of the preferences shows the unit of what has been opened.
+TEST_F(FileCommands, OpenTicksTheUnitOfTheProject) {
+    const std::string projects = std::string(VELNA_TEST_DATA) + "/projects/current/";
+    for (const int unit : {inches, millimetres}) {
+        answerFile(projects + (unit == inches ? "inches.vln" : "default.vln"), 1);
+        program.toolbar.click(Key::Open);
+        EXPECT_EQ(project.units, unit);
+        EXPECT_EQ(Main.Prefs.InchesOption, unit == inches);
+        EXPECT_EQ(Main.Prefs.MillimetersOption, unit == millimetres);
+    }
 }
 
 TEST_F(FileCommands, OpeningOverAnUnsavedProjectAsks) {
     answerFile(file("a.vln"), 1);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     Main.savedProject = false;
     Wings(1).span = 1;
     answerFile(file("a.vln"), 1);
     dialogs.yesNo = {false, true};
     Main.initSideView();
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(dialogs.asked.back().text,
               "The current project has not been saved and will be lost\nDo you want to proceed ?");
     EXPECT_EQ(Wings(1).span, 1);
     // No ends the whole command: the view stays.
-    EXPECT_EQ(Main.mode, ViewMode::Side);
+    EXPECT_EQ(Main.view.mode, ViewMode::Side);
     answerFile(file("a.vln"), 1);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(Wings(1).span, 700);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 TEST_F(FileCommands, ACancelledOpenStillEntersTheTopViewAndRendersTwice) {
     Main.initFrontView();
     const int swaps = GlTape::count("SwapBuffers");
     answerFile("", 1);
-    Toolbar::click(Key::Open);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    program.toolbar.click(Key::Open);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
     EXPECT_EQ(GlTape::count("SwapBuffers"), swaps + 2);
 }
 
@@ -116,7 +124,7 @@ TEST_F(FileCommands, OpenDropsTheBackgroundPictureOfTheViewEvenWhenCancelled) {
     Main.pictures[ViewMode::VTop].shown = true;
     Main.pictures[ViewMode::Side].shown = true;
     answerFile("", 1);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_FALSE(Main.pictures[ViewMode::VTop].shown);
     EXPECT_TRUE(Main.pictures[ViewMode::Side].shown);
 }
@@ -124,7 +132,7 @@ TEST_F(FileCommands, OpenDropsTheBackgroundPictureOfTheViewEvenWhenCancelled) {
 TEST_F(FileCommands, ARefusedVersionShowsItsMessage) {
     writeFile(file("old.vln"), "# VELNA File Format V0.1\r\n1\r\n");
     answerFile(file("old.vln"), 1);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(dialogs.asked.back().text, "The vln file version 0.1.x is not any more supported");
     EXPECT_EQ(Wings(1).span, 700);
 }
@@ -139,18 +147,18 @@ TEST_F(FileCommands, WhatIsNoProjectKeepsTheAircraftAndIsNamedInOneBox) {
         SCOPED_TRACE(title);
         dialogs.asked.clear();
         Wings(1).span = 651;
-        projectDirectory = "/before/";
+        project.projectDirectory = "/before/";
         Main.savedProject = false;
         Main.initSideView();
         answerFile(file(title), 1);
-        Toolbar::click(Key::Open);
+        program.toolbar.click(Key::Open);
         EXPECT_EQ(dialogs.story(), "open message");
         EXPECT_NE(dialogs.asked.back().text.find(title), std::string::npos);
         EXPECT_EQ(dialogs.asked.back().icon, BoxIcon::Exclamation);
         EXPECT_EQ(Wings(1).span, 651);
-        EXPECT_EQ(projectDirectory, "/before/");
+        EXPECT_EQ(project.projectDirectory, "/before/");
         EXPECT_FALSE(Main.savedProject);
-        EXPECT_EQ(Main.mode, ViewMode::VTop);
+        EXPECT_EQ(Main.view.mode, ViewMode::VTop);
     }
 }
 
@@ -163,7 +171,7 @@ TEST_F(FileCommands, AProjectCutShortOrWithAnotherFirstLineIsReadAsItStands) {
         Main.savedProject = true;
         dialogs.asked.clear();
         answerFile(file("a.vln"), 1);
-        Toolbar::click(Key::Open);
+        program.toolbar.click(Key::Open);
         EXPECT_EQ(dialogs.story(), "open");
         return Wings(1).span;
     };
@@ -179,7 +187,7 @@ TEST_F(FileCommands, AFailedSaveTellsTheReasonAndLeavesTheStateAsItWas) {
         dialogs.asked.clear();
         Main.savedProject = saved;
         answerFile(folder.string(), 1);  // a directory
-        Toolbar::click(Key::Save);
+        program.toolbar.click(Key::Save);
         EXPECT_EQ(Main.savedProject, saved);
         EXPECT_EQ(dialogs.story(), "save message");
         EXPECT_EQ(dialogs.asked.back().icon, BoxIcon::Exclamation);
@@ -189,7 +197,7 @@ TEST_F(FileCommands, AFailedSaveTellsTheReasonAndLeavesTheStateAsItWas) {
 TEST_F(FileCommands, OpenShowsAllFuselagesOfAProjectThatTellsNoneHidden) {
     ObjectList.setShown(1, false);
     answerFile(VELNA_TEST_DATA "/projects/legacy/1.0.0_two_wings_two_fuselages.vln", 1);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(nbFuselages, 2);
     EXPECT_TRUE(ObjectList.shown(1));
     EXPECT_TRUE(ObjectList.shown(2));
@@ -197,13 +205,13 @@ TEST_F(FileCommands, OpenShowsAllFuselagesOfAProjectThatTellsNoneHidden) {
 
 TEST_F(FileCommands, ADrawingLeavesTheViewAtItsScale) {
     Main.initSideView();
-    const double fitted = Main.zoom;
-    Main.focusZoom = true;
+    const double fitted = Main.view.zoom;
+    Main.view.focusZoom = true;
     Main.refreshDrawingArea();
-    const double zoom = Main.zoom;
+    const double zoom = Main.view.zoom;
     ASSERT_NE(zoom, fitted);
     saveAs("a.dxf", 3);
-    EXPECT_EQ(Main.zoom, zoom);
+    EXPECT_EQ(Main.view.zoom, zoom);
     EXPECT_FALSE(Main.checked(Control::LockZoom));
 }
 
@@ -212,7 +220,7 @@ TEST_F(FileCommands, TheBoxesBarStandsAtTheBoxThatIsEditedAfterOpen) {
     saveAs("three.vln", 1);
     ASSERT_EQ(Main.controls[Control::IndexServosScroll].value, 3);
     answerFile(file("three.vln"), 1);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(nbEquipments, 3);
     EXPECT_EQ(Main.controls[Control::IndexServosScroll].maximum, 3);
     EXPECT_EQ(Main.controls[Control::IndexServosScroll].value, currentEquipment);
@@ -223,7 +231,7 @@ TEST_F(FileCommands, NewAndOpenPutTheCataloguesBackToCustom) {
         Main.controls[Control::ServosCombo].value = 7;
         dialogs.yesNo = {true};
         answerFile(VELNA_TEST_DATA "/projects/legacy/1.0.0_two_wings_two_fuselages.vln", 1);
-        Toolbar::click(key);
+        program.toolbar.click(key);
         EXPECT_EQ(Main.controls[Control::ServosCombo].value, 0);
     }
 }
@@ -232,7 +240,7 @@ TEST_F(FileCommands, AFailedExportTellsTheReasonToo) {
     for (const int kind : {2, 3}) {
         dialogs.asked.clear();
         answerFile(file("missing/folder/x"), kind);
-        Toolbar::click(Key::Save);
+        program.toolbar.click(Key::Save);
         EXPECT_EQ(dialogs.story(), "save message") << kind;
     }
 }
@@ -259,7 +267,7 @@ TEST_F(FileCommands, AFailureIsToldOnceOnStandardErrorAndOnceInABox) {
     }
     testing::internal::CaptureStderr();
     answerFile(folder.string(), 1);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     const std::string reported = testing::internal::GetCapturedStderr();
     EXPECT_EQ(std::ranges::count(reported, '\n'), 1) << reported;
 }
@@ -267,7 +275,7 @@ TEST_F(FileCommands, AFailureIsToldOnceOnStandardErrorAndOnceInABox) {
 TEST_F(FileCommands, AQuoteInAPicturesNameIsStoredAsALowLine) {
     Main.selectTab(PanelTab::rudder);
     answerFile("/pictures/3\" fin.bmp", 3);
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(Rudder.texture_filename, "/pictures/3\" fin.bmp");
     EXPECT_EQ(Rudder.qualified_texture_filename, "3_ fin.bmp");
 }
@@ -275,19 +283,19 @@ TEST_F(FileCommands, AQuoteInAPicturesNameIsStoredAsALowLine) {
 TEST_F(FileCommands, AnExportLeavesTheSavedStateAlone) {
     Main.savedProject = false;
     answerFile(file("a.wrl"), 2);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_FALSE(Main.savedProject);
     EXPECT_TRUE(contentOf(file("a.wrl")).starts_with("#VRML V2.0 utf8\r\n"));
 }
 
 TEST_F(FileCommands, TheModelExportRefillsThePanelWithTheFuselageItLeavesCurrent) {
     ++nbFuselages;
-    Fuselage::resizeFuselages();
-    Fuselage::addFuselage();
+    Fuselage::resizeFuselages(project);
+    Fuselage::addFuselage(project);
     Fuselages(2).height(1) = 77;
     currentFuselage = 1;
     answerFile(file("a.wrl"), 2);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_EQ(currentFuselage, 2);
     EXPECT_EQ(Main.controls[Control::HeightFuselageText].text, "77");
 }
@@ -295,9 +303,9 @@ TEST_F(FileCommands, TheModelExportRefillsThePanelWithTheFuselageItLeavesCurrent
 TEST_F(FileCommands, TheDrawingIsOfTheViewOnScreen) {
     std::vector<std::string> drawings;
     for (const Key view : {Key::VTop, Key::Front, Key::Side, Key::HTop}) {
-        Toolbar::click(view);
+        program.toolbar.click(view);
         answerFile(file("a.dxf"), 3);
-        Toolbar::click(Key::Save);
+        program.toolbar.click(Key::Save);
         drawings.push_back(contentOf(file("a.dxf")));
     }
     for (std::size_t i = 0; i < drawings.size(); ++i)
@@ -309,7 +317,7 @@ TEST_F(FileCommands, AnExportDrawsTheViewAgainWithWhatItHasShown) {
     Fuselages(1).width(1) = 444;
     for (const char* target : {"a.wrl", "missing/folder/a.wrl"}) {
         ObjectList.setShown(1, false);
-        Toolbar::click(Key::VTop);
+        program.toolbar.click(Key::VTop);
         // Its outline stands at another scale, of a view entered long ago.
         Main.views.fuselages(1).vtopPoints = Fuselages(1).computeVTopPoints({50, 0, 0});
         drawArea.calls.clear();
@@ -317,42 +325,43 @@ TEST_F(FileCommands, AnExportDrawsTheViewAgainWithWhatItHasShown) {
         ASSERT_TRUE(ObjectList.shown(1)) << target;
         ASSERT_FALSE(drawArea.calls.empty()) << target;
         EXPECT_EQ(drawArea.calls[0].kind, SurfaceCall::Kind::Clear) << target;
-        EXPECT_NEAR(Main.views.fuselages(1).vtopPoints(1).x, Main.xoff + 222 * Main.zoom, 1e-9)
+        EXPECT_NEAR(Main.views.fuselages(1).vtopPoints(1).x, Main.view.xoff + 222 * Main.view.zoom,
+                    1e-9)
             << target;
     }
 }
 
 TEST_F(FileCommands, AnExportKeepsTheScaleThatKeyAHasGiven) {
-    Toolbar::click(Key::Side);
+    program.toolbar.click(Key::Side);
     Main.DrawArea_keydown('A', 0);
-    const double near = Main.zoom;
+    const double near = Main.view.zoom;
     for (const int kind : {2, 3}) {
         saveAs("a", kind);
-        EXPECT_EQ(Main.zoom, near) << kind;
+        EXPECT_EQ(Main.view.zoom, near) << kind;
     }
 }
 
 TEST_F(FileCommands, ADrawingLeavesTheHandlesWhereTheyAreOnScreen) {
-    Toolbar::click(Key::VTop);
+    program.toolbar.click(Key::VTop);
     const Outline before = Main.views.wings(1).vtopPoints;
     answerFile(file("a.dxf"), 3);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_EQ(Main.views.wings(1).vtopPoints, before);
 }
 
 TEST_F(FileCommands, ACancelledSaveDoesNothing) {
     answerFile("", 2);
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_EQ(dialogs.story(), "save");
 }
 
 TEST_F(FileCommands, TheDialogsOfferTheKindsInTheirOrder) {
     dialogs.files = {{"", 1}, {"", 1}};
-    Toolbar::click(Key::Open);
+    program.toolbar.click(Key::Open);
     EXPECT_EQ(dialogs.asked.back().text,
               "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|"
               "Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|");
-    Toolbar::click(Key::Save);
+    program.toolbar.click(Key::Save);
     EXPECT_EQ(dialogs.asked.back().text,
               "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf");
 }
@@ -373,10 +382,9 @@ TEST_F(FileCommands, AnExportThatShowsAHiddenFuselageIsNoChangeToBeSaved) {
 TEST_F(FileCommands, ACancelledExportSaysNothingAndLeavesTheOldFile) {
     Fuselages(1).nb_cross = 9000;
     Fuselages(1).initArrays();
-    Toolbar::click(Key::Front);
-    // The watcher outlives the test's frame; the fixture takes it away.
-    static Impatient user;
-    progress = &user;
+    program.toolbar.click(Key::Front);
+    Impatient user;
+    program.shell.progress = &user;
     for (const int kind : {2, 3}) {
         dialogs.asked.clear();
         writeFile((folder / "a").string(), "old");
@@ -384,6 +392,7 @@ TEST_F(FileCommands, ACancelledExportSaysNothingAndLeavesTheOldFile) {
         EXPECT_EQ(dialogs.story(), "save") << kind;
         EXPECT_EQ(contentOf((folder / "a").string()), "old") << kind;
     }
+    program.shell.progress = nullptr;
 }
 
 }  // namespace

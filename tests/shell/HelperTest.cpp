@@ -1,12 +1,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "model/Fuselage.h"
-#include "model/Plane.h"
-#include "preview/Rendering.h"
-#include "shell/Helper.h"
-#include "shell/Preferences.h"
-#include "shell/Startup.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -20,10 +14,10 @@ protected:
         ShellFixture::SetUp();
         start();
         desktop.onPump = [this] {
-            velna::Startup::timer2Tick();
+            velna::program.startup.timer2Tick();
             Main.DrawArea_MouseMove(0, 0, static_cast<float>(desktop.cursor.x - 100),
                                     static_cast<float>(desktop.cursor.y - 400));
-            if (stopAfter && --*stopAfter == 0) Helper::stop();
+            if (stopAfter && --*stopAfter == 0) program.helper.stop();
         };
     }
 
@@ -33,16 +27,16 @@ protected:
 TEST_F(Demonstration, RunsWhenTheSettingsAskForItAndNotTheNextTime) {
     // The settings that a fresh installation starts with.
     writeFile(programFile("prefs.txt"), contentOf(VELNA_SOURCE_DIR "/src/shell/prefs.txt"));
-    velna::Startup::run();
+    velna::program.run();
     EXPECT_EQ(dialogs.story(), "message message message message");
-    velna::Startup::unload();
+    velna::program.quit.unload();
     dialogs.asked.clear();
-    Preferences::readAll();
-    EXPECT_EQ(Preferences::firstUseState, "Done");
+    program.preferences.readAll();
+    EXPECT_EQ(program.preferences.firstUseState, "Done");
 }
 
 TEST_F(Demonstration, ShowsFourBoxesWithTheirTexts) {
-    Helper::run();
+    program.helper.run();
     ASSERT_EQ(dialogs.asked.size(), 4u);
     const char* texts[] = {
         "The following demonstration shows how to use\nthe Mouse, the Shift and the Control key\n"
@@ -57,17 +51,17 @@ TEST_F(Demonstration, ShowsFourBoxesWithTheirTexts) {
 }
 
 TEST_F(Demonstration, DragsTheWingTipBackAndInwardAndInsertsASection) {
-    const double zoom = Main.zoom;
-    Helper::run();
+    const double zoom = Main.view.zoom;
+    program.helper.run();
     // The glide stops within 3 pixels of its end: 50 down, then 50 towards the body.
     EXPECT_NEAR(Wings(1).pos2, 10 + 50 / zoom, 5 / zoom);
     EXPECT_LT(Wings(1).span, 700);
     EXPECT_EQ(Fuselages(1).nb_sections, 4);
-    EXPECT_EQ(Main.mode, ViewMode::Side);
+    EXPECT_EQ(Main.view.mode, ViewMode::Side);
     EXPECT_EQ(Main.tab(), PanelTab::fuselage);
     EXPECT_EQ(desktop.calls.back(), "popup");
     EXPECT_FALSE(Main.controls[Control::ShiftButton].visible);
-    EXPECT_FALSE(Main.shiftkey || Main.ctrlkey);
+    EXPECT_FALSE(Main.pointer.shiftkey || Main.pointer.ctrlkey);
     EXPECT_FALSE(Main.anyBusy());
 }
 
@@ -79,7 +73,7 @@ TEST_F(Demonstration, TheSignStandsBesideTheCursor) {
             captions.push_back(sign.text);
         step();
     };
-    Helper::run();
+    program.helper.run();
     EXPECT_EQ(captions, (std::vector<std::string>{"Shift key", "Ctrl key"}));
 }
 
@@ -92,13 +86,13 @@ TEST_F(Demonstration, TheGlidesGoToTheirPlacesFromTheMiddleOfTheScreen) {
     };
     std::vector<Glide> glides;
     desktop.onPump = [&, step = desktop.onPump] {
-        if (glides.empty() || glides.back().to != Helper::cursorTarget)
-            glides.push_back({Helper::cursorPos, Helper::cursorTarget});
+        if (glides.empty() || glides.back().to != program.helper.cursorTarget)
+            glides.push_back({program.helper.cursorPos, program.helper.cursorTarget});
         step();
     };
-    const Point2D tip{700 * Main.zoom + Main.xoff + 100,
-                      (190 + 10 + 130.0 / 2) * Main.zoom + Main.yoff + 400};
-    Helper::run();
+    const Point2D tip{700 * Main.view.zoom + Main.view.xoff + 100,
+                      (190 + 10 + 130.0 / 2) * Main.view.zoom + Main.view.yoff + 400};
+    program.helper.run();
     ASSERT_EQ(glides.size(), 9u);
     EXPECT_EQ(glides[0].to, tip);
     for (const std::size_t i : {0u, 3u, 6u}) EXPECT_EQ(glides[i].from, (Point2D{500, 400})) << i;
@@ -125,44 +119,45 @@ TEST_F(Demonstration, StopsAtAnyStepWithNothingLeftBehind) {
     for (const int step : {1, 5, 40, 90, 130, 170, 220}) {
         SetUp();
         stopAfter = step;
-        Helper::run();
+        program.helper.run();
         EXPECT_FALSE(Main.anyBusy()) << step;
-        EXPECT_FALSE(Main.shiftkey || Main.ctrlkey || Main.altkey) << step;
+        EXPECT_FALSE(Main.pointer.shiftkey || Main.pointer.ctrlkey || Main.pointer.altkey) << step;
         EXPECT_FALSE(Main.controls[Control::ShiftButton].visible) << step;
         EXPECT_FALSE(desktop.timer2) << step;
-        EXPECT_FALSE(Helper::running) << step;
+        EXPECT_FALSE(program.helper.running) << step;
     }
 }
 
 TEST_F(Demonstration, EscapeInABoxStopsIt) {
     dialogs.dismissals = {true, false};
-    Helper::run();
+    program.helper.run();
     EXPECT_EQ(dialogs.asked.size(), 2u);
     EXPECT_EQ(Wings(1).pos2, 10);
 }
 
 TEST_F(Demonstration, AQuitMeanwhileStopsItAndThenAsks) {
+    writeFile(programFile("prefs.txt"), contentOf(VELNA_SOURCE_DIR "/src/shell/prefs.txt"));
     desktop.onPump = [this] {
-        velna::Startup::timer2Tick();
+        program.startup.timer2Tick();
         if (desktop.pumped == 20) {
-            EXPECT_FALSE(velna::Startup::queryUnload());
+            EXPECT_FALSE(program.quit.queryUnload());
         }
     };
-    Helper::run();
+    program.run();
     EXPECT_EQ(desktop.pumped, 20);
     EXPECT_EQ(desktop.calls.back(), "close main");
 }
 
 TEST_F(Demonstration, TheGlideGoesATenthOfTheWayAndStopsShort) {
-    Helper::cursorPos = {0, 0};
-    Helper::cursorTarget = {100, 50};
+    program.helper.cursorPos = {0, 0};
+    program.helper.cursorTarget = {100, 50};
     desktop.timer2 = true;
-    Helper::glideStep();
-    EXPECT_EQ(Helper::cursorPos, (Point2D{10, 5}));
+    program.helper.glideStep();
+    EXPECT_EQ(program.helper.cursorPos, (Point2D{10, 5}));
     EXPECT_EQ(desktop.cursorPath, (std::vector<Point2D>{{10, 5}}));
-    while (desktop.timer2) Helper::glideStep();
-    EXPECT_LT(100 - Helper::cursorPos.x, 3);
-    EXPECT_LT(50 - Helper::cursorPos.y, 3);
+    while (desktop.timer2) program.helper.glideStep();
+    EXPECT_LT(100 - program.helper.cursorPos.x, 3);
+    EXPECT_LT(50 - program.helper.cursorPos.y, 3);
     EXPECT_NE(desktop.cursorPath.back(), (Point2D{100, 50}));
 }
 

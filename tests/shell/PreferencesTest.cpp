@@ -1,10 +1,3 @@
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "preview/Rendering.h"
-#include "shell/Preferences.h"
-#include "shell/ToolbarCommands.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -15,20 +8,20 @@ protected:
     /// The options after reading `content`, as "inches millimetres".
     std::string optionsAfter(const std::string& content) {
         Prefs = {};
-        Preferences::firstUseState = "before";
+        program.preferences.firstUseState = "before";
         writeFile(programFile("prefs.txt"), content);
-        Preferences::readAll();
-        return std::string(Prefs.InchesOption ? "on " : "off ") +
-               (Prefs.MillimetersOption ? "on" : "off");
+        program.preferences.readAll();
+        return std::string(Main.Prefs.InchesOption ? "on " : "off ") +
+               (Main.Prefs.MillimetersOption ? "on" : "off");
     }
 };
 
 TEST_F(PreferencesFile, GivesTheStateAndBothOptions) {
     EXPECT_EQ(optionsAfter("\"DoIt\"\r\n#TRUE#\r\n#FALSE#\r\n"), "on off");
-    EXPECT_EQ(Preferences::firstUseState, "DoIt");
+    EXPECT_EQ(program.preferences.firstUseState, "DoIt");
     EXPECT_EQ(optionsAfter("\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n"), "off on");
-    EXPECT_EQ(Preferences::firstUseState, "Done");
-    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_EQ(program.preferences.firstUseState, "Done");
+    EXPECT_EQ(project.units, millimetres);
 }
 
 TEST_F(PreferencesFile, TheOptionsAreOneGroup) {
@@ -37,89 +30,90 @@ TEST_F(PreferencesFile, TheOptionsAreOneGroup) {
 
 TEST_F(PreferencesFile, ADamagedFileLeavesWhatItDoesNotTell) {
     EXPECT_EQ(optionsAfter(""), "off on");
-    EXPECT_EQ(Preferences::firstUseState, "before");
+    EXPECT_EQ(program.preferences.firstUseState, "before");
     EXPECT_EQ(optionsAfter("\"DoIt\"\r\n"), "off on");
-    EXPECT_EQ(Preferences::firstUseState, "DoIt");
+    EXPECT_EQ(program.preferences.firstUseState, "DoIt");
     EXPECT_EQ(optionsAfter("\"DoIt\"\r\n#TRUE#\r\n"), "on off");
     EXPECT_EQ(optionsAfter("\"DoIt\"\r\nmaybe\r\n#TRUE#\r\n"), "off on");
     EXPECT_EQ(optionsAfter(std::string("\0\xff\x80\r\n\x01", 6)), "off on");
 }
 
 TEST_F(PreferencesFile, AMissingFileChangesNothing) {
-    Preferences::readAll();
-    EXPECT_TRUE(Preferences::firstUseState.empty());
-    EXPECT_TRUE(Prefs.MillimetersOption);
+    program.preferences.readAll();
+    EXPECT_TRUE(program.preferences.firstUseState.empty());
+    EXPECT_TRUE(Main.Prefs.MillimetersOption);
 }
 
 TEST_F(PreferencesFile, GoesToTheUsersFolderWhereTheProgramsCannotBeWritten) {
     desktop.program = "/proc/velna-cannot-write-here/";
-    Prefs.selectUnit(inches);
-    Preferences::writeAll();
+    Main.Prefs.selectUnit(inches);
+    program.preferences.writeAll();
     EXPECT_EQ(contentOf(desktop.configuration + "prefs.txt"), "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
 }
 
 TEST_F(PreferencesFile, TheUsersOwnIsReadOnceItExistsWhereTheProgramsCannotBeWritten) {
     desktop.program = "/proc/velna-cannot-write-here/";
-    EXPECT_EQ(Preferences::fileToRead(), desktop.program + "prefs.txt");
+    EXPECT_EQ(program.preferences.fileToRead(), desktop.program + "prefs.txt");
     std::filesystem::create_directories(desktop.configuration);
     writeFile(desktop.configuration + "prefs.txt", "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
-    Preferences::readAll();
-    EXPECT_EQ(Preferences::firstUseState, "Done");
-    EXPECT_TRUE(Prefs.InchesOption);
+    program.preferences.readAll();
+    EXPECT_EQ(program.preferences.firstUseState, "Done");
+    EXPECT_TRUE(Main.Prefs.InchesOption);
 }
 
 TEST_F(PreferencesFile, WhatWasWrittenBesideTheProgramIsReadThere) {
     std::filesystem::create_directories(desktop.configuration);
     writeFile(desktop.configuration + "prefs.txt", "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
-    Prefs.selectUnit(inches);
-    Preferences::writeAll();
+    Main.Prefs.selectUnit(inches);
+    program.preferences.writeAll();
     Prefs = {};
-    Preferences::readAll();
-    EXPECT_TRUE(Prefs.InchesOption) << "an older one of the user's own does not hide it";
+    program.preferences.readAll();
+    EXPECT_TRUE(Main.Prefs.InchesOption) << "an older one of the user's own does not hide it";
 }
 
 TEST_F(PreferencesFile, WhatCouldOnlyBeWrittenToTheUsersFolderIsReadThere) {
     // The folder takes files, but this one cannot be replaced.
     std::filesystem::create_directory(programFile("prefs.txt"));
-    Prefs.selectUnit(inches);
-    Preferences::writeAll();
+    Main.Prefs.selectUnit(inches);
+    program.preferences.writeAll();
     Prefs = {};
-    Preferences::readAll();
-    EXPECT_TRUE(Prefs.InchesOption);
+    program.preferences.readAll();
+    EXPECT_TRUE(Main.Prefs.InchesOption);
     // Back beside the program as soon as that can be.
     std::filesystem::remove(programFile("prefs.txt"));
-    Prefs.selectUnit(millimetres);
-    Preferences::writeAll();
-    EXPECT_EQ(Preferences::fileToRead(), programFile("prefs.txt"));
-    Preferences::readAll();
-    EXPECT_FALSE(Prefs.InchesOption);
+    Main.Prefs.selectUnit(millimetres);
+    program.preferences.writeAll();
+    EXPECT_EQ(program.preferences.fileToRead(), programFile("prefs.txt"));
+    program.preferences.readAll();
+    EXPECT_FALSE(Main.Prefs.InchesOption);
 }
 
 TEST_F(PreferencesFile, WhatAnotherProgramFolderCouldNotHoldIsNotReadForThisOne) {
     const std::string here = desktop.program;
     writeFile(programFile("prefs.txt"), "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
     desktop.program = "/proc/velna-cannot-write-here/";
-    Prefs.selectUnit(inches);
-    Preferences::writeAll();
-    EXPECT_EQ(Preferences::fileToRead(), desktop.configuration + "prefs.txt");
+    Main.Prefs.selectUnit(inches);
+    program.preferences.writeAll();
+    EXPECT_EQ(program.preferences.fileToRead(), desktop.configuration + "prefs.txt");
     desktop.program = here;
-    EXPECT_EQ(Preferences::fileToRead(), programFile("prefs.txt"));
+    EXPECT_EQ(program.preferences.fileToRead(), programFile("prefs.txt"));
 }
 
 TEST_F(PreferencesFile, OfALongFileTheStartIsRead) {
     std::string longFile = "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n";
     longFile.resize(1 << 20, 'x');
     EXPECT_EQ(optionsAfter(longFile), "on off");
-    EXPECT_EQ(Preferences::settingsBytes(programFile("prefs.txt")), longFile.substr(0, 65536));
+    EXPECT_EQ(program.preferences.settingsBytes(programFile("prefs.txt")),
+              longFile.substr(0, 65536));
     // A text without an end is cut there, too.
     optionsAfter(std::string(1 << 20, 'x'));
-    EXPECT_EQ(Preferences::firstUseState.size(), 65536U);
+    EXPECT_EQ(program.preferences.firstUseState.size(), 65536U);
 }
 
 TEST_F(PreferencesFile, NowhereToWriteIsNoCrash) {
     desktop.program = "/proc/velna-a/";
     desktop.configuration = "/proc/velna-b/";
-    Preferences::writeAll();
+    program.preferences.writeAll();
     EXPECT_FALSE(std::filesystem::exists("/proc/velna-b/prefs.txt"));
 }
 
@@ -132,23 +126,23 @@ protected:
     /// Opens the form by the toolbar and does what `user` does in it.
     void open(std::function<void()> user) {
         dialogs.inPreferences = std::move(user);
-        Toolbar::click(Toolbar::Key::Prefs);
+        program.toolbar.click(Toolbar::Key::Prefs);
     }
 };
 
 TEST_F(PreferencesForm, ClosingUnchangedChangesNoValue) {
     Wings(1).span = 701.5;
-    open([] { Preferences::CloseCommand_Click(); });
+    open([] { program.preferences.CloseCommand_Click(); });
     EXPECT_EQ(Wings(1).span, 701.5);
-    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_EQ(project.units, millimetres);
     EXPECT_TRUE(Main.savedProject);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 TEST_F(PreferencesForm, AScaleOfFiftyHalvesEveryLengthOnce) {
     open([] {
-        Main.scaleTextKeyDown("50");
-        Preferences::CloseCommand_Click();
+        Main.Prefs.scaleTextKeyDown("50");
+        program.preferences.CloseCommand_Click();
     });
     EXPECT_EQ(Wings(1).span, 350);
     EXPECT_EQ(Rudder.span, 75);
@@ -157,15 +151,15 @@ TEST_F(PreferencesForm, AScaleOfFiftyHalvesEveryLengthOnce) {
     EXPECT_EQ(Wings(1).thickness1, 0.13);
     EXPECT_FALSE(Main.savedProject);
     EXPECT_EQ(Main.controls[Control::SpanText].text, "700");
-    EXPECT_EQ(Prefs.ScaleText, "100");
-    open([] { Preferences::CloseCommand_Click(); });
+    EXPECT_EQ(Main.Prefs.ScaleText, "100");
+    open([] { program.preferences.CloseCommand_Click(); });
     EXPECT_EQ(Wings(1).span, 350);
 }
 
 TEST_F(PreferencesForm, ATextTypedWithoutAFurtherKeyCounts) {
     open([] {
-        Prefs.ScaleText = "200";
-        Preferences::CloseCommand_Click();
+        Main.Prefs.ScaleText = "200";
+        program.preferences.CloseCommand_Click();
     });
     EXPECT_EQ(Wings(1).span, 1400);
 }
@@ -173,8 +167,8 @@ TEST_F(PreferencesForm, ATextTypedWithoutAFurtherKeyCounts) {
 TEST_F(PreferencesForm, ABadScaleLeavesTheModelAlone) {
     for (const char* text : {"", "abc", "0", "-50", "1e999", "nan"}) {
         open([&] {
-            Main.scaleTextKeyDown(text);
-            Preferences::CloseCommand_Click();
+            Main.Prefs.scaleTextKeyDown(text);
+            program.preferences.CloseCommand_Click();
         });
         EXPECT_EQ(Wings(1).span, 700) << text;
     }
@@ -182,48 +176,48 @@ TEST_F(PreferencesForm, ABadScaleLeavesTheModelAlone) {
 
 TEST_F(PreferencesForm, InchesConvertOnceAndBack) {
     open([] {
-        Prefs.selectUnit(inches);
-        Preferences::CloseCommand_Click();
+        Main.Prefs.selectUnit(inches);
+        program.preferences.CloseCommand_Click();
     });
     EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
-    open([] { Preferences::CloseCommand_Click(); });
+    open([] { program.preferences.CloseCommand_Click(); });
     EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
     EXPECT_EQ(Main.controls[Control::LengthERudderText].text, "3.15");
     open([] {
-        Prefs.selectUnit(millimetres);
-        Preferences::CloseCommand_Click();
+        Main.Prefs.selectUnit(millimetres);
+        program.preferences.CloseCommand_Click();
     });
     EXPECT_NEAR(Wings(1).span, 700, 1e-9);
 }
 
 TEST_F(PreferencesForm, CancelPutsTheOptionsBackToTheUnitInUse) {
     open([] {
-        Prefs.selectUnit(inches);
-        Main.scaleTextKeyDown("50");
-        Preferences::CancelCommand_Click();
+        Main.Prefs.selectUnit(inches);
+        Main.Prefs.scaleTextKeyDown("50");
+        program.preferences.CancelCommand_Click();
     });
-    EXPECT_EQ(Prefs.units, millimetres);
-    EXPECT_TRUE(Prefs.MillimetersOption);
-    EXPECT_FALSE(Prefs.InchesOption);
+    EXPECT_EQ(project.units, millimetres);
+    EXPECT_TRUE(Main.Prefs.MillimetersOption);
+    EXPECT_FALSE(Main.Prefs.InchesOption);
     EXPECT_EQ(Wings(1).span, 700);
-    EXPECT_EQ(Prefs.modelScaleFactor, 1.0);
-    EXPECT_EQ(Prefs.ScaleText, "100");
+    EXPECT_EQ(Main.Prefs.modelScaleFactor, 1.0);
+    EXPECT_EQ(Main.Prefs.ScaleText, "100");
 }
 
 TEST_F(PreferencesForm, TheSpanLabelFollowsTheFactor) {
-    Preferences::formLoad();
-    EXPECT_EQ(Preferences::spanText(), "1400");
-    Main.scaleTextKeyDown("25");
-    EXPECT_EQ(Preferences::spanText(), "350");
-    Main.scaleTextKeyDown("100");
+    program.preferences.formLoad();
+    EXPECT_EQ(program.preferences.spanText(), "1400");
+    Main.Prefs.scaleTextKeyDown("25");
+    EXPECT_EQ(program.preferences.spanText(), "350");
+    Main.Prefs.scaleTextKeyDown("100");
 }
 
 TEST_F(PreferencesForm, TheCommandFillsAllTabsAndEntersTheTopView) {
     Main.initSideView();
     Rudder.span = 42;
-    open([] { Preferences::CancelCommand_Click(); });
+    open([] { program.preferences.CancelCommand_Click(); });
     EXPECT_EQ(Main.controls[Control::SpanRudderText].text, "42");
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 }  // namespace

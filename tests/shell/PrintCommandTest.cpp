@@ -1,8 +1,6 @@
 // The Print command's ends: what is said, and what stands afterwards.
 
-#include "model/Plane.h"
 #include "output/Plans.h"
-#include "shell/ToolbarCommands.h"
 #include "support/Impatient.h"
 #include "support/RecordingPrinter.h"
 #include "support/ShellFixture.h"
@@ -21,18 +19,17 @@ protected:
         dialogs.printers = {&printer};
     }
     void TearDown() override {
-        progress = nullptr;
-        PrintSelect = {};
+        program.shell.progress = nullptr;
         ShellFixture::TearDown();
     }
     /// Prints the side view alone.
     void print() {
         dialogs.inPrintSelect = [] {
-            PrintSelect = {};
-            PrintSelect.Side = true;
-            PrintSelect.cancel = false;
+            program.PrintSelect = {};
+            program.PrintSelect.Side = true;
+            program.PrintSelect.cancel = false;
         };
-        Toolbar::click(Key::Print);
+        program.toolbar.click(Key::Print);
     }
 
     RecordingPrinter printer{190, 277};
@@ -42,7 +39,7 @@ TEST_F(PrintCommand, AsksWhatAndWhereAndEndsInTheTopView) {
     print();
     EXPECT_EQ(dialogs.story(), "printselect printer");
     EXPECT_EQ(printer.jobs(), std::vector<std::string>{"side"});
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 TEST_F(PrintCommand, TheFuselageThatAPlanLeavesCurrentIsTheOneThatThePanelShows) {
@@ -50,11 +47,11 @@ TEST_F(PrintCommand, TheFuselageThatAPlanLeavesCurrentIsTheOneThatThePanelShows)
     Main.scrollChanged(Control::IndexFusScroll, 1);
     Fuselages(2).width(1) = 77;
     dialogs.inPrintSelect = [] {
-        PrintSelect = {};
-        PrintSelect.front = true;
-        PrintSelect.cancel = false;
+        program.PrintSelect = {};
+        program.PrintSelect.front = true;
+        program.PrintSelect.cancel = false;
     };
-    Toolbar::click(Key::Print);
+    program.toolbar.click(Key::Print);
     EXPECT_EQ(currentFuselage, 2);
     EXPECT_EQ(Main.controls[Control::WidthFuselageText].text, "77");
 }
@@ -62,19 +59,19 @@ TEST_F(PrintCommand, TheFuselageThatAPlanLeavesCurrentIsTheOneThatThePanelShows)
 TEST_F(PrintCommand, FittedPlansLeaveALockedScaleAlone) {
     dialogs.printers = {&printer, &printer};
     Main.setChecked(Control::LockZoom, true);
-    const Transform locked = Main.transform();
+    const Transform locked = Main.view.transform();
     dialogs.inPrintSelect = [] {
-        PrintSelect = {};
-        PrintSelect.vtop = PrintSelect.front = true;
-        PrintSelect.cancel = false;
+        program.PrintSelect = {};
+        program.PrintSelect.vtop = program.PrintSelect.front = true;
+        program.PrintSelect.cancel = false;
     };
-    Toolbar::click(Key::Print);
+    program.toolbar.click(Key::Print);
     EXPECT_EQ(printer.jobs().size(), 2U);
-    EXPECT_EQ(Main.transform(), locked) << "the picture behind the model stays aligned";
+    EXPECT_EQ(Main.view.transform(), locked) << "the picture behind the model stays aligned";
     EXPECT_TRUE(Main.checked(Control::LockZoom));
     const auto once = printer.calls.size();
     Main.setChecked(Control::LockZoom, false);
-    Toolbar::click(Key::Print);
+    program.toolbar.click(Key::Print);
     ASSERT_EQ(printer.calls.size(), 2 * once);
     for (std::size_t i = 0; i < once; ++i)
         EXPECT_EQ(printer.calls[i].at, printer.calls[once + i].at) << "the whole aircraft";
@@ -85,7 +82,7 @@ TEST_F(PrintCommand, ACancelledPrinterEndsInTheTopViewWithThePanelFilled) {
     Main.textEdited(Control::WidthFuselageText, "55");
     print();
     EXPECT_EQ(dialogs.story(), "printselect printer");
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
     EXPECT_EQ(Main.controls[Control::WidthFuselageText].text, "20");
 }
 
@@ -94,7 +91,7 @@ TEST_F(PrintCommand, AFailureIsToldOnceWithItsReason) {
     print();
     EXPECT_EQ(dialogs.story(), "printselect printer message");
     EXPECT_NE(dialogs.asked.back().text.find("The printer is gone"), std::string::npos);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 TEST_F(PrintCommand, APlanOfNoSheetsSaysSoAndPrintsNothing) {
@@ -104,16 +101,16 @@ TEST_F(PrintCommand, APlanOfNoSheetsSaysSoAndPrintsNothing) {
     EXPECT_NE(dialogs.asked.back().text.find("no sheets"), std::string::npos);
     EXPECT_EQ(printer.pages(), 0);
     EXPECT_EQ(printer.count(PrinterCall::Kind::EndDoc), 0);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 TEST_F(PrintCommand, ACancelOnTheWaySaysNothing) {
     Impatient user;
-    progress = &user;
+    program.shell.progress = &user;
     print();
     EXPECT_EQ(dialogs.story(), "printselect printer");
     EXPECT_EQ(printer.calls.back().kind, PrinterCall::Kind::KillDoc);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 }  // namespace

@@ -3,16 +3,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include "model/Equipment.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "preview/Flying.h"
-#include "preview/Rendering.h"
-#include "preview/View.h"
-#include "shell/Preferences.h"
-#include "shell/Startup.h"
-#include "shell/ToolbarCommands.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -21,10 +11,10 @@ namespace {
 class Startup : public ShellFixture {};
 
 TEST_F(Startup, OpensInTheTopViewInMillimetresWithoutPrefs) {
-    velna::Startup::run();
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    velna::program.run();
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
     EXPECT_EQ(Main.tab(), PanelTab::wing);
-    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_EQ(project.units, millimetres);
     EXPECT_TRUE(Main.savedProject);
     EXPECT_TRUE(dialogs.asked.empty());
     EXPECT_EQ(Main.controls[Control::SpanText].text, "1400");
@@ -34,7 +24,7 @@ TEST_F(Startup, OpensInTheTopViewInMillimetresWithoutPrefs) {
 TEST_F(Startup, TheFirstViewHasNoPictureAndTheEntriesThatWorkOnOneWait) {
     Main.pictures[ViewMode::VTop].shown = true;
     Main.pictures[ViewMode::VTop].scale = 50;
-    velna::Startup::run();
+    velna::program.run();
     EXPECT_FALSE(Main.pictureHere().shown);
     EXPECT_EQ(Main.pictureHere().scale, 100);
     for (const Control entry : {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap})
@@ -42,7 +32,7 @@ TEST_F(Startup, TheFirstViewHasNoPictureAndTheEntriesThatWorkOnOneWait) {
 }
 
 TEST_F(Startup, ShowsSplashLayoutAndWindowInOrder) {
-    velna::Startup::run();
+    velna::program.run();
     const std::vector<std::string> expected{"splash Version 2.2.1",
                                             "help file " + desktop.program + "Velna.HLP",
                                             "caption Velna V2.2.1",
@@ -54,44 +44,44 @@ TEST_F(Startup, ShowsSplashLayoutAndWindowInOrder) {
 }
 
 TEST_F(Startup, DeletesTheLogBesideTheProgramOnly) {
-    velna::Startup::monitorLoad("a line");
+    velna::program.startup.monitorLoad("a line");
     EXPECT_EQ(contentOf(programFile("log.txt")), "a line\r\n");
-    velna::Startup::run();
+    velna::program.run();
     EXPECT_FALSE(std::filesystem::exists(programFile("log.txt")));
 }
 
 TEST_F(Startup, SmallFontsNeedASettingsFile) {
     desktop.textHeight = 16;
-    EXPECT_FALSE(velna::Startup::smallFontsMode());
+    EXPECT_FALSE(velna::program.startup.smallFontsMode());
     writeFile(programFile("prefs.txt"), "");
-    EXPECT_TRUE(velna::Startup::smallFontsMode());
+    EXPECT_TRUE(velna::program.startup.smallFontsMode());
     desktop.textHeight = 17;
-    EXPECT_FALSE(velna::Startup::smallFontsMode());
+    EXPECT_FALSE(velna::program.startup.smallFontsMode());
     desktop.textHeight.reset();
-    EXPECT_TRUE(velna::Startup::smallFontsMode());
+    EXPECT_TRUE(velna::program.startup.smallFontsMode());
 }
 
 TEST_F(Startup, TheOneTickGivesTheFirstViewAndStops) {
-    velna::Startup::run();
+    velna::program.run();
     ASSERT_TRUE(desktop.timer1);
-    EXPECT_EQ(Rendering::renderDistance, 100);
-    velna::Startup::timer1Tick();
+    EXPECT_EQ(program.rendering.renderDistance, 100);
+    velna::program.startup.timer1Tick();
     EXPECT_FALSE(desktop.timer1);
-    EXPECT_EQ(Rendering::renderDistance, 0);
-    EXPECT_EQ(Rendering::renderSpin, 900);
-    EXPECT_EQ(Rendering::renderTilt, 450);
-    EXPECT_EQ(Prefs.units, millimetres);
+    EXPECT_EQ(program.rendering.renderDistance, 0);
+    EXPECT_EQ(program.rendering.renderSpin, 900);
+    EXPECT_EQ(program.rendering.renderTilt, 450);
+    EXPECT_EQ(project.units, millimetres);
 }
 
 TEST_F(Startup, AStoredInchSettingConvertsAtTheFirstTick) {
     writeFile(programFile("prefs.txt"), "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
-    velna::Startup::run();
-    EXPECT_EQ(Prefs.units, millimetres);
+    velna::program.run();
+    EXPECT_EQ(project.units, millimetres);
     EXPECT_DOUBLE_EQ(Wings(1).span, 700);
-    velna::Startup::timer1Tick();
-    EXPECT_EQ(Prefs.units, inches);
+    velna::program.startup.timer1Tick();
+    EXPECT_EQ(project.units, inches);
     EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
-    EXPECT_DOUBLE_EQ(Equipment::servoTypes.front().length, 25 / 25.4);
+    EXPECT_DOUBLE_EQ(Equipment::servoTypes(project.units).front().length, 25 / 25.4);
     // All five tabs show the new unit, not only the wing's.
     EXPECT_EQ(Main.controls[Control::LengthBStabText].text, "5.12");
     EXPECT_EQ(Main.controls[Control::PosServoText].text, "7.87");
@@ -99,110 +89,110 @@ TEST_F(Startup, AStoredInchSettingConvertsAtTheFirstTick) {
 }
 
 TEST_F(Startup, TheGlideTimerStopsAtItsFirstTickWithoutAGlide) {
-    velna::Startup::run();
+    velna::program.run();
     ASSERT_TRUE(desktop.timer2);
-    velna::Startup::timer2Tick();
+    velna::program.startup.timer2Tick();
     EXPECT_FALSE(desktop.timer2);
     EXPECT_TRUE(desktop.cursorPath.empty());
 }
 
 TEST_F(Startup, QuittingAsksWithNoAsTheDefault) {
-    velna::Startup::run();
+    velna::program.run();
     dialogs.yesNo = {false, true};
-    EXPECT_FALSE(velna::Startup::queryUnload());
-    EXPECT_TRUE(velna::Startup::queryUnload());
+    EXPECT_FALSE(velna::program.quit.queryUnload());
+    EXPECT_TRUE(velna::program.quit.queryUnload());
     EXPECT_EQ(dialogs.asked[0].text, "Do you really want to quit Velna ?");
     EXPECT_EQ(dialogs.asked[0].icon, BoxIcon::Exclamation);
     EXPECT_FALSE(dialogs.asked[0].defaultYes);
 }
 
 TEST_F(Startup, TheFirstProperQuitWritesTheSettings) {
-    velna::Startup::run();
-    velna::Startup::unload();
+    velna::program.run();
+    velna::program.quit.unload();
     EXPECT_EQ(contentOf(programFile("prefs.txt")), "\"Done\"\r\n#FALSE#\r\n#TRUE#\r\n");
     EXPECT_EQ(Wings.size(), 0);
     EXPECT_EQ(Fuselages.size(), 0);
-    EXPECT_FALSE(Rendering::contextCreated);
+    EXPECT_FALSE(program.rendering.contextCreated);
     EXPECT_FALSE(desktop.timer1 || desktop.timer2);
     EXPECT_EQ(desktop.calls.back(), "close help");
 }
 
 TEST_F(Startup, TheKeyExitEndsAtOnceAndWritesNothing) {
-    velna::Startup::run();
-    Toolbar::click(Toolbar::Key::Exit);
+    velna::program.run();
+    program.toolbar.click(Toolbar::Key::Exit);
     EXPECT_EQ(desktop.calls.back(), "end");
     EXPECT_FALSE(std::filesystem::exists(programFile("prefs.txt")));
     EXPECT_TRUE(dialogs.asked.empty());
 }
 
 TEST_F(Startup, AQuitDuringAFlightEndsItFirstAndThenAsks) {
-    velna::Startup::run();
+    velna::program.run();
     int questions = 0;
     context.events = [&] {
         ++questions;
-        EXPECT_FALSE(velna::Startup::queryUnload());
-        EXPECT_FALSE(Flying::flying);
+        EXPECT_FALSE(velna::program.quit.queryUnload());
+        EXPECT_FALSE(program.flying.flying);
         EXPECT_TRUE(dialogs.asked.empty());
         EXPECT_NE(desktop.calls.back(), "close main");
     };
-    Toolbar::click(Toolbar::Key::FlyingPreview);
+    program.toolbar.click(Toolbar::Key::FlyingPreview);
     EXPECT_GE(questions, 1);
     EXPECT_EQ(desktop.calls.back(), "close main");
     desktop.calls.clear();
-    velna::Startup::closeIfAsked();
+    velna::program.quit.closeIfAsked();
     EXPECT_TRUE(desktop.calls.empty());
 }
 
 TEST_F(Startup, AQuitDuringACommandWaitsForItsEnd) {
-    velna::Startup::run();
+    velna::program.run();
     dialogs.inPreferences = [&] {
-        EXPECT_FALSE(velna::Startup::queryUnload());
-        velna::Startup::closeIfAsked();
+        EXPECT_FALSE(velna::program.quit.queryUnload());
+        velna::program.quit.closeIfAsked();
         EXPECT_NE(desktop.calls.back(), "close main");
     };
-    Toolbar::click(Toolbar::Key::Prefs);
+    program.toolbar.click(Toolbar::Key::Prefs);
     EXPECT_EQ(desktop.calls.back(), "close main");
     dialogs.yesNo = {true};
-    EXPECT_TRUE(velna::Startup::queryUnload()) << "and is asked then";
+    EXPECT_TRUE(velna::program.quit.queryUnload()) << "and is asked then";
     EXPECT_EQ(dialogs.asked.back().text, "Do you really want to quit Velna ?");
 }
 
 TEST_F(Startup, ALogOutIsAskedOnceAndAPressWithdrawsTheAnswer) {
-    velna::Startup::run();
+    velna::program.run();
     dialogs.yesNo = {false, true, true, false};
-    EXPECT_FALSE(velna::Startup::querySessionEnd());
-    EXPECT_TRUE(velna::Startup::queryUnload()) << "a No is no agreement: the next close asks";
-    EXPECT_TRUE(velna::Startup::querySessionEnd());
+    EXPECT_FALSE(velna::program.quit.querySessionEnd());
+    EXPECT_TRUE(velna::program.quit.queryUnload()) << "a No is no agreement: the next close asks";
+    EXPECT_TRUE(velna::program.quit.querySessionEnd());
     const auto questions = dialogs.asked.size();
-    EXPECT_TRUE(velna::Startup::queryUnload());
+    EXPECT_TRUE(velna::program.quit.queryUnload());
     EXPECT_EQ(dialogs.asked.size(), questions) << "a Yes is not asked for twice";
-    velna::Startup::sessionGoesOn();
-    EXPECT_FALSE(velna::Startup::queryUnload());
+    velna::program.quit.sessionGoesOn();
+    EXPECT_FALSE(velna::program.quit.queryUnload());
 }
 
 TEST_F(Startup, AnEndBeforeTheSettingsAreReadLeavesThemAlone) {
     const std::string content = "\"DoIt\"\r\n#TRUE#\r\n#FALSE#\r\n";
     writeFile(programFile("prefs.txt"), content);
-    Preferences::known = false;
-    velna::Startup::initMain();
-    velna::Startup::unload();
+    program.preferences.known = false;
+    velna::program.startup.initMain();
+    velna::program.quit.unload();
     EXPECT_EQ(contentOf(programFile("prefs.txt")), content);
 }
 
 nlohmann::json shownNow() {
-    const Rendering::View& view = Rendering::shownView;
+    const View& view = program.rendering.shownView;
     return {"setViewTransform", view.panX, view.panY, view.distance, view.spin, view.tilt};
 }
 
 void expectViewState(const nlohmann::json& state, const std::string& step) {
-    EXPECT_EQ(Rendering::renderSpin, state["renderSpin"].get<double>()) << step;
-    EXPECT_EQ(Rendering::renderTilt, state["renderTilt"].get<double>()) << step;
-    EXPECT_EQ(Rendering::renderDistance, state["renderDistance"].get<double>()) << step;
-    EXPECT_EQ(Rendering::renderPanX, state["renderPanX"].get<double>()) << step;
-    EXPECT_EQ(Rendering::renderPanY, state["renderPanY"].get<double>()) << step;
-    EXPECT_EQ(Rendering::rotating, state["rotating"].get<bool>()) << step;
-    EXPECT_EQ(Rendering::zooming, state["zooming"].get<bool>()) << step;
-    EXPECT_EQ(Rendering::panning, state["panning"].get<bool>()) << step;
+    EXPECT_EQ(program.rendering.renderSpin, state["renderSpin"].get<double>()) << step;
+    EXPECT_EQ(program.rendering.renderTilt, state["renderTilt"].get<double>()) << step;
+    EXPECT_EQ(program.rendering.renderDistance, state["renderDistance"].get<double>()) << step;
+    EXPECT_EQ(program.rendering.renderPanX, state["renderPanX"].get<double>()) << step;
+    EXPECT_EQ(program.rendering.renderPanY, state["renderPanY"].get<double>()) << step;
+    EXPECT_EQ(program.rendering.rotating, state["rotating"].get<bool>()) << step;
+    EXPECT_EQ(program.rendering.zooming, state["zooming"].get<bool>()) << step;
+    EXPECT_EQ(program.rendering.panning, state["panning"].get<bool>()) << step;
 }
 
 /// Contexts made, lists built and frames shown of a step. A new context shows a first picture, and
@@ -233,17 +223,17 @@ TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
     for (const auto& scenario : cases["startup"]) {
         SetUp();
         GlTape::calls().clear();
-        velna::Startup::run();
-        Prefs.selectUnit(scenario["InchesOption"].get<bool>() ? inches : millimetres);
+        velna::program.run();
+        Main.Prefs.selectUnit(scenario["InchesOption"].get<bool>() ? inches : millimetres);
         nlohmann::json expected;
         for (const auto& step : scenario["steps"]) {
             const auto name = step["step"].get<std::string>();
             if (name.starts_with("press")) {
-                Rendering::mouseDown(Rendering::leftButton, 0, 300, 100);
-                Rendering::mouseMove(301, 100);
+                program.renderPointer.mouseDown(Rendering::leftButton, 0, 300, 100);
+                program.renderPointer.mouseMove(301, 100);
             }
-            if (name == "release") Rendering::mouseUp(Rendering::leftButton, 301, 100);
-            if (name.starts_with("Timer1") && desktop.timer1) velna::Startup::timer1Tick();
+            if (name == "release") program.renderPointer.mouseUp(Rendering::leftButton, 301, 100);
+            if (name.starts_with("Timer1") && desktop.timer1) velna::program.startup.timer1Tick();
             for (const auto& call : step["calls"])
                 if (call[0] == "setViewTransform") expected = call;
             if (!expected.empty()) {

@@ -1,6 +1,5 @@
 // The row of buttons as the user sees it.
 
-#include "shell/ToolbarCommands.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -34,8 +33,8 @@ TEST_F(ToolbarButtons, HaveTheirTipsAndKinds) {
     };
     std::size_t i = 0;
     for (const Row& row : rows) {
-        EXPECT_STREQ(Toolbar::buttons[i].tip, row.tip);
-        EXPECT_EQ(Toolbar::buttons[i].kind, row.kind) << row.tip;
+        EXPECT_STREQ(Toolbar::buttons()[i].tip, row.tip);
+        EXPECT_EQ(Toolbar::buttons()[i].kind, row.kind) << row.tip;
         ++i;
     }
 }
@@ -47,7 +46,7 @@ TEST_F(ToolbarButtons, OneViewIsPressedAndHTopCanBeOnlyInSideAndHTop) {
     const std::pair<Key, bool> views[] = {
         {Key::VTop, false}, {Key::Front, false}, {Key::Side, true}, {Key::HTop, true}};
     for (std::size_t i = 0; i < 4; ++i) {
-        Toolbar::click(views[i].first);
+        program.toolbar.click(views[i].first);
         for (std::size_t j = 0; j < 4; ++j) EXPECT_EQ(Main.checked(group[j]), i == j) << i << j;
         EXPECT_EQ(Main.controls[Control::HTopButton].enabled, views[i].second) << i;
     }

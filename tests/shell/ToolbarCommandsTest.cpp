@@ -2,11 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "model/Plane.h"
 #include "output/Plans.h"
-#include "preview/Flying.h"
-#include "preview/Rendering.h"
-#include "shell/ToolbarCommands.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {
@@ -24,7 +20,7 @@ protected:
 
 TEST_F(ToolbarCommands, TheBarHasItsFourteenButtonsInOrder) {
     std::string names;
-    for (const auto& button : Toolbar::buttons) {
+    for (const auto& button : Toolbar::buttons()) {
         names += std::string(button.name) + " ";
         EXPECT_STRNE(button.tip, "");
     }
@@ -34,19 +30,19 @@ TEST_F(ToolbarCommands, TheBarHasItsFourteenButtonsInOrder) {
 }
 
 TEST_F(ToolbarCommands, TheViewButtonsSetTheirTabs) {
-    Toolbar::click(Key::Side);
-    EXPECT_EQ(Main.mode, ViewMode::Side);
+    program.toolbar.click(Key::Side);
+    EXPECT_EQ(Main.view.mode, ViewMode::Side);
     EXPECT_EQ(Main.tab(), PanelTab::fuselage);
     Main.selectTab(PanelTab::electronics);
-    Toolbar::click(Key::HTop);
-    EXPECT_EQ(Main.mode, ViewMode::HTop);
+    program.toolbar.click(Key::HTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::HTop);
     EXPECT_EQ(Main.tab(), PanelTab::electronics);
-    Toolbar::click(Key::Front);
-    EXPECT_EQ(Main.mode, ViewMode::Front);
+    program.toolbar.click(Key::Front);
+    EXPECT_EQ(Main.view.mode, ViewMode::Front);
     EXPECT_EQ(Main.tab(), PanelTab::wing);
     Main.selectTab(PanelTab::rudder);
-    Toolbar::click(Key::VTop);
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    program.toolbar.click(Key::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
     EXPECT_EQ(Main.tab(), PanelTab::wing);
 }
 
@@ -54,7 +50,7 @@ TEST_F(ToolbarCommands, TheColourDialogStartsFromTheElementsColour) {
     Main.selectTab(PanelTab::rudder);
     Rudder.set_color({127.5, 128.5, 0.5});
     dialogs.colours = {1122867};
-    Toolbar::click(Key::Palette);
+    program.toolbar.click(Key::Palette);
     EXPECT_EQ(dialogs.asked.back().colour, 32896u);
     EXPECT_EQ(Rudder.color(), (Point3D{51, 34, 17}));
     EXPECT_FALSE(Main.savedProject);
@@ -64,7 +60,7 @@ TEST_F(ToolbarCommands, ACancelledColourDialogChangesNothing) {
     Main.selectTab(PanelTab::stabilizer);
     Stabilizer.set_color({0.25, 0.5, 0.75});
     dialogs.colours = {std::nullopt};
-    Toolbar::click(Key::Palette);
+    program.toolbar.click(Key::Palette);
     EXPECT_EQ(Stabilizer.color(), (Point3D{0.25, 0.5, 0.75}));
     EXPECT_TRUE(Main.savedProject);
 }
@@ -72,11 +68,11 @@ TEST_F(ToolbarCommands, ACancelledColourDialogChangesNothing) {
 TEST_F(ToolbarCommands, TheElectronicsTabPicksAColourForNothing) {
     Main.selectTab(PanelTab::wing);
     dialogs.colours = {8453889, 65280};
-    Toolbar::click(Key::Palette);
+    program.toolbar.click(Key::Palette);
     EXPECT_EQ(Wings(1).color(), (Point3D{1, 255, 128}));
     Main.selectTab(PanelTab::electronics);
     const int swaps = GlTape::count("SwapBuffers");
-    Toolbar::click(Key::Palette);
+    program.toolbar.click(Key::Palette);
     EXPECT_EQ(dialogs.asked.back().colour, 8453889u);
     EXPECT_EQ(Wings(1).color(), (Point3D{1, 255, 128}));
     EXPECT_EQ(GlTape::count("SwapBuffers"), swaps + 1);
@@ -84,31 +80,31 @@ TEST_F(ToolbarCommands, TheElectronicsTabPicksAColourForNothing) {
 
 TEST_F(ToolbarCommands, RenderTogglesAndBuildsEitherWay) {
     const int swaps = GlTape::count("SwapBuffers");
-    Toolbar::click(Key::Render);
+    program.toolbar.click(Key::Render);
     EXPECT_TRUE(Main.renderPressed());
-    Toolbar::click(Key::Render);
+    program.toolbar.click(Key::Render);
     EXPECT_FALSE(Main.renderPressed());
     EXPECT_EQ(GlTape::count("SwapBuffers"), swaps + 2);
 }
 
 TEST_F(ToolbarCommands, CenteringTogglesItsFlagAndNothingElse) {
-    Toolbar::click(Key::Centering);
-    EXPECT_TRUE(Main.centerUpdate);
-    Toolbar::click(Key::Centering);
-    EXPECT_FALSE(Main.centerUpdate);
+    program.toolbar.click(Key::Centering);
+    EXPECT_TRUE(Main.view.centerUpdate);
+    program.toolbar.click(Key::Centering);
+    EXPECT_FALSE(Main.view.centerUpdate);
 }
 
 TEST_F(ToolbarCommands, CommandsAreDeafDuringAFlight) {
     context.events = [&] {
         for (const Key key : {Key::New, Key::Open, Key::Save, Key::Print, Key::Prefs, Key::Palette})
-            Toolbar::click(key);
+            program.toolbar.click(key);
         EXPECT_TRUE(dialogs.asked.empty());
-        Toolbar::click(Key::FlyingPreview);
+        program.toolbar.click(Key::FlyingPreview);
         // The rest of this turn's events still meets the scaled project.
-        Toolbar::click(Key::Save);
+        program.toolbar.click(Key::Save);
         EXPECT_TRUE(dialogs.asked.empty());
     };
-    Toolbar::click(Key::FlyingPreview);
+    program.toolbar.click(Key::FlyingPreview);
     EXPECT_EQ(Wings(1).span, 700);
 }
 
@@ -130,9 +126,9 @@ TEST_F(ToolbarCommands, ColoursGoThroughTheDialogAsComputedByOtherMeans) {
 }
 
 TEST_F(ToolbarCommands, TheFlightsButtonStartsAndEndsIt) {
-    context.events = [] { Toolbar::click(Key::FlyingPreview); };
-    Toolbar::click(Key::FlyingPreview);
-    EXPECT_FALSE(Flying::flying);
+    context.events = [] { program.toolbar.click(Key::FlyingPreview); };
+    program.toolbar.click(Key::FlyingPreview);
+    EXPECT_FALSE(program.flying.flying);
     EXPECT_FALSE(Main.checked(Control::FlyingPreviewButton));
     EXPECT_EQ(Wings(1).span, 700);
 }
@@ -140,7 +136,7 @@ TEST_F(ToolbarCommands, TheFlightsButtonStartsAndEndsIt) {
 TEST_F(ToolbarCommands, TheFrustumPromptTakesANumberAboveZeroOnly) {
     const int created = GlTape::count("create");
     dialogs.texts = {std::nullopt, "", "0", "-5", "abc", "1e999", "50"};
-    for (int i = 0; i < 7; ++i) Toolbar::frustumPrompt();
+    for (int i = 0; i < 7; ++i) program.toolbar.frustumPrompt();
     EXPECT_EQ(GlTape::count("create"), created + 1);
     EXPECT_EQ(dialogs.asked[0].text, "Enter max frustrum value [100]|100");
     EXPECT_EQ(dialogs.asked[0].title, "Special feature for the members of Velna Expert Group");
@@ -148,29 +144,29 @@ TEST_F(ToolbarCommands, TheFrustumPromptTakesANumberAboveZeroOnly) {
 
 TEST_F(ToolbarCommands, CancelInPrintSelectLeavesTheViewAsItWas) {
     Main.initSideView();
-    dialogs.inPrintSelect = [] { PrintSelect.cancel = true; };
-    Toolbar::click(Key::Print);
+    dialogs.inPrintSelect = [] { program.PrintSelect.cancel = true; };
+    program.toolbar.click(Key::Print);
     EXPECT_EQ(dialogs.story(), "printselect");
-    EXPECT_EQ(Main.mode, ViewMode::Side);
+    EXPECT_EQ(Main.view.mode, ViewMode::Side);
 }
 
 TEST_F(ToolbarCommands, ACancelledPrinterDialogPrintsNothingAndEndsInTheTopView) {
     Main.initSideView();
     dialogs.inPrintSelect = [] {
-        PrintSelect = {};
-        PrintSelect.cancel = false;
-        PrintSelect.Side = PrintSelect.front = true;
+        program.PrintSelect = {};
+        program.PrintSelect.cancel = false;
+        program.PrintSelect.Side = program.PrintSelect.front = true;
     };
     dialogs.printers = {nullptr};
-    Toolbar::click(Key::Print);
+    program.toolbar.click(Key::Print);
     EXPECT_EQ(dialogs.asked.back().text, "side front ");
-    EXPECT_EQ(Main.mode, ViewMode::VTop);
+    EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
 TEST_F(ToolbarCommands, ManagerAndHelpOpen) {
-    Toolbar::click(Key::Manager);
+    program.toolbar.click(Key::Manager);
     EXPECT_EQ(dialogs.story(), "manager");
-    Toolbar::click(Key::Help);
+    program.toolbar.click(Key::Help);
     EXPECT_EQ(desktop.calls.back(), "help");
 }
 

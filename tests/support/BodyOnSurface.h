@@ -1,8 +1,8 @@
 #pragma once
 
-#include "editor/Main.h"
 #include "model/Fuselage.h"
 #include "support/EditorBench.h"
+#include "support/EditorInHand.h"
 #include "support/HandleRows.h"
 #include "support/PartsOnSurface.h"
 
@@ -16,9 +16,9 @@ protected:
     /// Draws it plainly afresh and forgets the drawing.
     void place() {
         preparePress();
-        part.drawSide(Main.zoom, Main.xoff, Main.yoff, noSection, FuselageLook::bar);
-        part.drawHTop(Main.zoom, Main.xoff, Main.yoff, noSection, FuselageLook::bar);
-        part.computeVTopPoints(Main.zoom, Main.xoff, Main.yoff);
+        part.drawSide(Main.view.zoom, Main.view.xoff, Main.view.yoff, noSection, FuselageLook::bar);
+        part.drawHTop(Main.view.zoom, Main.view.xoff, Main.view.yoff, noSection, FuselageLook::bar);
+        part.computeVTopPoints(Main.view.zoom, Main.view.xoff, Main.view.yoff);
         bench.forget();
     }
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "editor/Main.h"
+#include "support/EditorInHand.h"
 
 namespace velna::test {
 

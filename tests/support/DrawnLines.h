@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "common/Palette.h"
-#include "model/Plane.h"
+#include "support/InHand.h"
 #include "support/RecordingSurface.h"
 
 namespace velna {
@@ -16,9 +16,9 @@ inline void PrintTo(const Rgb& colour, std::ostream* out) {
         *out << "white";
     else if (colour == black)
         *out << "black";
-    else if (colour == dimColor)
+    else if (colour == project.dimColor)
         *out << "dim";
-    else if (colour == highlightColor)
+    else if (colour == project.highlightColor)
         *out << "highlight";
     else
         *out << "rgb(" << int{colour.red} << ", " << int{colour.green} << ", " << int{colour.blue}

@@ -1,18 +1,14 @@
 #include "support/EditorBench.h"
 
-#include "model/Plane.h"
-#include "support/FreshModel.h"
-
 namespace velna::test {
 
 EditorBench::EditorBench() {
+    resetEditor();
     Main.DrawArea = &area;
     Main.DrawSectionArea = &sectionArea;
     Main.window = &window;
-    Main.reset();
-    resetModel();
     Main.zoomSectionSet();
-    Plane::createAllSolids();
+    solids.createAll(project);
     Main.updateWingInterface();
     Main.updateStabilizerInterface();
     Main.updateFuselageInterface();
@@ -25,10 +21,7 @@ EditorBench::EditorBench() {
 }
 
 EditorBench::~EditorBench() {
-    Main.reset();
-    Main.DrawArea = nullptr;
-    Main.DrawSectionArea = nullptr;
-    Main.window = nullptr;
+    resetEditor();
 }
 
 void EditorBench::forget() {

@@ -4,15 +4,15 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
+#include "support/EditorInHand.h"
 #include "support/RecordingSurface.h"
 #include "support/RecordingWindow.h"
 
 namespace velna::test {
 
 /// The editor as it stands after start-up, on recorders: the default aircraft in millimetres seen
-/// from above on a surface of 900 x 500, the wing tab open, nothing to save. Making it resets all
-/// program-wide state.
+/// from above on a surface of 900 x 500, the wing tab open, nothing to save. Making it begins with
+/// a fresh form and project.
 class EditorBench {
 public:
     EditorBench();

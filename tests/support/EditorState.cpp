@@ -3,16 +3,25 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 
 #include "editor/PanelTable.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
+#include "support/ScenarioForm.h"
 
 namespace velna::test {
 namespace {
 
 using nlohmann::json;
+
+template <class Field>
+void assign(Field& field, const json& value) {
+    if constexpr (std::is_integral_v<Field> && !std::is_same_v<Field, bool>)
+        field = static_cast<Field>(wholeNumber(value));
+    else
+        value.get_to(field);
+}
 
 /// A field of an object under its name: how to read it and how to assign it.
 template <class Object>
@@ -25,7 +34,7 @@ struct Named {
 template <auto field, class Object>
 constexpr Named<Object> named(const char* name) {
     return {name, [](const Object& object) { return json(object.*field); },
-            [](Object& object, const json& value) { value.get_to(object.*field); }};
+            [](Object& object, const json& value) { assign(object.*field, value); }};
 }
 
 using W = SymWingSections;
@@ -146,7 +155,7 @@ void addModel(json& state) {
     state["currentFuselage"] = currentFuselage;
     state["nbEquipments"] = nbEquipments;
     state["currentEquipment"] = currentEquipment;
-    state["units"] = Prefs.units;
+    state["units"] = project.units;
     const AircraftViews& views = Main.views;
     for (int i = 1; i <= nbWings; ++i)
         addObject(state, indexed("Wings", i), Wings(i), wingFields, views.wings(i).grip);
@@ -163,7 +172,7 @@ void addModel(json& state) {
 }
 
 json iconName() {
-    switch (Main.cursorIcon) {
+    switch (Main.pointer.cursorIcon) {
         case CursorIcon::NSShapeIcon:
             return "NSShapeIcon";
         case CursorIcon::EWShapeIcon:
@@ -175,20 +184,20 @@ json iconName() {
 }
 
 void addViewAndPointer(json& state, const EditorBench& bench) {
-    state["mode"] = Main.mode;
+    state["mode"] = Main.view.mode;
     state["tab"] = Main.tab();
-    state["zoom"] = Main.zoom;
-    state["xoff"] = Main.xoff;
-    state["yoff"] = Main.yoff;
-    state["xloc"] = Main.xloc;
-    state["yloc"] = Main.yloc;
-    state["shiftkey"] = Main.shiftkey;
-    state["ctrlkey"] = Main.ctrlkey;
-    state["altkey"] = Main.altkey;
-    state["focusZoom"] = Main.focusZoom;
-    state["firstPictureRefresh"] = Main.firstPictureRefresh;
+    state["zoom"] = Main.view.zoom;
+    state["xoff"] = Main.view.xoff;
+    state["yoff"] = Main.view.yoff;
+    state["xloc"] = Main.pointer.xloc;
+    state["yloc"] = Main.pointer.yloc;
+    state["shiftkey"] = Main.pointer.shiftkey;
+    state["ctrlkey"] = Main.pointer.ctrlkey;
+    state["altkey"] = Main.pointer.altkey;
+    state["focusZoom"] = Main.view.focusZoom;
+    state["firstPictureRefresh"] = Main.view.firstPictureRefresh;
     state["savedProject"] = Main.savedProject;
-    state["cursor"] = static_cast<int>(Main.cursor);
+    state["cursor"] = static_cast<int>(Main.pointer.cursor);
     state["icon"] = iconName();
     const BackgroundPicture& picture = Main.pictureHere();
     state["picturePos.x"] = picture.position.x;
@@ -264,15 +273,44 @@ PathPart splitIndex(const std::string& part) {
     return {part.substr(0, open), std::stoi(part.substr(open + 1))};
 }
 
+/// A number of a list, from 1 to `count`.
+int within(int number, int count, const std::string& path) {
+    if (number < 1 || number > count) throw std::runtime_error("no such object: " + path);
+    return number;
+}
+
+void setNbCross(MeshSections& fuselage, std::int16_t points) {
+    if (points < 0 || points > 1000) throw std::runtime_error("nb_cross is not 0 to 1000");
+    fuselage.nb_cross = points;
+    // The outline's arrays fit the number of its points, but for 0, which is no shape yet.
+    if (points != 0) fuselage.initArrays();
+}
+
 void setFuselageField(MeshSections& fuselage, const PathPart& field, const json& value) {
     if (field.index == 0) {
-        setField(fuselage, fuselageFields, field.name, value);
-        // The outline's arrays fit the number of its points, but for 0, which is no shape yet.
-        if (field.name == "nb_cross" && fuselage.nb_cross != 0) fuselage.initArrays();
-        return;
+        if (field.name == "nb_cross") return setNbCross(fuselage, wholeNumber(value));
+        if (field.name == "nb_sections" || field.name == "sel_sec")
+            within(wholeNumber(value), fuselage.sectionCount(), field.name);
+        return setField(fuselage, fuselageFields, field.name, value);
     }
+    within(field.index, fuselage.sectionCount(), field.name);
     for (const auto& row : sectionFields)
-        if (field.name == row.name) value.get_to((fuselage.*row.field)(field.index));
+        if (field.name == row.name) {
+            value.get_to((fuselage.*row.field)(field.index));
+            return;
+        }
+    throw std::runtime_error("no such field: " + field.name);
+}
+
+/// The numbers of the current objects.
+void setCurrent(const std::string& path, const json& value) {
+    const std::int16_t number = wholeNumber(value);
+    if (path == "currentFuselage")
+        currentFuselage = static_cast<std::int16_t>(within(number, nbFuselages, path));
+    else if (path == "currentEquipment")
+        currentEquipment = static_cast<std::int16_t>(within(number, nbEquipments, path));
+    else
+        throw std::runtime_error("no such field: " + path);
 }
 
 }  // namespace
@@ -288,19 +326,22 @@ json editorState(const EditorBench& bench) {
 
 void setModelField(const std::string& path, const json& value) {
     const auto dot = path.find('.');
-    if (dot == std::string::npos) {
-        if (path == "currentFuselage") value.get_to(currentFuselage);
-        if (path == "currentEquipment") value.get_to(currentEquipment);
-        return;
-    }
+    if (dot == std::string::npos) return setCurrent(path, value);
     const PathPart object = splitIndex(path.substr(0, dot));
     const PathPart field = splitIndex(path.substr(dot + 1));
-    if (object.name == "Wings") setField(Wings(object.index), wingFields, field.name, value);
-    if (object.name == "Stabilizer") setField(Stabilizer, wingFields, field.name, value);
-    if (object.name == "Rudder") setField(Rudder, finFields, field.name, value);
-    if (object.name == "Fuselages") setFuselageField(Fuselages(object.index), field, value);
-    if (object.name == "Equipments")
-        setField(Equipments(object.index), boxFields, field.name, value);
+    const auto numberOf = [&](int count) { return within(object.index, count, path); };
+    if (object.name == "Wings")
+        setField(Wings(numberOf(nbWings)), wingFields, field.name, value);
+    else if (object.name == "Stabilizer")
+        setField(Stabilizer, wingFields, field.name, value);
+    else if (object.name == "Rudder")
+        setField(Rudder, finFields, field.name, value);
+    else if (object.name == "Fuselages")
+        setFuselageField(Fuselages(numberOf(nbFuselages)), field, value);
+    else if (object.name == "Equipments")
+        setField(Equipments(numberOf(nbEquipments)), boxFields, field.name, value);
+    else
+        throw std::runtime_error("no such object: " + path);
 }
 
 }  // namespace velna::test

@@ -10,7 +10,8 @@ namespace velna::test {
 /// "text.SpanText", "cursor"). Fields of sections go by storage index.
 nlohmann::json editorState(const EditorBench& bench);
 
-/// Assigns a model field by such a name.
+/// Assigns a model field by such a name. Throws std::exception for a name that is none, and for a
+/// value that the field cannot have.
 void setModelField(const std::string& path, const nlohmann::json& value);
 
 }  // namespace velna::test

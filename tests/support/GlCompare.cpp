@@ -26,8 +26,13 @@ struct Texture {
     std::array<std::string, 2> wrap{"GL_REPEAT", "GL_REPEAT"};
     std::array<std::string, 2> filter{"GL_LINEAR", "GL_NEAREST_MIPMAP_LINEAR"};
     std::string environment = "GL_MODULATE";
+    std::string title;  ///< of the picture's file, empty where it is not told
 
-    friend bool operator==(const Texture&, const Texture&) = default;
+    friend bool operator==(const Texture& a, const Texture& b) {
+        return a.size == b.size && a.wrap == b.wrap && a.filter == b.filter &&
+               a.environment == b.environment &&
+               (a.title.empty() || b.title.empty() || a.title == b.title);
+    }
 };
 
 /// What stands between a glBegin and its glEnd, with the state that holds there.
@@ -78,6 +83,7 @@ void Machine::takeState(const std::string& name, const json& call) {
         color = call[3].get<std::array<double, 4>>();
     } else if (name == "glTexImage2D") {
         textures[bound].size = {call[4], call[5]};
+        textures[bound].title = call.back().is_string() ? call.back().get<std::string>() : "";
     } else if (name == "glBindTexture") {
         bound = call[2];
     } else if (starts(name, "glTexParameter")) {
@@ -264,6 +270,20 @@ std::vector<std::string> glDifferences(const GlCalls& expected, const GlCalls& a
     Comparison comparison(soft);
     comparison.compare(stream(expected), stream(actual));
     return comparison.lines;
+}
+
+std::vector<std::size_t> softNormals(const GlCalls& expected, const std::vector<std::size_t>& soft,
+                                     const GlCalls& actual) {
+    const std::set<std::size_t> given(soft.begin(), soft.end());
+    const std::vector<Primitive> from = stream(expected);
+    const std::vector<Primitive> to = stream(actual);
+    std::set<std::size_t> found;
+    for (std::size_t i = 0; i < std::min(from.size(), to.size()); ++i) {
+        const std::vector<Vertex>& vertices = to[i].vertices;
+        for (std::size_t k = 0; k < std::min(from[i].vertices.size(), vertices.size()); ++k)
+            if (given.contains(from[i].vertices[k].normalAt)) found.insert(vertices[k].normalAt);
+    }
+    return {found.begin(), found.end()};
 }
 
 GlMatrix identityMatrix() {

@@ -17,6 +17,10 @@ using GlCalls = std::vector<nlohmann::json>;
 std::vector<std::string> glDifferences(const GlCalls& expected, const GlCalls& actual,
                                        const std::vector<std::size_t>& soft = {});
 
+/// The indices into `actual` of the normals that stand where those of `soft` do in `expected`.
+std::vector<std::size_t> softNormals(const GlCalls& expected, const std::vector<std::size_t>& soft,
+                                     const GlCalls& actual);
+
 /// A matrix of OpenGL, column after column.
 using GlMatrix = std::array<double, 16>;
 

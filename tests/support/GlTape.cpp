@@ -25,52 +25,49 @@ bool primitiveOpen = false;
 bool alignedToBytes = false;
 GLuint lastTexture = 0;
 
-const std::map<GLenum, std::string>& constantNames() {
-    static const std::map<GLenum, std::string> names{
-        {GL_NORMALIZE, "GL_NORMALIZE"},
-        {GL_DITHER, "GL_DITHER"},
-        {GL_DEPTH_TEST, "GL_DEPTH_TEST"},
-        {GL_LEQUAL, "GL_LEQUAL"},
-        {GL_LIGHTING, "GL_LIGHTING"},
-        {GL_LIGHT0, "GL_LIGHT0"},
-        {GL_POSITION, "GL_POSITION"},
-        {GL_BLEND, "GL_BLEND"},
-        {GL_SRC_ALPHA, "GL_SRC_ALPHA"},
-        {GL_ONE_MINUS_SRC_ALPHA, "GL_ONE_MINUS_SRC_ALPHA"},
-        {GL_FRONT_AND_BACK, "GL_FRONT_AND_BACK"},
-        {GL_AMBIENT_AND_DIFFUSE, "GL_AMBIENT_AND_DIFFUSE"},
-        {GL_SPECULAR, "GL_SPECULAR"},
-        {GL_EMISSION, "GL_EMISSION"},
-        {GL_LIGHT_MODEL_AMBIENT, "GL_LIGHT_MODEL_AMBIENT"},
-        {GL_PROJECTION, "GL_PROJECTION"},
-        {GL_MODELVIEW, "GL_MODELVIEW"},
-        {GL_COMPILE, "GL_COMPILE"},
-        {GL_LINE_SMOOTH_HINT, "GL_LINE_SMOOTH_HINT"},
-        {GL_NICEST, "GL_NICEST"},
-        {GL_TEXTURE_2D, "GL_TEXTURE_2D"},
-        {GL_TEXTURE_WRAP_S, "GL_TEXTURE_WRAP_S"},
-        {GL_TEXTURE_WRAP_T, "GL_TEXTURE_WRAP_T"},
-        {GL_TEXTURE_MAG_FILTER, "GL_TEXTURE_MAG_FILTER"},
-        {GL_TEXTURE_MIN_FILTER, "GL_TEXTURE_MIN_FILTER"},
-        {GL_NEAREST, "GL_NEAREST"},
-        {GL_CLAMP, "GL_CLAMP"},
-        {GL_REPEAT, "GL_REPEAT"},
-        {GL_TEXTURE_ENV, "GL_TEXTURE_ENV"},
-        {GL_TEXTURE_ENV_MODE, "GL_TEXTURE_ENV_MODE"},
-        {GL_DECAL, "GL_DECAL"},
-        {GL_RGB, "GL_RGB"},
-        {GL_UNSIGNED_BYTE, "GL_UNSIGNED_BYTE"},
-        {GL_UNPACK_ALIGNMENT, "GL_UNPACK_ALIGNMENT"},
-        {GL_TRIANGLE_STRIP, "GL_TRIANGLE_STRIP"},
-        {GL_QUAD_STRIP, "GL_QUAD_STRIP"},
-        {GL_QUADS, "GL_QUADS"},
-    };
-    return names;
-}
+const std::map<GLenum, std::string> constantNames{
+    {GL_NORMALIZE, "GL_NORMALIZE"},
+    {GL_DITHER, "GL_DITHER"},
+    {GL_DEPTH_TEST, "GL_DEPTH_TEST"},
+    {GL_LEQUAL, "GL_LEQUAL"},
+    {GL_LIGHTING, "GL_LIGHTING"},
+    {GL_LIGHT0, "GL_LIGHT0"},
+    {GL_POSITION, "GL_POSITION"},
+    {GL_BLEND, "GL_BLEND"},
+    {GL_SRC_ALPHA, "GL_SRC_ALPHA"},
+    {GL_ONE_MINUS_SRC_ALPHA, "GL_ONE_MINUS_SRC_ALPHA"},
+    {GL_FRONT_AND_BACK, "GL_FRONT_AND_BACK"},
+    {GL_AMBIENT_AND_DIFFUSE, "GL_AMBIENT_AND_DIFFUSE"},
+    {GL_SPECULAR, "GL_SPECULAR"},
+    {GL_EMISSION, "GL_EMISSION"},
+    {GL_LIGHT_MODEL_AMBIENT, "GL_LIGHT_MODEL_AMBIENT"},
+    {GL_PROJECTION, "GL_PROJECTION"},
+    {GL_MODELVIEW, "GL_MODELVIEW"},
+    {GL_COMPILE, "GL_COMPILE"},
+    {GL_LINE_SMOOTH_HINT, "GL_LINE_SMOOTH_HINT"},
+    {GL_NICEST, "GL_NICEST"},
+    {GL_TEXTURE_2D, "GL_TEXTURE_2D"},
+    {GL_TEXTURE_WRAP_S, "GL_TEXTURE_WRAP_S"},
+    {GL_TEXTURE_WRAP_T, "GL_TEXTURE_WRAP_T"},
+    {GL_TEXTURE_MAG_FILTER, "GL_TEXTURE_MAG_FILTER"},
+    {GL_TEXTURE_MIN_FILTER, "GL_TEXTURE_MIN_FILTER"},
+    {GL_NEAREST, "GL_NEAREST"},
+    {GL_CLAMP, "GL_CLAMP"},
+    {GL_REPEAT, "GL_REPEAT"},
+    {GL_TEXTURE_ENV, "GL_TEXTURE_ENV"},
+    {GL_TEXTURE_ENV_MODE, "GL_TEXTURE_ENV_MODE"},
+    {GL_DECAL, "GL_DECAL"},
+    {GL_RGB, "GL_RGB"},
+    {GL_UNSIGNED_BYTE, "GL_UNSIGNED_BYTE"},
+    {GL_UNPACK_ALIGNMENT, "GL_UNPACK_ALIGNMENT"},
+    {GL_TRIANGLE_STRIP, "GL_TRIANGLE_STRIP"},
+    {GL_QUAD_STRIP, "GL_QUAD_STRIP"},
+    {GL_QUADS, "GL_QUADS"},
+};
 
 std::string constant(GLenum value) {
-    const auto name = constantNames().find(value);
-    return name == constantNames().end() ? "unknown " + std::to_string(value) : name->second;
+    const auto name = constantNames.find(value);
+    return name == constantNames.end() ? "unknown " + std::to_string(value) : name->second;
 }
 
 /// What a call may stand beside.
@@ -146,8 +143,7 @@ std::vector<json> GlTape::named(const std::string& name) {
 
 // The procedures of OpenGL, with C's names and linkage.
 
-using namespace velna::test;  // NOLINT(google-build-using-namespace): the definitions below are
-                              // global
+using namespace velna::test;
 
 extern "C" {
 

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
+#include "support/EditorInHand.h"
 
 namespace velna::test {
 
@@ -30,11 +30,11 @@ struct HandleRow {
 
 /// The transform and the press that the rows are told for.
 inline void preparePress() {
-    Main.zoom = 2;
-    Main.xoff = 400;
-    Main.yoff = 30;
-    Main.xloc = 100;
-    Main.yloc = 100;
+    Main.view.zoom = 2;
+    Main.view.xoff = 400;
+    Main.view.yoff = 30;
+    Main.pointer.xloc = 100;
+    Main.pointer.yloc = 100;
 }
 
 /// Drags `object`, whose view `part` works, out and back: the fields of the row change by what it
@@ -45,7 +45,7 @@ void expectDrag(Part& part, Object& object, const HandleRow<Object>& row,
                 const std::vector<double Object::*>& fields, Press press, Move move) {
     SCOPED_TRACE(row.name);
     preparePress();
-    Main.shiftkey = row.shift;
+    Main.pointer.shiftkey = row.shift;
     // Values that no drag can hit by chance, and that a sum would round.
     double value = 100.1;
     for (auto field : fields) object.*field = value = value * 1.1 + 0.3;
@@ -64,7 +64,7 @@ void expectDrag(Part& part, Object& object, const HandleRow<Object>& row,
     }
     move(100.0F, 100.0F);
     for (std::size_t i = 0; i < fields.size(); ++i) EXPECT_EQ(now.*fields[i], before[i]) << i;
-    Main.shiftkey = false;
+    Main.pointer.shiftkey = false;
 }
 
 }  // namespace velna::test

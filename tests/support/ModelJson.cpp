@@ -4,11 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/Equipment.h"
-#include "model/Fuselage.h"
-#include "model/MainWing.h"
-#include "model/ObjectList.h"
-#include "model/Prefs.h"
+#include "support/InHand.h"
 
 namespace velna {
 
@@ -33,6 +29,21 @@ Point3D point(const json& data) {
     return {data[0].get<double>(), data[1].get<double>(), data[2].get<double>()};
 }
 
+constexpr Field<SolidPicture, std::int32_t> pictureCodes[] = {
+    {"xtex", &SolidPicture::xtex},
+    {"ytex", &SolidPicture::ytex},
+};
+constexpr Field<SolidPicture, bool> pictureFlags[] = {
+    {"texture_loaded", &SolidPicture::texture_loaded},
+};
+
+/// What the tables tell with an object of the picture that its solid carries.
+void takePicture(SolidPicture& picture, const json& data) {
+    picture.texture_filename = data["texture_filename"].get<std::string>();
+    take(picture, data, pictureCodes);
+    take(picture, data, pictureFlags);
+}
+
 using Wing = SymWingSections;
 constexpr Field<Wing, double> wingNumbers[] = {
     {"span", &Wing::span},
@@ -51,7 +62,7 @@ constexpr Field<Wing, std::string> wingTexts[] = {
     {"qualified_texture_filename", &Wing::qualified_texture_filename},
 };
 
-void takeWing(Wing& wing, const json& data) {
+void takeWing(Wing& wing, PanelSolid& solid, const json& data) {
     const json& airfoil = data["airfoil"];
     wing.nb = static_cast<std::int16_t>(airfoil.size());
     wing.allocate();
@@ -63,8 +74,10 @@ void takeWing(Wing& wing, const json& data) {
     take(wing, data, wingNumbers);
     take(wing, data, wingTexts);
     wing.set_texture_filename(data["texture_filename"].get<std::string>());
-    wing.Left->texture_loaded = data["texture_loaded"][0].get<bool>();
-    wing.Right->texture_loaded = data["texture_loaded"][1].get<bool>();
+    solid.Left.picture.texture_filename = wing.texture_filename();
+    solid.Right.picture.texture_filename = wing.texture_filename();
+    solid.Left.picture.texture_loaded = data["texture_loaded"][0].get<bool>();
+    solid.Right.picture.texture_loaded = data["texture_loaded"][1].get<bool>();
     wing.set_color(point(data["color"]));
 }
 
@@ -81,24 +94,16 @@ constexpr Field<Fin, double> finNumbers[] = {
     {"offset1", &Fin::offset1},
     {"offset2", &Fin::offset2},
 };
-constexpr Field<Fin, std::int32_t> finCodes[] = {
-    {"xtex", &Fin::xtex},
-    {"ytex", &Fin::ytex},
-};
 constexpr Field<Fin, std::string> finTexts[] = {
     {"texture_filename", &Fin::texture_filename},
     {"qualified_texture_filename", &Fin::qualified_texture_filename},
-};
-constexpr Field<Fin, bool> finFlags[] = {
-    {"texture_loaded", &Fin::texture_loaded},
 };
 
 void takeFin(const json& data) {
     Rudder.nb = data["nb"].get<std::int16_t>();
     take(Rudder, data, finNumbers);
-    take(Rudder, data, finCodes);
     take(Rudder, data, finTexts);
-    take(Rudder, data, finFlags);
+    takePicture(solids.rudder.picture, data);
     Rudder.set_color(point(data["color"]));
 }
 
@@ -114,16 +119,11 @@ constexpr Field<Body, std::int16_t> bodyCounts[] = {
     {"nb_cross", &Body::nb_cross},
     {"sel_sec", &Body::sel_sec},
 };
-constexpr Field<Body, std::int32_t> bodyCodes[] = {
-    {"xtex", &Body::xtex},
-    {"ytex", &Body::ytex},
-};
 constexpr Field<Body, bool> bodyFlags[] = {
     {"cut", &Body::cut},
     {"transparent", &Body::transparent},
     {"uniqueCurvature", &Body::uniqueCurvature},
     {"linkedCurvatures", &Body::linkedCurvatures},
-    {"texture_loaded", &Body::texture_loaded},
 };
 constexpr Field<Body, std::string> bodyTexts[] = {
     {"texture_filename", &Body::texture_filename},
@@ -147,12 +147,12 @@ void takeArray(Array1<T>& array, const json& data) {
         array(i) = data[static_cast<std::size_t>(i) - 1].get<T>();
 }
 
-void takeBody(Body& body, const json& data) {
+void takeBody(Body& body, BodySolid& solid, const json& data) {
     take(body, data, bodyNumbers);
     take(body, data, bodyCounts);
-    take(body, data, bodyCodes);
     take(body, data, bodyFlags);
     take(body, data, bodyTexts);
+    takePicture(solid.picture, data);
     body.set_color(point(data["color"]));
     body.initArrays();
     for (const auto& array : bodyArrays) takeArray(body.*array.member, data[array.name]);
@@ -177,17 +177,18 @@ void takeBox(ElectroBox& box, const json& data) {
 
 void takeLists(const json& model) {
     nbWings = model["nbWings"].get<std::int16_t>();
-    MainWing::allocateWings();
+    MainWing::allocateWings(project);
     currentWing = model["currentWing"].get<std::int16_t>();
     for (int i = 1; i <= nbWings; ++i)
-        takeWing(Wings(i), model["Wings"][static_cast<std::size_t>(i) - 1]);
+        takeWing(Wings(i), solids.wings(i), model["Wings"][static_cast<std::size_t>(i) - 1]);
     nbFuselages = model["nbFuselages"].get<std::int16_t>();
-    Fuselage::resizeFuselages();
+    Fuselage::resizeFuselages(project);
     currentFuselage = model["currentFuselage"].get<std::int16_t>();
     for (int i = 1; i <= nbFuselages; ++i)
-        takeBody(Fuselages(i), model["Fuselages"][static_cast<std::size_t>(i) - 1]);
+        takeBody(Fuselages(i), solids.fuselages(i),
+                 model["Fuselages"][static_cast<std::size_t>(i) - 1]);
     nbEquipments = model["nbEquipments"].get<std::int16_t>();
-    Equipment::resizeEquipments(nbEquipments);
+    Equipment::resizeEquipments(project, nbEquipments);
     currentEquipment = model["currentEquipment"].get<std::int16_t>();
     for (int i = 1; i <= nbEquipments; ++i)
         takeBox(Equipments(i), model["Equipments"][static_cast<std::size_t>(i) - 1]);
@@ -196,14 +197,12 @@ void takeLists(const json& model) {
 }  // namespace
 
 void applyModel(const json& model) {
-    Prefs.units = model["Prefs"]["units"].get<int>();
-    Prefs.InchesOption = model["Prefs"]["InchesOption"].get<bool>();
-    Prefs.MillimetersOption = model["Prefs"]["MillimetersOption"].get<bool>();
-    defaultColor = point(model["defaultColor"]);
-    zeroTranslation = point(model["zeroTranslation"]);
-    projectDirectory = model["projectDirectory"].get<std::string>();
+    solids = {};
+    project.units = model["Prefs"]["units"].get<int>();
+    project.defaultColor = point(model["defaultColor"]);
+    project.projectDirectory = model["projectDirectory"].get<std::string>();
     takeLists(model);
-    takeWing(Stabilizer, model["Stabilizer"]);
+    takeWing(Stabilizer, solids.stabilizer, model["Stabilizer"]);
     takeFin(model["Rudder"]);
     ObjectList.clear();
     for (const json& row : model["ObjectList"])
@@ -230,13 +229,19 @@ json entries(const Array1<T>& array) {
     return list;
 }
 
-json wingJson(const Wing& wing) {
+void givePicture(json& data, const SolidPicture& picture) {
+    give(data, picture, pictureCodes);
+    give(data, picture, pictureFlags);
+}
+
+json wingJson(const Wing& wing, const PanelSolid& solid) {
     json data;
     give(data, wing, wingNumbers);
     give(data, wing, wingTexts);
     data["nb"] = wing.nb;
     data["texture_filename"] = wing.texture_filename();
-    data["texture_loaded"] = {wing.Left->texture_loaded, wing.Right->texture_loaded};
+    data["texture_loaded"] = {solid.Left.picture.texture_loaded,
+                              solid.Right.picture.texture_loaded};
     data["color"] = triple(wing.color());
     data["airfoil"] = json::array();
     for (int i = 1; i <= wing.airfoilSize(); ++i)
@@ -247,21 +252,20 @@ json wingJson(const Wing& wing) {
 json finJson() {
     json data;
     give(data, Rudder, finNumbers);
-    give(data, Rudder, finCodes);
     give(data, Rudder, finTexts);
-    give(data, Rudder, finFlags);
+    givePicture(data, solids.rudder.picture);
     data["nb"] = Rudder.nb;
     data["color"] = triple(Rudder.color());
     return data;
 }
 
-json bodyJson(const Body& body) {
+json bodyJson(const Body& body, const BodySolid& solid) {
     json data;
     give(data, body, bodyNumbers);
     give(data, body, bodyCounts);
-    give(data, body, bodyCodes);
     give(data, body, bodyFlags);
     give(data, body, bodyTexts);
+    givePicture(data, solid.picture);
     for (const auto& array : bodyArrays) data[array.name] = entries(body.*array.member);
     data["sectionOrder"] = entries(body.sectionOrder);
     data["color"] = triple(body.color());
@@ -276,11 +280,14 @@ json boxJson(const ElectroBox& box) {
     return data;
 }
 
-/// What the tables tell of an object besides its model: the gesture on it, and the scale of its
-/// picture in the section editor. Those lie with the editor.
-bool tellsOfTheEditor(const std::string& key) {
-    static const std::set<std::string> keys{"initval",  "initval2",      "initval3", "paint",
-                                            "selected", "selected_part", "szoom"};
+/// What the tables tell besides the model: the gesture on an object, the scale of its picture in
+/// the section editor and what the form of the preferences shows, which lie with the editor, and
+/// the export's constant.
+bool tellsOfNoModel(const std::string& key) {
+    static const std::set<std::string> keys{"initval",        "initval2",     "initval3",
+                                            "paint",          "selected",     "selected_part",
+                                            "szoom",          "InchesOption", "MillimetersOption",
+                                            "zeroTranslation"};
     return keys.contains(key);
 }
 
@@ -289,7 +296,7 @@ void compare(const json& expected, const json& actual, const std::string& place,
              std::string& differences) {
     if (expected.is_object() && actual.is_object()) {
         for (const auto& [key, value] : expected.items())
-            if (!tellsOfTheEditor(key))
+            if (!tellsOfNoModel(key))
                 compare(value, actual.contains(key) ? actual[key] : json("missing"),
                         place + "." + key, differences);
         return;
@@ -322,20 +329,19 @@ json modelJson() {
                {"currentFuselage", currentFuselage},
                {"nbEquipments", nbEquipments},
                {"currentEquipment", currentEquipment},
-               {"Stabilizer", wingJson(Stabilizer)},
+               {"Stabilizer", wingJson(Stabilizer, solids.stabilizer)},
                {"Rudder", finJson()},
-               {"defaultColor", triple(defaultColor)},
-               {"zeroTranslation", triple(zeroTranslation)},
-               {"projectDirectory", projectDirectory},
+               {"defaultColor", triple(project.defaultColor)},
+               {"projectDirectory", project.projectDirectory},
                {"Wings", json::array()},
                {"Fuselages", json::array()},
                {"Equipments", json::array()},
                {"ObjectList", json::array()}};
-    model["Prefs"] = {{"units", Prefs.units},
-                      {"InchesOption", Prefs.InchesOption},
-                      {"MillimetersOption", Prefs.MillimetersOption}};
-    for (int i = 1; i <= nbWings; ++i) model["Wings"].push_back(wingJson(Wings(i)));
-    for (int i = 1; i <= nbFuselages; ++i) model["Fuselages"].push_back(bodyJson(Fuselages(i)));
+    model["Prefs"] = {{"units", project.units}};
+    for (int i = 1; i <= nbWings; ++i)
+        model["Wings"].push_back(wingJson(Wings(i), solids.wings(i)));
+    for (int i = 1; i <= nbFuselages; ++i)
+        model["Fuselages"].push_back(bodyJson(Fuselages(i), solids.fuselages(i)));
     for (int i = 1; i <= nbEquipments; ++i) model["Equipments"].push_back(boxJson(Equipments(i)));
     for (const FuselageRow& row : ObjectList.rows)
         model["ObjectList"].push_back({{"text", row.text},

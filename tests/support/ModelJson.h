@@ -6,8 +6,8 @@
 
 namespace velna {
 
-/// Puts the whole model, the unit settings and the manager's list as `model` tells them (the form
-/// of `model` in the data of the solids), on top of a default aircraft.
+/// Puts the whole project in hand, and what its solids carry of pictures, as `model` tells them
+/// (the form of `model` in the data of the solids), on top of a default aircraft.
 void applyModel(const nlohmann::json& model);
 
 /// The whole model in the same form.

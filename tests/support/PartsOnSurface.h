@@ -1,9 +1,9 @@
 #pragma once
 
-#include "editor/Main.h"
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/Plane.h"
+#include "support/EditorInHand.h"
 
 namespace velna::test {
 
@@ -44,13 +44,13 @@ struct WingOnSurface : GripOnSurface {
     void drawVTop(double zoom, double xoff, double yoff, const Lit& lit = unlit, bool dim = false) {
         view.drawVTop(canvasAt(zoom, xoff, yoff), wing, lit, dim);
     }
-    void initMouseValFront() { view.initMouseValFront(wing, Main.shiftkey); }
-    void initMouseValVTop() { view.initMouseValVTop(wing, Main.shiftkey); }
+    void initMouseValFront() { view.initMouseValFront(wing, Main.pointer.shiftkey); }
+    void initMouseValVTop() { view.initMouseValVTop(wing, Main.pointer.shiftkey); }
     void selectsFront(float x, float y) {
-        view.selectsFront(Main.canvas(), wing, Main.pointer(x, y));
+        view.selectsFront(Main.canvas(), wing, Main.pointer.at(x, y));
     }
     void selectsVTop(float x, float y) {
-        view.selectsVTop(Main.canvas(), wing, Main.pointer(x, y));
+        view.selectsVTop(Main.canvas(), wing, Main.pointer.at(x, y));
     }
     std::int32_t testPositionFront(float x, float y) const { return view.testPositionFront(x, y); }
     std::int32_t testPositionVTop(float x, float y) const { return view.testPositionVTop(x, y); }
@@ -62,13 +62,13 @@ struct FinOnSurface : GripOnSurface {
 
     FinOnSurface() : GripOnSurface(Main.views.rudder.grip) {}
 
-    void initMouseValSide() { view.initMouseValSide(Rudder, Main.shiftkey); }
-    void initMouseValFront() { view.initMouseValFront(Rudder, Main.shiftkey); }
+    void initMouseValSide() { view.initMouseValSide(Rudder, Main.pointer.shiftkey); }
+    void initMouseValFront() { view.initMouseValFront(Rudder, Main.pointer.shiftkey); }
     void selectsSide(float x, float y) {
-        view.selectsSide(Main.canvas(), Rudder, Main.pointer(x, y));
+        view.selectsSide(Main.canvas(), Rudder, Main.pointer.at(x, y));
     }
     void selectsFront(float x, float y) {
-        view.selectsFront(Main.canvas(), Rudder, Main.pointer(x, y));
+        view.selectsFront(Main.canvas(), Rudder, Main.pointer.at(x, y));
     }
     void drawFront(TailView::FrontLook look = TailView::FrontLook::edited) {
         view.drawFront(Main.canvas(), Rudder, look);
@@ -110,26 +110,26 @@ struct BodyPart : GripOnSurface {
     void computeFrontPoints(double zoom, double xoff, double yoff) {
         view.frontPoints = body.computeFrontPoints({zoom, xoff, yoff}, view.frontPoints);
     }
-    void initMouseValSide() { view.initMouseValSide(body, Main.shiftkey); }
-    void initMouseValHTop() { view.initMouseValHTop(body, Main.shiftkey); }
-    void initMouseValVTop() { view.initMouseValVTop(body, Main.shiftkey); }
+    void initMouseValSide() { view.initMouseValSide(body, Main.pointer.shiftkey); }
+    void initMouseValHTop() { view.initMouseValHTop(body, Main.pointer.shiftkey); }
+    void initMouseValVTop() { view.initMouseValVTop(body, Main.pointer.shiftkey); }
     void selectsSide(float x, float y) {
-        view.selectsSide(Main.canvas(), body, Main.pointer(x, y));
+        view.selectsSide(Main.canvas(), body, Main.pointer.at(x, y));
     }
     void selectsHTop(float x, float y) {
-        view.selectsHTop(Main.canvas(), body, Main.pointer(x, y));
+        view.selectsHTop(Main.canvas(), body, Main.pointer.at(x, y));
     }
     void selectsVTop(float x, float y) {
-        view.selectsVTop(Main.canvas(), body, Main.pointer(x, y));
+        view.selectsVTop(Main.canvas(), body, Main.pointer.at(x, y));
     }
     std::int32_t testPositionSide(float x, float y) const {
-        return view.testPositionSide(body, Main.pointer(x, y));
+        return view.testPositionSide(body, Main.pointer.at(x, y));
     }
     std::int32_t testPositionHTop(float x, float y) const {
-        return view.testPositionHTop(body, Main.pointer(x, y));
+        return view.testPositionHTop(body, Main.pointer.at(x, y));
     }
     std::int32_t testPositionVTop(float x, float y) const {
-        return view.testPositionVTop(body, Main.pointer(x, y));
+        return view.testPositionVTop(body, Main.pointer.at(x, y));
     }
 };
 
@@ -147,10 +147,14 @@ struct BoxOnSurface : GripOnSurface {
     void drawHTop(double zoom, double xoff, double yoff, bool lit = false) {
         view.drawHTop(canvasAt(zoom, xoff, yoff), box, lit);
     }
-    void initMouseValSide() { view.initMouseValSide(box, Main.shiftkey); }
-    void initMouseValHTop() { view.initMouseValHTop(box, Main.shiftkey); }
-    void selectsSide(float x, float y) { view.selectsSide(Main.canvas(), box, Main.pointer(x, y)); }
-    void selectsHTop(float x, float y) { view.selectsHTop(Main.canvas(), box, Main.pointer(x, y)); }
+    void initMouseValSide() { view.initMouseValSide(box, Main.pointer.shiftkey); }
+    void initMouseValHTop() { view.initMouseValHTop(box, Main.pointer.shiftkey); }
+    void selectsSide(float x, float y) {
+        view.selectsSide(Main.canvas(), box, Main.pointer.at(x, y));
+    }
+    void selectsHTop(float x, float y) {
+        view.selectsHTop(Main.canvas(), box, Main.pointer.at(x, y));
+    }
     std::int32_t testPositionSide(float x, float y) const { return view.testPositionSide(x, y); }
     std::int32_t testPositionHTop(float x, float y) const { return view.testPositionHTop(x, y); }
 };

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "model/Plane.h"
+#include "common/Palette.h"
 #include "output/PrinterSurface.h"
 
 namespace velna::test {

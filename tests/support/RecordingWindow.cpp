@@ -2,16 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include "model/Plane.h"
+#include "support/InHand.h"
 
 namespace velna::test {
 namespace {
 
-/// The next answer, or `otherwise` and a failed test where none is written down.
+/// The next answer, or `otherwise` where none is written down.
 template <class Answer>
-Answer nextAnswer(std::deque<Answer>& answers, const std::string& question, Answer otherwise) {
+Answer nextAnswer(std::deque<Answer>& answers, Answer otherwise,
+                  const std::function<void()>& unanswered) {
     if (answers.empty()) {
-        ADD_FAILURE() << "a question without an answer: " << question;
+        unanswered();
         return otherwise;
     }
     Answer answer = answers.front();
@@ -21,6 +22,13 @@ Answer nextAnswer(std::deque<Answer>& answers, const std::string& question, Answ
 
 }  // namespace
 
+void RecordingWindow::miss(const std::string& question) {
+    if (onUnanswered)
+        onUnanswered(question);
+    else
+        ADD_FAILURE() << "a question without an answer: " << question;
+}
+
 void RecordingWindow::openPopup(float /*x*/, float /*y*/) {
     popupOpen = true;
 }
@@ -29,7 +37,7 @@ void RecordingWindow::renderScene(bool rebuild) {
     ++renders;
     if (!rebuild) return;
     ++rebuilds;
-    Plane::createAllSolids();
+    solids.createAll(project);
 }
 
 bool RecordingWindow::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) {
@@ -37,12 +45,12 @@ bool RecordingWindow::askYesNo(const std::string& text, BoxIcon icon, bool defau
     lastQuestion = text;
     lastIcon = icon;
     lastDefaultYes = defaultYes;
-    return nextAnswer(yesNoAnswers, text, false);
+    return nextAnswer(yesNoAnswers, false, [&] { miss(text); });
 }
 
 std::string RecordingWindow::askPictureFile() {
     prompts.push_back("LoadBitmap dialog");
-    return nextAnswer(pictureFiles, "a picture file", std::string{});
+    return nextAnswer(pictureFiles, std::string{}, [&] { miss("a picture file"); });
 }
 
 std::optional<std::string> RecordingWindow::askText(const std::string& question,
@@ -51,7 +59,7 @@ std::optional<std::string> RecordingWindow::askText(const std::string& question,
     prompts.push_back("SizeBitmap input box");
     lastQuestion = title + ": " + question;
     lastPreset = preset;
-    return nextAnswer(textAnswers, question, std::optional<std::string>{});
+    return nextAnswer(textAnswers, std::optional<std::string>{}, [&] { miss(question); });
 }
 
 }  // namespace velna::test

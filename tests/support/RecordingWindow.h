@@ -2,6 +2,7 @@
 
 #include <array>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,6 +39,8 @@ public:
     std::deque<bool> yesNoAnswers;
     std::deque<std::string> pictureFiles;  ///< empty: cancelled
     std::deque<std::optional<std::string>> textAnswers;
+    /// Takes a question without an answer, where that is not to fail the test.
+    std::function<void(const std::string& question)> onUnanswered;
 
     // what has happened
     std::vector<Control> changes;
@@ -54,6 +57,9 @@ public:
     bool popupOpen = false;
     CursorShape cursor = CursorShape::Default;
     CursorIcon cursorIcon = CursorIcon::None;
+
+private:
+    void miss(const std::string& question);
 };
 
 }  // namespace velna::test

@@ -22,8 +22,8 @@ std::vector<std::size_t> scenariosThatClickTheToolbar(bool click);
 /// Number and name of a scenario, as a test's name.
 std::string scenarioName(const ::testing::TestParamInfo<std::size_t>& info);
 
-/// What the state has otherwise than that of a fresh start, a line a key; empty for nothing.
-std::string differencesFromAFreshStart(const EditorBench& bench);
+/// What the state has otherwise than that of a fresh start, a line a key.
+std::vector<std::string> differencesFromAFreshStart(const EditorBench& bench);
 
 /// Runs a scenario on a bench just made: the state after its setup, after every step and at the
 /// end, the drawing, and which fields of the model have changed. What is otherwise fails the test.

@@ -1,5 +1,6 @@
 #include "support/ScenarioSteps.h"
 
+#include <iterator>
 #include <map>
 #include <stdexcept>
 #include <string>
@@ -7,9 +8,7 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
-#include "model/ObjectList.h"
 #include "model/Plane.h"
-#include "model/Prefs.h"
 #include "support/EditorState.h"
 
 namespace velna::test {
@@ -35,7 +34,9 @@ Control controlOf(const json& step) {
 // ---- setup
 
 void setSections(const json& entry) {
-    MeshSections& fuselage = Fuselages(entry.at("fuselage").get<int>());
+    const int number = entry.at("fuselage");
+    if (number < 1 || number > nbFuselages) throw std::runtime_error("no such fuselage");
+    MeshSections& fuselage = Fuselages(number);
     const json& sections = entry.at("sections");
     fuselage.nb_sections = static_cast<std::int16_t>(sections.size());
     fuselage.initArrays();
@@ -52,25 +53,33 @@ void setSections(const json& entry) {
     }
 }
 
+/// No scenario needs more of a kind.
+void addOne(std::int16_t& count) {
+    if (count >= 1000) throw std::runtime_error("more than 1000 objects of a kind");
+    ++count;
+}
+
 void callSetup(const json& entry) {
     const std::string call = entry.at("call");
     if (call == "addWing") {
-        ++nbWings;
-        MainWing::addWing();
+        addOne(nbWings);
+        MainWing::addWing(project);
     } else if (call == "addFuselage") {
-        ++nbFuselages;
-        Fuselage::resizeFuselages();
-        Fuselage::addFuselage();
-        ObjectList.update();
+        addOne(nbFuselages);
+        Fuselage::resizeFuselages(project);
+        Fuselage::addFuselage(project);
+        ObjectList.update(Fuselages, nbFuselages);
     } else if (call == "addBox") {
-        ++nbEquipments;
-        Equipment::resizeEquipments(nbEquipments);
+        addOne(nbEquipments);
+        Equipment::resizeEquipments(project, nbEquipments);
     } else if (call == "tick") {
-        ObjectList.setShown(entry.at("index"), entry.at("value"));
+        const int index = entry.at("index");
+        if (index < 1 || index > nbFuselages) throw std::runtime_error("no such item to tick");
+        ObjectList.setShown(index, entry.at("value"));
     } else if (call == "inches") {
-        Prefs.units = inches;
+        project.units = inches;
         Prefs.selectUnit(inches);
-        Plane::switchAllToInches();
+        Plane::switchAllToInches(project);
         Main.fillCatalogues();
     } else {
         throw std::runtime_error("no such setup: " + call);
@@ -79,9 +88,9 @@ void callSetup(const json& entry) {
 
 void setTransform(const json& transform) {
     Main.controls[Control::LockZoom].checked = true;
-    Main.zoom = transform.at(0);
-    Main.xoff = transform.at(1);
-    Main.yoff = transform.at(2);
+    Main.view.zoom = transform.at(0);
+    Main.view.xoff = transform.at(1);
+    Main.view.yoff = transform.at(2);
 }
 
 // ---- steps
@@ -120,10 +129,10 @@ void scriptAnswers(EditorBench& bench, const json& step) {
 }
 
 void setFlag(EditorBench&, const json& step) {
-    const std::map<std::string, bool MainForm::*> flags{{"shiftkey", &MainForm::shiftkey},
-                                                        {"ctrlkey", &MainForm::ctrlkey},
-                                                        {"altkey", &MainForm::altkey}};
-    Main.*flags.at(step.at("name")) = step.at("value").get<bool>();
+    const std::map<std::string, bool PointerState::*> flags{{"shiftkey", &PointerState::shiftkey},
+                                                            {"ctrlkey", &PointerState::ctrlkey},
+                                                            {"altkey", &PointerState::altkey}};
+    Main.pointer.*flags.at(step.at("name")) = step.at("value").get<bool>();
 }
 
 void clickMenu(EditorBench& bench, const json& step) {
@@ -152,17 +161,19 @@ void moveScroll(EditorBench&, const json& step) {
 void manager(EditorBench&, const json& step) {
     const std::string action = step.at("action");
     const json selected = step.value("selected", json::array());
-    for (FuselageRow& row : ObjectList.rows) row.selected = false;
-    for (const json& i : selected) ObjectList.rows.at(i.get<std::size_t>() - 1).selected = true;
-    if (action == "show") Main.showCommand();
-    if (action == "hide") Main.hideCommand();
+    const auto rows = selected.get<std::vector<int>>();
+    for (const int row : rows)
+        if (row < 1 || row > std::ssize(ObjectList.rows))
+            throw std::runtime_error("no such row: " + std::to_string(row));
+    if (action == "show") Main.showCommand(rows);
+    if (action == "hide") Main.hideCommand(rows);
     if (action == "showAll") Main.showAll();
-    if (action == "close") Main.closeManager(selected.empty() ? 0 : selected.at(0).get<int>());
+    if (action == "close") Main.closeManager(rows.empty() ? 0 : rows.front());
 }
 
 void preferences(EditorBench&, const json& step) {
     Prefs.selectUnit(step.at("inches") ? inches : millimetres);
-    Main.scaleTextKeyDown(step.at("scale"));
+    Prefs.scaleTextKeyDown(step.at("scale"));
     Main.closePreferences();
 }
 

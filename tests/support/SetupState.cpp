@@ -35,13 +35,6 @@ std::string ownerOf(const std::string& key) {
     return shown ? shownObject(key) : "";
 }
 
-/// Hover, hit and selection: a setup that does not name them leaves them.
-bool isPointerField(const std::string& key) {
-    for (const char* field : {".paint", ".selected", ".selected_part", ".sel_sec"})
-        if (key.ends_with(field)) return true;
-    return false;
-}
-
 std::string entry(const std::string& path, const char* field, std::size_t k) {
     return path + "." + field + "(" + std::to_string(k) + ")";
 }
@@ -126,6 +119,12 @@ SetupState stateAfterSetup(const json& base, const json& setup) {
     for (const auto& item : base.items())
         if (derived(item.key())) state.known.erase(item.key());
     return state;
+}
+
+bool isPointerField(const std::string& key) {
+    for (const char* field : {".paint", ".selected", ".selected_part", ".sel_sec"})
+        if (key.ends_with(field)) return true;
+    return false;
 }
 
 bool isModelField(const std::string& key) {

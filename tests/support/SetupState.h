@@ -23,4 +23,8 @@ SetupState stateAfterSetup(const nlohmann::json& base, const nlohmann::json& set
 /// Whether the key is a field of the model, as opposed to the pointer's or the window's state.
 bool isModelField(const std::string& key);
 
+/// Whether it tells the pointer's hold on an object: hover, hit and selection, which a setup that
+/// does not name them leaves.
+bool isPointerField(const std::string& key);
+
 }  // namespace velna::test

@@ -4,17 +4,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "model/ObjectList.h"
-#include "model/Plane.h"
-#include "model/Prefs.h"
-#include "output/Progress.h"
-#include "preview/Flying.h"
-#include "preview/Imaging.h"
-#include "preview/Rendering.h"
-#include "shell/Helper.h"
-#include "shell/Ports.h"
-#include "shell/Preferences.h"
-#include "shell/Startup.h"
+#include "support/GlTape.h"
 
 namespace velna::test {
 
@@ -28,40 +18,29 @@ void ShellFixture::SetUp() {
     std::filesystem::create_directories(folder / "program");
     desktop.program = (folder / "program").string() + "/";
     desktop.configuration = (folder / "config").string() + "/";
-    Shell = {&desktop, &dialogs};
+    GlTape::clear();
+    GlTape::hasContext = false;
+    renewProgram();
+    program.shell = {&desktop, &dialogs};
+    program.rendering.context = &context;
+    program.rendering.imaging = &pictures;
+    program.pictures.imaging = &pictures;
+    program.flying.joystick = &stick;
     Main.DrawArea = &drawArea;
     Main.DrawSectionArea = &sectionArea;
     Main.window = &window;
-    Main.reset();
-    Prefs = {};
-    Preferences::firstUseState.clear();
-    Helper::reset();
-    GlTape::clear();
-    GlTape::hasContext = false;
-    Rendering::context = &context;
-    Rendering::reset();
-    imaging = &pictures;
-    Flying::joystick = &stick;
-    Flying::flying = false;
-    ObjectList.clear();
-    Plane::setDefaultPlane();
+    Plane::setDefaultPlane(project);
 }
 
 void ShellFixture::TearDown() {
     std::error_code ignored;
     std::filesystem::permissions(desktop.program, std::filesystem::perms::owner_all, ignored);
     std::filesystem::remove_all(folder, ignored);
-    Main.DrawArea = Main.DrawSectionArea = nullptr;
-    Main.window = nullptr;
-    Shell = {};
-    Rendering::context = nullptr;
-    imaging = nullptr;
-    Flying::joystick = nullptr;
-    progress = nullptr;
+    renewProgram();
 }
 
 void ShellFixture::start() {
-    Startup::initMain();
+    program.startup.initMain();
 }
 
 std::string ShellFixture::contentOf(const std::string& file) {

@@ -5,11 +5,11 @@
 
 #include <gtest/gtest.h>
 
-#include "editor/Main.h"
 #include "support/FakeDesktop.h"
 #include "support/FakeImaging.h"
 #include "support/FakeJoystick.h"
 #include "support/FakeRenderContext.h"
+#include "support/ProgramInHand.h"
 #include "support/RecordingSurface.h"
 #include "support/RecordingWindow.h"
 #include "support/ScriptedDialogs.h"
@@ -22,7 +22,7 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    /// Brings the program up as `Startup::initMain` does.
+    /// Brings the program up as `program.startup.initMain` does.
     void start();
 
     /// A file in the program's folder, and its whole content.

@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-#include "common/FileCalls.h"
+#include "support/FileCalls.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna::test {
@@ -35,13 +35,13 @@ private:
         return -1;
     }
     static int create(char* name, int flags) {
-        return unlessStruck([&] { return ::mkostemp(name, flags); });
+        return unlessStruck([&] { return FileCalls{}.create(name, flags); });
     }
     static int mode(int descriptor, mode_t mode) {
-        return unlessStruck([&] { return ::fchmod(descriptor, mode); });
+        return unlessStruck([&] { return FileCalls{}.mode(descriptor, mode); });
     }
     static ssize_t write(int descriptor, const void* bytes, std::size_t size) {
-        return unlessStruck([&] { return ::write(descriptor, bytes, size); });
+        return unlessStruck([&] { return FileCalls{}.write(descriptor, bytes, size); });
     }
     /// What is synced is of no interest to who looks at it right away.
     static int sync(int) {
@@ -49,17 +49,17 @@ private:
     }
     /// Also a close that fails closes.
     static int close(int descriptor) {
-        const int result = ::close(descriptor);
+        const int result = FileCalls{}.close(descriptor);
         return unlessStruck([&] { return result; });
     }
     static int link(const char* from, const char* to) {
-        return unlessStruck([&] { return ::link(from, to); });
+        return unlessStruck([&] { return FileCalls{}.link(from, to); });
     }
     static int rename(const char* from, const char* to) {
-        return unlessStruck([&] { return std::rename(from, to); });
+        return unlessStruck([&] { return FileCalls{}.rename(from, to); });
     }
     static int unlink(const char* name) {
-        return unlessStruck([&] { return ::unlink(name); });
+        return unlessStruck([&] { return FileCalls{}.unlink(name); });
     }
 
     static inline std::set<int> numbers_;

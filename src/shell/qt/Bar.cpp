@@ -6,11 +6,9 @@
 #include <QToolButton>
 #include <string>
 
-#include "editor/Main.h"
 #include "shell/ToolbarCommands.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/Mirrors.h"
-#include "shell/qt/QtProgress.h"
 
 namespace velna {
 namespace {
@@ -32,14 +30,14 @@ void addGap(QHBoxLayout& row) {
 
 }  // namespace
 
-Bar::Bar(Mirrors& mirrors, QWidget* parent) : QWidget(parent) {
+Bar::Bar(ToolbarCommands& commands, Mirrors& mirrors, QWidget* parent) : QWidget(parent) {
     setObjectName("Bar");
     setContextMenuPolicy(Qt::PreventContextMenu);
     setAutoFillBackground(true);
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(4, 4, 4, 4);
     line->setSpacing(1);
-    for (const Toolbar::Button& row : Toolbar::buttons) {
+    for (const Toolbar::Button& row : Toolbar::buttons()) {
         if (beginsGroup(row.key)) addGap(*line);
         auto* button = new QToolButton(this);
         button->setIconSize({24, 24});
@@ -51,9 +49,8 @@ Bar::Bar(Mirrors& mirrors, QWidget* parent) : QWidget(parent) {
         button->setCheckable(row.kind != Toolbar::ButtonKind::Push);
         line->addWidget(button);
         buttons_.push_back(button);
-        connect(button, &QToolButton::clicked, this, [&row, &mirrors] {
-            Toolbar::click(row.key);
-            QtProgress::finish();
+        connect(button, &QToolButton::clicked, this, [&commands, &row, &mirrors] {
+            commands.click(row.key);
             // The button has changed by itself; what stands in the state is what counts.
             if (row.state) mirrors.show(*row.state);
         });
@@ -76,7 +73,7 @@ void Bar::changeEvent(QEvent* event) {
 void Bar::drawIcons() {
     const QColor ink = palette().color(QPalette::ButtonText);
     for (std::size_t i = 0; i < buttons_.size(); ++i) {
-        const std::string name = std::string("icons/") + Toolbar::buttons[i].name;
+        const std::string name = std::string("icons/") + Toolbar::buttons()[i].name;
         buttons_[i]->setIcon(Drawings::icon(name.c_str(), ink));
     }
 }

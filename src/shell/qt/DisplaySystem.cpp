@@ -2,7 +2,9 @@
 
 #include <QGuiApplication>
 #include <QWidget>
-#include <cstdio>
+#include <string>
+
+#include "common/Complaint.h"
 
 namespace velna::DisplaySystem {
 
@@ -22,11 +24,10 @@ void standAbovePicture(QWidget& widget) {
 }
 
 void tellWhatIsDenied(bool logOutAsks) {
-    std::fprintf(stderr,
-                 "velna: without an X server the demonstration moves a drawn pointer, which the "
-                 "picture hides, windows stand where the desktop puts them, and a flight leaves "
-                 "the toolbar beside the picture%s\n",
-                 logOutAsks ? "" : "; this desktop lets nobody ask before a log-out");
+    complain(std::string("without an X server the demonstration moves a drawn pointer, which the "
+                         "picture hides, windows stand where the desktop puts them, and a flight "
+                         "leaves the toolbar beside the picture") +
+             (logOutAsks ? "" : "; this desktop lets nobody ask before a log-out"));
 }
 
 }  // namespace velna::DisplaySystem

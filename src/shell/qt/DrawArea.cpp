@@ -48,7 +48,8 @@ bool opensMenu(const QKeyEvent& event) {
 
 }  // namespace
 
-DrawArea::DrawArea(QWidget* parent) : SurfaceWidget(parent) {
+DrawArea::DrawArea(MainForm& main, const Helper& helper, QWidget* parent)
+    : SurfaceWidget(parent), main_(main), helper_(helper) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setObjectName("DrawArea");
@@ -63,9 +64,14 @@ void DrawArea::setShape(CursorShape shape, CursorIcon icon) {
     }
 }
 
+void DrawArea::glideTo(QPoint place) {
+    main_.DrawArea_MouseMove(0, 0, static_cast<float>(place.x()), static_cast<float>(place.y()));
+}
+
 void DrawArea::mousePressEvent(QMouseEvent* event) {
-    Main.DrawArea_MouseDown(EventArguments::button(event->button()),
-                            EventArguments::shift(event->modifiers()), column(*event), row(*event));
+    main_.DrawArea_MouseDown(EventArguments::button(event->button()),
+                             EventArguments::shift(event->modifiers()), column(*event),
+                             row(*event));
     surface().refresh();
 }
 
@@ -77,27 +83,27 @@ void DrawArea::mouseMoveEvent(QMouseEvent* event) {
     const std::int16_t held = EventArguments::buttons(event->buttons());
     const std::int16_t shift = EventArguments::shift(event->modifiers());
     // A menu opened in mid-drag takes the release. The demonstration drags without a button.
-    if (held == 0 && Main.anyBusy() && !Helper::running) Main.cancelGesture();
-    Main.DrawArea_MouseMove(held, shift, column(*event), row(*event));
+    if (held == 0 && main_.anyBusy() && !helper_.running) main_.cancelGesture();
+    main_.DrawArea_MouseMove(held, shift, column(*event), row(*event));
     // A held modifier does not repeat on every desktop: it arms what the pointer has come to now.
-    if (held == 0 && shift != 0) Main.DrawArea_keydown(EventArguments::modifierKey(shift), shift);
+    if (held == 0 && shift != 0) main_.DrawArea_keydown(EventArguments::modifierKey(shift), shift);
     surface().refresh();
 }
 
 void DrawArea::mouseReleaseEvent(QMouseEvent* event) {
-    Main.DrawArea_MouseUp(EventArguments::button(event->button()),
-                          EventArguments::shift(event->modifiers()), column(*event), row(*event));
+    main_.DrawArea_MouseUp(EventArguments::button(event->button()),
+                           EventArguments::shift(event->modifiers()), column(*event), row(*event));
     surface().refresh();
 }
 
 // Under the pointer, as for the right button, or in the middle when that is elsewhere.
 void DrawArea::openMenu() {
-    if (Main.anyBusy()) return;
+    if (main_.anyBusy()) return;
     // The Shift of Shift+F10 has armed the other direction, and comes up in the menu.
-    Main.cancelGesture();
+    main_.cancelGesture();
     const QPoint pointer = mapFromGlobal(QCursor::pos());
     const QPoint at = rect().contains(pointer) ? pointer : rect().center();
-    Main.window->openPopup(static_cast<float>(at.x()), static_cast<float>(at.y()));
+    main_.window->openPopup(static_cast<float>(at.x()), static_cast<float>(at.y()));
     surface().refresh();
 }
 
@@ -105,7 +111,7 @@ void DrawArea::keyPressEvent(QKeyEvent* event) {
     if (opensMenu(*event)) return openMenu();
     const std::int16_t code = EventArguments::keyCode(*event);
     if (!event->isAutoRepeat() && !EventArguments::isModifier(code)) ++keysDown_;
-    Main.DrawArea_keydown(code, EventArguments::shift(*event));
+    main_.DrawArea_keydown(code, EventArguments::shift(*event));
     surface().refresh();
     // Keys that the editor does not know go on to the window.
     if (code == 0) event->ignore();
@@ -119,7 +125,7 @@ void DrawArea::keyReleaseEvent(QKeyEvent* event) {
         if (keysDown_ == 0) return;
         --keysDown_;
     }
-    Main.DrawArea_keyup();
+    main_.DrawArea_keyup();
     surface().refresh();
 }
 

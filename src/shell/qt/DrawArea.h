@@ -8,13 +8,18 @@ class QMouseEvent;
 
 namespace velna {
 
+class MainForm;
+struct Helper;
+
 /// The two-dimensional editor on screen: it hands the pointer and the keys to `Main` as plain
 /// arguments. Presses and releases are handed on one by one; only moves may be collapsed.
 class DrawArea : public SurfaceWidget {
 public:
-    explicit DrawArea(QWidget* parent);
+    DrawArea(MainForm& main, const Helper& helper, QWidget* parent);
 
     void setShape(CursorShape shape, CursorIcon icon);
+    /// A move of the demonstration, where no program can move the pointer itself.
+    void glideTo(QPoint place);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
@@ -28,6 +33,8 @@ protected:
 private:
     void openMenu();
 
+    MainForm& main_;
+    const Helper& helper_;
     int keysDown_ = 0;  // that went down here, modifiers apart
 };
 

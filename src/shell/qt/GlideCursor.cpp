@@ -5,7 +5,6 @@
 #include <QPointer>
 #include <memory>
 
-#include "editor/Main.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
@@ -34,10 +33,7 @@ void moveDrawn(MainWindow& window, QPoint place) {
     }
     drawn->move(place);
     const QPoint inside = window.drawArea().mapFrom(&window, place);
-    if (window.drawArea().rect().contains(inside)) {
-        Main.DrawArea_MouseMove(0, 0, static_cast<float>(inside.x()),
-                                static_cast<float>(inside.y()));
-    }
+    if (window.drawArea().rect().contains(inside)) window.drawArea().glideTo(inside);
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ struct Context {
 };
 constexpr Context contexts[] = {{300, "main-window"}};
 
-// The pages of the panel's tabs, by their numbers.
+// The pages of the panel's tabs, by their numbers: a field stands for the tab that it is on.
 constexpr const char* tabPages[] = {"tab-fuselage", "tab-wing", "tab-stabiliser", "tab-rudder",
                                     "tab-electronics"};
 

@@ -3,39 +3,18 @@
 #include <cmath>
 #include <utility>
 
+#include "common/ClipLine.h"
+
 namespace velna {
 namespace {
 
 // Ends are clipped to this distance before they become integers: far outside every screen, and
 // small enough that a slope of 32 binary places times the longest line fits into 64 bits.
 constexpr double farAway = 1 << 20;
+constexpr AxisRange nearEnough{-farAway, farAway};
 constexpr int fractionBits = 32;
 constexpr std::int64_t one = std::int64_t{1} << fractionBits;
 constexpr std::int64_t half = one / 2;
-
-struct Ends {
-    double x1, y1, x2, y2;
-};
-
-// Shortens the line to the part between -farAway and farAway on the axis of `a`. Halves keep the
-// difference of two huge ends finite.
-bool clipAxis(double& a1, double& b1, double& a2, double& b2) {
-    for (const double side : {-1.0, 1.0}) {
-        const double over1 = a1 / 2 * side - farAway / 2;
-        const double over2 = a2 / 2 * side - farAway / 2;
-        if (over1 > 0 && over2 > 0) return false;
-        if (over1 <= 0 && over2 <= 0) continue;
-        const double t = over1 / (over1 - over2);
-        const double b = b1 * (1 - t) + b2 * t;
-        (over1 > 0 ? a1 : a2) = side * farAway;
-        (over1 > 0 ? b1 : b2) = b;
-    }
-    return true;
-}
-
-bool clip(Ends& e) {
-    return clipAxis(e.x1, e.y1, e.x2, e.y2) && clipAxis(e.y1, e.x1, e.y2, e.x2);
-}
 
 std::int64_t nearestPixel(double value) {
     return static_cast<std::int64_t>(std::floor(value + 0.5));
@@ -90,35 +69,21 @@ void write(std::uint32_t& pixel, std::uint32_t colour) {
     }
 }
 
-// Writes the pixels of a walk that lies wholly inside the buffer.
-template <PixelRule rule>
-void walkPixels(const Walk& walk, std::uint32_t* pixels, std::ptrdiff_t majorStep,
-                std::ptrdiff_t minorStep, std::uint32_t colour) {
-    std::uint32_t* at = pixels + walk.major1 * majorStep;
-    std::int64_t minor = walk.minor;
-    for (std::int64_t i = walk.major1; i <= walk.major2; ++i) {
-        write<rule>(at[(minor >> fractionBits) * minorStep], colour);
-        at += majorStep;
-        minor += walk.slope;
-    }
+// How a walk goes through a buffer: `steep` for rows as its steps.
+struct Grid {
+    std::int64_t majorSize, minorSize;
+    std::ptrdiff_t majorStep, minorStep;
+};
+
+Grid gridOf(const PixelBuffer& buffer, bool steep) {
+    if (steep) return {buffer.height, buffer.width, buffer.stride, 1};
+    return {buffer.width, buffer.height, 1, buffer.stride};
 }
 
-}  // namespace
-
-void rasterLine(const PixelBuffer& buffer, double x1, double y1, double x2, double y2,
-                std::uint32_t colour, int thickness, PixelRule rule, PixelRegion& changed) {
-    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
-        return;
-    // One order for both directions; clipping comes after it, since it rounds by the order too.
-    if (std::pair(x2, y2) < std::pair(x1, y1)) {
-        std::swap(x1, x2);
-        std::swap(y1, y2);
-    }
-    Ends e{x1, y1, x2, y2};
-    if (!clip(e)) return;
-    std::int64_t px1 = nearestPixel(e.x1), py1 = nearestPixel(e.y1);
-    std::int64_t px2 = nearestPixel(e.x2), py2 = nearestPixel(e.y2);
-
+// The walk between two clipped ends, and whether it is steep.
+std::pair<Walk, bool> walkBetween(Point2D from, Point2D to) {
+    std::int64_t px1 = nearestPixel(from.x), py1 = nearestPixel(from.y);
+    std::int64_t px2 = nearestPixel(to.x), py2 = nearestPixel(to.y);
     const bool steep = std::abs(py2 - py1) > px2 - px1;
     if (steep) {
         std::swap(px1, py1);
@@ -129,35 +94,60 @@ void rasterLine(const PixelBuffer& buffer, double x1, double y1, double x2, doub
         std::swap(py1, py2);
     }
     const std::int64_t slope = px2 == px1 ? 0 : (py2 - py1) * one / (px2 - px1);
-    const Walk line{px1, px2, py1 * one + half, slope};
-    const std::int64_t majorSize = steep ? buffer.height : buffer.width;
-    const std::int64_t minorSize = steep ? buffer.width : buffer.height;
-    const std::ptrdiff_t majorStep = steep ? buffer.stride : 1;
-    const std::ptrdiff_t minorStep = steep ? 1 : buffer.stride;
+    return {{px1, px2, py1 * one + half, slope}, steep};
+}
+
+// Writes the pixels of a walk that lies wholly inside the buffer.
+template <PixelRule rule>
+void walkPixels(const Walk& walk, std::uint32_t* pixels, const Grid& grid, std::uint32_t colour) {
+    std::uint32_t* at = pixels + walk.major1 * grid.majorStep;
+    std::int64_t minor = walk.minor;
+    for (std::int64_t i = walk.major1; i <= walk.major2; ++i) {
+        write<rule>(at[(minor >> fractionBits) * grid.minorStep], colour);
+        at += grid.majorStep;
+        minor += walk.slope;
+    }
+}
+
+void include(PixelRegion& changed, const Walk& walk, bool steep) {
+    const auto a = static_cast<int>(walk.major1), b = static_cast<int>(walk.major2) + 1;
+    const std::int64_t end = walk.minor + walk.slope * (walk.major2 - walk.major1);
+    const auto c = static_cast<int>(std::min(walk.minor, end) >> fractionBits);
+    const auto d = static_cast<int>(std::max(walk.minor, end) >> fractionBits) + 1;
+    if (steep) {
+        changed.include(c, a, d, b);
+    } else {
+        changed.include(a, c, b, d);
+    }
+}
+
+}  // namespace
+
+void rasterLine(const PixelBuffer& buffer, double x1, double y1, double x2, double y2,
+                std::uint32_t colour, int thickness, PixelRule rule, PixelRegion& changed) {
+    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
+        return;
+    // One order for both directions; clipping comes after it, since it rounds by the order too.
+    Point2D from{x1, y1}, to{x2, y2};
+    if (std::pair(x2, y2) < std::pair(x1, y1)) std::swap(from, to);
+    if (!clipLine(from, to, nearEnough, nearEnough)) return;
+    const auto [line, steep] = walkBetween(from, to);
+    const Grid grid = gridOf(buffer, steep);
 
     // A thick line is the thin one beside itself: each pixel still belongs to one of them alone.
     const int across = std::max(thickness, 1);
     for (int i = 0; i < across; ++i) {
         Walk walk = line;
         walk.minor += (i - (across - 1) / 2) * one;
-        cutMajor(walk, majorSize);
-        cutMinor(walk, 0, minorSize);
+        cutMajor(walk, grid.majorSize);
+        cutMinor(walk, 0, grid.minorSize);
         if (walk.major1 > walk.major2) continue;
         if (rule == PixelRule::Copy) {
-            walkPixels<PixelRule::Copy>(walk, buffer.pixels, majorStep, minorStep, colour);
+            walkPixels<PixelRule::Copy>(walk, buffer.pixels, grid, colour);
         } else {
-            walkPixels<PixelRule::Invert>(walk, buffer.pixels, majorStep, minorStep, colour);
+            walkPixels<PixelRule::Invert>(walk, buffer.pixels, grid, colour);
         }
-
-        const auto a = static_cast<int>(walk.major1), b = static_cast<int>(walk.major2) + 1;
-        const std::int64_t end = walk.minor + walk.slope * (walk.major2 - walk.major1);
-        const auto c = static_cast<int>(std::min(walk.minor, end) >> fractionBits);
-        const auto d = static_cast<int>(std::max(walk.minor, end) >> fractionBits) + 1;
-        if (steep) {
-            changed.include(c, a, d, b);
-        } else {
-            changed.include(a, c, b, d);
-        }
+        include(changed, walk, steep);
     }
 }
 

@@ -8,12 +8,13 @@ class QSessionManager;
 namespace velna {
 
 class SessionClient;
+struct Quit;
 
 /// A log-out of the desktop: asks the question of a quit while its No can still call the log-out
 /// off. The close that follows a Yes does not ask again.
 class LogOut : public QObject {
 public:
-    LogOut();
+    explicit LogOut(Quit& quit);
     ~LogOut() override;
 
     /// False where the desktop gives no way to ask.
@@ -23,8 +24,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    static void ask(QSessionManager& manager);
+    void ask(QSessionManager& manager);
 
+    Quit& quit_;
     std::unique_ptr<SessionClient> session_;  // where the toolkit itself takes no part in one
 };
 

@@ -10,11 +10,7 @@
 #include <QThread>
 #include <QTimer>
 
-#include "editor/Main.h"
-#include "preview/Flying.h"
-#include "shell/Helper.h"
-#include "shell/Startup.h"
-#include "shell/ToolbarCommands.h"
+#include "shell/Application.h"
 #include "shell/qt/Bar.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
@@ -61,7 +57,7 @@ bool insideDialog() {
 
 }  // namespace
 
-MainWindow::MainWindow() {
+MainWindow::MainWindow(Application& program) : program_(program), mirrors_(program.Main.controls) {
     setObjectName("Main");
     setProperty("helpPage", "main-window");
     setWindowIcon(Drawings::icon("icons/VTop", QColor("#2f80d0")));
@@ -73,19 +69,19 @@ void MainWindow::build(bool smallFonts) {
     smallFonts_ = smallFonts;
     setGeometry(screen()->availableGeometry());
     winId();  // the native window that the picture's own window becomes a child of
-    panel_ = new PanelWidgets(smallFonts, mirrors_, this);
+    panel_ = new PanelWidgets(program_.Main, smallFonts, mirrors_, this);
     buildSurfaces();
-    bar_ = new Bar(mirrors_, this);
+    bar_ = new Bar(program_.toolbar, mirrors_, this);
     buildSigns();
-    popup_ = new PopupMenu(mirrors_, this);
+    popup_ = new PopupMenu(program_.Main, mirrors_, this);
     for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
     layOut(size());
     connect(windowHandle(), &QWindow::screenChanged, this, [this] { followScreen(); });
 }
 
 void MainWindow::buildSurfaces() {
-    drawArea_ = new DrawArea(this);
-    renderWindow_ = new RenderWindow;
+    drawArea_ = new DrawArea(program_.Main, program_.helper, this);
+    renderWindow_ = new RenderWindow(program_.rendering, program_.renderPointer);
     render_ = QWidget::createWindowContainer(renderWindow_, this);
     render_->setFocusPolicy(Qt::NoFocus);
     render_->setAccessibleName("Picture");
@@ -219,9 +215,9 @@ void MainWindow::start() {
 
 void MainWindow::redraw() {
     if (!started_ || flight_) return;
-    Main.zoomSectionSet();
-    Main.refreshDrawingArea();
-    Main.updateFuselageInterface();
+    program_.Main.zoomSectionSet();
+    program_.Main.refreshDrawingArea();
+    program_.Main.updateFuselageInterface();
     drawArea_->surface().refresh();
     panel_->update();
 }
@@ -244,8 +240,8 @@ void MainWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (!started_) return;
     // Another window has come up: what was being dragged is let go.
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !Helper::running)
-        Main.cancelGesture();
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && !program_.helper.running)
+        program_.Main.cancelGesture();
     if (event->type() == QEvent::PaletteChange) layOut(size());
 }
 
@@ -256,12 +252,12 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         closeAfterDialogs();
         return;
     }
-    if (!Startup::queryUnload()) {
+    if (!program_.quit.queryUnload()) {
         event->ignore();
         return;
     }
     stop();
-    Startup::unload();
+    program_.quit.unload();
     // The toolkit ends the program with the last window that it knows of; nothing is left to wait
     // for.
     QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(); });
@@ -277,16 +273,16 @@ void MainWindow::closeAfterDialogs() {
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
-    if (Flying::flying) {
-        Toolbar::click(Toolbar::Key::FlyingPreview);
+    if (program_.flying.flying) {
+        program_.toolbar.click(Toolbar::Key::FlyingPreview);
     } else {
-        Helper::stop();
+        program_.helper.stop();
     }
 }
 
 void MainWindow::formKeyUp(const QKeyEvent& event) {
     if (!started_ || flight_ || event.isAutoRepeat()) return;
-    Main.Form_keyup();
+    program_.Main.Form_keyup();
     drawArea_->surface().refresh();
 }
 

@@ -10,6 +10,7 @@ class QPushButton;
 
 namespace velna {
 
+struct Application;
 class Bar;
 class DrawArea;
 class PanelWidgets;
@@ -22,7 +23,7 @@ struct WindowLayout;
 /// start-up.
 class MainWindow : public QWidget {
 public:
-    MainWindow();
+    explicit MainWindow(Application& program);
     ~MainWindow() override;
 
     /// Makes all controls and lays them out for the screen that the window will fill.
@@ -71,6 +72,7 @@ private:
     /// The form's own key-up, which comes from every control but the drawing area.
     void formKeyUp(const QKeyEvent& event);
 
+    Application& program_;
     Mirrors mirrors_;
     Bar* bar_ = nullptr;
     PanelWidgets* panel_ = nullptr;

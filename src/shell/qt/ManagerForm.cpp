@@ -12,13 +12,13 @@
 #include <utility>
 
 #include "editor/Main.h"
-#include "model/ObjectList.h"
-#include "model/Plane.h"
+#include "model/Project.h"
 #include "shell/qt/Drawings.h"
 
 namespace velna {
 
-ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidget) {
+ManagerForm::ManagerForm(MainForm& main, QWidget* parent)
+    : QDialog(parent), main_(main), list_(new QTreeWidget) {
     setObjectName("ObjectList");
     setWindowTitle("Fuselage Manager");
     setProperty("helpPage", "manager");
@@ -33,18 +33,17 @@ ManagerForm::ManagerForm(QWidget* parent) : QDialog(parent), list_(new QTreeWidg
     layout->addWidget(list_);
     layout->addLayout(buildButtons());
 
-    ObjectList.update();
+    Project& project = main_.project;
+    project.ObjectList.update(project.Fuselages, project.nbFuselages);
     showRows();
     fitColumns();
-    if (QTreeWidgetItem* current = list_->topLevelItem(currentFuselage - 1))
+    if (QTreeWidgetItem* current = list_->topLevelItem(project.currentFuselage - 1))
         list_->setCurrentItem(current);
-    keepSelection();
     connect(list_, &QTreeWidget::itemDoubleClicked, this, [this] { reject(); });
-    connect(list_, &QTreeWidget::itemSelectionChanged, this, [this] { keepSelection(); });
     connect(list_, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem* item, int column) {
         if (column == 0) {
-            Main.rowChecked(list_->indexOfTopLevelItem(item) + 1,
-                            item->checkState(0) == Qt::Checked);
+            main_.rowChecked(list_->indexOfTopLevelItem(item) + 1,
+                             item->checkState(0) == Qt::Checked);
         }
     });
 }
@@ -60,11 +59,11 @@ QLayout* ManagerForm::buildButtons() {
         return button;
     };
     const QColor ink = palette().color(QPalette::ButtonText);
-    add("ShowCommand", "Show", [] {
-        Main.showCommand();
+    add("ShowCommand", "Show", [this] {
+        main_.showCommand(selectedRows());
     })->setIcon(Drawings::icon("icons/Show", ink));
-    add("HideCommand", "Hide", [] {
-        Main.hideCommand();
+    add("HideCommand", "Hide", [this] {
+        main_.hideCommand(selectedRows());
     })->setIcon(Drawings::icon("icons/Hide", ink));
     row->addStretch();
     add("CloseCommand", "Close", [this] { reject(); })->setDefault(true);
@@ -73,12 +72,13 @@ QLayout* ManagerForm::buildButtons() {
 
 void ManagerForm::showRows() {
     const QSignalBlocker silent(list_);
-    const int count = static_cast<int>(ObjectList.rows.size());
+    const auto& rows = main_.project.ObjectList.rows;
+    const int count = static_cast<int>(rows.size());
     while (list_->topLevelItemCount() > count)
         delete list_->takeTopLevelItem(list_->topLevelItemCount() - 1);
     while (list_->topLevelItemCount() < count) list_->addTopLevelItem(new QTreeWidgetItem);
     for (int i = 0; i < count; ++i) {
-        const FuselageRow& row = ObjectList.rows[static_cast<std::size_t>(i)];
+        const FuselageRow& row = rows[static_cast<std::size_t>(i)];
         QTreeWidgetItem& item = *list_->topLevelItem(i);
         item.setText(0, QString::fromStdString(row.text));
         item.setText(1, QString::fromStdString(row.status));
@@ -103,11 +103,11 @@ void ManagerForm::fitColumns() {
                           std::max(leastHeight, leastRows * fontMetrics().height() * 3 / 2));
 }
 
-void ManagerForm::keepSelection() {
-    for (int i = 0; i < list_->topLevelItemCount(); ++i) {
-        ObjectList.rows[static_cast<std::size_t>(i)].selected =
-            list_->topLevelItem(i)->isSelected();
-    }
+std::vector<int> ManagerForm::selectedRows() const {
+    std::vector<int> rows;
+    for (int i = 0; i < list_->topLevelItemCount(); ++i)
+        if (list_->topLevelItem(i)->isSelected()) rows.push_back(i + 1);
+    return rows;
 }
 
 void ManagerForm::reject() {
@@ -118,7 +118,7 @@ void ManagerForm::reject() {
                               : selected.isEmpty()                    ? nullptr
                                                                       : selected.front();
     QDialog::reject();
-    Main.closeManager(counts ? list_->indexOfTopLevelItem(counts) + 1 : 0);
+    main_.closeManager(counts ? list_->indexOfTopLevelItem(counts) + 1 : 0);
 }
 
 }  // namespace velna

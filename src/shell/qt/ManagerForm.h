@@ -1,17 +1,20 @@
 #pragma once
 
 #include <QDialog>
+#include <vector>
 
 class QLayout;
 class QTreeWidget;
 
 namespace velna {
 
+class MainForm;
+
 /// The form `ObjectList`: which fuselages are shown, and which is edited. Closing it by its window
 /// button is Close.
 class ManagerForm : public QDialog {
 public:
-    explicit ManagerForm(QWidget* parent);
+    ManagerForm(MainForm& main, QWidget* parent);
 
     /// Shows the rows of `ObjectList` as they are.
     void showRows();
@@ -22,8 +25,10 @@ protected:
 private:
     QLayout* buildButtons();
     void fitColumns();
-    void keepSelection();
+    /// The numbers of the selected rows.
+    std::vector<int> selectedRows() const;
 
+    MainForm& main_;
     QTreeWidget* list_;
 };
 

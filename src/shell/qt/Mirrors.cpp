@@ -2,13 +2,11 @@
 
 #include <QWidget>
 
-#include "editor/Main.h"
-
 namespace velna {
 
 void Mirrors::show(Control control) const {
     const Show& show = shows_[static_cast<std::size_t>(control)];
-    if (show) show(Main.controls[control]);
+    if (show) show(controls_[control]);
 }
 
 void Mirrors::showAll() const {

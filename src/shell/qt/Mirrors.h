@@ -16,6 +16,8 @@ class Mirrors {
 public:
     using Show = std::function<void(const ControlState&)>;
 
+    explicit Mirrors(const ControlStates& controls) : controls_(controls) {}
+
     void add(Control control, Show show) {
         shows_[static_cast<std::size_t>(control)] = std::move(show);
     }
@@ -28,6 +30,7 @@ public:
     }
 
 private:
+    const ControlStates& controls_;
     std::array<Show, controlCount> shows_;
 };
 

@@ -26,9 +26,9 @@
 namespace velna {
 namespace {
 
-const std::vector<CatalogueEntry>& catalogueOf(Control combo) {
-    if (combo == Control::ServosCombo) return Equipment::servoTypes;
-    return combo == Control::ReceiverCombo ? Equipment::receiverTypes : Equipment::accuTypes;
+int kindOf(Control combo) {
+    if (combo == Control::ServosCombo) return BoxKind::servo;
+    return combo == Control::ReceiverCombo ? BoxKind::receiver : BoxKind::accumulator;
 }
 
 const char* catalogueName(Control combo) {
@@ -36,12 +36,12 @@ const char* catalogueName(Control combo) {
     return combo == Control::ReceiverCombo ? "Receiver model" : "Accumulator model";
 }
 
-void fillCombo(QComboBox& box, Control combo) {
+void fillCombo(QComboBox& box, Control combo, const MainForm& main) {
     const QSignalBlocker silent(&box);
     box.clear();
-    for (const CatalogueEntry& entry : catalogueOf(combo))
+    for (const CatalogueEntry& entry : Equipment::catalogue(kindOf(combo), main.project.units))
         box.addItem(QString::fromStdString(entry.name));
-    box.setCurrentIndex(std::clamp(Main.controls[combo].value, 0, box.count() - 1));
+    box.setCurrentIndex(std::clamp(main.controls[combo].value, 0, box.count() - 1));
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ QHBoxLayout* PanelWidgets::listRow(const char* caption, Control label, Control b
         scroll->setValue(state.value);
     });
     connect(scroll, &QScrollBar::valueChanged, this,
-            [bar](int value) { Main.scrollChanged(bar, value); });
+            [this, bar](int value) { main_.scrollChanged(bar, value); });
     row->addWidget(scroll, 1);
     const auto add = [&](const Control* control, const char* icon, const char* tip,
                          const char* act) {
@@ -96,9 +96,9 @@ QWidget* PanelWidgets::button(Control control, const char* icon, const char* tip
     result->setToolTip(tip);
     result->setFocusPolicy(Qt::TabFocus);
     // A new fuselage asks for the modifiers at the press. The others act when the button is let go.
-    const auto act = [control] {
-        Main.buttonPressed(control,
-                           EventArguments::shift(QGuiApplication::queryKeyboardModifiers()));
+    const auto act = [this, control] {
+        main_.buttonPressed(control,
+                            EventArguments::shift(QGuiApplication::queryKeyboardModifiers()));
     };
     if (control == Control::IndexFusPlusButton) {
         connect(result, &QToolButton::pressed, this, act);
@@ -113,7 +113,8 @@ QWidget* PanelWidgets::checkBox(Control control, const char* caption) {
     auto* box = new QCheckBox(caption);
     box->setObjectName(controlName(control));
     box->setToolTip(panelCheck(control)->quantity);
-    connect(box, &QCheckBox::clicked, this, [control](bool on) { Main.checkClicked(control, on); });
+    connect(box, &QCheckBox::clicked, this,
+            [this, control](bool on) { main_.checkClicked(control, on); });
     mirrors_.add(control, [box](const ControlState& state) {
         showPresence(*box, state);
         box->setChecked(state.checked);
@@ -124,7 +125,8 @@ QWidget* PanelWidgets::checkBox(Control control, const char* caption) {
 QAbstractButton* PanelWidgets::option(Control control, const char* caption) {
     auto* result = new QRadioButton(caption);
     result->setObjectName(controlName(control));
-    connect(result, &QRadioButton::clicked, this, [control] { Main.optionClicked(control); });
+    connect(result, &QRadioButton::clicked, this,
+            [this, control] { main_.optionClicked(control); });
     mirrors_.add(control, [result](const ControlState& state) {
         if (state.checked) result->setChecked(true);
     });
@@ -145,10 +147,10 @@ void PanelWidgets::addCatalogue(QVBoxLayout& page, Control control) {
     box->setMinimumContentsLength(10);
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     connect(box, &QComboBox::activated, this,
-            [control](int index) { Main.comboClicked(control, index); });
-    mirrors_.add(control, [box, control](const ControlState& state) {
+            [this, control](int index) { main_.comboClicked(control, index); });
+    mirrors_.add(control, [this, box, control](const ControlState& state) {
         showPresence(*box, state);
-        fillCombo(*box, control);
+        fillCombo(*box, control, main_);
     });
 }
 
@@ -165,7 +167,7 @@ QWidget* PanelWidgets::slider(Control control) {
     result->setInvertedAppearance(true);
     result->setInvertedControls(true);
     connect(result, &QSlider::valueChanged, this,
-            [control](int value) { Main.sliderChanged(control, value); });
+            [this, control](int value) { main_.sliderChanged(control, value); });
     const int tallest = sectionArea_->height();
     const bool stretched = control == Control::BiasSlider;
     mirrors_.add(control, [result, tallest, stretched](const ControlState& state) {

@@ -31,16 +31,13 @@ namespace {
 struct TabRow {
     const char* name;
     const char* icon;
-    const char* helpPage;
 };
 
 // By tab number.
 constexpr TabRow tabs[] = {
-    {"Fuselage", "icons/TabFuselage", "tab-fuselage"},
-    {"Wing", "icons/TabWing", "tab-wing"},
-    {"Stabilizer", "icons/TabStabilizer", "tab-stabiliser"},
-    {"Rudder", "icons/TabRudder", "tab-rudder"},
-    {"Electronics", "icons/TabElectronics", "tab-electronics"},
+    {"Fuselage", "icons/TabFuselage"},       {"Wing", "icons/TabWing"},
+    {"Stabilizer", "icons/TabStabilizer"},   {"Rudder", "icons/TabRudder"},
+    {"Electronics", "icons/TabElectronics"},
 };
 
 constexpr int allRows = 100;
@@ -70,8 +67,8 @@ void keepRoom(QWidget& widget) {
 
 }  // namespace
 
-PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
-    : QTabWidget(parent), compact_(compact), mirrors_(mirrors) {
+PanelWidgets::PanelWidgets(MainForm& main, bool compact, Mirrors& mirrors, QWidget* parent)
+    : QTabWidget(parent), main_(main), compact_(compact), mirrors_(mirrors) {
     setObjectName("Parameters");
     setTabBar(new EvenTabBar);
     setDocumentMode(true);
@@ -90,12 +87,12 @@ PanelWidgets::PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent)
         const QSignalBlocker silent(*this);
         setCurrentIndex(state.value);
     });
-    connect(tabBar(), &QTabBar::tabBarClicked, this, [](int tab) {
-        if (tab >= 0) Main.tabClicked(tab);
+    connect(tabBar(), &QTabBar::tabBarClicked, this, [this](int tab) {
+        if (tab >= 0) main_.tabClicked(tab);
     });
     // The keyboard changes a tab as a click does.
-    connect(this, &QTabWidget::currentChanged, this, [](int tab) {
-        if (tab != Main.tab()) Main.tabClicked(tab);
+    connect(this, &QTabWidget::currentChanged, this, [this](int tab) {
+        if (tab != main_.tab()) main_.tabClicked(tab);
     });
 }
 
@@ -146,7 +143,6 @@ void PanelWidgets::drawIcons() {
 
 QVBoxLayout* PanelWidgets::addPage(int tab) {
     auto* page = new QWidget;
-    page->setProperty("helpPage", tabs[tab].helpPage);
     auto* layout = new QVBoxLayout(page);
     const int margin = compact_ ? 4 : 10;
     layout->setContentsMargins(margin, compact_ ? 2 : 8, margin, 2);
@@ -183,7 +179,8 @@ QGridLayout* PanelWidgets::fieldGrid(int tab, int firstRow, int lastRow) {
     for (const PanelPlace& place : panelPlaces()) {
         if (panelField(place.control)->tab != tab || place.row < firstRow || place.row > lastRow)
             continue;
-        grid->addWidget(new ParameterCell(place, picture, mirrors_, this), place.row, place.column);
+        grid->addWidget(new ParameterCell(main_, place, picture, mirrors_, this), place.row,
+                        place.column);
     }
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);

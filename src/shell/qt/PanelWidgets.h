@@ -12,6 +12,7 @@ class QVBoxLayout;
 
 namespace velna {
 
+class MainForm;
 class Mirrors;
 class SurfaceWidget;
 
@@ -21,7 +22,7 @@ inline constexpr const char* drawingProperty = "drawing";
 /// The tab control `Parameters` with all its fields. The compact form is for small fonts.
 class PanelWidgets : public QTabWidget {
 public:
-    PanelWidgets(bool compact, Mirrors& mirrors, QWidget* parent);
+    PanelWidgets(MainForm& main, bool compact, Mirrors& mirrors, QWidget* parent);
 
     /// The width at which no page is cut off when the panel is `height` pixels high.
     int neededWidth(int height) const;
@@ -56,6 +57,7 @@ private:
     QAbstractButton* option(Control control, const char* caption);
     void addCatalogue(QVBoxLayout& page, Control control);
 
+    MainForm& main_;
     bool compact_;
     Mirrors& mirrors_;
     SurfaceWidget* sectionArea_ = nullptr;

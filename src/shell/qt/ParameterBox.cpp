@@ -39,14 +39,14 @@ QColor tinted(const QColor& ground) {
 
 }  // namespace
 
-ParameterBox::ParameterBox(Control control, QWidget* parent)
-    : QLineEdit(parent), control_(control) {
+ParameterBox::ParameterBox(MainForm& main, Control control, QWidget* parent)
+    : QLineEdit(parent), main_(main), control_(control) {
     setObjectName(controlName(control));
     setAccessibleName(panelField(control)->quantity);
     setMinimumWidth(40);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
         const QScopedValueRollback typing(typing_, true);  // pasted, too
-        Main.textEdited(control_, text.toStdString());
+        main_.textEdited(control_, text.toStdString());
     });
 }
 
@@ -55,9 +55,9 @@ bool ParameterBox::event(QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
     typing_ = edits(key);
-    Main.textKeyDown(control_, text().toStdString());
+    main_.textKeyDown(control_, text().toStdString());
     // What was refilled while it was being typed is shown now.
-    if (!typing_) showText(QString::fromStdString(Main.controls[control_].text));
+    if (!typing_) showText(QString::fromStdString(main_.controls[control_].text));
     const bool taken = !EventArguments::typesWithAlt(key) && QLineEdit::event(event);
     typing_ = false;
     return taken;
@@ -66,7 +66,7 @@ bool ParameterBox::event(QEvent* event) {
 void ParameterBox::showState(const ControlState& state) {
     setEnabled(state.enabled);
     showText(QString::fromStdString(state.text));
-    const QString tip = QString::fromStdString(entryTip(*panelField(control_)));
+    const QString tip = QString::fromStdString(entryTip(main_.store(), *panelField(control_)));
     if (tip == toolTip()) return;
     setToolTip(tip);
     update();
@@ -90,18 +90,22 @@ void ParameterBox::initStyleOption(QStyleOptionFrame* option) const {
 }
 
 void ParameterBox::keyReleaseEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) Main.Form_keyup();
+    if (!event->isAutoRepeat()) main_.Form_keyup();
     QLineEdit::keyReleaseEvent(event);
 }
 
-ParameterCell::ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors& mirrors,
-                             QWidget* parent)
-    : QWidget(parent), place_(place), pictureSize_(pictureSize), picture_(new QLabel(this)) {
+ParameterCell::ParameterCell(MainForm& main, const PanelPlace& place, QSize pictureSize,
+                             Mirrors& mirrors, QWidget* parent)
+    : QWidget(parent),
+      main_(main),
+      place_(place),
+      pictureSize_(pictureSize),
+      picture_(new QLabel(this)) {
     auto* caption = new QLabel(place.caption, this);
     QFont small = font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     caption->setFont(small);
-    auto* box = new ParameterBox(place.control, this);
+    auto* box = new ParameterBox(main, place.control, this);
     caption->setBuddy(box);
     picture_->setFixedSize(pictureSize);
 
@@ -120,7 +124,7 @@ ParameterCell::ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors
 bool ParameterCell::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     // Asked for now, since the unit can change.
-    const std::string tip = panelTip(*panelField(place_.control));
+    const std::string tip = panelTip(main_.project, *panelField(place_.control));
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), QString::fromStdString(tip),
                        this);
     return true;

@@ -9,13 +9,14 @@ class QLabel;
 
 namespace velna {
 
+class MainForm;
 class Mirrors;
 
 /// A text box of the panel. Every key that goes down in it commits the text as it stands before the
 /// key takes effect; losing the focus commits nothing.
 class ParameterBox : public QLineEdit {
 public:
-    ParameterBox(Control control, QWidget* parent);
+    ParameterBox(MainForm& main, Control control, QWidget* parent);
 
     /// Shows what the logic holds for the box: its text, but not between the digits that are being
     /// typed; a tint and a tip where the model does not hold all of that text.
@@ -29,6 +30,7 @@ protected:
 private:
     void showText(const QString& shown);
 
+    MainForm& main_;
     Control control_;
     bool typing_ = false;  // the text is being changed, or a key that will is committing it
 };
@@ -36,7 +38,8 @@ private:
 /// A text box with its caption and its drawing.
 class ParameterCell : public QWidget {
 public:
-    ParameterCell(const PanelPlace& place, QSize pictureSize, Mirrors& mirrors, QWidget* parent);
+    ParameterCell(MainForm& main, const PanelPlace& place, QSize pictureSize, Mirrors& mirrors,
+                  QWidget* parent);
 
 protected:
     bool event(QEvent* event) override;
@@ -46,6 +49,7 @@ protected:
 private:
     void drawPicture();
 
+    const MainForm& main_;
     const PanelPlace& place_;
     QSize pictureSize_;
     QLabel* picture_;

@@ -27,14 +27,14 @@ constexpr Entry entries[] = {
 
 }  // namespace
 
-PopupMenu::PopupMenu(Mirrors& mirrors, QWidget* parent) : QMenu(parent) {
+PopupMenu::PopupMenu(MainForm& main, Mirrors& mirrors, QWidget* parent) : QMenu(parent) {
     setObjectName("Popup");
     for (const Entry& entry : entries) {
         QAction* action = addAction(entry.caption);
         action->setObjectName(controlName(entry.control));
         action->setCheckable(entry.control == Control::LockZoom);
-        connect(action, &QAction::triggered, this, [&mirrors, control = entry.control] {
-            Main.menuClicked(control);
+        connect(action, &QAction::triggered, this, [&main, &mirrors, control = entry.control] {
+            main.menuClicked(control);
             mirrors.show(control);
         });
         mirrors.add(entry.control, [action](const ControlState& state) {

@@ -4,12 +4,13 @@
 
 namespace velna {
 
+class MainForm;
 class Mirrors;
 
 /// The menu `Popup` of the drawing surface.
 class PopupMenu : public QMenu {
 public:
-    PopupMenu(Mirrors& mirrors, QWidget* parent);
+    PopupMenu(MainForm& main, Mirrors& mirrors, QWidget* parent);
 
     /// Opens it at `place` on the screen without a press of the user's.
     void openUnasked(QPoint place);

@@ -12,8 +12,6 @@
 #include <functional>
 #include <utility>
 
-#include "editor/Main.h"
-#include "model/Prefs.h"
 #include "shell/Preferences.h"
 #include "shell/Startup.h"
 #include "shell/qt/EventArguments.h"
@@ -24,36 +22,40 @@ namespace {
 // Shows the span that the factor would give, with each key that goes down.
 class ScaleText : public QLineEdit {
 public:
-    explicit ScaleText(std::function<void()> committed) : committed_(std::move(committed)) {}
+    ScaleText(MainForm& main, std::function<void()> committed)
+        : main_(main), committed_(std::move(committed)) {}
 
 protected:
     bool event(QEvent* event) override {
         if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
-        Main.scaleTextKeyDown(text().toStdString());
+        main_.Prefs.scaleTextKeyDown(text().toStdString());
         committed_();
         return !EventArguments::typesWithAlt(static_cast<const QKeyEvent&>(*event)) &&
                QLineEdit::event(event);
     }
 
 private:
+    MainForm& main_;
     std::function<void()> committed_;
 };
 
-QRadioButton* unitOption(const char* name, const char* caption, int unit, bool chosen) {
+QRadioButton* unitOption(PrefsRecord& record, const char* name, const char* caption, int unit) {
     auto* option = new QRadioButton(caption);
     option->setObjectName(name);
-    option->setChecked(chosen);
-    QObject::connect(option, &QRadioButton::clicked, option, [unit] { Prefs.selectUnit(unit); });
+    option->setChecked(unit == inches ? record.InchesOption : record.MillimetersOption);
+    QObject::connect(option, &QRadioButton::clicked, option,
+                     [&record, unit] { record.selectUnit(unit); });
     return option;
 }
 
 }  // namespace
 
-PrefsForm::PrefsForm(QWidget* parent) : QDialog(parent) {
+PrefsForm::PrefsForm(Preferences& preferences, bool smallFonts, QWidget* parent)
+    : QDialog(parent), preferences_(preferences) {
     setObjectName("Prefs");
     setWindowTitle("Preferences");
     setProperty("helpPage", "preferences");
-    if (Startup::smallFontsVariable) growWithSmallFonts();
+    if (smallFonts) growWithSmallFonts();
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(unitFrame());
     layout->addWidget(scaleFrame());
@@ -81,20 +83,20 @@ void PrefsForm::growWithSmallFonts() {
 }
 
 QWidget* PrefsForm::unitFrame() {
+    PrefsRecord& record = preferences_.main.Prefs;
     auto* frame = new QGroupBox("Units");
     auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(unitOption("InchesOption", "&Inches", inches, Prefs.InchesOption));
-    layout->addWidget(
-        unitOption("MillimetersOption", "&Millimeters", millimetres, Prefs.MillimetersOption));
+    layout->addWidget(unitOption(record, "InchesOption", "&Inches", inches));
+    layout->addWidget(unitOption(record, "MillimetersOption", "&Millimeters", millimetres));
     return frame;
 }
 
 QWidget* PrefsForm::scaleFrame() {
     auto* frame = new QGroupBox("Scale");
     auto* grid = new QGridLayout(frame);
-    scaleText_ = new ScaleText([this] { showSpan(); });
+    scaleText_ = new ScaleText(preferences_.main, [this] { showSpan(); });
     scaleText_->setObjectName("ScaleText");
-    scaleText_->setText(QString::fromStdString(Prefs.ScaleText));
+    scaleText_->setText(QString::fromStdString(preferences_.main.Prefs.ScaleText));
     auto* caption = new QLabel("&Size of the whole model");
     caption->setBuddy(scaleText_);
     spanLabel_ = new QLabel;
@@ -105,24 +107,24 @@ QWidget* PrefsForm::scaleFrame() {
     grid->addWidget(new QLabel("%"), 0, 2);
     grid->addWidget(new QLabel("Full span of the wing"), 1, 0);
     grid->addWidget(spanLabel_, 1, 1);
-    grid->addWidget(new QLabel(Prefs.units == inches ? "in" : "mm"), 1, 2);
+    grid->addWidget(new QLabel(preferences_.main.project.units == inches ? "in" : "mm"), 1, 2);
     return frame;
 }
 
 void PrefsForm::showSpan() {
-    spanLabel_->setText(QString::fromStdString(Preferences::spanText()));
+    spanLabel_->setText(QString::fromStdString(preferences_.spanText()));
 }
 
 void PrefsForm::closeCommand() {
     // A factor typed last has had no key behind it.
-    Prefs.ScaleText = scaleText_->text().toStdString();
+    preferences_.main.Prefs.ScaleText = scaleText_->text().toStdString();
     hide();
-    Preferences::CloseCommand_Click();
+    preferences_.CloseCommand_Click();
     accept();
 }
 
 void PrefsForm::reject() {
-    Preferences::CancelCommand_Click();
+    preferences_.CancelCommand_Click();
     QDialog::reject();
 }
 

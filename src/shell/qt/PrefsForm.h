@@ -7,10 +7,12 @@ class QLineEdit;
 
 namespace velna {
 
+struct Preferences;
+
 /// The form `Prefs`: the unit and a one-off scale. Closing it by its window button is Cancel.
 class PrefsForm : public QDialog {
 public:
-    explicit PrefsForm(QWidget* parent);
+    PrefsForm(Preferences& preferences, bool smallFonts, QWidget* parent);
 
 protected:
     void reject() override;
@@ -22,6 +24,7 @@ private:
     void showSpan();
     void closeCommand();
 
+    Preferences& preferences_;
     QLineEdit* scaleText_ = nullptr;
     QLabel* spanLabel_ = nullptr;
 };

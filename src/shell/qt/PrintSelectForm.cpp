@@ -8,10 +8,8 @@
 #include <QVBoxLayout>
 #include <memory>
 
-#include "editor/Main.h"
-#include "output/Plans.h"
+#include "shell/PrintCommand.h"
 #include "shell/qt/QtPrinterSurface.h"
-#include "shell/qt/QtProgress.h"
 
 namespace velna {
 namespace {
@@ -41,7 +39,8 @@ constexpr const char* overlapName = "CheckOverlap";
 
 }  // namespace
 
-PrintSelectForm::PrintSelectForm(QWidget* parent) : QDialog(parent) {
+PrintSelectForm::PrintSelectForm(PrintCommand& command, QWidget* parent)
+    : QDialog(parent), command_(command), record_(command.PrintSelect) {
     setObjectName("PrintSelect");
     setWindowTitle("Select Views for Print Out");
     setProperty("helpPage", "print");
@@ -58,10 +57,9 @@ void PrintSelectForm::addBoxes() {
         box->setChecked(on);
         layout()->addWidget(box);
     };
-    for (const BoxRow& row : boxes) add(row.name, row.caption, PrintSelect.*row.field);
+    for (const BoxRow& row : boxes) add(row.name, row.caption, record_.*row.field);
     static_cast<QVBoxLayout*>(layout())->addSpacing(8);
-    add(overlapName, "Sheets to tape together: 10 mm overlap, marks and a ruler",
-        PrintSelect.overlap);
+    add(overlapName, "Sheets to tape together: 10 mm overlap, marks and a ruler", record_.overlap);
 }
 
 void PrintSelectForm::addButtons() {
@@ -80,40 +78,44 @@ void PrintSelectForm::addButtons() {
 
 void PrintSelectForm::keepBoxes() {
     for (const BoxRow& row : boxes)
-        PrintSelect.*row.field = findChild<QCheckBox*>(row.name)->isChecked();
-    PrintSelect.overlap = findChild<QCheckBox*>(overlapName)->isChecked();
+        record_.*row.field = findChild<QCheckBox*>(row.name)->isChecked();
+    record_.overlap = findChild<QCheckBox*>(overlapName)->isChecked();
 }
 
 void PrintSelectForm::print() {
     keepBoxes();
-    PrintSelect.cancel = false;
+    record_.cancel = false;
     accept();
 }
 
 void PrintSelectForm::reject() {
-    PrintSelect.cancel = true;
+    record_.cancel = true;
     QDialog::reject();
 }
 
 void PrintSelectForm::preview() {
     // A look is no choice: Cancel afterwards leaves the record as it was.
-    const PrintSelectRecord before = PrintSelect;
+    const PrintSelectRecord before = record_;
     keepBoxes();
     QPrinter printer(QPrinter::HighResolution);
     printer.setFullPage(true);
     for (const BoxRow& row : boxes) {
-        if (!Plans::ticked(row.job)) continue;
+        if (!Plans::ticked(record_, row.job)) continue;
         QPrintPreviewDialog look(&printer, this);
         look.setWindowTitle(row.title);
         look.resize(parentWidget()->size() * 3 / 4);
-        connect(&look, &QPrintPreviewDialog::paintRequested, this, [&row](QPrinter* paper) {
+        connect(&look, &QPrintPreviewDialog::paintRequested, this, [this, &row](QPrinter* paper) {
             QtPrinterSurface surface(*paper);
-            Plans::previewJob(row.job, surface, Main.drawAreaSize());
-            QtProgress::finish();
+            const MainForm& main = command_.main;
+            // What cannot be printed shows as a page without a plan.
+            Progress* const watcher = command_.ports.progress;
+            (void)Plans::previewJob(main.project, record_, row.job,
+                                    {surface, main.drawAreaSize(), watcher});
+            if (watcher) watcher->finish();
         });
         look.exec();
     }
-    PrintSelect = before;
+    record_ = before;
 }
 
 }  // namespace velna

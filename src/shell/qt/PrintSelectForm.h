@@ -7,11 +7,14 @@ class QPushButton;
 
 namespace velna {
 
+struct PrintCommand;
+struct PrintSelectRecord;
+
 /// The form `PrintSelect`: which plans are printed, with a look at them before paper is used.
 /// Closing it by its window button is Cancel.
 class PrintSelectForm : public QDialog {
 public:
-    explicit PrintSelectForm(QWidget* parent);
+    PrintSelectForm(PrintCommand& command, QWidget* parent);
 
 protected:
     void reject() override;
@@ -23,6 +26,9 @@ private:
     void keepBoxes();
     void print();
     void preview();
+
+    PrintCommand& command_;
+    PrintSelectRecord& record_;
 };
 
 }  // namespace velna

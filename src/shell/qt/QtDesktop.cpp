@@ -12,8 +12,7 @@
 #include <filesystem>
 
 #include "common/ReplacedFile.h"
-#include "editor/Main.h"
-#include "shell/Startup.h"
+#include "shell/Application.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
@@ -32,11 +31,12 @@ std::string folderText(const QString& folder) {
 
 }  // namespace
 
-QtDesktop::QtDesktop(MainWindow& window) : window_(window) {
+QtDesktop::QtDesktop(MainWindow& window, Application& program)
+    : window_(window), main_(program.Main) {
     timer1_.setInterval(10);
     timer2_.setInterval(30);
-    QObject::connect(&timer1_, &QTimer::timeout, [] { Startup::timer1Tick(); });
-    QObject::connect(&timer2_, &QTimer::timeout, [] { Startup::timer2Tick(); });
+    QObject::connect(&timer1_, &QTimer::timeout, [&program] { program.startup.timer1Tick(); });
+    QObject::connect(&timer2_, &QTimer::timeout, [&program] { program.startup.timer2Tick(); });
 }
 
 QtDesktop::~QtDesktop() = default;
@@ -60,8 +60,8 @@ std::optional<int> QtDesktop::characterHeight() const {
 
 void QtDesktop::layOutWindow(bool smallFonts) {
     window_.build(smallFonts);
-    Main.DrawArea = &window_.drawArea().surface();
-    Main.DrawSectionArea = &window_.panel().sectionArea().surface();
+    main_.DrawArea = &window_.drawArea().surface();
+    main_.DrawSectionArea = &window_.panel().sectionArea().surface();
     window_.panel().sectionArea().surface().fitToWidget();
 }
 

@@ -7,13 +7,15 @@
 
 namespace velna {
 
+struct Application;
+class MainForm;
 class MainWindow;
 class Splash;
 
 /// The screen, the window and the folders of the program.
 class QtDesktop : public Desktop {
 public:
-    explicit QtDesktop(MainWindow& window);
+    QtDesktop(MainWindow& window, Application& program);
     ~QtDesktop() override;
 
     std::string programFolder() const override;
@@ -42,6 +44,7 @@ public:
 
 private:
     MainWindow& window_;
+    MainForm& main_;
     std::unique_ptr<Splash> splash_;
     QTimer timer1_;
     QTimer timer2_;

@@ -12,12 +12,12 @@
 #include <QPrinter>
 #include <algorithm>
 
+#include "shell/Application.h"
 #include "shell/Ports.h"
 #include "shell/qt/ManagerForm.h"
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
 #include "shell/qt/QtPrinterSurface.h"
-#include "shell/qt/QtProgress.h"
 #include "shell/qt/SaveDialog.h"
 
 namespace velna {
@@ -98,7 +98,7 @@ protected:
 
 }  // namespace
 
-QtDialogs::QtDialogs(QWidget& owner) : owner_(owner) {}
+QtDialogs::QtDialogs(QWidget& owner, Application& program) : owner_(owner), program_(program) {}
 
 QtDialogs::~QtDialogs() = default;
 
@@ -176,7 +176,7 @@ bool QtDialogs::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes)
 
 bool QtDialogs::message(const std::string& title, const std::string& text, BoxIcon icon) {
     // The work that failed is over: its bar must not stand beside the box that says so.
-    QtProgress::finish();
+    if (program_.shell.progress) program_.shell.progress->finish();
     Message box(sign(icon), QString::fromStdString(title), QString::fromStdString(text),
                 QMessageBox::Ok, &owner_);
     bool pressed = false;
@@ -212,11 +212,11 @@ PrinterSurface* QtDialogs::askPrinter(const std::vector<std::string>& jobs) {
 }
 
 void QtDialogs::showPreferences() {
-    PrefsForm(&owner_).exec();
+    PrefsForm(program_.preferences, program_.startup.smallFontsVariable, &owner_).exec();
 }
 
 void QtDialogs::showManager() {
-    ManagerForm form(&owner_);
+    ManagerForm form(program_.Main, &owner_);
     manager_ = &form;
     form.exec();
 }
@@ -226,7 +226,7 @@ void QtDialogs::showFuselageRows() {
 }
 
 void QtDialogs::showPrintSelect() {
-    PrintSelectForm(&owner_).exec();
+    PrintSelectForm(program_.print, &owner_).exec();
 }
 
 }  // namespace velna

@@ -12,6 +12,7 @@ class QWidget;
 
 namespace velna {
 
+struct Application;
 class ManagerForm;
 class QtPrinterSurface;
 class SaveDialog;
@@ -19,7 +20,7 @@ class SaveDialog;
 /// The dialogs of the program, each over the main window.
 class QtDialogs : public Dialogs {
 public:
-    explicit QtDialogs(QWidget& owner);
+    QtDialogs(QWidget& owner, Application& program);
     ~QtDialogs() override;
 
     FileAnswer openFile(const std::string& filter) override;
@@ -45,6 +46,7 @@ private:
                    FilePurpose purpose);
 
     QWidget& owner_;
+    Application& program_;
     std::map<FilePurpose, QString> folders_;  // where each purpose was last served
     QPointer<ManagerForm> manager_;
     std::unique_ptr<QtPrinterSurface> printer_;

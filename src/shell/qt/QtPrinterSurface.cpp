@@ -7,18 +7,20 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/ClipLine.h"
+#include "model/Units.h"
+
 namespace velna {
 namespace {
 
-constexpr double millimetresPerInch = 25.4;
-constexpr double penWidth =
-    0.25;  // millimetres: the toolkit's own width makes files five times larger
+// Millimetres: the toolkit's own width makes files five times larger.
+constexpr double penWidth = 0.25;
 constexpr double textHeight = 3.5;  // millimetres
 constexpr int inchMode = 5;
 
-// Printers tell their paper in hundredths of a millimetre at best.
-double hundredths(double millimetres) {
-    return std::round(millimetres * 100) / 100;
+// Printers tell their paper in hundredths of a millimetre at best, `length` is in millimetres.
+double hundredths(double length) {
+    return std::round(length * 100) / 100;
 }
 
 // "plan.pdf" and "side" give "plan-side.pdf".
@@ -27,25 +29,6 @@ QString jobFile(const QString& target, const std::string& job) {
     const QString suffix = info.suffix().isEmpty() ? QString("pdf") : info.suffix();
     return QString("%1/%2-%3.%4")
         .arg(info.path(), info.completeBaseName(), QString::fromStdString(job), suffix);
-}
-
-// Cuts a line to a rectangle from (0, 0); false when nothing is left. Every double is allowed.
-bool cutLine(QPointF& a, QPointF& b, QSizeF size) {
-    const auto cutAxis = [](double& a1, double& b1, double& a2, double& b2, double low,
-                            double high) {
-        for (const auto& [side, limit] : {std::pair{-1.0, -low}, std::pair{1.0, high}}) {
-            const double over1 = a1 / 2 * side - limit / 2, over2 = a2 / 2 * side - limit / 2;
-            if (over1 > 0 && over2 > 0) return false;
-            if (over1 <= 0 && over2 <= 0) continue;
-            const double t = over1 / (over1 - over2);
-            const double other = b1 * (1 - t) + b2 * t;
-            (over1 > 0 ? a1 : a2) = side * limit;
-            (over1 > 0 ? b1 : b2) = other;
-        }
-        return true;
-    };
-    return cutAxis(a.rx(), a.ry(), b.rx(), b.ry(), 0, size.width()) &&
-           cutAxis(a.ry(), a.rx(), b.ry(), b.rx(), 0, size.height());
 }
 
 }  // namespace
@@ -72,11 +55,11 @@ void QtPrinterSurface::readPaper() {
                 hundredths(wanted.bottom())};
     printable_ = {std::max(0.0, hundredths(page.width()) - margins_.left() - margins_.right()),
                   std::max(0.0, hundredths(page.height()) - margins_.top() - margins_.bottom())};
-    dots_ = printer_.resolution() / millimetresPerInch;
+    dots_ = printer_.resolution() / Plane::millimetresPerInch;
 }
 
 void QtPrinterSurface::setScaleMode(int mode) {
-    unit_ = mode == inchMode ? millimetresPerInch : 1;
+    unit_ = mode == inchMode ? Plane::millimetresPerInch : 1;
 }
 
 double QtPrinterSurface::ScaleWidth() const {
@@ -127,16 +110,15 @@ void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colo
     if (!error_.empty() || !beginPage()) return;
     if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
         return;
-    QPointF a(x1 * unit_, y1 * unit_), b(x2 * unit_, y2 * unit_);
-    if (!std::isfinite(a.x()) || !std::isfinite(a.y()) || !std::isfinite(b.x()) ||
-        !std::isfinite(b.y()))
+    Point2D from{x1 * unit_, y1 * unit_}, to{x2 * unit_, y2 * unit_};
+    if (!std::isfinite(from.x) || !std::isfinite(from.y) || !std::isfinite(to.x) ||
+        !std::isfinite(to.y))
         return;
     // What does not lie on this sheet never reaches the device.
-    if (!cutLine(a, b, printable_)) return;
+    if (!clipLine(from, to, {0, printable_.width()}, {0, printable_.height()})) return;
     painter_.setPen(QPen(QColor(colour.red, colour.green, colour.blue), penWidth * dots_,
                          Qt::SolidLine, Qt::RoundCap));
-    a = device(a.x(), a.y());
-    b = device(b.x(), b.y());
+    const QPointF a = device(from.x, from.y), b = device(to.x, to.y);
     if (a == b) {
         painter_.drawPoint(a);
     } else {

@@ -38,12 +38,10 @@ void QtProgress::showBar() {
 }
 
 void QtProgress::finish() {
-    auto* self = dynamic_cast<QtProgress*>(progress);
-    if (!self) return;
-    delete self->bar_;
-    self->since_.invalidate();
-    self->shown_.invalidate();
-    self->cancelled_ = false;
+    delete bar_;
+    since_.invalidate();
+    shown_.invalidate();
+    cancelled_ = false;
 }
 
 }  // namespace velna

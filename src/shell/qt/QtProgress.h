@@ -14,8 +14,7 @@ class QtProgress : public Progress {
 public:
     bool step(long long done, long long total) override;
 
-    /// The command is over: the bar goes, and the next one starts anew.
-    static void finish();
+    void finish() override;
 
 private:
     void showBar();

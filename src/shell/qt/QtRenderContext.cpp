@@ -5,11 +5,10 @@
 #include <QOpenGLContext>
 #include <QScreen>
 #include <QThread>
-#include <cstdio>
 #include <cstdlib>
 
-#include "shell/Ports.h"
-#include "shell/Startup.h"
+#include "common/Complaint.h"
+#include "shell/Quit.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/RenderWindow.h"
@@ -39,7 +38,7 @@ std::unique_ptr<QOpenGLContext> contextFor(const QSurfaceFormat& format) {
 
 }  // namespace
 
-QtRenderContext::QtRenderContext(MainWindow& window) : window_(window) {}
+QtRenderContext::QtRenderContext(MainWindow& window, Quit& quit) : window_(window), quit_(quit) {}
 
 QtRenderContext::~QtRenderContext() = default;
 
@@ -72,9 +71,9 @@ bool QtRenderContext::create() {
         return false;
     }
     if (!context_) {
-        std::fprintf(stderr, "velna: the picture stays dark: no OpenGL context\n");
+        complain("the picture stays dark", "no OpenGL context");
     } else if (!context_->makeCurrent(&window_.renderWindow())) {
-        std::fprintf(stderr, "velna: the picture stays dark: its OpenGL context cannot be used\n");
+        complain("the picture stays dark", "its OpenGL context cannot be used");
     } else {
         return true;
     }
@@ -105,12 +104,12 @@ double QtRenderContext::devicePixelRatio() const {
 }
 
 void QtRenderContext::fatal(const std::string& text) {
-    std::fprintf(stderr, "velna: %s\n", text.c_str());
-    Shell.desktop->hideSplash();
+    complain(text);
+    quit_.ports.desktop->hideSplash();
     QMessageBox::critical(window_.isVisible() ? &window_ : nullptr,
                           QString("Fatal Error In %1").arg(applicationTitle),
                           QString::fromStdString(text));
-    Startup::unload();
+    quit_.unload();
     std::_Exit(EXIT_FAILURE);
 }
 

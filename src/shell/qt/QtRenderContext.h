@@ -10,11 +10,12 @@ class QOpenGLContext;
 namespace velna {
 
 class MainWindow;
+struct Quit;
 
 /// The picture's OpenGL context on the native window inside the main window.
 class QtRenderContext : public RenderContext {
 public:
-    explicit QtRenderContext(MainWindow& window);
+    QtRenderContext(MainWindow& window, Quit& quit);
     ~QtRenderContext() override;
 
     bool chooseFormat() override;
@@ -33,6 +34,7 @@ public:
 
 private:
     MainWindow& window_;
+    Quit& quit_;
     QSurfaceFormat format_;
     std::unique_ptr<QOpenGLContext> context_;
     bool unused_ = false;  // the context has only shown that its format can be had

@@ -1,7 +1,6 @@
 #include "shell/qt/QtWindow.h"
 
-#include "preview/Rendering.h"
-#include "shell/ToolbarCommands.h"
+#include "shell/Application.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/PopupMenu.h"
@@ -37,16 +36,16 @@ void QtWindow::openPopup(float x, float y) {
 }
 
 void QtWindow::renderScene(bool rebuild) {
-    Rendering::renderScene(rebuild);
+    program_.rendering.renderScene(rebuild);
 }
 
 void QtWindow::setViewTransform(double panX, double panY, double distance, double spin,
                                 double tilt) {
-    Rendering::setViewTransform(panX, panY, distance, spin, tilt);
+    program_.rendering.setViewTransform(panX, panY, distance, spin, tilt);
 }
 
 void QtWindow::promptFrustum() {
-    Toolbar::frustumPrompt();
+    program_.toolbar.frustumPrompt();
 }
 
 bool QtWindow::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) {

@@ -4,13 +4,15 @@
 
 namespace velna {
 
+struct Application;
 class MainWindow;
 class QtDialogs;
 
 /// What the editor asks of the main window.
 class QtWindow : public Window {
 public:
-    QtWindow(MainWindow& window, QtDialogs& dialogs) : window_(window), dialogs_(dialogs) {}
+    QtWindow(MainWindow& window, QtDialogs& dialogs, Application& program)
+        : window_(window), dialogs_(dialogs), program_(program) {}
 
     void changed(Control control) override;
     void catalogueFilled(Control combo) override;
@@ -29,6 +31,7 @@ public:
 private:
     MainWindow& window_;
     QtDialogs& dialogs_;
+    Application& program_;
 };
 
 }  // namespace velna

@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include "preview/Rendering.h"
+#include "preview/ViewMouse.h"
 #include "shell/qt/EventArguments.h"
 
 namespace velna {
@@ -18,7 +19,8 @@ constexpr double distancePerPinch = -200;
 
 }  // namespace
 
-RenderWindow::RenderWindow() {
+RenderWindow::RenderWindow(Rendering& rendering, RenderPointer& pointer)
+    : rendering_(rendering), pointer_(pointer) {
     setSurfaceType(QSurface::OpenGLSurface);
     setFlag(Qt::WindowDoesNotAcceptFocus);
     setObjectName("Render");
@@ -37,12 +39,12 @@ void RenderWindow::resized() {
 void RenderWindow::answer() {
     if (!isExposed()) return;
     if (lostContext_) {
-        Rendering::recreateRenderContext();
-        Rendering::renderScene(true);
+        rendering_.recreateRenderContext();
+        rendering_.renderScene(true);
     } else if (resized_) {
-        Rendering::resized();
-    } else if (Rendering::contextCreated) {
-        Rendering::renderScene(false);
+        rendering_.resized();
+    } else if (rendering_.contextCreated) {
+        rendering_.renderScene(false);
     }
     lostContext_ = false;
     resized_ = false;
@@ -51,9 +53,9 @@ void RenderWindow::answer() {
 void RenderWindow::mousePressEvent(QMouseEvent* event) {
     held_ = true;
     last_ = event->position();
-    Rendering::mouseDown(EventArguments::button(event->button()),
-                         EventArguments::shift(event->modifiers()), event->position().x(),
-                         event->position().y());
+    pointer_.mouseDown(EventArguments::button(event->button()),
+                       EventArguments::shift(event->modifiers()), event->position().x(),
+                       event->position().y());
 }
 
 void RenderWindow::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -63,36 +65,36 @@ void RenderWindow::mouseDoubleClickEvent(QMouseEvent* event) {
 void RenderWindow::mouseMoveEvent(QMouseEvent* event) {
     // A dialog opened in mid-drag takes the release: it is made up for where the drag was last.
     if (event->buttons() == Qt::NoButton && held_) {
-        Rendering::mouseUp(0, last_.x(), last_.y());
+        pointer_.mouseUp(0, last_.x(), last_.y());
         held_ = false;
     }
     last_ = event->position();
-    Rendering::mouseMove(event->position().x(), event->position().y());
+    pointer_.mouseMove(event->position().x(), event->position().y());
 }
 
 void RenderWindow::mouseReleaseEvent(QMouseEvent* event) {
     held_ = false;
-    Rendering::mouseUp(EventArguments::button(event->button()), event->position().x(),
-                       event->position().y());
+    pointer_.mouseUp(EventArguments::button(event->button()), event->position().x(),
+                     event->position().y());
 }
 
 void RenderWindow::wheelEvent(QWheelEvent* event) {
-    Rendering::zoomBy(event->angleDelta().y() * distancePerWheelUnit);
+    pointer_.zoomBy(event->angleDelta().y() * distancePerWheelUnit);
 }
 
 bool RenderWindow::event(QEvent* event) {
     if (event->type() == QEvent::UpdateRequest) answer();
     // A display list dies with its context, and a context with the window that it draws on.
-    if (event->type() == QEvent::PlatformSurface && Rendering::contextCreated &&
+    if (event->type() == QEvent::PlatformSurface && rendering_.contextCreated &&
         static_cast<QPlatformSurfaceEvent*>(event)->surfaceEventType() ==
             QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed) {
-        Rendering::destroyRenderContext();
+        rendering_.destroyRenderContext();
         lostContext_ = true;
     }
     if (event->type() == QEvent::NativeGesture) {
         const auto* gesture = static_cast<QNativeGestureEvent*>(event);
         if (gesture->gestureType() == Qt::ZoomNativeGesture)
-            Rendering::zoomBy(gesture->value() * distancePerPinch);
+            pointer_.zoomBy(gesture->value() * distancePerPinch);
         return true;
     }
     return QWindow::event(event);

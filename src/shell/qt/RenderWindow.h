@@ -4,11 +4,14 @@
 
 namespace velna {
 
+class RenderPointer;
+class Rendering;
+
 /// The native window `Render` inside the main window: it shows the picture and hands the pointer
 /// on. It never takes the keyboard, so that the editor's keys keep working after a click into it.
 class RenderWindow : public QWindow {
 public:
-    RenderWindow();
+    RenderWindow(Rendering& rendering, RenderPointer& pointer);
 
     /// The picture is drawn for its new size, in the next turn of the event loop.
     void resized();
@@ -27,6 +30,8 @@ protected:
 private:
     void answer();
 
+    Rendering& rendering_;
+    RenderPointer& pointer_;
     bool lostContext_ = false;  // none yet, or the native window went, and the context with it
     bool resized_ = false;
     bool held_ = false;  // a press has not been followed by a release

@@ -1,11 +1,6 @@
-#include "editor/Main.h"
-
 #include <QApplication>
 
-#include "preview/Flying.h"
-#include "preview/Rendering.h"
-#include "shell/Ports.h"
-#include "shell/Startup.h"
+#include "shell/Application.h"
 #include "shell/qt/Accessibility.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/FrameStyle.h"
@@ -25,33 +20,34 @@ using namespace velna;
 
 int main(int argc, char** argv) {
     DisplaySystem::choose();
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     QApplication::setApplicationName("velna");
     QApplication::setStyle(new FrameStyle);
     Accessibility::install();
 
     // The window and what stands behind each port.
-    MainWindow mainWindow;
-    QtDialogs dialogs(mainWindow);
-    QtWindow window(mainWindow, dialogs);
-    QtDesktop desktop(mainWindow);
-    QtRenderContext context(mainWindow);
+    Application program;
+    MainWindow mainWindow(program);
+    QtDialogs dialogs(mainWindow, program);
+    QtWindow window(mainWindow, dialogs, program);
+    QtDesktop desktop(mainWindow, program);
+    QtRenderContext context(mainWindow, program.quit);
     QtImaging pictures(mainWindow);
     SdlJoystick joystick;
     QtProgress watcher;
-    const LogOut logOut;
+    const LogOut logOut(program.quit);
     if (DisplaySystem::isWayland()) DisplaySystem::tellWhatIsDenied(logOut.asks());
 
-    Main.window = &window;
-    Shell = {&desktop, &dialogs};
-    Rendering::context = &context;
-    Flying::joystick = &joystick;
-    imaging = &pictures;
-    progress = &watcher;
+    program.Main.window = &window;
+    program.shell = {&desktop, &dialogs, &watcher};
+    program.rendering.context = &context;
+    program.rendering.imaging = &pictures;
+    program.pictures.imaging = &pictures;
+    program.flying.joystick = &joystick;
 
     // Splash, default aircraft, views, picture, settings; then events until the window closes.
-    HelpWindow::instance().answerF1([] { return !Flying::running(); });
-    Startup::run();
+    HelpWindow::instance().answerF1([&program] { return !program.flying.running(); });
+    program.run();
     GlideCursor::hide();
     return mainWindow.isVisible() ? QApplication::exec() : 0;
 }

@@ -1,0 +1,17 @@
+#pragma once
+
+namespace velna {
+
+class ReplacedFile;
+class ValueReader;
+struct Project;
+
+namespace Equipment {
+
+/// The count and the boxes; the record is the same in every version.
+void saveEquipments(ReplacedFile& file, const Project& project);
+/// Throws ReadFailure where the file fails; what was read before stands.
+void readEquipments(ValueReader& file, Project& project);
+
+}  // namespace Equipment
+}  // namespace velna

@@ -1,0 +1,24 @@
+#pragma once
+
+namespace velna {
+
+class ReplacedFile;
+class ValueReader;
+struct Project;
+
+/// The fuselages' block. A read throws ReadFailure where the file fails, with arrays that fit the
+/// counts; all fuselages together never get more than `Plane::largestMesh` points.
+namespace Fuselage {
+
+/// The count and the fuselages, the sections in their order, nose to tail.
+void saveFuselages(ReplacedFile& file, const Project& project);
+void readFuselages(ValueReader& file, Project& project);
+void readFuselagesV120(ValueReader& file, Project& project);
+void readFuselagesV101(ValueReader& file, Project& project);
+void readFuselagesV030(ValueReader& file, Project& project);
+/// The block of the formats that knew one fuselage and no count.
+void readFuselageV0212(ValueReader& file, Project& project);
+void readFuselageV026(ValueReader& file, Project& project);
+
+}  // namespace Fuselage
+}  // namespace velna

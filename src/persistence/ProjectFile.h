@@ -1,0 +1,34 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "common/Outcome.h"
+
+namespace velna {
+
+struct PictureStore;
+struct Project;
+
+namespace Plane {
+
+/// Saves the project and its pictures' side files, whose titles it then takes. Failed with the
+/// reason, and with the old file whole, where the project could not be written; failed too where
+/// only a picture could not be put beside it.
+Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures);
+
+/// Failed with the reason where `file` is no project: it cannot be read, or it neither begins as a
+/// project does nor gives even a first wing.
+Outcome checkProject(const std::string& file);
+
+/// Replaces what stands in `project` by the file's; expects setDefaultPlane to have run. Never
+/// fails aloud: what was read before a failure stands. Failed only with the one message that a
+/// refused version has.
+Outcome readProject(Project& project, const std::string& file);
+
+/// The same from a project's bytes. Returns false, with nothing read, for a version that is not
+/// supported any more. Throws ReadFailure where the file fails; what was read before stands.
+bool readProjectBytes(Project& project, std::string_view bytes);
+
+}  // namespace Plane
+}  // namespace velna

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "editor/Main.h"
+#include "model/Solids.h"
+#include "output/Plans.h"
+#include "preview/Flying.h"
+#include "preview/PictureCopies.h"
+#include "preview/Rendering.h"
+#include "preview/ViewMouse.h"
+#include "shell/FileCommands.h"
+#include "shell/Helper.h"
+#include "shell/Ports.h"
+#include "shell/Preferences.h"
+#include "shell/PrintCommand.h"
+#include "shell/Quit.h"
+#include "shell/Startup.h"
+#include "shell/ToolbarCommands.h"
+
+namespace velna {
+
+/// One running program: it owns one of each, and each knows only what it works on. Two of them in
+/// one process do not know of each other. The ports (`Main.window`, `shell.dialogs`,
+/// `rendering.context` and the like) are set before anything is called.
+struct Application {
+    Project project;
+    Solids solids;
+    PictureStore pictures;
+    ShellPorts shell;
+    PrintSelectRecord PrintSelect;
+
+    MainForm Main{project};
+    Rendering rendering{project, solids};
+    Flying flying{project, rendering};
+    RenderPointer renderPointer{rendering, flying};
+
+    Preferences preferences{Main, shell};
+    Helper helper{Main, rendering, shell};
+    Startup startup{Main, rendering, helper, preferences, shell};
+    Quit quit{project, rendering, flying, helper, preferences, shell};
+    FileCommands files{Main, solids, rendering, preferences, pictures, shell};
+    PrintCommand print{Main, PrintSelect, shell};
+    ToolbarCommands toolbar{Main,  solids,      rendering, flying, files,
+                            print, preferences, quit,      shell};
+
+    Application() = default;
+    /// Start-up, with the demonstration of a first use; a close that was asked for meanwhile
+    /// follows.
+    void run() {
+        startup.run();
+        quit.closeIfAsked();
+    }
+
+    // Its parts refer to each other.
+    Application(const Application&) = delete;
+    Application& operator=(const Application&) = delete;
+};
+
+}  // namespace velna

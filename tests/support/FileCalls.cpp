@@ -1,0 +1,37 @@
+#include "support/FileCalls.h"
+
+namespace velna::test {
+
+FileCalls fileCalls;
+
+}  // namespace velna::test
+
+using velna::test::fileCalls;
+
+// The linker sends every call of the system's name here.
+extern "C" {
+int __wrap_mkostemp(char* name, int flags) {
+    return fileCalls.create(name, flags);
+}
+int __wrap_fchmod(int descriptor, mode_t mode) {
+    return fileCalls.mode(descriptor, mode);
+}
+ssize_t __wrap_write(int descriptor, const void* bytes, std::size_t count) {
+    return fileCalls.write(descriptor, bytes, count);
+}
+int __wrap_fsync(int descriptor) {
+    return fileCalls.sync(descriptor);
+}
+int __wrap_close(int descriptor) {
+    return fileCalls.close(descriptor);
+}
+int __wrap_link(const char* from, const char* to) {
+    return fileCalls.link(from, to);
+}
+int __wrap_rename(const char* from, const char* to) {
+    return fileCalls.rename(from, to);
+}
+int __wrap_unlink(const char* name) {
+    return fileCalls.unlink(name);
+}
+}
