@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/MeshSections.h"
 #include "model/Plane.h"
 
 namespace velna::Fuselage {

@@ -7,7 +7,6 @@
 #include "common/Palette.h"
 #include "common/Point.h"
 #include "model/ElectroBox.h"
-#include "model/MeshSections.h"
 #include "model/ObjectList.h"
 #include "model/SymWingSections.h"
 #include "model/Units.h"
@@ -15,9 +14,19 @@
 
 namespace velna {
 
+class MeshSections;
+
 /// One aircraft with all that a project file tells of it: a value, copied and compared as a whole.
-/// Lists are 1-based; the counter, never the list's size, is what every loop uses.
+/// Lists are 1-based; the counter, never the list's size, is what every loop uses. Who works on
+/// fuselages includes MeshSections.h; the rest is not built again when it changes.
 struct Project {
+    Project();
+    Project(const Project& other);
+    Project(Project&& other) noexcept;
+    Project& operator=(const Project& other);
+    Project& operator=(Project&& other) noexcept;
+    ~Project();
+
     OwnedList<SymWingSections> Wings;
     std::int16_t nbWings = 0;
     std::int16_t currentWing = 1;
@@ -38,7 +47,7 @@ struct Project {
     Rgb dimColor = palette[9];
     Rgb highlightColor = palette[14];
 
-    friend bool operator==(const Project&, const Project&) = default;
+    bool operator==(const Project& other) const;
 };
 
 }  // namespace velna

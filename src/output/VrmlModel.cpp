@@ -2,6 +2,7 @@
 #include <string>
 
 #include "common/ReplacedFile.h"
+#include "model/MeshSections.h"
 #include "model/Solids.h"
 #include "output/Exports.h"
 #include "output/IO_VRMl.h"

@@ -3,6 +3,7 @@
 #include "common/NumberText.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
+#include "model/MeshSections.h"
 #include "model/Project.h"
 #include "persistence/RecordFields.h"
 

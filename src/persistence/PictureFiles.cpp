@@ -7,6 +7,7 @@
 
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
+#include "model/MeshSections.h"
 #include "model/Project.h"
 #include "persistence/RecordFields.h"
 #include "preview/PictureCopies.h"

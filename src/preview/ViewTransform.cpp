@@ -3,6 +3,7 @@
 
 #include <GL/gl.h>
 
+#include "model/MeshSections.h"
 #include "preview/Rendering.h"
 
 namespace velna {

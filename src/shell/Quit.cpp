@@ -1,5 +1,7 @@
 #include "shell/Quit.h"
 
+#include "model/MeshSections.h"
+
 namespace velna {
 
 bool Quit::askToQuit() const {

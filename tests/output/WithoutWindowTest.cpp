@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/MeshSections.h"
 #include "model/Plane.h"
 #include "model/Solids.h"
 #include "output/Exports.h"

@@ -3,6 +3,7 @@
 #include "model/Equipment.h"
 #include "model/Fuselage.h"
 #include "model/MainWing.h"
+#include "model/MeshSections.h"
 #include "model/Plane.h"
 #include "model/Solids.h"
 
