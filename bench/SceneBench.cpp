@@ -20,7 +20,7 @@ namespace {
 constexpr int fuselages = 20;
 constexpr int sections = 100;
 constexpr int cross = 64;
-constexpr GLuint bareList = 2;
+constexpr GLuint bareList = 1 << 20;  // far from the names of the lists in use
 
 test::OffscreenContext offscreen{900, 500};
 Rendering rendering(project, solids);
@@ -135,11 +135,27 @@ void replayedFrameBare(benchmark::State& state) {
 }
 BENCHMARK(replayedFrameBare)->Unit(benchmark::kMillisecond);
 
+/// Changes the first `bodies` fuselages, back and forth.
+void changeBodies(int bodies) {
+    for (int f = 1; f <= bodies; ++f) Fuselages(f).width(2) = 100.0 - Fuselages(f).width(2);
+}
+
+/// The drag of so many of the bodies; beside `replayedFrame` the one, beside `rebuildBare` all.
 void rebuild(benchmark::State& state) {
+    if (!ready(state)) return;
+    for (auto _ : state) {
+        changeBodies(static_cast<int>(state.range(0)));
+        rendering.renderScene(true);
+    }
+}
+BENCHMARK(rebuild)->ArgName("bodies")->Arg(1)->Arg(fuselages)->Unit(benchmark::kMillisecond);
+
+/// A click, a key let go, the end of a drag: nothing has changed.
+void renderUnchanged(benchmark::State& state) {
     if (!ready(state)) return;
     for (auto _ : state) rendering.renderScene(true);
 }
-BENCHMARK(rebuild)->Unit(benchmark::kMillisecond);
+BENCHMARK(renderUnchanged)->Unit(benchmark::kMillisecond);
 
 /// The share of the points in that.
 void rebuildSolids(benchmark::State& state) {

@@ -13,11 +13,23 @@ void moveSlider(MainForm& form, Control slider, int value) {
     form.sliderChanged(slider, value);
 }
 
+/// While one stands, the picture waits for its end.
+struct OnePicture {
+    explicit OnePicture(Window& window) : window_(window) { window_.holdPicture(true); }
+    ~OnePicture() { window_.holdPicture(false); }
+    OnePicture(const OnePicture&) = delete;
+    OnePicture& operator=(const OnePicture&) = delete;
+
+private:
+    Window& window_;
+};
+
 }  // namespace
 
 void MainForm::sliderChanged(Control slider, int value) {
     const PanelSlider* row = panelSlider(slider);
     if (!row) return;
+    const OnePicture ofBothSliders(*window);
     value = std::clamp(value, row->lowest, row->highest);
     controls[slider].value = value;
     savedProject = false;

@@ -45,6 +45,9 @@ public:
 
     /// Shows the picture in three dimensions again; `rebuild` makes its list anew.
     virtual void renderScene(bool rebuild) = 0;
+    /// Between true and false `renderScene` only takes note, and the last false shows the picture
+    /// once: what moves several things in one step is built once.
+    virtual void holdPicture(bool on) = 0;
 
     /// Sets the place of the eye for the pictures to come: pan, distance, spin and tilt.
     virtual void setViewTransform(double panX, double panY, double distance, double spin,

@@ -4,6 +4,7 @@
 
 #include "common/List.h"
 #include "common/Point.h"
+#include "model/BuiltFrom.h"
 #include "model/SolidPicture.h"
 
 namespace velna {
@@ -14,7 +15,15 @@ class MeshSections;
 /// between them.
 class BodySolid {
 public:
+    BodySolid();
+    BodySolid(const BodySolid& other);
+    BodySolid(BodySolid&& other) noexcept;
+    BodySolid& operator=(const BodySolid& other);
+    BodySolid& operator=(BodySolid&& other) noexcept;
+    ~BodySolid();
+
     SolidPicture picture;
+    BuiltFrom<MeshSections> builtFrom;
     Array2<Point3D> points;  ///< surface mesh, (section, outline point)
 
     /// Builds `points` and the texture coordinates; below 2 outline points it leaves them as they

@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "common/Point.h"
+#include "model/BuiltFrom.h"
 #include "model/Outlines.h"
 #include "model/Transform.h"
 
@@ -53,6 +54,8 @@ public:
 /// The solid of a box.
 class BoxSolid {
 public:
+    BuiltFrom<ElectroBox> builtFrom;
+
     void create(const ElectroBox& box);
     Point3D solidSize() const { return size_; }
     Point3D solidOrigin() const { return origin_; }

@@ -2,6 +2,7 @@
 
 #include "common/List.h"
 #include "common/Point.h"
+#include "model/BuiltFrom.h"
 #include "model/SolidPicture.h"
 #include "model/VertWingSection.h"
 
@@ -12,6 +13,7 @@ namespace velna {
 class FinSolid {
 public:
     SolidPicture picture;
+    BuiltFrom<VertWingSection> builtFrom;
 
     /// Rebuilds the sections, the chord ratios and, with a converted picture, the texture
     /// coordinates.

@@ -76,6 +76,13 @@ struct HalfSection {
 
 }  // namespace
 
+BodySolid::BodySolid() = default;
+BodySolid::BodySolid(const BodySolid& other) = default;
+BodySolid::BodySolid(BodySolid&& other) noexcept = default;
+BodySolid& BodySolid::operator=(const BodySolid& other) = default;
+BodySolid& BodySolid::operator=(BodySolid&& other) noexcept = default;
+BodySolid::~BodySolid() = default;
+
 void BodySolid::create(const MeshSections& body) {
     nb_sections = body.nb_sections;
     nb_cross = body.nb_cross;

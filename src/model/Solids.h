@@ -20,6 +20,8 @@ struct Solids {
 
     /// Rebuilds every solid; of the fuselages the shown ones.
     void createAll(const Project& project);
+    /// The same for those alone whose part is another than the one they were built from.
+    void update(const Project& project);
 };
 
 }  // namespace velna

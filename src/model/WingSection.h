@@ -5,11 +5,11 @@
 
 #include "common/List.h"
 #include "common/Point.h"
+#include "model/BuiltFrom.h"
 #include "model/SolidPicture.h"
+#include "model/SymWingSections.h"
 
 namespace velna {
-
-class SymWingSections;
 
 /// The solid of one half of one wing panel: a straight loft between a root and a tip section of the
 /// same airfoil. All values are copies of its owner's, taken afresh at each rebuild.
@@ -68,6 +68,7 @@ private:
 struct PanelSolid {
     WingSection Left;   ///< on the +y side
     WingSection Right;  ///< its mirror image
+    BuiltFrom<SymWingSections> builtFrom;
 
     /// Rebuilds both halves.
     void create(const SymWingSections& panel);

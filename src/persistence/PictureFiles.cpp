@@ -85,10 +85,11 @@ void keepTitles(Project& project, const std::vector<std::string>& titles) {
     // A title that stays leaves a promised entry promised.
     const auto keepAll = [&](auto& list, int count) {
         for (int i = 1; i <= count; ++i) {
-            if (std::as_const(list)(i).qualified_texture_filename == *title)
+            if (std::as_const(list)(i).qualified_texture_filename == *title) {
                 ++title;
-            else
+            } else {
                 keep(list(i));
+            }
         }
     };
     keepAll(project.Wings, project.nbWings);

@@ -1,6 +1,7 @@
 #include "preview/Rendering.h"
 
 #include <cmath>
+#include <utility>
 
 #include <GL/gl.h>
 
@@ -125,18 +126,28 @@ void Rendering::resized() {
 /// through.
 void Rendering::prepareScene() {
     const Raised whileThisRuns(preparing_);
-    solids_.createAll(project_);
+    solids_.update(project_);
     Textures::convertPictures(project_, solids_, imaging);
 }
 
+void Rendering::hold(bool on) {
+    holds_ += on ? 1 : -1;
+    if (holds_ > 0 || !heldRender_) return;
+    renderScene(*std::exchange(heldRender_, std::nullopt));
+}
+
 void Rendering::renderScene(bool rebuild) {
+    if (holds_ > 0) {
+        heldRender_ = rebuild || heldRender_.value_or(false);
+        return;
+    }
     if (preparing_) {
         if (!renderListBuilt) return;
         rebuild = false;
     }
     if (!contextCreated) {
         // The solids are wanted by more than the picture.
-        if (rebuild) solids_.createAll(project_);
+        if (rebuild) solids_.update(project_);
         return;
     }
     const bool replay = !rebuild && renderListBuilt;
@@ -144,6 +155,7 @@ void Rendering::renderScene(bool rebuild) {
     if (!contextCreated) return;
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     if (!replay) {
+        if (!renderListBuilt) scene_.forget();
         scene_.build(project_, solids_);
         renderListBuilt = true;
     }

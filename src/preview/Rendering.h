@@ -65,8 +65,11 @@ public:
     void recreateRenderContext();
     /// A new size of `Render`: viewport and frustum follow, the list is replayed.
     void resized();
-    /// Shows the picture; with `rebuild` the solids and display list 1 are made anew.
+    /// Shows the picture; with `rebuild` the solids and lists of what has changed are made anew.
     void renderScene(bool rebuild);
+    /// Between true and false, which may be nested, `renderScene` only takes note of what it is
+    /// asked for; the last false does that once.
+    void hold(bool on);
     /// Lets go of every drag, and stores nothing.
     void endDrags();
 
@@ -90,6 +93,8 @@ private:
     /// Solids and pictures are being made. A message box about a picture lets window events
     /// through, and one of them may ask for the picture again.
     bool preparing_ = false;
+    int holds_ = 0;
+    std::optional<bool> heldRender_;            ///< what `renderScene` was asked for meanwhile
     double frustumHalfWidth_ = usualHalfWidth;  ///< of the frustum in use
     /// Where a sum of frames was when its context went.
     std::optional<std::array<double, 16>> keptMatrix_;

@@ -102,9 +102,10 @@ void FileCommands::saveProjectAs(const std::string& file) {
 /// was hidden has no outline of this view yet: the view is drawn again.
 Outcome FileCommands::exportModel(const std::string& file) {
     const bool saved = main.savedProject;
-    // A hidden fuselage has no solid. Showing all of them rebuilds every solid with the picture, so
-    // that the file holds the aircraft as it is now, and whole.
+    // A hidden fuselage has no solid. All are built anew, so that the file holds the aircraft as it
+    // is now, and whole.
     main.showAll();
+    solids.createAll(main.project);
     const Outcome outcome = Plane::exportVRML(main.project, solids, file, pictures, ports.progress);
     main.updateFuselageInterface();
     main.redrawAtSameScale();

@@ -105,6 +105,14 @@ TEST_F(SectionEditor, LinkedSlidersOwnEventRunsToo) {
     EXPECT_EQ(window.rebuilds, 2);
 }
 
+TEST_F(SectionEditor, LinkedSlidersAreShownInOnePicture) {
+    Main.setChecked(Control::RenderButton, true);
+    Main.sliderChanged(Control::CurvatureSlider, 180);
+    EXPECT_EQ(window.unheldRenders, 0);
+    EXPECT_EQ(window.picturesShown, 1);
+    EXPECT_EQ(window.holds, 0);
+}
+
 TEST_F(SectionEditor, SlidersReachTheEndsOfTheirRanges) {
     Main.sliderChanged(Control::CurvatureSlider, 350);
     EXPECT_EQ(fuselage.curvature(1), 3.5);

@@ -208,6 +208,39 @@ std::vector<json> calledWhenComplete(const json& told) {
     return calls;
 }
 
+TEST_F(ContextTest, WhatIsHeldIsShownOnceAtTheEnd) {
+    openPicture();
+    rendering.renderScene(true);
+    GlTape::calls().clear();
+    rendering.hold(true);
+    Rudder.length1 += 1;
+    rendering.renderScene(true);
+    rendering.hold(true);
+    Rudder.length2 += 1;
+    rendering.renderScene(true);
+    rendering.renderScene(false);
+    rendering.hold(false);
+    EXPECT_TRUE(GlTape::calls().empty());
+    rendering.hold(false);
+    EXPECT_EQ(GlTape::count("glNewList"), 1);
+    EXPECT_EQ(GlTape::count("SwapBuffers"), 1);
+    rendering.hold(true);
+    rendering.hold(false);
+    EXPECT_EQ(GlTape::count("SwapBuffers"), 1) << "nothing was asked for";
+}
+
+TEST_F(ContextTest, ListOfAnUnchangedModelIsReplayed) {
+    openPicture();
+    rendering.renderScene(true);
+    rendering.renderScene(true);
+    EXPECT_EQ(GlTape::count("glNewList"), 0);
+    EXPECT_EQ(GlTape::count("glCallList"), 2);
+    project.Rudder.length1 += 1;
+    rendering.renderScene(true);
+    EXPECT_EQ(GlTape::count("glNewList"), 1);
+}
+
+/// The list of a model that changes before each rendering.
 TEST_F(ContextTest, ListIsBuiltWhenItMustAndReplayedOtherwise) {
     for (const json& row : sceneCases("list")) {
         GlTape::clear();
@@ -222,6 +255,8 @@ TEST_F(ContextTest, ListIsBuiltWhenItMustAndReplayedOtherwise) {
         bool first = true;
         for (const json& step : row["sequence"]) {
             if (step == "context" && !first) anew.createRenderContext();
+            // The list of a model that has not changed would be replayed.
+            project.Rudder.length1 += 1;
             if (step.is_boolean()) anew.renderScene(step.get<bool>());
             first = false;
         }

@@ -61,7 +61,6 @@ TEST_F(FlyingTest, BeginsAndEndsInOrder) {
         build,
         call,
         json::array({"SwapBuffers"}),
-        build,
         call,
         json::array({"SwapBuffers"}),
         call,

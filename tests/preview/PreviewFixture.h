@@ -57,6 +57,7 @@ protected:
     /// The calls of one rebuild.
     std::vector<nlohmann::json> rebuild() {
         GlTape::calls().clear();
+        rendering.renderListBuilt = false;
         rendering.renderScene(true);
         return GlTape::calls();
     }

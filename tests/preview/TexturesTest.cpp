@@ -299,7 +299,7 @@ TEST_F(TexturesTest, PictureAskedForBehindAMessageBoxIsTheOldOne) {
         EXPECT_EQ(GlTape::count("glCallList"), lists + 2);
         nested = true;
     };
-    rebuild();
+    rendering.renderScene(true);
     EXPECT_TRUE(nested);
     EXPECT_EQ(pictures.errors.size(), 2u);
     EXPECT_EQ(GlTape::count("glNewList"), 1);

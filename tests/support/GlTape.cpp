@@ -17,7 +17,12 @@ std::array<double, 16> GlTape::modelview{};
 
 namespace {
 
+constexpr GLuint wholeList = 1;
+
 std::vector<json> recorded;
+std::map<GLuint, std::vector<json>> objectLists;
+GLuint lastList = wholeList;
+std::vector<json>* tape = &recorded;  // or that of an object's list being made
 std::vector<std::string> found;
 std::vector<std::vector<unsigned char>> uploaded;
 bool listOpen = false;
@@ -80,7 +85,7 @@ void record(json call, Place place) {
         found.push_back(name + " between glBegin and glEnd");
     if (place == Place::InsidePrimitive && !primitiveOpen)
         found.push_back(name + " outside glBegin and glEnd");
-    recorded.push_back(std::move(call));
+    tape->push_back(std::move(call));
 }
 
 void record(json call) {
@@ -122,9 +127,14 @@ void GlTape::clear() {
     recorded.clear();
     found.clear();
     uploaded.clear();
+    tape = &recorded;
     listOpen = false;
     primitiveOpen = false;
     alignedToBytes = false;
+}
+
+int GlTape::objectListCount() {
+    return static_cast<int>(objectLists.size());
 }
 
 void GlTape::add(json event) {
@@ -216,18 +226,35 @@ void glScaled(GLdouble x, GLdouble y, GLdouble z) {
     record({"glScaled", x, y, z});
 }
 
+GLuint glGenLists(GLsizei count) {
+    fault(!GlTape::hasContext, "glGenLists without a context");
+    fault(count != 1, "glGenLists of several");
+    objectLists[++lastList];
+    return lastList;
+}
+void glDeleteLists(GLuint list, GLsizei count) {
+    fault(!GlTape::hasContext, "glDeleteLists without a context");
+    fault(count != 1, "glDeleteLists of several");
+    fault(objectLists.erase(list) != 1, "glDeleteLists of a list that is not there");
+}
 void glNewList(GLuint list, GLenum mode) {
     fault(listOpen, "glNewList inside a list");
-    record({"glNewList", list, constant(mode)});
     listOpen = true;
+    if (list == wholeList) return record({"glNewList", list, constant(mode)});
+    fault(!objectLists.contains(list), "glNewList of a name that was not given");
+    tape = &objectLists[list];
+    tape->clear();
 }
 void glEndList() {
     fault(!listOpen, "glEndList without a list");
-    record({"glEndList"});
+    if (tape == &recorded) record({"glEndList"});
+    tape = &recorded;
     listOpen = false;
 }
 void glCallList(GLuint list) {
-    record({"glCallList", list});
+    if (list == wholeList) return record({"glCallList", list});
+    fault(!objectLists.contains(list), "glCallList of a list that is not there");
+    for (const json& call : objectLists[list]) record(call, Place::Anywhere);
 }
 
 void glBegin(GLenum mode) {

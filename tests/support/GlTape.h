@@ -14,7 +14,7 @@ namespace velna::test {
 /// A call is a list: its name, then its arguments, constants as their names, a bit mask as names
 /// joined by "|", an array as a list in the last place. Vector forms of vertices, normals and
 /// places are told with their numbers in line: ["glVertex3dv", 1.0, 2.0, 3.0]. Recorders of ports
-/// add their own events.
+/// add their own events. A call of an object's list is told as what that list holds.
 class GlTape {
 public:
     /// The calls since `clear`.
@@ -38,6 +38,8 @@ public:
     static std::array<double, 16> modelview;
     /// Whether a display list is being made: nothing else than GL may happen then.
     static bool insideList();
+    /// How many lists of objects there are.
+    static int objectListCount();
     /// The bytes of each picture handed over, in order.
     static std::vector<std::vector<unsigned char>>& pictures();
 

@@ -35,6 +35,7 @@ void RecordingWindow::openPopup(float /*x*/, float /*y*/) {
 
 void RecordingWindow::renderScene(bool rebuild) {
     ++renders;
+    if (holds == 0) ++unheldRenders;
     if (!rebuild) return;
     ++rebuilds;
     solids.createAll(project);

@@ -25,6 +25,10 @@ public:
     void openPopup(float x, float y) override;
     /// Counts, and with `rebuild` builds the solids, as the real picture does.
     void renderScene(bool rebuild) override;
+    void holdPicture(bool on) override {
+        holds += on ? 1 : -1;
+        if (holds == 0) ++picturesShown;
+    }
     void setViewTransform(double panX, double panY, double distance, double spin,
                           double tilt) override {
         viewTransforms.push_back({panX, panY, distance, spin, tilt});
@@ -54,6 +58,9 @@ public:
     int listChanges = 0;
     int renders = 0;
     int rebuilds = 0;
+    int holds = 0;
+    int picturesShown = 0;  ///< at the ends of holds
+    int unheldRenders = 0;
     bool popupOpen = false;
     CursorShape cursor = CursorShape::Default;
     CursorIcon cursorIcon = CursorIcon::None;

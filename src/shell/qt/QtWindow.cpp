@@ -39,6 +39,10 @@ void QtWindow::renderScene(bool rebuild) {
     program_.rendering.renderScene(rebuild);
 }
 
+void QtWindow::holdPicture(bool on) {
+    program_.rendering.hold(on);
+}
+
 void QtWindow::setViewTransform(double panX, double panY, double distance, double spin,
                                 double tilt) {
     program_.rendering.setViewTransform(panX, panY, distance, spin, tilt);

@@ -20,6 +20,7 @@ public:
     void setCursor(CursorShape shape, CursorIcon icon) override;
     void openPopup(float x, float y) override;
     void renderScene(bool rebuild) override;
+    void holdPicture(bool on) override;
     void setViewTransform(double panX, double panY, double distance, double spin,
                           double tilt) override;
     void promptFrustum() override;
