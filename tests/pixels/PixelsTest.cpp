@@ -16,6 +16,7 @@
 #include "preview/Imaging.h"
 #include "preview/Rendering.h"
 #include "support/FreshModel.h"
+#include "support/ObjectEdits.h"
 #include "support/OffscreenContext.h"
 
 namespace velna::test {
@@ -222,6 +223,26 @@ private:
     int width_ = 0;
     int height_ = 0;
 };
+
+/// Only what has changed is built, and every pixel is as if all were.
+TEST_F(PixelsTest, EachEditShowsThePixelsOfAWholeRebuild) {
+    SmallPictures imaging;
+    rendering.imaging = &imaging;
+    Equipment::resizeEquipments(project, ++nbEquipments);
+    std::vector<unsigned char> before;
+    int seen = 0;
+    for (const Edit& edit : objectEdits()) {
+        edit.make();
+        show(300, 300);
+        const std::vector<unsigned char> changed = bytes;
+        seen += changed != before;
+        before = changed;
+        rendering.renderListBuilt = false;
+        show(300, 300);
+        EXPECT_EQ(bytes, changed) << edit.name;
+    }
+    EXPECT_GT(seen, 20) << "most edits are to be seen at all";
+}
 
 class ExamplePixels : public PixelsTest, public ::testing::WithParamInterface<const char*> {
 protected:
