@@ -56,9 +56,8 @@ void ownLines(benchmark::State& state) {
         velna::PixelRegion changed;
         bool dark = false;
         for (const Line& l : all)
-            velna::rasterLine(buffer, l.x1, l.y1, l.x2, l.y2,
-                              (dark = !dark) ? 0xff000000U : 0xffffffffU, 1, velna::PixelRule::Copy,
-                              changed);
+            velna::rasterLine(buffer, {l.x1, l.y1}, {l.x2, l.y2},
+                              {(dark = !dark) ? 0xff000000U : 0xffffffffU}, changed);
         benchmark::DoNotOptimize(changed);
     }
 }

@@ -38,8 +38,8 @@ public:
         if (tape) tape->push_back({false, x1, y1, x2, y2, colour});
         const std::uint32_t pixel = 0xff000000U | std::uint32_t{colour.red} << 16 |
                                     std::uint32_t{colour.green} << 8 | colour.blue;
-        rasterLine({pixels_.data(), width_, height_, width_}, x1, y1, x2, y2, pixel, 1,
-                   PixelRule::Copy, changed_);
+        rasterLine({pixels_.data(), width_, height_, width_}, {x1, y1}, {x2, y2}, {pixel},
+                   changed_);
     }
     void setDrawMode(DrawMode) override {}
     std::optional<Point2D> pictureSize(const std::string&) override { return std::nullopt; }

@@ -153,10 +153,10 @@ public:
     /// Close, also by a double click; `focusedRow` 0 for none.
     void closeManager(int focusedRow);
 
-    // PreferencesClose.cpp
+    // ApplyPreferences.cpp
     /// What closing the preferences does to the project and the views: unit, catalogues, panel, top
     /// view, picture, and last the scale, which the views show at their next redraw only.
-    void closePreferences();
+    void applyPreferences();
 
     // Controls.cpp: change a control's state and show it
     void setText(Control control, const std::string& text);

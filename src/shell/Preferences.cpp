@@ -127,7 +127,7 @@ std::string Preferences::spanText() const {
 }
 
 void Preferences::CloseCommand_Click() {
-    main.closePreferences();
+    main.applyPreferences();
 }
 
 void Preferences::convertDefault() {

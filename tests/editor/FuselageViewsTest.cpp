@@ -217,7 +217,7 @@ TEST_F(FuselageViews, AnyNumberInTheModelIsDrawnOrSkipped) {
     }
 }
 
-class FuselageList : public test::BodyOnSurface {
+class DrawnFuselages : public test::BodyOnSurface {
 protected:
     void SetUp() override {
         for (int i = 2; i <= 3; ++i) {
@@ -245,7 +245,7 @@ protected:
     }
 };
 
-TEST_F(FuselageList, TheCurrentOneIsDrawnLastOnTopOfTheOthers) {
+TEST_F(DrawnFuselages, TheCurrentOneIsDrawnLastOnTopOfTheOthers) {
     Main.views.drawFuselagesSide(test::canvasAt(2, 400, 30), 1, FuselageLook::bar);
     EXPECT_EQ(figures(7), (std::vector<Rgb>{project.dimColor, project.dimColor, white, black}));
     const auto lines = drawnLines(area);
@@ -259,7 +259,7 @@ TEST_F(FuselageList, TheCurrentOneIsDrawnLastOnTopOfTheOthers) {
                                             project.highlightColor}));
 }
 
-TEST_F(FuselageList, AnUnselectedCurrentFuselageIsDrawnTwiceInVTop) {
+TEST_F(DrawnFuselages, AnUnselectedCurrentFuselageIsDrawnTwiceInVTop) {
     Main.views.drawFuselagesVTop(Main.canvas(), FuselageLook::plain);
     EXPECT_EQ(figures(6),
               (std::vector<Rgb>{project.dimColor, project.dimColor, project.dimColor, black}));
@@ -271,7 +271,7 @@ TEST_F(FuselageList, AnUnselectedCurrentFuselageIsDrawnTwiceInVTop) {
               (std::vector<Rgb>{project.dimColor, project.dimColor, project.highlightColor}));
 }
 
-TEST_F(FuselageList, WhatIsNotTickedIsNeitherDrawnNorMoved) {
+TEST_F(DrawnFuselages, WhatIsNotTickedIsNeitherDrawnNorMoved) {
     ObjectList.setShown(2, false);
     ObjectList.setShown(3, false);
     Main.views.drawFuselagesSide(test::canvasAt(2, 400, 30), -1, FuselageLook::bar);
@@ -294,13 +294,13 @@ TEST_F(FuselageList, WhatIsNotTickedIsNeitherDrawnNorMoved) {
     EXPECT_EQ(Main.views.fuselages(1).vtopPoints(1), (Point2D{50, 0}));
 }
 
-TEST_F(FuselageList, FrontShowsTheCurrentOneOnly) {
+TEST_F(DrawnFuselages, FrontShowsTheCurrentOneOnly) {
     for (int i = 1; i <= 3; ++i) test::BodyPart(i).computeFrontPoints(2, 400, 30);
     Main.views.drawFuselageFront(test::canvasAt(2, 400, 30));
     EXPECT_EQ(area.calls.size(), 8U);
 }
 
-TEST_F(FuselageList, MovesDrawTheOthersDimAndAskTheCurrentOne) {
+TEST_F(DrawnFuselages, MovesDrawTheOthersDimAndAskTheCurrentOne) {
     Main.views.selectsFuselagesSide(Main.canvas(), Main.pointer.at(0, 0));
     EXPECT_EQ(figures(7), (std::vector<Rgb>{project.dimColor, project.dimColor, white, black}));
     bench.forget();

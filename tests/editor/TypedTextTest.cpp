@@ -55,7 +55,7 @@ TEST_F(TypedText, WhatWasTakenIsNotCommittedAgain) {
 TEST_F(TypedText, ANumberTypedBeforeAnotherUnitIsNotTakenAsOneOfThat) {
     test::type(Control::LengthBStabText, "130");
     Prefs.selectUnit(inches);
-    Main.closePreferences();
+    Main.applyPreferences();
     Main.textKeyDown(Control::LengthBStabText, "130");
     EXPECT_NEAR(Stabilizer.length1, 130 / 25.4, 1e-9);
 }

@@ -33,7 +33,7 @@ TEST(FileDialog, TexturesAreListedWhateverTheLettersOfTheirNames) {
         std::ofstream(folder.path() + other);
 
     QWidget owner;
-    QtDialogs dialogs(owner, program);
+    QtDialogs dialogs(owner, program.preferences, program.print, program.startup);
     QSet<QString> seen;
     QString caption;
     QTimer watch;

@@ -70,7 +70,7 @@ protected:
 
     QTemporaryDir folder;
     QWidget owner;
-    QtDialogs dialogs{owner, program};
+    QtDialogs dialogs{owner, program.preferences, program.print, program.startup};
 };
 
 TEST_F(Saving, ANameGetsTheExtensionUnlessItHasOneOfTheKinds) {

@@ -33,8 +33,8 @@ public:
 
     void line(double x1, double y1, double x2, double y2, std::uint32_t colour = ink,
               int thickness = 1, PixelRule rule = PixelRule::Copy) {
-        rasterLine({&at(0, 0), width_, height_, width_ + 2}, x1, y1, x2, y2, colour, thickness,
-                   rule, changed);
+        rasterLine({&at(0, 0), width_, height_, width_ + 2}, {x1, y1}, {x2, y2},
+                   {colour, thickness, rule}, changed);
     }
 
     int inked() {
@@ -212,7 +212,7 @@ TEST(LineRaster, AThickLineIsThatManyPixelsAcross) {
 
 TEST(LineRaster, AnEmptyBufferTakesNothing) {
     PixelRegion changed;
-    rasterLine({nullptr, 0, 0, 0}, 0, 0, 10, 10, ink, 1, PixelRule::Copy, changed);
+    rasterLine({nullptr, 0, 0, 0}, {0, 0}, {10, 10}, {ink}, changed);
     EXPECT_TRUE(changed.empty());
 }
 

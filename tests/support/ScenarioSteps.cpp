@@ -174,7 +174,7 @@ void manager(EditorBench&, const json& step) {
 void preferences(EditorBench&, const json& step) {
     Prefs.selectUnit(step.at("inches") ? inches : millimetres);
     Prefs.scaleTextKeyDown(step.at("scale"));
-    Main.closePreferences();
+    Main.applyPreferences();
 }
 
 const std::map<std::string, Runner> runners{

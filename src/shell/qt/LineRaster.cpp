@@ -123,29 +123,28 @@ void include(PixelRegion& changed, const Walk& walk, bool steep) {
 
 }  // namespace
 
-void rasterLine(const PixelBuffer& buffer, double x1, double y1, double x2, double y2,
-                std::uint32_t colour, int thickness, PixelRule rule, PixelRegion& changed) {
-    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
-        return;
+void rasterLine(const PixelBuffer& buffer, Point2D from, Point2D to, const Ink& ink,
+                PixelRegion& changed) {
+    for (const double place : {from.x, from.y, to.x, to.y})
+        if (!std::isfinite(place)) return;
     // One order for both directions; clipping comes after it, since it rounds by the order too.
-    Point2D from{x1, y1}, to{x2, y2};
-    if (std::pair(x2, y2) < std::pair(x1, y1)) std::swap(from, to);
+    if (std::pair(to.x, to.y) < std::pair(from.x, from.y)) std::swap(from, to);
     if (!clipLine(from, to, nearEnough, nearEnough)) return;
     const auto [line, steep] = walkBetween(from, to);
     const Grid grid = gridOf(buffer, steep);
 
     // A thick line is the thin one beside itself: each pixel still belongs to one of them alone.
-    const int across = std::max(thickness, 1);
+    const int across = std::max(ink.thickness, 1);
     for (int i = 0; i < across; ++i) {
         Walk walk = line;
         walk.minor += (i - (across - 1) / 2) * one;
         cutMajor(walk, grid.majorSize);
         cutMinor(walk, 0, grid.minorSize);
         if (walk.major1 > walk.major2) continue;
-        if (rule == PixelRule::Copy) {
-            walkPixels<PixelRule::Copy>(walk, buffer.pixels, grid, colour);
+        if (ink.rule == PixelRule::Copy) {
+            walkPixels<PixelRule::Copy>(walk, buffer.pixels, grid, ink.colour);
         } else {
-            walkPixels<PixelRule::Invert>(walk, buffer.pixels, grid, colour);
+            walkPixels<PixelRule::Invert>(walk, buffer.pixels, grid, ink.colour);
         }
         include(changed, walk, steep);
     }

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "common/Point.h"
+
 namespace velna {
 
 /// A picture in memory, 32 bits a pixel (0xffRRGGBB), row by row.
@@ -37,11 +39,18 @@ struct PixelRegion {
 /// How the pixels of a line are written.
 enum class PixelRule { Copy, Invert };
 
-/// Draws a line from (x1, y1) to (x2, y2), device pixels, y down, both ends included, `thickness`
-/// pixels across. Every double is allowed; an end that is NaN or infinite draws nothing. The pixels
-/// depend on the two ends alone and not on their order, and none is written twice, so that the same
-/// line drawn again, in either direction, in white or by inverting, leaves no trace.
-void rasterLine(const PixelBuffer& buffer, double x1, double y1, double x2, double y2,
-                std::uint32_t colour, int thickness, PixelRule rule, PixelRegion& changed);
+/// What a line is drawn with.
+struct Ink {
+    std::uint32_t colour;
+    int thickness = 1;  ///< pixels across
+    PixelRule rule = PixelRule::Copy;
+};
+
+/// Draws a line in device pixels, y down, both ends included. Every double is allowed; an end that
+/// is NaN or infinite draws nothing. The pixels depend on the two ends alone and not on their
+/// order, and none is written twice, so that the same line drawn again, in either direction, in
+/// white or by inverting, leaves no trace.
+void rasterLine(const PixelBuffer& buffer, Point2D from, Point2D to, const Ink& ink,
+                PixelRegion& changed);
 
 }  // namespace velna

@@ -12,7 +12,7 @@
 #include <filesystem>
 
 #include "common/ReplacedFile.h"
-#include "shell/Application.h"
+#include "shell/Startup.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
@@ -31,12 +31,11 @@ std::string folderText(const QString& folder) {
 
 }  // namespace
 
-QtDesktop::QtDesktop(MainWindow& window, Application& program)
-    : window_(window), main_(program.Main) {
+QtDesktop::QtDesktop(MainWindow& window, Startup& startup) : window_(window), main_(startup.main) {
     timer1_.setInterval(10);
     timer2_.setInterval(30);
-    QObject::connect(&timer1_, &QTimer::timeout, [&program] { program.startup.timer1Tick(); });
-    QObject::connect(&timer2_, &QTimer::timeout, [&program] { program.startup.timer2Tick(); });
+    QObject::connect(&timer1_, &QTimer::timeout, [&startup] { startup.timer1Tick(); });
+    QObject::connect(&timer2_, &QTimer::timeout, [&startup] { startup.timer2Tick(); });
 }
 
 QtDesktop::~QtDesktop() = default;

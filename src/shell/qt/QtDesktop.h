@@ -7,15 +7,15 @@
 
 namespace velna {
 
-struct Application;
 class MainForm;
 class MainWindow;
 class Splash;
+struct Startup;
 
 /// The screen, the window and the folders of the program.
 class QtDesktop : public Desktop {
 public:
-    QtDesktop(MainWindow& window, Application& program);
+    QtDesktop(MainWindow& window, Startup& startup);
     ~QtDesktop() override;
 
     std::string programFolder() const override;

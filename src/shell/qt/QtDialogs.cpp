@@ -12,8 +12,10 @@
 #include <QPrinter>
 #include <algorithm>
 
-#include "shell/Application.h"
 #include "shell/Ports.h"
+#include "shell/Preferences.h"
+#include "shell/PrintCommand.h"
+#include "shell/Startup.h"
 #include "shell/qt/ManagerForm.h"
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
@@ -98,7 +100,9 @@ protected:
 
 }  // namespace
 
-QtDialogs::QtDialogs(QWidget& owner, Application& program) : owner_(owner), program_(program) {}
+QtDialogs::QtDialogs(QWidget& owner, Preferences& preferences, PrintCommand& print,
+                     const Startup& startup)
+    : owner_(owner), preferences_(preferences), print_(print), startup_(startup) {}
 
 QtDialogs::~QtDialogs() = default;
 
@@ -176,7 +180,7 @@ bool QtDialogs::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes)
 
 bool QtDialogs::message(const std::string& title, const std::string& text, BoxIcon icon) {
     // The work that failed is over: its bar must not stand beside the box that says so.
-    if (program_.shell.progress) program_.shell.progress->finish();
+    if (print_.ports.progress) print_.ports.progress->finish();
     Message box(sign(icon), QString::fromStdString(title), QString::fromStdString(text),
                 QMessageBox::Ok, &owner_);
     bool pressed = false;
@@ -212,11 +216,11 @@ PrinterSurface* QtDialogs::askPrinter(const std::vector<std::string>& jobs) {
 }
 
 void QtDialogs::showPreferences() {
-    PrefsForm(program_.preferences, program_.startup.smallFontsVariable, &owner_).exec();
+    PrefsForm(preferences_, startup_.smallFontsVariable, &owner_).exec();
 }
 
 void QtDialogs::showManager() {
-    ManagerForm form(program_.Main, &owner_);
+    ManagerForm form(print_.main, &owner_);
     manager_ = &form;
     form.exec();
 }
@@ -226,7 +230,7 @@ void QtDialogs::showFuselageRows() {
 }
 
 void QtDialogs::showPrintSelect() {
-    PrintSelectForm(program_.print, &owner_).exec();
+    PrintSelectForm(print_, &owner_).exec();
 }
 
 }  // namespace velna

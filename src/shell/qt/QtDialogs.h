@@ -12,15 +12,19 @@ class QWidget;
 
 namespace velna {
 
-struct Application;
 class ManagerForm;
+struct Preferences;
+struct PrintCommand;
 class QtPrinterSurface;
 class SaveDialog;
+struct Startup;
 
 /// The dialogs of the program, each over the main window.
 class QtDialogs : public Dialogs {
 public:
-    QtDialogs(QWidget& owner, Application& program);
+    /// `startup` knows the size of the forms' text.
+    QtDialogs(QWidget& owner, Preferences& preferences, PrintCommand& print,
+              const Startup& startup);
     ~QtDialogs() override;
 
     FileAnswer openFile(const std::string& filter) override;
@@ -46,7 +50,9 @@ private:
                    FilePurpose purpose);
 
     QWidget& owner_;
-    Application& program_;
+    Preferences& preferences_;
+    PrintCommand& print_;
+    const Startup& startup_;
     std::map<FilePurpose, QString> folders_;  // where each purpose was last served
     QPointer<ManagerForm> manager_;
     std::unique_ptr<QtPrinterSurface> printer_;

@@ -67,8 +67,9 @@ PixelBuffer QtSurface::buffer() {
 void QtSurface::line(double x1, double y1, double x2, double y2, Rgb colour) {
     if (image_.isNull()) return;
     if (rule_ == PixelRule::Invert && !standing_.changes(x1, y1, x2, y2, colour == white)) return;
-    rasterLine(buffer(), x1 * density_, y1 * density_, x2 * density_, y2 * density_,
-               pixelOf(colour), static_cast<int>(std::lround(density_)), rule_, changed_);
+    const Ink ink{pixelOf(colour), static_cast<int>(std::lround(density_)), rule_};
+    rasterLine(buffer(), {x1 * density_, y1 * density_}, {x2 * density_, y2 * density_}, ink,
+               changed_);
 }
 
 void QtSurface::setDrawMode(DrawMode mode) {

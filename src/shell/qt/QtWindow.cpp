@@ -1,6 +1,7 @@
 #include "shell/qt/QtWindow.h"
 
-#include "shell/Application.h"
+#include "preview/Rendering.h"
+#include "shell/ToolbarCommands.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/PopupMenu.h"
@@ -36,20 +37,20 @@ void QtWindow::openPopup(float x, float y) {
 }
 
 void QtWindow::renderScene(bool rebuild) {
-    program_.rendering.renderScene(rebuild);
+    rendering_.renderScene(rebuild);
 }
 
 void QtWindow::holdPicture(bool on) {
-    program_.rendering.hold(on);
+    rendering_.hold(on);
 }
 
 void QtWindow::setViewTransform(double panX, double panY, double distance, double spin,
                                 double tilt) {
-    program_.rendering.setViewTransform(panX, panY, distance, spin, tilt);
+    rendering_.setViewTransform(panX, panY, distance, spin, tilt);
 }
 
 void QtWindow::promptFrustum() {
-    program_.toolbar.frustumPrompt();
+    toolbar_.frustumPrompt();
 }
 
 bool QtWindow::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) {

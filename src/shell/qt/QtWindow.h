@@ -4,15 +4,16 @@
 
 namespace velna {
 
-struct Application;
 class MainWindow;
 class QtDialogs;
+class Rendering;
+struct ToolbarCommands;
 
 /// What the editor asks of the main window.
 class QtWindow : public Window {
 public:
-    QtWindow(MainWindow& window, QtDialogs& dialogs, Application& program)
-        : window_(window), dialogs_(dialogs), program_(program) {}
+    QtWindow(MainWindow& window, QtDialogs& dialogs, Rendering& rendering, ToolbarCommands& toolbar)
+        : window_(window), dialogs_(dialogs), rendering_(rendering), toolbar_(toolbar) {}
 
     void changed(Control control) override;
     void catalogueFilled(Control combo) override;
@@ -32,7 +33,8 @@ public:
 private:
     MainWindow& window_;
     QtDialogs& dialogs_;
-    Application& program_;
+    Rendering& rendering_;
+    ToolbarCommands& toolbar_;
 };
 
 }  // namespace velna

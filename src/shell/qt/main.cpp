@@ -28,9 +28,9 @@ int main(int argc, char** argv) {
     // The window and what stands behind each port.
     Application program;
     MainWindow mainWindow(program);
-    QtDialogs dialogs(mainWindow, program);
-    QtWindow window(mainWindow, dialogs, program);
-    QtDesktop desktop(mainWindow, program);
+    QtDialogs dialogs(mainWindow, program.preferences, program.print, program.startup);
+    QtWindow window(mainWindow, dialogs, program.rendering, program.toolbar);
+    QtDesktop desktop(mainWindow, program.startup);
     QtRenderContext context(mainWindow, program.quit);
     QtImaging pictures(mainWindow);
     SdlJoystick joystick;

@@ -8,16 +8,16 @@
 namespace velna {
 namespace {
 
-class PreferencesClose : public test::EditorTest {
+class ApplyPreferences : public test::EditorTest {
 protected:
     static void close(int unit, const std::string& scale) {
         Prefs.selectUnit(unit);
         Prefs.scaleTextKeyDown(scale);
-        Main.closePreferences();
+        Main.applyPreferences();
     }
 };
 
-TEST_F(PreferencesClose, SameUnitAndFullScaleRebuildButChangeNoValue) {
+TEST_F(ApplyPreferences, SameUnitAndFullScaleRebuildButChangeNoValue) {
     Main.initSideView();
     Main.selectTab(PanelTab::rudder);
     bench.forget();
@@ -32,7 +32,7 @@ TEST_F(PreferencesClose, SameUnitAndFullScaleRebuildButChangeNoValue) {
     EXPECT_EQ(window.viewTransforms[0], (std::array<double, 5>{0, 0, 200, 900, 200}));
 }
 
-TEST_F(PreferencesClose, InchesConvertOnceAndBack) {
+TEST_F(ApplyPreferences, InchesConvertOnceAndBack) {
     close(inches, "100");
     EXPECT_DOUBLE_EQ(Wings(1).span, 700 / 25.4);
     EXPECT_EQ(Main.controls[Control::LengthBText].text, "9.06");
@@ -50,7 +50,7 @@ TEST_F(PreferencesClose, InchesConvertOnceAndBack) {
     EXPECT_EQ(Prefs.prev_units, inches);
 }
 
-TEST_F(PreferencesClose, ScaleActsAfterTheFitSoThatTheViewShowsItLater) {
+TEST_F(ApplyPreferences, ScaleActsAfterTheFitSoThatTheViewShowsItLater) {
     const double zoom = Main.view.zoom;
     close(millimetres, "50");
     EXPECT_EQ(Wings(1).span, 350);
@@ -63,22 +63,22 @@ TEST_F(PreferencesClose, ScaleActsAfterTheFitSoThatTheViewShowsItLater) {
     EXPECT_GT(Main.view.zoom, zoom);
 }
 
-TEST_F(PreferencesClose, ScaleIsAppliedOnce) {
+TEST_F(ApplyPreferences, ScaleIsAppliedOnce) {
     close(millimetres, "50");
     EXPECT_EQ(Prefs.ScaleText, "100");
     EXPECT_EQ(Prefs.modelScaleFactor, 1.0);
-    Main.closePreferences();
+    Main.applyPreferences();
     EXPECT_EQ(Wings(1).span, 350);
 }
 
-TEST_F(PreferencesClose, ScaleTypedLastCountsWithoutAFurtherKey) {
+TEST_F(ApplyPreferences, ScaleTypedLastCountsWithoutAFurtherKey) {
     Prefs.scaleTextKeyDown("5");
     Prefs.ScaleText = "50";
-    Main.closePreferences();
+    Main.applyPreferences();
     EXPECT_EQ(Wings(1).span, 350);
 }
 
-TEST_F(PreferencesClose, ScaleThatIsNoFactorAboveZeroLeavesTheModelAlone) {
+TEST_F(ApplyPreferences, ScaleThatIsNoFactorAboveZeroLeavesTheModelAlone) {
     for (const char* scale : {"0", "-50", "abc", "", "1e999", "-0", "nan"}) {
         close(millimetres, scale);
         EXPECT_EQ(Wings(1).span, 700) << scale;
@@ -87,7 +87,7 @@ TEST_F(PreferencesClose, ScaleThatIsNoFactorAboveZeroLeavesTheModelAlone) {
     }
 }
 
-TEST_F(PreferencesClose, TinyAndHugeScalesLeaveADrawableModel) {
+TEST_F(ApplyPreferences, TinyAndHugeScalesLeaveADrawableModel) {
     for (const char* scale : {"1E-290", "1E300", "1E300", "1E-290"}) {
         close(millimetres, scale);
         for (const auto view : {&MainForm::initVTopView, &MainForm::initFrontView,
@@ -104,7 +104,7 @@ TEST_F(PreferencesClose, TinyAndHugeScalesLeaveADrawableModel) {
     }
 }
 
-TEST_F(PreferencesClose, SectionEditorIsScaledInTheNewUnit) {
+TEST_F(ApplyPreferences, SectionEditorIsScaledInTheNewUnit) {
     close(inches, "100");
     EXPECT_DOUBLE_EQ(Main.views.fuselage().szoom, 150 * 0.9 / (20 / 25.4));
 }

@@ -22,7 +22,7 @@ void PrefsRecord::scaleTextKeyDown(const std::string& text) {
     modelScaleFactor = std::isfinite(factor) && factor > 0 ? factor : 1.0;
 }
 
-void MainForm::closePreferences() {
+void MainForm::applyPreferences() {
     Prefs.prev_units = project.units;
     if (Prefs.InchesOption) switchUnit(*this, inches, Plane::switchAllToInches);
     if (Prefs.MillimetersOption) switchUnit(*this, millimetres, Plane::switchAllToMillimeters);
