@@ -1,0 +1,77 @@
+#!/usr/bin/env python3
+"""The benchmarks as one table: each row beside its reference, medians of rounds that are worked in turn.
+
+Use: table.py BUILD_FOLDER [ROUNDS]
+"""
+
+import json
+import os
+import statistics
+import subprocess
+import sys
+
+# Program, row, its reference in the same program, and the bar: at most so many times the reference. A row without
+# a reference carries its ratio itself.
+ROWS = [
+    ("mesh", "createOneExponent", "writePointsFromTables", 1.2),
+    ("mesh", "createOwnExponents", "powersAlone", 1.2),
+    ("scene", "replayedFrame", "replayedFrameBare", 1.1),
+    ("scene", "renderUnchanged", "replayedFrame", 1.1),
+    ("scene", "rebuild/bodies:1", "replayedFrame", 1.15),
+    ("scene", "rebuild/bodies:20", "rebuildBare", 1.15),
+    ("scene", "flightFrame", "flightFrameBare", 1.1),
+    ("picture", "convertWingPicture", "toolkitAlone", 1.2),
+    ("output", "vrmlExport", "vrmlBareLoop", 1.3),
+    ("output", "dxfFrontExport", "dxfBareLoop", 1.3),
+    ("project", "save/iterations:7", None, 1.3),
+    ("project", "read/iterations:7", None, 1.5),
+    ("project", "readLegacy/iterations:7", None, 1.5),
+    ("raster", "ownLines", "toolkitLines", 1.1),
+]
+# Each of the editor's rows has its reference beside it.
+OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
+PROGRAMS = ["mesh", "views", "scene", "picture", "output", "project", "raster"]
+
+
+def run(build, program):
+    """The rows of one run by name."""
+    command = [os.path.join(build, "bench", f"velna_{program}_bench"), "--benchmark_format=json", "--benchmark_min_time=0.1"]
+    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen"}
+    told = subprocess.run(command, capture_output=True, text=True, check=True, env=environment).stdout
+    return {row["name"]: row for row in json.loads(told[told.index("{") :])["benchmarks"]}
+
+
+def ratio_of(rows, row, reference):
+    """How many times the reference a row takes in one run; None where it was not measured."""
+    if row not in rows or "error_occurred" in rows[row] or (reference and reference not in rows):
+        return None
+    return rows[row]["ratio"] if reference is None else rows[row]["cpu_time"] / rows[reference]["cpu_time"]
+
+
+def wanted(program, rows):
+    """(row, reference, bar) of a program."""
+    yield from (entry[1:] for entry in ROWS if entry[0] == program)
+    for name in rows:
+        if name.endswith(OWN):
+            yield name, name.removesuffix(OWN) + REFERENCE, REDRAW_BAR
+
+
+def main():
+    build, rounds = sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 5
+    ratios = {}
+    for _ in range(rounds):
+        for program in PROGRAMS:
+            rows = run(build, program)
+            for row, reference, bar in wanted(program, rows):
+                ratios.setdefault((program, row, bar), []).append(ratio_of(rows, row, reference))
+    print(f"{'program':9} {'row':45} {'ratio':>6} {'least':>6} {'most':>6} {'bar':>6}")
+    for (program, row, bar), found in ratios.items():
+        if None in found:
+            print(f"{program:9} {row:45} not measured")
+            continue
+        median = statistics.median(found)
+        over = "  over" if median > bar else ""
+        print(f"{program:9} {row:45} {median:6.2f} {min(found):6.2f} {max(found):6.2f} {bar:6.2f}{over}")
+
+
+main()
