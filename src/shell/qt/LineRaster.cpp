@@ -125,10 +125,11 @@ void include(PixelRegion& changed, const Walk& walk, bool steep) {
 
 void rasterLine(const PixelBuffer& buffer, Point2D from, Point2D to, const Ink& ink,
                 PixelRegion& changed) {
-    for (const double place : {from.x, from.y, to.x, to.y})
-        if (!std::isfinite(place)) return;
+    if (!std::isfinite(from.x) || !std::isfinite(from.y) || !std::isfinite(to.x) ||
+        !std::isfinite(to.y))
+        return;
     // One order for both directions; clipping comes after it, since it rounds by the order too.
-    if (std::pair(to.x, to.y) < std::pair(from.x, from.y)) std::swap(from, to);
+    if (to.x < from.x || (to.x == from.x && to.y < from.y)) std::swap(from, to);
     if (!clipLine(from, to, nearEnough, nearEnough)) return;
     const auto [line, steep] = walkBetween(from, to);
     const Grid grid = gridOf(buffer, steep);
