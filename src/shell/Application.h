@@ -13,6 +13,7 @@
 #include "shell/Preferences.h"
 #include "shell/PrintCommand.h"
 #include "shell/Quit.h"
+#include "shell/Settings.h"
 #include "shell/Startup.h"
 #include "shell/ToolbarCommands.h"
 
@@ -26,6 +27,7 @@ struct Application {
     Solids solids;
     PictureStore pictures;
     ShellPorts shell;
+    Settings settings;
     PrintSelectRecord PrintSelect;
 
     MainForm Main{project};
@@ -35,7 +37,7 @@ struct Application {
 
     Preferences preferences{Main, shell};
     Helper helper{Main, rendering, shell};
-    Startup startup{Main, rendering, helper, preferences, shell};
+    Startup startup{Main, rendering, helper, preferences, settings, shell};
     Quit quit{project, rendering, flying, helper, preferences, shell};
     FileCommands files{Main, solids, rendering, preferences, pictures, shell};
     PrintCommand print{Main, PrintSelect, shell};

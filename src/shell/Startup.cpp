@@ -57,6 +57,7 @@ void Startup::run() {
     ports.desktop->showMainWindow();
     main.selectTab(PanelTab::wing);
     preferences.readAll();
+    settings.load(ports.desktop->configurationFolder());
     // A message box must not lie under the splash.
     ports.desktop->hideSplash();
     if (preferences.firstUseState == "DoIt") helper.run();

@@ -6,6 +6,7 @@
 #include "shell/Helper.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
+#include "shell/Settings.h"
 
 namespace velna {
 
@@ -15,6 +16,7 @@ struct Startup {
     Rendering& rendering;
     Helper& helper;
     Preferences& preferences;
+    Settings& settings;
     const ShellPorts& ports;
 
     bool smallFontsVariable = false;
