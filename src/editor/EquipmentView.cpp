@@ -86,6 +86,14 @@ void EquipmentView::initMouseValHTop(Box& box, bool shiftkey) {
     rememberStart(grip, box, htopHandles, shiftkey);
 }
 
+const BoxHandle* EquipmentView::heldSide() const {
+    return findHandle(sideHandles, grip.paint);
+}
+
+const BoxHandle* EquipmentView::heldHTop() const {
+    return findHandle(htopHandles, grip.paint);
+}
+
 void EquipmentView::selectsSide(const Canvas& canvas, Box& box, const Pointer& pointer) {
     hoverOrDragBox(
         grip, sideHandles, [&] { return testPositionSide(pointer.x, pointer.y); },

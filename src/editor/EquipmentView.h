@@ -36,6 +36,10 @@ public:
     void initMouseValSide(ElectroBox& box, bool shiftkey);
     void initMouseValHTop(ElectroBox& box, bool shiftkey);
 
+    /// What is held, with what a drag of it writes; null when nothing is.
+    const Handle<ElectroBox>* heldSide() const;
+    const Handle<ElectroBox>* heldHTop() const;
+
     /// A move: lights the box under the pointer, or drags one that is grabbed.
     void selectsSide(const Canvas& canvas, ElectroBox& box, const Pointer& pointer);
     void selectsHTop(const Canvas& canvas, ElectroBox& box, const Pointer& pointer);

@@ -232,6 +232,18 @@ void FuselageView::initMouseValVTop(Body& body, bool shiftkey) {
     if (body.nb_cross != 0) rememberStart(grip, body, vtopHandles, shiftkey);
 }
 
+const SectionHandle* FuselageView::heldSide() const {
+    return findHandle(sideHandles, grip.paint);
+}
+
+const SectionHandle* FuselageView::heldHTop() const {
+    return findHandle(htopHandles, grip.paint);
+}
+
+const BodyHandle* FuselageView::heldVTop() const {
+    return findHandle(vtopHandles, grip.paint);
+}
+
 void FuselageView::hoverSide(const Canvas& canvas, Body& body, const Pointer& pointer) {
     grip.selected_part = testPositionSide(body, pointer);
     switch (grip.selected_part) {

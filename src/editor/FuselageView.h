@@ -61,6 +61,11 @@ public:
     void initMouseValHTop(MeshSections& body, bool shiftkey);
     void initMouseValVTop(MeshSections& body, bool shiftkey);
 
+    /// What is held, with what a drag of it writes; null when nothing is.
+    const Handle<MeshSections, Array1<double> MeshSections::*>* heldSide() const;
+    const Handle<MeshSections, Array1<double> MeshSections::*>* heldHTop() const;
+    const Handle<MeshSections>* heldVTop() const;
+
     /// A move: lights what is under the pointer, or drags what is grabbed.
     void selectsSide(const Canvas& canvas, MeshSections& body, const Pointer& pointer);
     void selectsHTop(const Canvas& canvas, MeshSections& body, const Pointer& pointer);

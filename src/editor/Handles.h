@@ -83,11 +83,16 @@ struct Handle {
         return shiftkey && shifted[0].value ? shifted : plain;
     }
 
-    /// Whether a drag moves anything at this moment.
-    bool moves(bool shiftkey) const {
-        return std::ranges::any_of(terms(shiftkey),
-                                   [](const auto& term) { return term.value && term.factor != 0; });
+    /// The first value that a drag moves at this moment, which is the one that it is about; the
+    /// others follow it. No value where it moves nothing.
+    Value moved(bool shiftkey) const {
+        for (const auto& term : terms(shiftkey))
+            if (term.value && term.factor != 0) return term.value;
+        return {};
     }
+
+    /// Whether a drag moves anything at this moment.
+    bool moves(bool shiftkey) const { return moved(shiftkey) != nullptr; }
 };
 
 /// The row of `part` in a table of handles; none for a part that is no handle.

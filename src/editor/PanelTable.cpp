@@ -51,12 +51,11 @@ bool storeSection(const PanelStore& store, double value) {
     return true;
 }
 
-/// The box shows the width over both halves; the panel's own width lies outside its shift. The
-/// shift is the one shown beside it, so that what stands on the panel fits together.
 template <auto object>
 double readFullSpan(const Project& project) {
-    return 2 * (object(project).span + object(project).shift);
+    return fullSpan(object(project));
 }
+/// The shift is the one shown beside it, so that what stands on the panel fits together.
 template <auto object, Control shiftBox>
 bool storeFullSpan(const PanelStore& store, double value) {
     return assignFinite(object(store.project).span,
@@ -226,6 +225,10 @@ const PanelSlider* panelSlider(Control control) {
 }
 const PanelCheck* panelCheck(Control control) {
     return findRow(panelChecks(), control);
+}
+
+double fullSpan(const SymWingSections& wing) {
+    return 2 * (wing.span + wing.shift);
 }
 
 std::string panelText(const Project& project, const PanelField& field) {

@@ -9,6 +9,7 @@
 namespace velna {
 
 struct Project;
+class SymWingSections;
 
 /// What a number of the panel is stored in, and the panel that it is typed in.
 struct PanelStore {
@@ -82,6 +83,9 @@ std::string panelTip(const Project& project, const PanelField& field);
 
 /// What becomes of the text that the user has left in the box; empty when the model holds it.
 std::string entryTip(const PanelStore& store, const PanelField& field);
+
+/// The span that the boxes show, over both halves. A panel's own lies outside its shift.
+double fullSpan(const SymWingSections& wing);
 
 /// A length in the given unit as a box shows it: whole millimetres rounded down, or inches with two
 /// decimals.

@@ -116,6 +116,14 @@ void TailView::initMouseValFront(Fin& fin, bool shiftkey) {
     rememberStart(grip, fin, frontHandles, shiftkey);
 }
 
+const FinHandle* TailView::heldSide() const {
+    return findHandle(sideHandles, grip.paint);
+}
+
+const FinHandle* TailView::heldFront() const {
+    return findHandle(frontHandles, grip.paint);
+}
+
 void TailView::selectsSide(const Canvas& canvas, Fin& fin, const Pointer& pointer) {
     hoverOrDrag(
         grip, sideHandles, testPositionSide(pointer.x, pointer.y),

@@ -39,6 +39,10 @@ public:
     void initMouseValSide(VertWingSection& fin, bool shiftkey);
     void initMouseValFront(VertWingSection& fin, bool shiftkey);
 
+    /// What is held, with what a drag of it writes; null when nothing is.
+    const Handle<VertWingSection>* heldSide() const;
+    const Handle<VertWingSection>* heldFront() const;
+
     /// A move: lights what is under the pointer, or drags what is grabbed.
     void selectsSide(const Canvas& canvas, VertWingSection& fin, const Pointer& pointer);
     void selectsFront(const Canvas& canvas, VertWingSection& fin, const Pointer& pointer);

@@ -126,6 +126,14 @@ void WingView::initMouseValVTop(Wing& wing, bool shiftkey) {
     rememberStart(grip, wing, vtopHandles, shiftkey);
 }
 
+const WingHandle* WingView::heldFront() const {
+    return findHandle(frontHandles, grip.paint);
+}
+
+const WingHandle* WingView::heldVTop() const {
+    return findHandle(vtopHandles, grip.paint);
+}
+
 void WingView::selectsFront(const Canvas& canvas, Wing& wing, const Pointer& pointer) {
     hoverOrDrag(
         grip, frontHandles, testPositionFront(pointer.x, pointer.y),

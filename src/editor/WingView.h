@@ -36,6 +36,10 @@ public:
     void initMouseValFront(SymWingSections& wing, bool shiftkey);
     void initMouseValVTop(SymWingSections& wing, bool shiftkey);
 
+    /// What is held, with what a drag of it writes; null when nothing is.
+    const Handle<SymWingSections>* heldFront() const;
+    const Handle<SymWingSections>* heldVTop() const;
+
     /// A move: lights what is under the pointer, or drags what is grabbed.
     void selectsFront(const Canvas& canvas, SymWingSections& wing, const Pointer& pointer);
     void selectsVTop(const Canvas& canvas, SymWingSections& wing, const Pointer& pointer);
