@@ -21,6 +21,8 @@ ROWS = [
     ("scene", "rebuild/bodies:20/process_time", "rebuildBare/process_time", 1.15),
     ("scene", "flightFrame/process_time", "flightFrameBare/process_time", 1.1),
     ("picture", "convertWingPicture", "toolkitAlone", 1.2),
+    ("history", "historyStep", "copyAndCompare", 1.2),
+    ("history", "historyNoStep", "copyAndCompare", 1.0),
     ("output", "vrmlExport", "vrmlBareLoop", 1.3),
     ("output", "dxfFrontExport", "dxfBareLoop", 1.3),
     ("project", "save/iterations:7", None, 1.3),
@@ -30,7 +32,7 @@ ROWS = [
 ]
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "views", "scene", "picture", "output", "project", "raster"]
+PROGRAMS = ["mesh", "views", "scene", "picture", "history", "output", "project", "raster"]
 
 
 def run(build, program):

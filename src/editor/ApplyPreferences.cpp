@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "common/NumberText.h"
+#include "editor/HistoryStep.h"
 #include "editor/Main.h"
 #include "model/Plane.h"
 
@@ -24,6 +25,8 @@ void PrefsRecord::scaleTextKeyDown(const std::string& text) {
 
 void MainForm::applyPreferences() {
     Prefs.prev_units = project.units;
+    const bool converts = Prefs.InchesOption != (project.units == inches);
+    const HistoryStep step(*this, converts ? "Change units" : "Scale");
     if (Prefs.InchesOption) switchUnit(*this, inches, Plane::switchAllToInches);
     if (Prefs.MillimetersOption) switchUnit(*this, millimetres, Plane::switchAllToMillimeters);
     zoomSectionSet();

@@ -46,9 +46,10 @@ constexpr const char* controlNames[] = {
     "FuselageVTopFrame", "Parameters",
     // toolbar keys with a state
     "VTopButton", "FrontButton", "SideButton", "HTopButton", "RenderButton", "FlyingPreviewButton",
+    "UndoButton", "RedoButton",
     // popup menu
     "Popup", "Change", "InsRem", "LoadBitmap", "MoveBitmap", "SizeBitmap", "LockZoom",
-    "ClearBitmap",
+    "ClearBitmap", "UndoStep", "RedoStep",
     // the demonstration's floating sign
     "ShiftButton",
 };

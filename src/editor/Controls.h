@@ -41,8 +41,10 @@ enum class Control {
     FuselageVTopFrame, Parameters,
     // toolbar keys with a state
     VTopButton, FrontButton, SideButton, HTopButton, RenderButton, FlyingPreviewButton,
+    UndoButton, RedoButton,
     // popup menu
     Popup, Change, InsRem, LoadBitmap, MoveBitmap, SizeBitmap, LockZoom, ClearBitmap,
+    UndoStep, RedoStep,
     // the demonstration's floating sign
     ShiftButton,
     count

@@ -1,6 +1,8 @@
 #include <string>
 #include <tuple>
 
+#include "editor/FieldNames.h"
+#include "editor/HistoryStep.h"
 #include "editor/Main.h"
 #include "editor/ModelChange.h"
 #include "editor/PanelTable.h"
@@ -61,6 +63,7 @@ void MainForm::updateEquipmentInterface() {
 }
 
 void MainForm::optionClicked(Control option) {
+    const HistoryStep step(*this, fieldName(option));
     ElectroBox& box = Equipment::current(project);
     if (option == Control::HorizontalServoOption) storeOrientation(*this, box, true);
     if (option == Control::VerticalServoOption) storeOrientation(*this, box, false);
@@ -72,6 +75,7 @@ void MainForm::optionClicked(Control option) {
 }
 
 void MainForm::comboClicked(Control combo, int index) {
+    const HistoryStep step(*this, fieldName(combo));
     controls[combo].value = index;
     const auto numbers = [&] {
         const ElectroBox& box = Equipment::current(project);

@@ -2,6 +2,7 @@
 #include <span>
 #include <vector>
 
+#include "editor/HistoryStep.h"
 #include "editor/Main.h"
 #include "model/Project.h"
 
@@ -11,6 +12,7 @@ namespace {
 /// Which fuselages are shown is part of the project. The picture follows at once, the views when
 /// the manager closes.
 void setRows(MainForm& form, std::span<const int> rows, bool shown) {
+    const HistoryStep step(form, shown ? "Show fuselages" : "Hide fuselages");
     ObjectListRecord& list = form.project.ObjectList;
     for (const int i : rows) {
         if (list.shown(i) != shown) form.savedProject = false;

@@ -59,6 +59,8 @@ constexpr MenuEntry menuEntries[] = {
     {Control::SizeBitmap, [](MainForm& form) { form.sizeBitmapAction(); }},
     {Control::LockZoom, [](MainForm& form) { form.lockZoomAction(); }},
     {Control::ClearBitmap, [](MainForm& form) { form.clearBitmapAction(); }},
+    {Control::UndoStep, [](MainForm& form) { form.window->undo(); }},
+    {Control::RedoStep, [](MainForm& form) { form.window->redo(); }},
 };
 
 /// The cursor tells along which axis a drag with Shift will move.

@@ -28,7 +28,8 @@ void presetPanel(ControlStates& controls) {
 /// inserted and the fuselage's own plan is out of reach.
 void presetMenuAndToolbar(ControlStates& controls) {
     for (Control entry : {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap,
-                          Control::InsRem, Control::HTopButton})
+                          Control::InsRem, Control::HTopButton, Control::UndoButton,
+                          Control::RedoButton, Control::UndoStep, Control::RedoStep})
         controls[entry].enabled = false;
     for (Control control : {Control::FuselageVTopFrame, Control::ReceiverCombo, Control::AccuCombo,
                             Control::Popup, Control::ShiftButton})

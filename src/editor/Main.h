@@ -8,6 +8,7 @@
 #include "editor/AircraftViews.h"
 #include "editor/Controls.h"
 #include "editor/FormState.h"
+#include "editor/History.h"
 #include "editor/PanelTable.h"
 #include "editor/PrefsRecord.h"
 #include "model/Fits.h"
@@ -40,6 +41,7 @@ public:
     ControlStates controls;                     ///< what every control shows
     PrefsRecord Prefs;                          ///< what the form of the preferences holds
     bool savedProject = true;                   ///< the model has been saved since its last change
+    History history;                            ///< what the user can go back to
 
     // reserved
     std::string buffer_filename;
@@ -78,6 +80,28 @@ public:
     bool anyBusy() const { return views.anyHit(); }
     /// The pointer rests on some object.
     bool anySelected() const { return views.anySelected(); }
+
+    // UndoRedo.cpp
+    /// The history begins anew with the aircraft in hand.
+    void beginHistory();
+    /// The user has begun to hold something, and has let it go: what changes between is one step.
+    void beginGesture();
+    void endGesture();
+    /// The same with a slider.
+    void holdSlider(Control slider);
+    /// What is held names the step.
+    void nameGesture();
+    /// A number for the steps that are made on `control` without leaving it.
+    unsigned visitOf(Control control);
+    /// The control is left, or another drag of it begins.
+    void endVisit() { visit_ = 0; }
+    /// One step of the history back, or forth; false where there is none, or while something is
+    /// held. Panel, views and section editor show it, at the scale that they have; the picture is
+    /// the caller's.
+    bool undo();
+    bool redo();
+    /// Buttons and menu entries tell what undo and redo would do.
+    void showHistory();
 
     // KeyCommands.cpp: virtual key codes, letters by their capital
     void DrawArea_keydown(std::int16_t keyCode, std::int16_t shift);
@@ -180,6 +204,13 @@ private:
     /// cleared and fitted at the start, shown at the end. In between nothing old is on the surface
     /// to take off.
     void enterView(const ViewRow& row, bool keepsScale = false);
+    bool stepHistory(bool (History::*step)(Project& aircraft));
+    void showRestored(bool otherUnit);
+
+    bool gestureOpen_ = false;
+    int sectionsAtPress_ = 0;
+    unsigned visit_ = 0;
+    Control visited_ = Control::count;
 };
 
 }  // namespace velna

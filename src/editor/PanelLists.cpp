@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <string>
 
+#include "editor/FieldNames.h"
+#include "editor/HistoryStep.h"
 #include "editor/ModelChange.h"
 #include "editor/Views.h"
 #include "model/Equipment.h"
@@ -199,6 +201,7 @@ void MainForm::scrollChanged(Control bar, int value) {
 }
 
 void MainForm::buttonPressed(Control button, std::int16_t shift) {
+    const HistoryStep step(*this, fieldName(button));
     for (const ButtonRow& row : buttonRows)
         if (row.button == button) row.press(*this, shift);
 }

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "common/NumberText.h"
+#include "editor/FieldNames.h"
+#include "editor/HistoryStep.h"
 #include "editor/Main.h"
 #include "editor/ModelChange.h"
 #include "editor/PanelTable.h"
@@ -26,6 +28,7 @@ void movePlan(const Canvas& canvas, FuselageView& view, const MeshSections& body
 /// The one commit: takes the number at the start of the text, stores it, and redraws. Gives what
 /// became of the text, for a refill may have overwritten that.
 TextEntry commit(MainForm& form, const PanelField& field, const std::string& text) {
+    const HistoryStep step(form, fieldName(field.control), form.visitOf(field.control));
     Project& project = form.project;
     bool stored = false;
     const auto value = [&] { return field.get(project); };
@@ -121,6 +124,7 @@ void MainForm::nbCrossChanged(const std::string& text) {
 void MainForm::checkClicked(Control control, bool on) {
     const PanelCheck* check = panelCheck(control);
     if (!check) return;
+    const HistoryStep step(*this, fieldName(control));
     controls[control].checked = on;
     const auto value = [&] { return check->get(project); };
     changeModel(*this, value, [&] { check->set(project, on); });

@@ -56,6 +56,7 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
         window->openPopup(x, y);
         return;
     }
+    beginGesture();
     pointer.xloc = roundToInt16(static_cast<double>(x));
     pointer.yloc = roundToInt16(static_cast<double>(y));
     // Such a press takes the picture: the model must not go along with it.
@@ -86,6 +87,7 @@ void MainForm::DrawArea_MouseUp(std::int16_t button, std::int16_t /*shift*/, flo
                                 float /*y*/) {
     // The right button has only opened the menu; what that has armed waits for the next press.
     if (button == MouseButton::right) return;
+    nameGesture();
     views.clearHover();
     if (pictureShownHere()) {
         setDrawMode(DrawMode::Copy);
@@ -97,12 +99,13 @@ void MainForm::DrawArea_MouseUp(std::int16_t button, std::int16_t /*shift*/, flo
     window->renderScene(true);
     view.firstPictureRefresh = false;
     DrawArea->refresh();
+    endGesture();
 }
 
 void MainForm::cancelGesture() {
     if (!anyBusy() && !pointer.anyKey() && !view.firstPictureRefresh &&
         view.drawMode == DrawMode::Copy)
-        return;
+        return endGesture();
     DrawArea_MouseUp(0, 0, -1, -1);
     // The release asks the current view's objects only; the gesture may have begun in another view.
     views.letGo();

@@ -13,6 +13,7 @@ struct PrefsRecord {
     bool MillimetersOption = true;
     double modelScaleFactor = 1.0;  ///< one-off factor, the number in `ScaleText` / 100
     std::string ScaleText = "100";
+    bool ctrlZUndoes = false;  ///< Ctrl+Z, Ctrl+Y and Ctrl+S undo, redo and save again
 
     /// The two options are one group: setting one clears the other.
     void selectUnit(int unit) {

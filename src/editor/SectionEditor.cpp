@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include "editor/FieldNames.h"
+#include "editor/HistoryStep.h"
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
 
@@ -29,6 +31,7 @@ private:
 void MainForm::sliderChanged(Control slider, int value) {
     const PanelSlider* row = panelSlider(slider);
     if (!row) return;
+    const HistoryStep step(*this, fieldName(slider), visitOf(slider));
     const OnePicture ofBothSliders(*window);
     value = std::clamp(value, row->lowest, row->highest);
     controls[slider].value = value;

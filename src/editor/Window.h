@@ -53,6 +53,10 @@ public:
     virtual void setViewTransform(double panX, double panY, double distance, double spin,
                                   double tilt) = 0;
 
+    /// One step of the history back, or forth, as the toolbar's buttons do.
+    virtual void undo() = 0;
+    virtual void redo() = 0;
+
     /// The hidden prompt for the picture's frustum.
     virtual void promptFrustum() = 0;
 

@@ -9,6 +9,7 @@
 #include "preview/ViewMouse.h"
 #include "shell/FileCommands.h"
 #include "shell/Helper.h"
+#include "shell/HistoryCommands.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
 #include "shell/PrintCommand.h"
@@ -35,14 +36,15 @@ struct Application {
     Flying flying{project, rendering};
     RenderPointer renderPointer{rendering, flying};
 
-    Preferences preferences{Main, shell};
+    Preferences preferences{Main, settings, shell};
     Helper helper{Main, rendering, shell};
-    Startup startup{Main, rendering, helper, preferences, settings, shell};
+    Startup startup{Main, rendering, helper, preferences, shell};
     Quit quit{project, rendering, flying, helper, preferences, shell};
     FileCommands files{Main, solids, rendering, preferences, pictures, shell};
     PrintCommand print{Main, PrintSelect, shell};
-    ToolbarCommands toolbar{Main,  solids,      rendering, flying, files,
-                            print, preferences, quit,      shell};
+    HistoryCommands history{Main, rendering, helper, flying};
+    ToolbarCommands toolbar{Main,  solids,  rendering,   flying, files,
+                            print, history, preferences, quit,   shell};
 
     Application() = default;
     /// Start-up, with the demonstration of a first use; a close that was asked for meanwhile

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "common/ReplacedFile.h"
+#include "editor/HistoryStep.h"
 #include "editor/ModelChange.h"
 #include "model/Plane.h"
 #include "output/Exports.h"
@@ -61,12 +62,15 @@ bool FileCommands::openProject(const std::string& file) {
                                  "Do you want to proceed ?",
                                  BoxIcon::Exclamation, false))
         return false;
+    const HistoryStep step(main, "Open");
+    const bool formerSaved = main.savedProject;
     resetModel();
     const Outcome read = Plane::readProject(main.project, file);
     if (read.hasFailed())
         ports.dialogs->message(applicationTitle, read.reason(), BoxIcon::Information);
     main.Prefs.selectUnit(main.project.units);
     updateList(main.project);
+    main.history.replace("Open", main.project, formerSaved, main.savedProject);
     return true;
 }
 
@@ -78,10 +82,12 @@ void FileCommands::openWingAirfoil(const std::string& file) {
         for (int i = 1; i <= wing.airfoilSize(); ++i) points.push_back(wing.airfoilPoint(i));
         return std::tuple{wing.nb, wing.thickness1, wing.thickness2, points};
     };
+    const HistoryStep step(main, "Airfoil");
     changeModel(main, section, [&] { openAirfoil(main.project, file); });
 }
 
 void FileCommands::openTexture(const std::string& file) {
+    const HistoryStep step(main, file.empty() ? "Remove texture" : "Texture");
     const std::string title = storedTitle(titleOf(file));
     const EditedPart part{main.project, solids, main.tab()};
     if (part.setTexture(file, title)) main.savedProject = false;
@@ -89,8 +95,11 @@ void FileCommands::openTexture(const std::string& file) {
 
 void FileCommands::saveProjectAs(const std::string& file) {
     const Outcome saved = Plane::saveProject(main.project, file, pictures);
+    // A picture may have been stored under another name.
+    main.history.amend(main.project);
     if (saved.isDone()) {
         main.savedProject = true;
+        main.history.noteSaved();
     } else {
         reportFailure(*ports.dialogs, titleOf(file) + " could not be saved completely.",
                       saved.reason());
@@ -107,6 +116,7 @@ Outcome FileCommands::exportModel(const std::string& file) {
     main.showAll();
     solids.createAll(main.project);
     const Outcome outcome = Plane::exportVRML(main.project, solids, file, pictures, ports.progress);
+    main.history.amend(main.project);
     main.updateFuselageInterface();
     main.redrawAtSameScale();
     main.savedProject = saved;
@@ -144,6 +154,8 @@ void FileCommands::newProject() {
     if (!ports.dialogs->askYesNo("Do you really want to reset your project ?", BoxIcon::Exclamation,
                                  false))
         return;
+    const HistoryStep step(main, "New");
+    const bool formerSaved = main.savedProject;
     main.project.ObjectList.clear();
     main.clearBitmapAction();
     main.project.units = millimetres;
@@ -152,6 +164,7 @@ void FileCommands::newProject() {
     main.refreshPanels();
     // The default aircraft is in millimetres.
     if (main.Prefs.InchesOption) preferences.convertDefault();
+    main.history.replace("New", main.project, formerSaved, main.savedProject);
     showModel();
     rendering.renderScene(true);
 }

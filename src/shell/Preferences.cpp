@@ -114,6 +114,18 @@ void Preferences::writeAll() const {
     }
 }
 
+void Preferences::readSettings() {
+    settings.load(ports.desktop->configurationFolder());
+    main.Prefs.ctrlZUndoes = settings.flag(SettingKey::ctrlZ);
+}
+
+void Preferences::setCtrlZ(bool on) {
+    if (main.Prefs.ctrlZUndoes == on) return;
+    main.Prefs.ctrlZUndoes = on;
+    const Outcome stored = settings.storeFlag(SettingKey::ctrlZ, on);
+    if (stored.hasFailed()) complain("the settings could not be saved", stored.reason());
+}
+
 void Preferences::formLoad() {
     main.Prefs.selectUnit(main.project.units);
     main.Prefs.modelScaleFactor = 1.0;

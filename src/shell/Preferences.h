@@ -6,12 +6,14 @@
 #include "editor/Main.h"
 #include "model/Project.h"
 #include "shell/Ports.h"
+#include "shell/Settings.h"
 
 namespace velna {
 
 /// The settings file and the form of the preferences; what the form holds is `Main.Prefs`.
 struct Preferences {
     MainForm& main;
+    Settings& settings;
     const ShellPorts& ports;
 
     /// What the first record of `prefs.txt` held: "DoIt" asks for the guided demonstration.
@@ -37,6 +39,13 @@ struct Preferences {
     /// Replaces `prefs.txt`: beside the program where that folder can be written, otherwise in the
     /// user's configuration folder. A failure leaves the old file and one line on standard error.
     void writeAll() const;
+
+    /// Reads what the settings file of the user's own tells.
+    void readSettings();
+
+    /// Whether Ctrl+Z, Ctrl+Y and Ctrl+S undo, redo and save again, from now on and at the next
+    /// start.
+    void setCtrlZ(bool on);
 
     /// The form opens: the options from the unit in use, the factor 1.
     void formLoad();

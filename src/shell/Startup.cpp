@@ -57,7 +57,7 @@ void Startup::run() {
     ports.desktop->showMainWindow();
     main.selectTab(PanelTab::wing);
     preferences.readAll();
-    settings.load(ports.desktop->configurationFolder());
+    preferences.readSettings();
     // A message box must not lie under the splash.
     ports.desktop->hideSplash();
     if (preferences.firstUseState == "DoIt") helper.run();
@@ -81,13 +81,17 @@ void Startup::initMain() {
     main.refreshPanels();
     main.initVTopView();
     initPictureContext();
+    main.beginHistory();
 }
 
 void Startup::timer1Tick() {
     rendering.renderDistance -= 100;
     if (rendering.renderDistance < 150) {
         ports.desktop->enableTimer1(false);
-        if (main.Prefs.InchesOption) preferences.convertDefault();
+        if (main.Prefs.InchesOption) {
+            preferences.convertDefault();
+            main.beginHistory();
+        }
     }
     rendering.setViewTransform(0, 0, rendering.renderDistance, 900, 200);
     rendering.renderScene(true);

@@ -6,7 +6,6 @@
 #include "shell/Helper.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
-#include "shell/Settings.h"
 
 namespace velna {
 
@@ -16,7 +15,6 @@ struct Startup {
     Rendering& rendering;
     Helper& helper;
     Preferences& preferences;
-    Settings& settings;
     const ShellPorts& ports;
 
     bool smallFontsVariable = false;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "common/NumberText.h"
+#include "editor/HistoryStep.h"
 #include "shell/EditedPart.h"
 
 namespace velna {
@@ -29,6 +30,7 @@ void pickElementColour(ToolbarCommands& on) {
     if (!picked) return;
     on.dialogValue = *picked;
     if (color) {
+        const HistoryStep step(on.main, "Colour");
         part.setColor(Toolbar::colourRecord(on.dialogValue));
         on.main.savedProject = false;
     }
@@ -85,6 +87,8 @@ constexpr Command commands[] = {
     {Key::Manager, [](ToolbarCommands& on) { on.ports.dialogs->showManager(); }},
     {Key::FlyingPreview, flyingPreview},
     {Key::Help, [](ToolbarCommands& on) { on.ports.desktop->showHelpContents(); }},
+    {Key::Undo, [](ToolbarCommands& on) { on.history.undo(); }},
+    {Key::Redo, [](ToolbarCommands& on) { on.history.redo(); }},
     {Key::Exit, [](ToolbarCommands& on) { on.ports.desktop->endProcess(); }},
     {Key::Centering,
      [](ToolbarCommands& on) { on.main.view.centerUpdate = !on.main.view.centerUpdate; }},
@@ -107,6 +111,8 @@ constexpr Button allButtons[] = {
     {Key::FlyingPreview, "FlyingPreview", "Flying Preview", ButtonKind::Toggle,
      Control::FlyingPreviewButton},
     {Key::Help, "Help", "Help File", ButtonKind::Push, {}},
+    {Key::Undo, "Undo", "Undo", ButtonKind::Step, Control::UndoButton},
+    {Key::Redo, "Redo", "Redo", ButtonKind::Step, Control::RedoButton},
 };
 
 }  // namespace

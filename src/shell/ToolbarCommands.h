@@ -8,6 +8,7 @@
 #include "editor/Controls.h"
 #include "preview/Flying.h"
 #include "shell/FileCommands.h"
+#include "shell/HistoryCommands.h"
 #include "shell/PrintCommand.h"
 #include "shell/Quit.h"
 
@@ -30,12 +31,15 @@ enum class Key {
     Manager,
     FlyingPreview,
     Help,
+    Undo,
+    Redo,
     // without a button of their own
     Exit,
     Centering
 };
 
-enum class ButtonKind { Push, View, Toggle };
+/// A step of the history tells in its tip what it would do.
+enum class ButtonKind { Push, View, Toggle, Step };
 
 /// A button of the toolbar `Bar`: its key, name, tool tip and role, and where its state is kept.
 struct Button {
@@ -63,6 +67,7 @@ struct ToolbarCommands {
     Flying& flying;
     FileCommands& files;
     PrintCommand& print;
+    HistoryCommands& history;
     Preferences& preferences;
     Quit& quit;
     const ShellPorts& ports;

@@ -33,6 +33,8 @@ public:
                           double tilt) override {
         viewTransforms.push_back({panX, panY, distance, spin, tilt});
     }
+    void undo() override { prompts.push_back("undo"); }
+    void redo() override { prompts.push_back("redo"); }
     void promptFrustum() override { prompts.push_back("frustum prompt"); }
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     std::string askPictureFile() override;

@@ -70,6 +70,8 @@ def take(screen, program):
     menu = wait_for(lambda: (m := program.of_kind("QMenu")) and m[0], "the menu")
     camera.keep("popup", menu.place)
     screen.key("Escape")
+    bar, redo = program.get("Bar"), program.get("Redo")
+    camera.keep("undo", (bar.left, bar.top, redo.left + redo.width + 8, bar.height))
     for button, name, title, end in (("Prefs", "preferences", "Preferences", "CancelCommand"),
                                      ("Manager", "manager", "Fuselage Manager", "CloseCommand"),
                                      ("Print", "print", "Select Views", "CancelCommand")):

@@ -17,7 +17,14 @@ namespace {
 bool beginsGroup(Toolbar::Key key) {
     using enum Toolbar::Key;
     return key == Print || key == VTop || key == Palette || key == Prefs || key == FlyingPreview ||
-           key == Help;
+           key == Help || key == Undo;
+}
+
+// What a step would do stands in the text of its control ("Tip chord").
+void showStep(QToolButton& button, const Toolbar::Button& row, const ControlState& state) {
+    const QString keys = row.key == Toolbar::Key::Undo ? "Alt+Backspace" : "Alt+Shift+Backspace";
+    const QString what = QString::fromStdString(state.text.empty() ? "" : " " + state.text);
+    button.setToolTip(QString("%1%2 (%3)").arg(row.tip, what, keys));
 }
 
 void addGap(QHBoxLayout& row) {
@@ -46,7 +53,8 @@ Bar::Bar(ToolbarCommands& commands, Mirrors& mirrors, QWidget* parent) : QWidget
         button->setToolTip(row.tip);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);
-        button->setCheckable(row.kind != Toolbar::ButtonKind::Push);
+        const bool step = row.kind == Toolbar::ButtonKind::Step;
+        button->setCheckable(row.kind != Toolbar::ButtonKind::Push && !step);
         line->addWidget(button);
         buttons_.push_back(button);
         connect(button, &QToolButton::clicked, this, [&commands, &row, &mirrors] {
@@ -55,9 +63,10 @@ Bar::Bar(ToolbarCommands& commands, Mirrors& mirrors, QWidget* parent) : QWidget
             if (row.state) mirrors.show(*row.state);
         });
         if (row.state) {
-            mirrors.add(*row.state, [button](const ControlState& state) {
+            mirrors.add(*row.state, [button, step, &row](const ControlState& state) {
                 button->setEnabled(state.enabled);
                 button->setChecked(state.checked);
+                if (step) showStep(*button, row, state);
             });
         }
     }

@@ -4,6 +4,7 @@
 
 #include "editor/Main.h"
 #include "shell/Helper.h"
+#include "shell/qt/CommandKeys.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
 
@@ -109,6 +110,7 @@ void DrawArea::openMenu() {
 
 void DrawArea::keyPressEvent(QKeyEvent* event) {
     if (opensMenu(*event)) return openMenu();
+    if (commandOf(*event, main_.Prefs.ctrlZUndoes)) return event->ignore();
     const std::int16_t code = EventArguments::keyCode(*event);
     if (!event->isAutoRepeat() && !EventArguments::isModifier(code)) ++keysDown_;
     main_.DrawArea_keydown(code, EventArguments::shift(*event));

@@ -12,6 +12,7 @@
 
 #include "shell/Application.h"
 #include "shell/qt/Bar.h"
+#include "shell/qt/CommandKeys.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
@@ -272,6 +273,8 @@ void MainWindow::closeAfterDialogs() {
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (const auto command = commandOf(*event, program_.Main.Prefs.ctrlZUndoes))
+        return program_.toolbar.click(*command);
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
     if (program_.flying.flying) {
         program_.toolbar.click(Toolbar::Key::FlyingPreview);

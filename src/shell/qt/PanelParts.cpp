@@ -168,6 +168,9 @@ QWidget* PanelWidgets::slider(Control control) {
     result->setInvertedControls(true);
     connect(result, &QSlider::valueChanged, this,
             [this, control](int value) { main_.sliderChanged(control, value); });
+    // One drag is one step.
+    connect(result, &QSlider::sliderPressed, this, [this, control] { main_.holdSlider(control); });
+    connect(result, &QSlider::sliderReleased, this, [this] { main_.endGesture(); });
     const int tallest = sectionArea_->height();
     const bool stretched = control == Control::BiasSlider;
     mirrors_.add(control, [result, tallest, stretched](const ControlState& state) {

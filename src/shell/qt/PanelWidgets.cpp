@@ -117,6 +117,7 @@ void PanelWidgets::leaveTheWheelToThePages() {
 }
 
 bool PanelWidgets::eventFilter(QObject*, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) main_.endVisit();
     if (event->type() != QEvent::Wheel) return false;
     const auto* scroll = static_cast<const QScrollArea*>(currentWidget());
     const QScrollBar& bar = *scroll->verticalScrollBar();

@@ -23,13 +23,25 @@ constexpr Entry entries[] = {
     {Control::SizeBitmap, "Size Bitmap (I)"},
     {Control::LockZoom, "Lock Zoom"},
     {Control::ClearBitmap, "Clear Bitmap"},
+    {Control::UndoStep, "Undo"},
+    {Control::RedoStep, "Redo"},
 };
+
+// What undo and redo would do stands in the text of their controls ("Tip chord").
+QString captionOf(const Entry& entry, const ControlState& state) {
+    const bool undo = entry.control == Control::UndoStep;
+    if (!undo && entry.control != Control::RedoStep) return entry.caption;
+    const QString what = QString::fromStdString(state.text.empty() ? "" : " " + state.text);
+    return QString("%1%2 (%3)")
+        .arg(entry.caption, what, undo ? "Alt+Backspace" : "Alt+Shift+Backspace");
+}
 
 }  // namespace
 
 PopupMenu::PopupMenu(MainForm& main, Mirrors& mirrors, QWidget* parent) : QMenu(parent) {
     setObjectName("Popup");
     for (const Entry& entry : entries) {
+        if (entry.control == Control::UndoStep) addSeparator();
         QAction* action = addAction(entry.caption);
         action->setObjectName(controlName(entry.control));
         action->setCheckable(entry.control == Control::LockZoom);
@@ -37,7 +49,8 @@ PopupMenu::PopupMenu(MainForm& main, Mirrors& mirrors, QWidget* parent) : QMenu(
             main.menuClicked(control);
             mirrors.show(control);
         });
-        mirrors.add(entry.control, [action](const ControlState& state) {
+        mirrors.add(entry.control, [action, &entry](const ControlState& state) {
+            action->setText(captionOf(entry, state));
             action->setEnabled(state.enabled);
             action->setChecked(state.checked);
         });

@@ -1,5 +1,6 @@
 #include "shell/qt/PrefsForm.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QEvent>
 #include <QGridLayout>
@@ -59,6 +60,7 @@ PrefsForm::PrefsForm(Preferences& preferences, bool smallFonts, QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(unitFrame());
     layout->addWidget(scaleFrame());
+    layout->addWidget(keysFrame());
 
     auto* buttons = new QDialogButtonBox;
     auto* close = buttons->addButton("&Close", QDialogButtonBox::AcceptRole);
@@ -111,6 +113,17 @@ QWidget* PrefsForm::scaleFrame() {
     return frame;
 }
 
+QWidget* PrefsForm::keysFrame() {
+    auto* frame = new QGroupBox("Keys");
+    auto* layout = new QVBoxLayout(frame);
+    ctrlZ_ = new QCheckBox("Ctrl+&Z undoes");
+    ctrlZ_->setObjectName("CtrlZCheck");
+    ctrlZ_->setToolTip("Ctrl+Z undoes, Ctrl+Y redoes and Ctrl+S saves again, over the drawing too");
+    ctrlZ_->setChecked(preferences_.main.Prefs.ctrlZUndoes);
+    layout->addWidget(ctrlZ_);
+    return frame;
+}
+
 void PrefsForm::showSpan() {
     spanLabel_->setText(QString::fromStdString(preferences_.spanText()));
 }
@@ -118,6 +131,7 @@ void PrefsForm::showSpan() {
 void PrefsForm::closeCommand() {
     // A factor typed last has had no key behind it.
     preferences_.main.Prefs.ScaleText = scaleText_->text().toStdString();
+    preferences_.setCtrlZ(ctrlZ_->isChecked());
     hide();
     preferences_.CloseCommand_Click();
     accept();

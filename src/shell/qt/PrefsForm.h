@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 
@@ -21,12 +22,14 @@ private:
     void growWithSmallFonts();
     QWidget* unitFrame();
     QWidget* scaleFrame();
+    QWidget* keysFrame();
     void showSpan();
     void closeCommand();
 
     Preferences& preferences_;
     QLineEdit* scaleText_ = nullptr;
     QLabel* spanLabel_ = nullptr;
+    QCheckBox* ctrlZ_ = nullptr;
 };
 
 }  // namespace velna

@@ -49,6 +49,14 @@ void QtWindow::setViewTransform(double panX, double panY, double distance, doubl
     rendering_.setViewTransform(panX, panY, distance, spin, tilt);
 }
 
+void QtWindow::undo() {
+    toolbar_.click(Toolbar::Key::Undo);
+}
+
+void QtWindow::redo() {
+    toolbar_.click(Toolbar::Key::Redo);
+}
+
 void QtWindow::promptFrustum() {
     toolbar_.frustumPrompt();
 }

@@ -24,6 +24,8 @@ public:
     void holdPicture(bool on) override;
     void setViewTransform(double panX, double panY, double distance, double spin,
                           double tilt) override;
+    void undo() override;
+    void redo() override;
     void promptFrustum() override;
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     std::string askPictureFile() override;

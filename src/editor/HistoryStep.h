@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "editor/Main.h"
+
+namespace velna {
+
+/// While one stands, what is done to the aircraft belongs to one step of the history, which the
+/// outermost names.
+class HistoryStep {
+public:
+    /// Steps of the same `visit` become one, unless that is 0.
+    HistoryStep(MainForm& form, std::string_view name, unsigned visit = 0)
+        : form_(form), visit_(visit) {
+        const bool outermost = !form.history.isOpen();
+        form.history.open(form.project);
+        if (outermost) form.history.name(std::string(name));
+    }
+    ~HistoryStep() {
+        form_.history.close(form_.project, visit_);
+        form_.showHistory();
+    }
+    HistoryStep(const HistoryStep&) = delete;
+    HistoryStep& operator=(const HistoryStep&) = delete;
+
+private:
+    MainForm& form_;
+    unsigned visit_;
+};
+
+}  // namespace velna
