@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -18,8 +20,8 @@ namespace {
 constexpr int significantDigits = 15;
 /// Below this, `%.15G` writes a whole number without an exponent.
 constexpr double wholeNumberLimit = 1e15;
-/// The longest text: sign, 15 digits, point, four leading zeros ("-0.000123...") or an exponent.
-constexpr std::size_t longestNumber = 32;
+/// Below this, `%.15G` writes an exponent.
+constexpr double smallestPlain = 1e-4;
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
@@ -121,7 +123,133 @@ double outOfRange(std::string_view number) {
     return negative ? -magnitude : magnitude;
 }
 
+__extension__ using Wide = unsigned __int128;
+
+/// The digits of a number without its point: `digits` times 10 to the `point` - 15.
+struct Significant {
+    std::uint64_t digits;  ///< `significantDigits` of them, the first not 0
+    int point;             ///< so many stand before the point; below 1 for a number below 0.1
+};
+
+constexpr std::uint64_t leastDigits = 100'000'000'000'000;  // 15 of them
+constexpr std::uint64_t pastDigits = 10 * leastDigits;
+
+/// 10 to the `power`, for 0 to 19.
+constexpr std::uint64_t wholePower(int power) {
+    std::uint64_t result = 1;
+    for (; power > 0; --power) result *= 10;
+    return result;
+}
+
+constexpr auto wholePowers = [] {
+    std::array<std::uint64_t, mostPlainDigits + 1> powers{};
+    for (int n = 0; n <= mostPlainDigits; ++n) powers[static_cast<std::size_t>(n)] = wholePower(n);
+    return powers;
+}();
+
+/// Powers of ten from 10 to the `leastPower` on. Those below 1 are rounded, as a number is that
+/// stands for one.
+constexpr int leastPower = -5;
+constexpr std::array<double, 21> plainPowers{1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0,  1e1,
+                                             1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,
+                                             1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
+/// `value`, from `smallestPlain` to below `wholeNumberLimit`, rounded to its digits, halves to the
+/// even one. A double is a whole number of 53 bits by a power of two: by a power of ten it has less
+/// than 128, so nothing is rounded but once, at the end, as the library does by longer ways.
+Significant significantDigitsOf(double value) {
+    constexpr int mantissaBits = 52;
+    constexpr int bias = 1075;
+    const auto bits = std::bit_cast<std::uint64_t>(value);
+    const std::uint64_t fraction = bits & ((std::uint64_t{1} << mantissaBits) - 1);
+    const auto biased = static_cast<int>(bits >> mantissaBits);
+    const std::uint64_t mantissa = fraction | (std::uint64_t{1} << mantissaBits);
+    const int shift = bias - biased;  // 3 to 66: the value is `mantissa` by 2 to the -shift
+    // log10(2) is 1233 / 4096, about: the point may be one too far left.
+    int point = ((mantissaBits - shift) * 1233 >> 12) + 1;
+    if (value >= plainPowers[static_cast<std::size_t>(point - leastPower)]) ++point;
+    const Wide scaled =
+        Wide{mantissa} * wholePowers[static_cast<std::size_t>(significantDigits - point)];
+    auto digits = static_cast<std::uint64_t>(scaled >> shift);
+    const Wide rest = scaled & ((Wide{1} << shift) - 1);
+    const Wide half = Wide{1} << (shift - 1);
+    if (rest > half || (rest == half && digits % 2 != 0)) ++digits;
+    if (digits == pastDigits) return {leastDigits, point + 1};
+    return {digits, point};
+}
+
+/// The decimal digits of 0 to 99, two each.
+constexpr auto digitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t n = 0; n < 100; ++n) {
+        pairs[2 * n] = static_cast<char>('0' + n / 10);
+        pairs[2 * n + 1] = static_cast<char>('0' + n % 10);
+    }
+    return pairs;
+}();
+
+/// Writes the four digits of `value`.
+void putFour(char* at, std::uint32_t value) {
+    std::memcpy(at, &digitPairs[2 * static_cast<std::size_t>(value / 100)], 2);
+    std::memcpy(at + 2, &digitPairs[2 * static_cast<std::size_t>(value % 100)], 2);
+}
+
+/// Writes the eight digits of `value`.
+void putEight(char* at, std::uint32_t value) {
+    putFour(at, value / 10000);
+    putFour(at + 4, value % 10000);
+}
+
+/// Writes a number of which only the digits count that are not zeros at its end.
+char* putPlain(char* at, const Significant& number) {
+    constexpr std::uint32_t lowerHalf = 100'000'000;
+    char digits[2 * significantDigits + 1]{};
+    putEight(digits, static_cast<std::uint32_t>(number.digits / lowerHalf));
+    putEight(digits + 8, static_cast<std::uint32_t>(number.digits % lowerHalf));
+    const char* const first = digits + 1;
+    const char* last = digits + 16;
+    while (last[-1] == '0') --last;
+    const auto count = last - first;
+    if (number.point <= 0) {
+        std::memcpy(at, "0.000", 5);
+        at += 2 - number.point;
+        return std::copy(first, last, at);
+    }
+    if (count <= number.point) {
+        at = std::copy(first, last, at);
+        return std::fill_n(at, number.point - count, '0');
+    }
+    // Of fixed lengths these are a few instructions; what is too much is written over.
+    std::memcpy(at, first, significantDigits);
+    std::memcpy(at + number.point + 1, first + number.point, significantDigits);
+    at[number.point] = '.';
+    return at + count + 1;
+}
+
 }  // namespace
+
+char* putInteger(char* at, long long value) {
+    return std::to_chars(at, at + longestNumber, value).ptr;
+}
+
+char* putNumber(char* at, double value) {
+    if (value > -wholeNumberLimit && value < wholeNumberLimit) {
+        const auto whole = static_cast<long long>(value);
+        if (static_cast<double>(whole) == value) return putInteger(at, whole);
+        const double size = std::abs(value);
+        if (size >= smallestPlain) {
+            if (value < 0) *at++ = '-';
+            const Significant number = significantDigitsOf(size);
+            if (number.point <= significantDigits) return putPlain(at, number);
+            return std::copy_n("1E+15", 5, at);
+        }
+    }
+    auto* const end =
+        std::to_chars(at, at + longestNumber, value, std::chars_format::general, significantDigits)
+            .ptr;
+    std::replace(at, end, 'e', 'E');
+    return end;
+}
 
 std::string numberText(double value) {
     std::string text;
@@ -130,24 +258,13 @@ std::string numberText(double value) {
 }
 
 void appendNumber(std::string& out, double value) {
-    if (value > -wholeNumberLimit && value < wholeNumberLimit) {
-        const auto whole = static_cast<long long>(value);
-        if (static_cast<double>(whole) == value) {
-            appendInteger(out, whole);
-            return;
-        }
-    }
     char text[longestNumber];
-    auto* const end = std::to_chars(text, text + longestNumber, value, std::chars_format::general,
-                                    significantDigits)
-                          .ptr;
-    std::replace(text, end, 'e', 'E');
-    out.append(text, end);
+    out.append(text, putNumber(text, value));
 }
 
 void appendInteger(std::string& out, long long value) {
     char text[longestNumber];
-    out.append(text, std::to_chars(text, text + longestNumber, value).ptr);
+    out.append(text, putInteger(text, value));
 }
 
 std::optional<double> takeNumber(std::string_view& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -10,6 +11,15 @@ namespace velna {
 /// The text of a number in every file of the program: C's `%.15G` in the C locale, and zero is
 /// never negative ("0.5", "0", "1E-05", "6.12323399573677E-16", "1E+15").
 std::string numberText(double value);
+
+/// The most characters that a number's text has, and a little more.
+inline constexpr std::size_t longestNumber = 32;
+
+/// Writes `numberText(value)` at `at`, where `longestNumber` characters have room; gives its end.
+char* putNumber(char* at, double value);
+
+/// The same for a whole number in decimal digits.
+char* putInteger(char* at, long long value);
 
 /// Appends `numberText(value)` to `out` without a temporary.
 void appendNumber(std::string& out, double value);

@@ -130,6 +130,15 @@ void ReplacedFile::line(std::string_view text) {
     buffer_.append("\r\n");
 }
 
+void ReplacedFile::append(std::string_view text) {
+    if (buffer_.size() + text.size() < flushSize) {
+        buffer_.append(text);
+        return;
+    }
+    flush();
+    write(text);
+}
+
 void ReplacedFile::sweepFolderOf(const std::string& target) {
     const std::string folder = folderOf(target);
     if (swept_ == folder) return;

@@ -33,6 +33,9 @@ public:
     /// Appends `text` and a CR LF.
     void line(std::string_view text);
 
+    /// Appends `text`; what is large goes into the file at once.
+    void append(std::string_view text);
+
     /// Writes the buffer out when it has grown past 64 KiB, so that memory stays bounded.
     void flushIfFull() {
         if (buffer_.size() >= flushSize) flush();

@@ -1,14 +1,16 @@
 #pragma once
 
-#include <array>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/Outcome.h"
 #include "common/Point.h"
 #include "common/ReplacedFile.h"
 #include "output/Progress.h"
+#include "output/Rows.h"
 
 namespace velna {
 
@@ -50,18 +52,27 @@ public:
     bool wanted() const { return !work_.cancelled() && file_.error().empty(); }
 
 private:
-    /// The number lines of a point, formatted once: the end of one line is the start of the next.
-    using NumberLines = std::array<std::string, 3>;
+    /// A line from the step before to this one, on a layer of `layers_`; or a way without a line.
+    struct Step {
+        Point3D to;
+        std::size_t layer;
+    };
 
     void text(std::string_view code, std::string_view value);
-    void coordinates(const NumberLines& lines, const std::array<std::string_view, 3>& codes);
-    void entity(const NumberLines& from, const NumberLines& to, std::string_view layer);
+    std::size_t layerNumber(std::string_view layer);
+    char* format(char* at, std::size_t first, std::size_t last) const;
+    void writeSteps();
 
     ReplacedFile file_;
     Work work_;
+    Rows rows_;
     Point3D pen_;
-    NumberLines penLines_;
-    NumberLines endLines_;
+    bool penDown_ = false;  ///< whether the last step ended at the pen
+    std::vector<Step> steps_;
+    std::vector<std::string> layers_;  ///< what stands before the coordinates of a line on each
+    std::string layer_;                ///< the last one's name
+    std::size_t longestLine_ = 0;
+    std::size_t mostSteps_ = 0;
 };
 
 }  // namespace velna

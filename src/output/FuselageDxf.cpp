@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "common/Polyline.h"
+#include "model/FrontOutline.h"
 
 namespace velna {
 
@@ -38,12 +39,12 @@ void saveDXF_side(DxfDrawing& drawing, const MeshSections& body, int id) {
 
 void saveDXF_front(DxfDrawing& drawing, const MeshSections& body, int id) {
     const std::string layer = layerOf(id);
-    const auto front = body.computeFrontPoints({});
+    FrontOutline front(body, {});
     std::vector<Point2D> section;
     for (const DxfSigns& signs : {dxfUpright, dxfMirrored}) {
         if (signs.x < 0 && body.shift == 0) continue;
         for (int i = 1; i <= body.sectionCount() && drawing.wanted(); ++i) {
-            body.collectSection(front, i, section);
+            front.collect(i, section);
             drawing.closedPolyline(section, signs, layer);
         }
     }
@@ -85,7 +86,7 @@ void drawPlan(DxfDrawing& drawing, const MeshSections& body) {
 
 /// The sections stand side by side above the plan, ready to be cut out, heads down.
 void drawRowOfSections(DxfDrawing& drawing, const MeshSections& body) {
-    const auto front = body.computeFrontPoints({1, 0, body.maxElevationPoint() + gapAbovePlan});
+    FrontOutline front(body, {1, 0, body.maxElevationPoint() + gapAbovePlan});
     double distance = 0;
     double before = 0;
     std::vector<Point2D> section;
@@ -93,7 +94,7 @@ void drawRowOfSections(DxfDrawing& drawing, const MeshSections& body) {
         const double here = body.width(body.storageIndex(i));
         distance = distance + before / 2 + here / 2 + gapInRow;
         before = here;
-        body.collectSection(front, i, section);
+        front.collect(i, section);
         for (Point2D& p : section) p.x += distance;
         drawing.closedPolyline(section, asTheyStand, planLayer);
     }

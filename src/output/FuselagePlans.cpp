@@ -70,10 +70,10 @@ void printVTop(PrinterSurface& printer, const MeshSections& body, const Transfor
 }
 
 SectionPlans::SectionPlans(const MeshSections& body, const Transform& at, Rgb colour)
-    : body_(body), xoff_(at.xoff), colour_(colour), front_(body.computeFrontPoints(at)) {}
+    : body_(body), xoff_(at.xoff), colour_(colour), front_(body, at) {}
 
 void SectionPlans::print(PrinterSurface& printer, int i) {
-    body_.collectSection(front_, i, section_);
+    front_.collect(i, section_);
     if (section_.empty()) return;
     section_.push_back(section_.front());
     polyline(printer, section_, colour_);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "common/Palette.h"
+#include "model/FrontOutline.h"
 #include "model/MeshSections.h"
 #include "output/PrinterSurface.h"
 
@@ -16,7 +17,7 @@ void printHTop(PrinterSurface& printer, const MeshSections& body, const Transfor
 /// Both side contours, open at nose and tail.
 void printVTop(PrinterSurface& printer, const MeshSections& body, const Transform& at);
 
-/// The sections of one fuselage at one scale, computed once for all of them.
+/// The sections of one fuselage at one scale.
 class SectionPlans {
 public:
     SectionPlans(const MeshSections& body, const Transform& at, Rgb colour);
@@ -29,7 +30,7 @@ private:
     const MeshSections& body_;
     double xoff_;
     Rgb colour_;
-    Array2<Point2D> front_;
+    FrontOutline front_;
     std::vector<Point2D> section_;
 };
 

@@ -7,6 +7,7 @@
 #include "common/Point.h"
 #include "common/ReplacedFile.h"
 #include "output/Progress.h"
+#include "output/Rows.h"
 
 namespace velna {
 
@@ -24,10 +25,11 @@ inline constexpr Point3D vrmlUnitScale{1, 1, 1};
 /// Bodies lie where their points are.
 inline constexpr Point3D zeroTranslation{};
 
-/// The file being written and the count of its lines; a piece ends early once the user has
-/// cancelled.
+/// The file being written, its tables, and the count of its lines; a piece ends early once the user
+/// has cancelled.
 struct Target {
     ReplacedFile& file;
+    Rows& rows;
     Work& work;
 };
 

@@ -144,22 +144,26 @@ Transform onSheet(const Transform& fitted, const Sheets& on) {
     return {fitted.zoom * r, fitted.xoff * r, fitted.yoff * r};
 }
 
+long long allSections(const Project& project) {
+    long long total = 0;
+    for (int n = 1; n <= project.nbFuselages; ++n) total += project.Fuselages(n).nb_sections;
+    return total;
+}
+
 Outcome printVTopJob(const Sheets& on) {
     const Project& project = on.project;
     const Transform fit = onSheet(Plane::fitVTop(project, on.area, Plane::unfitted(on.area)), on);
     // The nose lies at the paper's upper edge, whatever room the screen leaves above it.
     const Transform at{fit.zoom, fit.xoff, 0};
-    for (int i = 1; i <= project.nbFuselages; ++i) printVTop(on.printer, project.Fuselages(i), at);
+    Work work(on.watcher, allSections(project), sectionsBetweenQuestions);
+    for (int i = 1; i <= project.nbFuselages && !work.cancelled(); ++i) {
+        printVTop(on.printer, project.Fuselages(i), at);
+        work.did(project.Fuselages(i).nb_sections);
+    }
     for (int i = 1; i <= project.nbWings; ++i) printVTop(on.printer, project.Wings(i), at);
     printVTop(on.printer, project.Stabilizer, at);
     on.printer.NewPage();
-    return endJob(on.printer, Work(on.watcher, 1));
-}
-
-long long allSections(const Project& project) {
-    long long total = 0;
-    for (int n = 1; n <= project.nbFuselages; ++n) total += project.Fuselages(n).nb_sections;
-    return total;
+    return endJob(on.printer, work);
 }
 
 void printAllSections(const Sheets& on, const Transform& fit, Work& work) {

@@ -133,17 +133,29 @@ void writeBoxes(Target& target, const Project& project, const Solids& solids) {
     }
 }
 
-/// Points and faces of all bodies, about.
-long long expectedLines(const Project& project, const Solids& solids) {
-    long long total = 0;
+/// How large the model is, about.
+struct Expected {
+    long long points = 0;
+    long long lines = 0;
+};
+
+Expected expected(const Project& project, const Solids& solids) {
+    Expected total;
     for (int i = 1; i <= project.nbFuselages; ++i) {
         const MeshSections& fuselage = project.Fuselages(i);
-        const long long points = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
-        total +=
-            points * (fuselage.texture_filename.empty() ? 3 : 6) * (fuselage.shift != 0 ? 2 : 1);
+        const long long points = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross *
+                                 (fuselage.shift != 0 ? 2 : 1);
+        total.points += points;
+        total.lines += points * (fuselage.texture_filename.empty() ? 3 : 6);
     }
-    for (int i = 1; i <= project.nbWings; ++i) total += 8LL * project.Wings(i).pointCount();
-    return total + 8LL * project.Stabilizer.pointCount() + 8LL * solids.rudder.pointCount();
+    const auto addFlat = [&](long long profile) {
+        total.points += 4 * profile;
+        total.lines += 8 * profile;
+    };
+    for (int i = 1; i <= project.nbWings; ++i) addFlat(project.Wings(i).pointCount());
+    addFlat(project.Stabilizer.pointCount());
+    addFlat(solids.rudder.pointCount());
+    return total;
 }
 
 }  // namespace
@@ -152,8 +164,10 @@ Outcome exportVRML(Project& project, const Solids& solids, const std::string& fi
                    PictureStore& store, Progress* watcher) {
     ReplacedFile output(file);
     if (!output.error().empty()) return Outcome::failed(output.error());
-    Work work(watcher, expectedLines(project, solids));
-    Target target{output, work};
+    const Expected size = expected(project, solids);
+    Work work(watcher, size.lines);
+    Rows rows(output, size.points);
+    Target target{output, rows, work};
     PictureCopies pictures(output, file, IO_VRMl::picturesIn, project, store);
 
     IO_VRMl::writeVrmlHeader(target);

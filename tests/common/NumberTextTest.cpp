@@ -64,6 +64,35 @@ TEST(NumberText, IsWhatTheCLibraryWrites) {
         EXPECT_EQ(numberText(value), cText(value));
 }
 
+TEST(NumberText, IsWhatTheCLibraryWritesOfEverySize) {
+    std::mt19937_64 random(2);
+    std::uniform_real_distribution<double> power(-6, 17);
+    for (int i = 0; i < 200000; ++i) {
+        const double value = std::pow(10.0, power(random)) * (i % 2 == 0 ? 1 : -1);
+        ASSERT_EQ(numberText(value), cText(value));
+    }
+}
+
+TEST(NumberText, RoundsNumbersHalfwayBetweenTwoTextsToTheEvenOne) {
+    for (const double value :
+         {12345678901234.25, 12345678901234.75, 1234567890123.125, 1234567890123.375,
+          123456789012345.5, 123456789012346.5, 1000000000000.0625, 1000000000000.1875})
+        EXPECT_EQ(numberText(value), cText(value));
+}
+
+TEST(NumberText, IsWhatTheCLibraryWritesNextToEachPowerOfTen) {
+    for (int power = -6; power <= 16; ++power) {
+        double above = std::strtod(("1e" + std::to_string(power)).c_str(), nullptr);
+        double below = above;
+        for (int step = 0; step < 200; ++step) {
+            ASSERT_EQ(numberText(above), cText(above));
+            ASSERT_EQ(numberText(below), cText(below));
+            above = std::nextafter(above, infinity);
+            below = std::nextafter(below, 0);
+        }
+    }
+}
+
 TEST(NumberText, AppendingLeavesWhatStandsThere) {
     std::string text = "x ";
     appendNumber(text, -2.25);

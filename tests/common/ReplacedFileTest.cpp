@@ -56,6 +56,20 @@ TEST(ReplacedFile, ASmallBufferWaits) {
     EXPECT_EQ(file.buffer(), "short\r\n");
 }
 
+TEST(ReplacedFile, WhatIsAppendedStandsInItsOrderHoweverLarge) {
+    const TemporaryFolder folder;
+    ReplacedFile file(folder / "file");
+    const std::string large(100'000, 'x');
+    file.line("head");
+    file.append("small");
+    EXPECT_EQ(file.buffer(), "head\r\nsmall");
+    file.append(large);
+    EXPECT_TRUE(file.buffer().empty());
+    file.append("tail");
+    EXPECT_TRUE(file.commit());
+    EXPECT_TRUE(bytesOf(folder / "file") == "head\r\nsmall" + large + "tail");
+}
+
 TEST(ReplacedFile, TwoWritersOfOneTargetDoNotMix) {
     const TemporaryFolder folder;
     ReplacedFile first(folder / "file");

@@ -276,6 +276,28 @@ TEST_F(PlansTest, ThousandSheetsAreWatchedAndCancelled) {
     EXPECT_EQ(printer.count(Kind::EndDoc), 0);
 }
 
+TEST_F(PlansTest, TheTopPlanIsWatchedFuselageByFuselage) {
+    for (int n = 1; n < 4; ++n) addFuselage();
+    for (int n = 1; n <= 4; ++n) {
+        Fuselages(n).nb_sections = 100;
+        Fuselages(n).initArrays();
+    }
+    ScriptedProgress watcher;
+    progress = &watcher;
+    EXPECT_EQ(printJob(PlanJob::vtop, printer), Outcome());
+    EXPECT_EQ(watcher.questions, 4);
+    EXPECT_EQ(watcher.lastDone, 400);
+    EXPECT_EQ(watcher.lastTotal, 400);
+
+    ScriptedProgress cancels;
+    cancels.cancelAt = 2;
+    progress = &cancels;
+    printer.calls.clear();
+    EXPECT_EQ(printJob(PlanJob::vtop, printer), Outcome::cancelled());
+    EXPECT_EQ(cancels.questions, 2);
+    EXPECT_EQ(printer.calls.back().kind, Kind::KillDoc);
+}
+
 TEST_F(PlansTest, CancelEndsTheJobsBehindItToo) {
     ScriptedProgress cancels;
     cancels.cancelAt = 2;

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <limits>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -16,6 +17,7 @@ namespace velna {
 namespace {
 
 constexpr Rgb black{0, 0, 0};
+constexpr Rgb red{255, 0, 0};
 
 // A line of a page, millimetres from the paper's upper left corner.
 struct PaperLine {
@@ -30,20 +32,38 @@ QString output(const char* program, const QStringList& arguments) {
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
-// What another program finds in the file.
-std::vector<PaperLine> linesOf(const std::string& file, int page) {
+// What another program finds in the file, path by path.
+std::vector<std::vector<PaperLine>> pathsOf(const std::string& file, int page) {
     const QString trace =
         output("mutool", {"trace", QString::fromStdString(file), QString::number(page)});
     static const QRegularExpression path(
-        R"re(<stroke_path linewidth="([^"]+)".*?transform="([^" ]+)[^"]*".*?<moveto x="([^"]+)" y="([^"]+)"/>\s*<lineto x="([^"]+)" y="([^"]+)")re",
+        R"re(<stroke_path linewidth="([^"]+)".*?transform="([^" ]+)[^"]*">(.*?)</stroke_path>)re",
         QRegularExpression::DotMatchesEverythingOption);
-    std::vector<PaperLine> lines;
+    static const QRegularExpression step(R"re(<(moveto|lineto) x="([^"]+)" y="([^"]+)")re");
+    std::vector<std::vector<PaperLine>> paths;
     for (auto found = path.globalMatch(trace); found.hasNext();) {
         const auto match = found.next();
         const double mm = match.captured(2).toDouble() * 25.4 / 72;
-        const auto value = [&](int i) { return match.captured(i).toDouble() * mm; };
-        lines.push_back({value(3), value(4), value(5), value(6), value(1)});
+        std::vector<PaperLine> lines;
+        double x = 0, y = 0;
+        for (auto steps = step.globalMatch(match.captured(3)); steps.hasNext();) {
+            const auto to = steps.next();
+            const double nextX = to.captured(2).toDouble() * mm;
+            const double nextY = to.captured(3).toDouble() * mm;
+            if (to.captured(1) == "lineto")
+                lines.push_back({x, y, nextX, nextY, match.captured(1).toDouble() * mm});
+            x = nextX;
+            y = nextY;
+        }
+        paths.push_back(lines);
     }
+    return paths;
+}
+
+std::vector<PaperLine> linesOf(const std::string& file, int page) {
+    std::vector<PaperLine> lines;
+    for (const auto& path : pathsOf(file, page))
+        lines.insert(lines.end(), path.begin(), path.end());
     return lines;
 }
 
@@ -141,6 +161,94 @@ TEST_F(Paper, ALineIsCutToItsSheet) {
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_NEAR(lines[0].length(), 186, 0.01);
     EXPECT_NEAR(lines[1].length(), 186, 0.01);
+}
+
+TEST_F(Paper, LinesThatGoOnFromEachOtherAreOnePath) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, 20, 15, black);
+    paper->Line(20, 15, 30, 10, black);
+    paper->Line(30, 10, 30, 50, red);
+    paper->Line(30, 50, 40, 50, red);
+    paper->Line(60, 60, 70, 70, red);
+    ASSERT_TRUE(paper->EndDoc());
+    const auto paths = pathsOf(job("side"), 1);
+    ASSERT_EQ(paths.size(), 3U);
+    EXPECT_EQ(paths[0].size(), 2U);
+    EXPECT_EQ(paths[1].size(), 2U);
+    EXPECT_EQ(paths[2].size(), 1U);
+    EXPECT_NEAR(paths[0][1].x2, 40, 0.2);  // the margin and 30
+    EXPECT_NEAR(paths[1][0].length(), 40, 0.002);
+    EXPECT_NEAR(paths[2][0].length(), std::hypot(10, 10), 0.002);
+}
+
+TEST_F(Paper, AnOutlineThatLeavesTheSheetComesBackWhereItDoes) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, -10, 10, black);
+    paper->Line(-10, 10, -10, 30, black);
+    paper->Line(-10, 30, 10, 30, black);
+    paper->Line(10, 30, 10, 10, black);
+    ASSERT_TRUE(paper->EndDoc());
+    const auto paths = pathsOf(job("side"), 1);
+    ASSERT_EQ(paths.size(), 2U);
+    EXPECT_EQ(paths[0].size(), 1U);
+    EXPECT_EQ(paths[1].size(), 2U);
+    for (const auto& path : paths) EXPECT_NEAR(path[0].length(), 10, 0.002);
+}
+
+TEST_F(Paper, ALineOfNoLengthIsADot) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    paper->Line(10, 10, 10, 10, black);
+    paper->Line(30, 30, 40, 30, black);
+    paper->Line(40, 30, 40, 30, black);
+    ASSERT_TRUE(paper->EndDoc());
+    const auto paths = pathsOf(job("side"), 1);
+    ASSERT_EQ(paths.size(), 2U);
+    ASSERT_EQ(paths[0].size(), 1U);
+    EXPECT_NEAR(paths[0][0].length(), 0, 0.001);
+    EXPECT_NEAR(paths[0][0].x1, 20, 0.2);
+    EXPECT_EQ(paths[1].size(), 1U);
+}
+
+TEST_F(Paper, ALongOutlineIsSeveralPathsWithoutAGap) {
+    auto paper = surface();
+    paper->StartDoc("side");
+    const auto x = [](int i) { return 90 + 50 * std::cos(i / 400.0); };
+    const auto y = [](int i) { return 90 + 50 * std::sin(i / 400.0); };
+    for (int i = 0; i < 2500; ++i) paper->Line(x(i), y(i), x(i + 1), y(i + 1), black);
+    ASSERT_TRUE(paper->EndDoc());
+    EXPECT_EQ(pathsOf(job("side"), 1).size(), 3U);
+    const auto lines = linesOf(job("side"), 1);
+    ASSERT_EQ(lines.size(), 2500U);
+    for (std::size_t i = 1; i < lines.size(); ++i) {
+        ASSERT_EQ(lines[i].x1, lines[i - 1].x2) << i;
+        ASSERT_EQ(lines[i].y1, lines[i - 1].y2) << i;
+        ASSERT_NEAR(lines[i].length(), 50 / 400.0, 0.002);
+    }
+}
+
+TEST_F(Paper, LinesHaveTheirPlacesBeforeAndAfterATextAndOnTheNextSheet) {
+    for (const int resolution : {300, 1200}) {
+        auto paper = surface(resolution);
+        paper->StartDoc("side");
+        paper->Line(10, 10, 20, 10, black);
+        paper->Text(50, 50, "Row 1");
+        paper->Line(20, 10, 40, 10, black);
+        paper->NewPage();
+        paper->Line(40, 10, 70, 10, black);
+        ASSERT_TRUE(paper->EndDoc());
+        const auto first = linesOf(job("side"), 1), second = linesOf(job("side"), 2);
+        ASSERT_EQ(first.size(), 2U);
+        ASSERT_EQ(second.size(), 1U);
+        EXPECT_NEAR(first[0].length(), 10, 0.01);
+        EXPECT_NEAR(first[1].length(), 20, 0.01);
+        EXPECT_NEAR(second[0].length(), 30, 0.01);
+        EXPECT_NEAR(second[0].x1, 50, 0.2);
+        const QString text = output("pdftotext", {QString::fromStdString(job("side")), "-"});
+        EXPECT_TRUE(text.contains("Row 1")) << text.toStdString();
+    }
 }
 
 TEST_F(Paper, EveryJobHasAFileOfItsOwn) {

@@ -13,8 +13,13 @@
 namespace velna {
 namespace {
 
+// Lines are painted in whole micrometres: the toolkit writes every other number with five digits
+// behind the point.
+constexpr double perMillimetre = 1000;
 // Millimetres: the toolkit's own width makes files five times larger.
 constexpr double penWidth = 0.25;
+// Points of a path: older printers refuse longer ones.
+constexpr std::size_t longestPath = 1000;
 constexpr double textHeight = 3.5;  // millimetres
 constexpr int inchMode = 5;
 
@@ -70,8 +75,15 @@ double QtPrinterSurface::ScaleHeight() const {
     return printable_.height() / unit_;
 }
 
-QPointF QtPrinterSurface::device(double x, double y) const {
-    return {(x + margins_.left()) * dots_, (y + margins_.top()) * dots_};
+QPointF QtPrinterSurface::onPaper(double x, double y) const {
+    return {std::round((x + margins_.left()) * perMillimetre),
+            std::round((y + margins_.top()) * perMillimetre)};
+}
+
+// Lines are painted in micrometres.
+void QtPrinterSurface::paintLines() {
+    const double scale = dots_ / perMillimetre;
+    painter_.setTransform(QTransform::fromScale(scale, scale));
 }
 
 void QtPrinterSurface::StartDoc(const std::string& name) {
@@ -92,7 +104,12 @@ void QtPrinterSurface::StartDoc(const std::string& name) {
         printer_.setFullPage(true);
     }
     printer_.setDocName(QString("Velna %1").arg(QString::fromStdString(name)));
-    if (!painter_.begin(&printer_)) error_ = "The printer cannot be used";
+    path_.clear();
+    if (painter_.begin(&printer_)) {
+        paintLines();
+    } else {
+        error_ = "The printer cannot be used";
+    }
 }
 
 bool QtPrinterSurface::beginPage() {
@@ -116,30 +133,49 @@ void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colo
         return;
     // What does not lie on this sheet never reaches the device.
     if (!clipLine(from, to, {0, printable_.width()}, {0, printable_.height()})) return;
-    painter_.setPen(QPen(QColor(colour.red, colour.green, colour.blue), penWidth * dots_,
-                         Qt::SolidLine, Qt::RoundCap));
-    const QPointF a = device(from.x, from.y), b = device(to.x, to.y);
-    if (a == b) {
-        painter_.drawPoint(a);
-    } else {
-        painter_.drawLine(a, b);
+    const QPointF a = onPaper(from.x, from.y), b = onPaper(to.x, to.y);
+    if (path_.empty() || path_.back() != a || colour_ != colour || path_.size() == longestPath) {
+        endPath();
+        path_.push_back(a);
+        colour_ = colour;
     }
+    if (b != a) path_.push_back(b);
+}
+
+// A path of one point is a dot as large as the pen.
+void QtPrinterSurface::endPath() {
+    if (path_.empty() || !painter_.isActive()) return;
+    // Round joins are what the round caps of single lines made of them.
+    painter_.setPen(QPen(QColor(colour_.red, colour_.green, colour_.blue), penWidth * perMillimetre,
+                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    if (path_.size() == 1) {
+        painter_.drawPoint(path_.front());
+    } else {
+        painter_.drawPolyline(path_.data(), static_cast<int>(path_.size()));
+    }
+    path_.clear();
 }
 
 void QtPrinterSurface::Text(double x, double y, const std::string& text) {
     if (!error_.empty() || !beginPage()) return;
+    endPath();
     QFont font("DejaVu Sans");
     font.setPixelSize(std::max(1, static_cast<int>(std::lround(textHeight * dots_))));
+    painter_.resetTransform();
     painter_.setFont(font);
     painter_.setPen(Qt::black);
-    painter_.drawText(device(x * unit_, y * unit_), QString::fromStdString(text));
+    const QPointF place(x * unit_ + margins_.left(), y * unit_ + margins_.top());
+    painter_.drawText(place * dots_, QString::fromStdString(text));
+    paintLines();
 }
 
 void QtPrinterSurface::NewPage() {
+    endPath();
     ++pagesToTurn_;
 }
 
 bool QtPrinterSurface::EndDoc() {
+    endPath();
     if (painter_.isActive() && !painter_.end() && error_.empty())
         error_ = "The job could not be ended";
     if (printer_.printerState() == QPrinter::Error && error_.empty())
@@ -151,6 +187,7 @@ bool QtPrinterSurface::EndDoc() {
 }
 
 void QtPrinterSurface::KillDoc() {
+    path_.clear();
     printer_.abort();
     if (painter_.isActive()) painter_.end();
     file_.reset();

@@ -2,6 +2,7 @@
 
 #include <QMarginsF>
 #include <QPainter>
+#include <QPointF>
 #include <QPrinter>
 #include <QStringList>
 #include <memory>
@@ -41,7 +42,9 @@ public:
 private:
     void readPaper();
     bool beginPage();
-    QPointF device(double x, double y) const;
+    QPointF onPaper(double x, double y) const;
+    void paintLines();
+    void endPath();
 
     std::unique_ptr<QPrinter> owned_;
     QPrinter& printer_;
@@ -49,12 +52,14 @@ private:
     QString target_;  // the file that the user named; empty for a printer
     // the file of the present job, which takes its place when it is complete
     std::unique_ptr<ReplacedFile> file_;
-    QString finished_;     // its place
-    double unit_ = 1;      // millimetres
-    QMarginsF margins_;    // millimetres
-    QSizeF printable_;     // millimetres
-    double dots_ = 1;      // device units of a millimetre
-    int pagesToTurn_ = 0;  // ended, their successors not yet begun
+    QString finished_;           // its place
+    double unit_ = 1;            // millimetres
+    QMarginsF margins_;          // millimetres
+    QSizeF printable_;           // millimetres
+    double dots_ = 1;            // device units of a millimetre
+    std::vector<QPointF> path_;  // lines that go on from each other, not yet painted
+    Rgb colour_;                 // theirs
+    int pagesToTurn_ = 0;        // ended, their successors not yet begun
     std::string error_;
 };
 
