@@ -6,6 +6,7 @@
 
 #include "common/Finite.h"
 #include "common/NumberText.h"
+#include "model/NearestInX.h"
 
 namespace velna::Airfoil {
 
@@ -41,24 +42,17 @@ struct OppositeSurface {
     double y2 = 0;
     double height = 0;
 
-    /// Looks across from point `i`; its neighbour is of the same surface and left out.
-    void lookFrom(const Array1<Point3D>& points, int i, int nb) {
-        const double x = points(i).x;
+    /// Looks from point `i` at what is left of `points`.
+    void lookFrom(const Array1<Point3D>& outline, int i, const NearestInX& points) {
         double d1 = farAway;
         double d2 = farAway;
-        for (int j = i + 2; j <= nb; ++j) {
-            const double distance = std::abs(points(j).x - x);
-            if (distance < d1) {
-                y1 = points(j).z;
-                d1 = distance;
-            }
+        if (const int nearest = points.nearest(i, farAway); nearest != NearestInX::none) {
+            y1 = outline(nearest).z;
+            d1 = points.distance(i, nearest);
         }
-        for (int j = i + 2; j <= nb; ++j) {
-            const double distance = std::abs(points(j).x - x);
-            if (distance < d2 && points(j).z != y1) {
-                y2 = points(j).z;
-                d2 = distance;
-            }
+        if (const int second = points.nearest(i, farAway, y1); second != NearestInX::none) {
+            y2 = outline(second).z;
+            d2 = points.distance(i, second);
         }
         assignFinite(height, (d2 * y1 + d1 * y2) / (d1 + d2));
     }
@@ -81,8 +75,12 @@ void normalize(Array1<Point3D>& points, int nb, double& thickness1, double& thic
     double xMax = -1000;
     double thick = -1;
     OppositeSurface opposite;
+    NearestInX across(points, std::max(last, 0));
+    if (last >= 1) across.remove(1);
     for (int i = 1; i <= last; ++i) {
-        opposite.lookFrom(points, i, last);
+        // A point's neighbour is of the same surface.
+        if (i < last) across.remove(i + 1);
+        opposite.lookFrom(points, i, across);
         const double thickness = std::abs(opposite.height - points(i).z);
         if (thickness > thick) assignFinite(thick, thickness);
         if (points(i).x > xMax) xMax = points(i).x;
