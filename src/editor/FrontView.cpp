@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "editor/Views.h"
 #include "model/Fuselage.h"
 
@@ -14,8 +12,7 @@ void enter(MainForm& form, const Canvas& canvas) {
     form.setEnabled(Control::InsRem, false);
     views.drawWingsFront(canvas);
     views.stabilizer.drawFront(canvas, project.Stabilizer);
-    auto& outlines = views.fuselage().frontPoints;
-    outlines = Fuselage::current(project).computeFrontPoints(canvas.at, std::move(outlines));
+    views.fuselage().computeFront(canvas.at, Fuselage::current(project));
     views.drawFuselageFront(canvas);
     TailView& rudder = views.rudder;
     rudder.frontPoints = project.Rudder.computeFrontPoints(canvas.at, rudder.frontPoints);

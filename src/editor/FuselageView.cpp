@@ -2,6 +2,7 @@
 
 #include <array>
 #include <span>
+#include <utility>
 
 #include "common/Polyline.h"
 #include "model/MeshSections.h"
@@ -166,10 +167,21 @@ void FuselageView::drawVTop(const Canvas& canvas, const Body& body, FuselageLook
     if (body.shift != 0) mirroredClosedPolyline(canvas.area, contour, canvas.at.xoff, colour);
 }
 
+void FuselageView::computeFront(const Transform& at, const Body& body) {
+    if (body.nb_cross < 1) return;
+    // Another section's points are no old values of this one's.
+    if (front_.section != body.sel_sec || front_.of != body.sectionCount()) front_.points = {};
+    front_.at = at;
+    front_.section = body.sel_sec;
+    front_.of = body.sectionCount();
+    front_.points = body.computeFrontSection(at, body.sel_sec, std::move(front_.points));
+}
+
 void FuselageView::drawFront(const Canvas& canvas, const Body& body) {
-    if (body.nb_cross == 0 || !body.sectionSelected()) return;
-    if (frontPoints.rows() < body.sel_sec || frontPoints.columns() < body.nb_cross) return;
-    body.collectSection(frontPoints, body.sel_sec, section_);
+    if (body.nb_cross == 0 || !body.sectionSelected() || front_.of < body.sel_sec) return;
+    if (front_.section != body.sel_sec) computeFront(front_.at, body);
+    if (front_.points.upper() < body.nb_cross) return;
+    body.collectSection(front_.points, section_);
     closedPolyline(canvas.area, section_, canvas.dim);
     if (body.shift != 0) mirroredClosedPolyline(canvas.area, section_, canvas.at.xoff, canvas.dim);
 }

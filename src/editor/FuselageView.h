@@ -35,7 +35,6 @@ public:
     SideEdges side;
     HTopEdges htop;
     Array1<Point2D> vtopPoints;
-    Array2<Point2D> frontPoints;
 
     static constexpr double defaultEditorScale = 10;
 
@@ -47,7 +46,10 @@ public:
     void eraseHTop(const Canvas& canvas, const MeshSections& body) const;
     /// The outline as it was computed last.
     void drawVTop(const Canvas& canvas, const MeshSections& body, FuselageLook look) const;
-    /// The outline of the selected section as it was computed last, dim.
+    /// Computes what the Front view shows, the outline of the selected section alone.
+    void computeFront(const Transform& at, const MeshSections& body);
+    /// The outline of the selected section as it was computed last, dim; another section that has
+    /// been selected since is computed at the scale of that time.
     void drawFront(const Canvas& canvas, const MeshSections& body);
 
     /// The part at a pixel, `FuselagePart::none` for none; the section found becomes `sel_sec`.
@@ -71,6 +73,15 @@ private:
     void hoverHTop(const Canvas& canvas, MeshSections& body, const Pointer& pointer);
     void holdTop(MeshSections& body) const;
 
+    /// The outline of one section in the Front view.
+    struct FrontSection {
+        Transform at;
+        int section = noSection;
+        int of = 0;  ///< how many sections the body had
+        Array1<Point2D> points;
+    };
+
+    FrontSection front_;
     std::vector<Point2D> section_;  ///< of the last `drawFront`, kept for its memory
 };
 

@@ -26,9 +26,13 @@ public:
     BuiltFrom<MeshSections> builtFrom;
     Array2<Point3D> points;  ///< surface mesh, (section, outline point)
 
-    /// Builds `points` and the texture coordinates; below 2 outline points it leaves them as they
-    /// are.
+    /// Builds `points`; below 2 outline points it leaves them as they are.
     void create(const MeshSections& body);
+    /// The same in steps, for large ones: `prepare` does all but the points, and gives how many
+    /// sections there are to build; `buildSections` builds those from `first` to `last`, and may
+    /// run at the same time on others.
+    int prepare(const MeshSections& body);
+    void buildSections(const MeshSections& body, int first, int last);
     /// How far the mesh is to be drawn: the counts of the last rebuild, as far as `points` go.
     int sections() const;
     int cross() const;
@@ -37,18 +41,16 @@ public:
     /// Point j of section i of the mesh; `mirrored` gives the twin's (y less 2 * `shift`). The
     /// origin where the mesh has no such point.
     Point3D meshPoint(int j, int i, bool mirrored) const;
-    /// (u, v) of that point, v once round the section.
+    /// (u, v) of that point, v once round the section: computed here, for few bodies carry a
+    /// picture, and kept they would take two thirds of the mesh's memory.
     Point2D texCoordAt(int j, int i) const;
 
 private:
-    void buildMesh(const MeshSections& body);
-    void createTexCoords(double length);
-
     // the owner's, of the last rebuild
     std::int16_t nb_sections = 0;
     std::int16_t nb_cross = 0;
     double shift_ = 0;
-    Array2<Point2D> texCoords_;
+    double length_ = 0;  ///< of the body when `points` were built
 };
 
 }  // namespace velna

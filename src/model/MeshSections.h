@@ -94,12 +94,17 @@ public:
     HTopEdges computeHTopPoints(const Transform& at, HTopEdges edges = {}) const;
     /// Entry (i, j) is point j of the section in ordered place i.
     Array2<Point2D> computeFrontPoints(const Transform& at, Array2<Point2D> front = {}) const;
+    /// The section in ordered place `i` alone; `section` as it is where there is none such.
+    Array1<Point2D> computeFrontSection(const Transform& at, int i,
+                                        Array1<Point2D> section = {}) const;
     /// Whether entry j of the front outline is written by its loops; an odd `nb_cross` leaves some
     /// out.
     bool frontPointUsed(int j) const;
     /// The used points of section `i` of `front`, none where it has no such section. A line to an
     /// entry that holds nothing is no part of a section.
     void collectSection(const Array2<Point2D>& front, int i, std::vector<Point2D>& section) const;
+    /// The same of a section that was computed alone.
+    void collectSection(const Array1<Point2D>& front, std::vector<Point2D>& section) const;
     /// Whether `sel_sec` is an ordered position.
     bool sectionSelected() const { return 0 < sel_sec && sel_sec <= nb_sections; }
 

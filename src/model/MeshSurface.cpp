@@ -84,24 +84,29 @@ BodySolid& BodySolid::operator=(BodySolid&& other) noexcept = default;
 BodySolid::~BodySolid() = default;
 
 void BodySolid::create(const MeshSections& body) {
+    buildSections(body, 1, prepare(body));
+}
+
+int BodySolid::prepare(const MeshSections& body) {
     nb_sections = body.nb_sections;
     nb_cross = body.nb_cross;
     shift_ = body.shift;
     picture.carry(body.texture_filename);
-    if (nb_cross < 2) return;
-    buildMesh(body);
-    createTexCoords(body.lengthPoint());
+    if (nb_cross < 2) return 0;
+    length_ = body.lengthPoint();
+    sizeGrid(points, body.sectionCount(), nb_cross);
+    return points.rows();
 }
 
-void BodySolid::buildMesh(const MeshSections& body) {
+void BodySolid::buildSections(const MeshSections& body, int first, int last) {
+    if (first > last) return;
     const double middle = nb_cross / 2.0;
     // With an odd number of points the rounding leaves one of each section out of all ranges, and
     // lets others overlap, where the later one stays.
     const int opposite = roundToInt(middle + 1);
     SuperEllipse upper(1, roundToInt(middle), nb_cross);
     SuperEllipse lower(roundToInt(middle + 2), nb_cross, nb_cross);
-    sizeGrid(points, body.sectionCount(), nb_cross);
-    for (int i = 1; i <= points.rows(); ++i) {
+    for (int i = first; i <= last; ++i) {
         const int k = body.storageIndex(i);
         upper.setExponent(body.curvature(k));
         lower.setExponent(body.curvature2(k));
@@ -115,21 +120,6 @@ void BodySolid::buildMesh(const MeshSections& body) {
         assignFinite(row[opposite], upperHalf.x, -body.width(k) / 2 + body.shift,
                      body.elevation(k) + -upperHalf.base + body.elevation_offset);
         lowerHalf.write(row, lower);
-    }
-}
-
-void BodySolid::createTexCoords(double length) {
-    sizeGrid(texCoords_, points.rows(), points.columns());
-    std::vector<double> round(static_cast<std::size_t>(nb_cross) + 1);
-    if (length != 0) {
-        for (int j = 1; j <= nb_cross; ++j)
-            round[static_cast<std::size_t>(j)] = (j - 1) / (nb_cross - 1.0);
-    }
-    for (int i = 1; i <= points.rows(); ++i) {
-        double u = 0;
-        assignFinite(u, length != 0 ? points(i, 1).x / length : 0);
-        Point2D* row = texCoords_.row(i);
-        for (int j = 1; j <= nb_cross; ++j) row[j] = {u, round[static_cast<std::size_t>(j)]};
     }
 }
 
@@ -149,8 +139,10 @@ Point3D BodySolid::meshPoint(int j, int i, bool mirrored) const {
 }
 
 Point2D BodySolid::texCoordAt(int j, int i) const {
-    if (i < 1 || i > texCoords_.rows() || j < 1 || j > texCoords_.columns()) return {};
-    return texCoords_(i, j);
+    if (i < 1 || i > points.rows() || j < 1 || j > points.columns() || length_ == 0) return {};
+    Point2D place{0, (j - 1) / (points.columns() - 1.0)};
+    assignFinite(place.x, points(i, 1).x / length_);
+    return place;
 }
 
 }  // namespace velna

@@ -167,6 +167,47 @@ TEST_F(FuselageViews, FrontShowsTheSelectedSectionOnly) {
     }
 }
 
+// What is selected after the outline was computed stands beside it, not at the scale of another
+// view and not as another section's points.
+TEST_F(FuselageViews, FrontShowsASectionSelectedSinceAtTheScaleOfTheLastOutline) {
+    body.sel_sec = 1;
+    part.computeFrontPoints(2, 400, 30);
+    part.drawFront(2, 400, 30);
+    bench.forget();
+    body.sel_sec = 3;
+    part.drawFront(7, 1, 1);
+    const auto since = drawnLines(area);
+    bench.forget();
+    part.computeFrontPoints(2, 400, 30);
+    part.drawFront(2, 400, 30);
+    const auto fresh = drawnLines(area);
+    ASSERT_EQ(since.size(), 8U);
+    for (std::size_t i = 0; i < 8; ++i) {
+        EXPECT_EQ(since[i].x1, fresh[i].x1) << i;
+        EXPECT_EQ(since[i].y1, fresh[i].y1) << i;
+    }
+}
+
+// The lines stand as they were computed, until they are computed again.
+TEST_F(FuselageViews, FrontShowsTheOutlineAsItWasComputedLast) {
+    body.sel_sec = 2;
+    part.drawFront(2, 400, 30);
+    EXPECT_TRUE(area.calls.empty()) << "before the first";
+    part.computeFrontPoints(2, 400, 30);
+    body.width(2) = 10;
+    part.drawFront(2, 400, 30);
+    EXPECT_EQ(drawnLines(area)[0].x1, 500);
+    bench.forget();
+    body.nb_cross = 20;
+    part.drawFront(2, 400, 30);
+    EXPECT_TRUE(area.calls.empty()) << "points that have not been computed";
+    body.sel_sec = 4;
+    body.nb_sections = 4;
+    body.nb_cross = 8;
+    part.drawFront(2, 400, 30);
+    EXPECT_TRUE(area.calls.empty()) << "a section that there was not";
+}
+
 TEST_F(FuselageViews, AnOddNumberOfOutlinePointsLeavesOutWhatNoLoopWrites) {
     body.sel_sec = 2;
     body.nb_cross = 7;

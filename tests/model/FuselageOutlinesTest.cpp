@@ -149,5 +149,29 @@ TEST_F(Outlines, FrontPointsOfBeforeStayWhenTheShapeIsTurnedOff) {
     EXPECT_EQ(body().computeFrontPoints({}, before)(2, 1), before(2, 1));
 }
 
+TEST_F(Outlines, ASectionComputedAloneIsThatOfAll) {
+    for (const int cross : {1, 2, 7, 8, 13}) {
+        resetModel();
+        setCross(cross);
+        body().shift = 3;
+        body().curvature(2) = 0.7;
+        body().width(3) = 1e308;
+        const Transform at{2, 7, 400};
+        const auto all = body().computeFrontPoints(at);
+        for (int i = 1; i <= 3; ++i) {
+            const auto alone = body().computeFrontSection(at, i);
+            ASSERT_EQ(alone.upper(), all.columns());
+            for (int j = 1; j <= cross; ++j) EXPECT_EQ(alone(j), all(i, j)) << cross << " " << j;
+            std::vector<Point2D> ofAll;
+            std::vector<Point2D> ofOne;
+            body().collectSection(all, i, ofAll);
+            body().collectSection(alone, ofOne);
+            EXPECT_EQ(ofOne, ofAll);
+        }
+        for (const int none : {-1, 0, 4})
+            EXPECT_EQ(body().computeFrontSection(at, none).upper(), -1);
+    }
+}
+
 }  // namespace
 }  // namespace velna

@@ -108,7 +108,7 @@ struct BodyPart : GripOnSurface {
         view.vtopPoints = body.computeVTopPoints({zoom, xoff, yoff}, view.vtopPoints);
     }
     void computeFrontPoints(double zoom, double xoff, double yoff) {
-        view.frontPoints = body.computeFrontPoints({zoom, xoff, yoff}, view.frontPoints);
+        view.computeFront({zoom, xoff, yoff}, body);
     }
     void initMouseValSide() { view.initMouseValSide(body, Main.pointer.shiftkey); }
     void initMouseValHTop() { view.initMouseValHTop(body, Main.pointer.shiftkey); }
