@@ -31,6 +31,7 @@ public:
     bool create() override {
         GlTape::add({"create"});
         GlTape::hasContext = creationWorks;
+        GlTape::forgetLists();
         return creationWorks;
     }
     void destroy() override {

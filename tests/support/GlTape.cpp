@@ -1,7 +1,9 @@
 #include "support/GlTape.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <initializer_list>
 #include <map>
 
@@ -14,6 +16,7 @@ using nlohmann::json;
 bool GlTape::hasContext = false;
 int GlTape::largestTexture = 4096;
 std::array<double, 16> GlTape::modelview{};
+bool GlTape::foldsVertices = false;
 
 namespace {
 
@@ -92,6 +95,30 @@ void record(json call) {
     record(std::move(call), Place::OutsidePrimitive);
 }
 
+/// What stands in the open primitive, where that is told as one call.
+struct Folded {
+    std::int64_t vertices = 0;
+    std::uint64_t checksum = 0;
+
+    void take(std::initializer_list<double> values, bool vertex) {
+        vertices += vertex;
+        // The product carries every value on into all later ones.
+        for (const double value : values)
+            checksum = (checksum + std::bit_cast<std::uint64_t>(value)) * 0x9E3779B97F4A7C15;
+        checksum += values.size();
+    }
+};
+
+Folded folded;
+
+void recordVertexPart(const char* name, std::initializer_list<double> values, Place place) {
+    if (GlTape::foldsVertices && primitiveOpen)
+        return folded.take(values, place == Place::InsidePrimitive);
+    json call = json::array({name});
+    for (const double value : values) call.push_back(value);
+    record(std::move(call), place);
+}
+
 template <class Number>
 json numbers(const Number* values, int count) {
     json list = json::array();
@@ -135,6 +162,10 @@ void GlTape::clear() {
 
 int GlTape::objectListCount() {
     return static_cast<int>(objectLists.size());
+}
+
+void GlTape::forgetLists() {
+    objectLists.clear();
 }
 
 void GlTape::add(json event) {
@@ -260,25 +291,28 @@ void glCallList(GLuint list) {
 void glBegin(GLenum mode) {
     record({"glBegin", constant(mode)});
     primitiveOpen = true;
+    folded = {};
 }
 void glEnd() {
+    if (GlTape::foldsVertices)
+        record({"vertices", folded.vertices, folded.checksum}, Place::InsidePrimitive);
     record({"glEnd"}, Place::InsidePrimitive);
     primitiveOpen = false;
 }
 void glVertex3dv(const GLdouble* v) {
-    record({"glVertex3dv", v[0], v[1], v[2]}, Place::InsidePrimitive);
+    recordVertexPart("glVertex3dv", {v[0], v[1], v[2]}, Place::InsidePrimitive);
 }
 void glVertex3f(GLfloat x, GLfloat y, GLfloat z) {
-    record({"glVertex3f", x, y, z}, Place::InsidePrimitive);
+    recordVertexPart("glVertex3f", {x, y, z}, Place::InsidePrimitive);
 }
 void glNormal3dv(const GLdouble* v) {
-    record({"glNormal3dv", v[0], v[1], v[2]}, Place::Anywhere);
+    recordVertexPart("glNormal3dv", {v[0], v[1], v[2]}, Place::Anywhere);
 }
 void glNormal3f(GLfloat x, GLfloat y, GLfloat z) {
-    record({"glNormal3f", x, y, z}, Place::Anywhere);
+    recordVertexPart("glNormal3f", {x, y, z}, Place::Anywhere);
 }
 void glTexCoord2dv(const GLdouble* v) {
-    record({"glTexCoord2dv", v[0], v[1]}, Place::Anywhere);
+    recordVertexPart("glTexCoord2dv", {v[0], v[1]}, Place::Anywhere);
 }
 
 void glPixelStorei(GLenum what, GLint value) {

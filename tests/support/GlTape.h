@@ -40,6 +40,11 @@ public:
     static bool insideList();
     /// How many lists of objects there are.
     static int objectListCount();
+    /// The lists have gone with the context that held them.
+    static void forgetLists();
+    /// Whether what stands between glBegin and glEnd is told as one call ["vertices", number,
+    /// checksum of all that was passed]: for scenes of millions of points.
+    static bool foldsVertices;
     /// The bytes of each picture handed over, in order.
     static std::vector<std::vector<unsigned char>>& pictures();
 
