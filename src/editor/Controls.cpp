@@ -49,6 +49,7 @@ constexpr const char* controlNames[] = {
     // popup menu
     "Popup", "Change", "InsRem", "LoadBitmap", "MoveBitmap", "SizeBitmap", "LockZoom",
     "ClearBitmap",
+    "StartView", "TracePicture",
     // the demonstration's floating sign
     "ShiftButton",
 };

@@ -43,6 +43,7 @@ enum class Control {
     VTopButton, FrontButton, SideButton, HTopButton, RenderButton, FlyingPreviewButton,
     // popup menu
     Popup, Change, InsRem, LoadBitmap, MoveBitmap, SizeBitmap, LockZoom, ClearBitmap,
+    StartView, TracePicture,
     // the demonstration's floating sign
     ShiftButton,
     count

@@ -59,6 +59,8 @@ constexpr MenuEntry menuEntries[] = {
     {Control::SizeBitmap, [](MainForm& form) { form.sizeBitmapAction(); }},
     {Control::LockZoom, [](MainForm& form) { form.lockZoomAction(); }},
     {Control::ClearBitmap, [](MainForm& form) { form.clearBitmapAction(); }},
+    {Control::StartView, [](MainForm& form) { form.window->showStartView(); }},
+    {Control::TracePicture, beginTracing},
 };
 
 /// The cursor tells along which axis a drag with Shift will move.

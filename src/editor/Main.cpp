@@ -28,7 +28,7 @@ void presetPanel(ControlStates& controls) {
 /// inserted and the fuselage's own plan is out of reach.
 void presetMenuAndToolbar(ControlStates& controls) {
     for (Control entry : {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap,
-                          Control::InsRem, Control::HTopButton})
+                          Control::TracePicture, Control::InsRem, Control::HTopButton})
         controls[entry].enabled = false;
     for (Control control : {Control::FuselageVTopFrame, Control::ReceiverCombo, Control::AccuCombo,
                             Control::Popup, Control::ShiftButton})

@@ -53,6 +53,10 @@ public:
     virtual void setViewTransform(double panX, double panY, double distance, double spin,
                                   double tilt) = 0;
 
+    /// The picture in three dimensions as it was seen after the start; nothing during a flight or
+    /// a drag there.
+    virtual void showStartView() = 0;
+
     /// The hidden prompt for the picture's frustum.
     virtual void promptFrustum() = 0;
 

@@ -33,6 +33,7 @@ public:
                           double tilt) override {
         viewTransforms.push_back({panX, panY, distance, spin, tilt});
     }
+    void showStartView() override { ++startViews; }
     void promptFrustum() override { prompts.push_back("frustum prompt"); }
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     std::string askPictureFile() override;
@@ -56,6 +57,7 @@ public:
     BoxIcon lastIcon = BoxIcon::Stop;
     bool lastDefaultYes = false;
     int listChanges = 0;
+    int startViews = 0;
     int renders = 0;
     int rebuilds = 0;
     int holds = 0;

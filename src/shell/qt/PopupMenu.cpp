@@ -23,6 +23,8 @@ constexpr Entry entries[] = {
     {Control::SizeBitmap, "Size Bitmap (I)"},
     {Control::LockZoom, "Lock Zoom"},
     {Control::ClearBitmap, "Clear Bitmap"},
+    {Control::StartView, "Picture Back to the Start View (Home)"},
+    {Control::TracePicture, "Trace by Two Points"},
 };
 
 }  // namespace

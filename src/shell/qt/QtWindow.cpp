@@ -1,11 +1,13 @@
 #include "shell/qt/QtWindow.h"
 
 #include "preview/Rendering.h"
+#include "preview/ViewMouse.h"
 #include "shell/ToolbarCommands.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/PopupMenu.h"
 #include "shell/qt/QtDialogs.h"
+#include "shell/qt/StripLabel.h"
 
 namespace velna {
 namespace {
@@ -18,6 +20,7 @@ constexpr const char* pictureFilter =
 
 void QtWindow::changed(Control control) {
     window_.mirrors().show(control);
+    window_.strip().later();
 }
 
 void QtWindow::catalogueFilled(Control combo) {
@@ -47,6 +50,10 @@ void QtWindow::holdPicture(bool on) {
 void QtWindow::setViewTransform(double panX, double panY, double distance, double spin,
                                 double tilt) {
     rendering_.setViewTransform(panX, panY, distance, spin, tilt);
+}
+
+void QtWindow::showStartView() {
+    picture_.showStartView();
 }
 
 void QtWindow::promptFrustum() {
