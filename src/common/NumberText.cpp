@@ -262,6 +262,19 @@ void appendNumber(std::string& out, double value) {
     out.append(text, putNumber(text, value));
 }
 
+std::string fixedText(double value, int decimals) {
+    constexpr double longest = 1e9;
+    if (!(std::fabs(value) < longest)) return numberText(value);
+    char digits[longestNumber];
+    auto* const end =
+        std::to_chars(digits, digits + longestNumber, value, std::chars_format::fixed, decimals)
+            .ptr;
+    const std::string text(digits, end);
+    // What is rounded to nothing has no sign.
+    const bool zero = text.find_first_of("123456789") == std::string::npos;
+    return zero && text.front() == '-' ? text.substr(1) : text;
+}
+
 void appendInteger(std::string& out, long long value) {
     char text[longestNumber];
     out.append(text, putInteger(text, value));

@@ -24,6 +24,10 @@ char* putInteger(char* at, long long value);
 /// Appends `numberText(value)` to `out` without a temporary.
 void appendNumber(std::string& out, double value);
 
+/// A number with `decimals` digits behind the point, to be read and not to be stored ("150.37");
+/// one beyond a thousand million as `numberText`. Zero is never negative.
+std::string fixedText(double value, int decimals);
+
 /// Appends a whole number in decimal digits.
 void appendInteger(std::string& out, long long value);
 

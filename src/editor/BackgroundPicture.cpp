@@ -11,9 +11,16 @@ void MainForm::enablePictureEntries(bool on) {
         setEnabled(entry, on);
 }
 
+PicturePlace MainForm::shownPicture() const {
+    const BackgroundPicture& picture = pictures[static_cast<std::size_t>(view.mode)];
+    const Transform& at = view.byHand;
+    return {{picture.position.x * at.zoom + at.xoff, picture.position.y * at.zoom + at.yoff},
+            {picture.size.x * at.zoom, picture.size.y * at.zoom}};
+}
+
 void MainForm::paintPicture() {
-    const BackgroundPicture& picture = pictureHere();
-    DrawArea->paintPicture(picture.file, picture.position, picture.size);
+    const auto [position, size] = shownPicture();
+    DrawArea->paintPicture(pictureHere().file, position, size);
 }
 
 void MainForm::setDrawMode(DrawMode newMode) {
@@ -22,6 +29,7 @@ void MainForm::setDrawMode(DrawMode newMode) {
 }
 
 void MainForm::loadBitmapAction() {
+    tracing = {};
     BackgroundPicture& picture = pictureHere();
     picture.file = window->askPictureFile();
     if (picture.file.empty()) {
@@ -30,15 +38,18 @@ void MainForm::loadBitmapAction() {
         picture.shown = false;
         setChecked(Control::LockZoom, false);
         setEnabled(Control::LockZoom, false);
+        setEnabled(Control::TracePicture, false);
         return;
     }
     clearBitmapAction();
     picture.shown = true;
     enablePictureEntries(true);
+    setEnabled(Control::TracePicture, true);
     if (const auto natural = DrawArea->pictureSize(picture.file)) {
         picture.size = *natural;
-        picture.position = {DrawArea->width() / 2 - natural->x / 2,
-                            DrawArea->height() / 2 - natural->y / 2};
+        const Transform& at = view.byHand;
+        picture.position = {(DrawArea->width() / 2 - at.xoff) / at.zoom - natural->x / 2,
+                            (DrawArea->height() / 2 - at.yoff) / at.zoom - natural->y / 2};
     }
     picture.scale = 100;
     DrawArea->clear();
@@ -69,6 +80,7 @@ void MainForm::lockZoomAction() {
 }
 
 void MainForm::clearBitmapAction() {
+    tracing = {};
     DrawArea->clear();
     pictureHere().shown = false;
     refreshDrawingArea();

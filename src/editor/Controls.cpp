@@ -49,7 +49,7 @@ constexpr const char* controlNames[] = {
     "UndoButton", "RedoButton",
     // popup menu
     "Popup", "Change", "InsRem", "LoadBitmap", "MoveBitmap", "SizeBitmap", "LockZoom",
-    "ClearBitmap", "UndoStep", "RedoStep",
+    "ClearBitmap", "UndoStep", "RedoStep", "StartView", "TracePicture",
     // the demonstration's floating sign
     "ShiftButton",
 };

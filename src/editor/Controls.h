@@ -44,7 +44,7 @@ enum class Control {
     UndoButton, RedoButton,
     // popup menu
     Popup, Change, InsRem, LoadBitmap, MoveBitmap, SizeBitmap, LockZoom, ClearBitmap,
-    UndoStep, RedoStep,
+    UndoStep, RedoStep, StartView, TracePicture,
     // the demonstration's floating sign
     ShiftButton,
     count

@@ -51,6 +51,8 @@ struct ViewState {
     bool firstPictureRefresh = false;  ///< the next redraw erases nothing
     bool nothingToErase = false;       ///< no old lines are on the surface: all have just gone
     DrawMode drawMode = DrawMode::Copy;
+    /// What wheel and pinch have made of the last fit: from its pixels to those shown now.
+    Transform byHand;
 
     Transform transform() const { return {zoom, xoff, yoff}; }
     /// Whether a redraw takes the old lines off. White over a background picture just painted would
@@ -81,10 +83,25 @@ struct PointerState {
 struct BackgroundPicture {
     bool shown = false;
     std::string file;    ///< full path; read again at each paint
-    Point2D position;    ///< left and top, pixels
-    Point2D size;        ///< width and height, pixels
+    Point2D position;    ///< left and top, in pixels of the last fit
+    Point2D size;        ///< width and height, likewise
     double scale = 100;  ///< percent of the natural size
     Point2D grab;        ///< `position` at the press that starts a move
+
+    /// Makes it larger by `factor`; a point of it, in parts of its width and height, stays where it
+    /// is.
+    void growAbout(Point2D share, double factor) {
+        position.x += share.x * size.x * (1 - factor);
+        position.y += share.y * size.y * (1 - factor);
+        size = {size.x * factor, size.y * factor};
+        scale *= factor;
+    }
+};
+
+/// Where a picture stands on the drawing surface, in pixels.
+struct PicturePlace {
+    Point2D position;  ///< left and top
+    Point2D size;
 };
 
 }  // namespace velna

@@ -61,6 +61,8 @@ constexpr MenuEntry menuEntries[] = {
     {Control::ClearBitmap, [](MainForm& form) { form.clearBitmapAction(); }},
     {Control::UndoStep, [](MainForm& form) { form.window->undo(); }},
     {Control::RedoStep, [](MainForm& form) { form.window->redo(); }},
+    {Control::StartView, [](MainForm& form) { form.window->showStartView(); }},
+    {Control::TracePicture, beginTracing},
 };
 
 /// The cursor tells along which axis a drag with Shift will move.

@@ -27,9 +27,10 @@ void presetPanel(ControlStates& controls) {
 /// Nothing is behind the views yet, and the program opens from above, where no section can be
 /// inserted and the fuselage's own plan is out of reach.
 void presetMenuAndToolbar(ControlStates& controls) {
-    for (Control entry : {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap,
-                          Control::InsRem, Control::HTopButton, Control::UndoButton,
-                          Control::RedoButton, Control::UndoStep, Control::RedoStep})
+    for (Control entry :
+         {Control::MoveBitmap, Control::SizeBitmap, Control::ClearBitmap, Control::TracePicture,
+          Control::InsRem, Control::HTopButton, Control::UndoButton, Control::RedoButton,
+          Control::UndoStep, Control::RedoStep})
         controls[entry].enabled = false;
     for (Control control : {Control::FuselageVTopFrame, Control::ReceiverCombo, Control::AccuCombo,
                             Control::Popup, Control::ShiftButton})

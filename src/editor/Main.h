@@ -11,6 +11,8 @@
 #include "editor/History.h"
 #include "editor/PanelTable.h"
 #include "editor/PrefsRecord.h"
+#include "editor/Strip.h"
+#include "editor/Tracing.h"
 #include "model/Fits.h"
 
 namespace velna {
@@ -39,6 +41,8 @@ public:
     std::array<BackgroundPicture, 5> pictures;  ///< by `view.mode`, 1 to 4 used
     AircraftViews views;                        ///< what is on the surface, and the gesture
     ControlStates controls;                     ///< what every control shows
+    Tracing tracing;                            ///< of the background picture, by two points
+    StripState strip;                           ///< what the strip beside the logo measures from
     PrefsRecord Prefs;                          ///< what the form of the preferences holds
     bool savedProject = true;                   ///< the model has been saved since its last change
     History history;                            ///< what the user can go back to
@@ -158,6 +162,8 @@ public:
     // BackgroundPicture.cpp
     bool pictureShownHere() const { return pictures[static_cast<std::size_t>(view.mode)].shown; }
     BackgroundPicture& pictureHere() { return pictures[static_cast<std::size_t>(view.mode)]; }
+    /// Where the view's picture is seen: it goes with the drawing when that is made larger by hand.
+    PicturePlace shownPicture() const;
     void paintPicture();
     /// The menu entries that work on a shown picture.
     void enablePictureEntries(bool on);

@@ -22,8 +22,9 @@ void followHit(MainForm& form) {
 void movePicture(MainForm& form, std::int16_t button, float x, float y) {
     if (button == MouseButton::left && form.pointer.altkey) {
         BackgroundPicture& picture = form.pictureHere();
-        picture.position = {static_cast<double>(x) - form.pointer.xloc + picture.grab.x,
-                            static_cast<double>(y) - form.pointer.yloc + picture.grab.y};
+        const double larger = form.view.byHand.zoom;
+        picture.position = {(static_cast<double>(x) - form.pointer.xloc) / larger + picture.grab.x,
+                            (static_cast<double>(y) - form.pointer.yloc) / larger + picture.grab.y};
         form.DrawArea->clear();
         form.paintPicture();
         form.view.firstPictureRefresh = true;
@@ -44,6 +45,8 @@ void showLiveValues(MainForm& form) {
 }  // namespace
 
 void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
+    // The picture is no part of the project.
+    if (tracing.active) return tracePress(*this, button, {x, y});
     savedProject = false;
     if (pointer.altkey) pictureHere().grab = pictureHere().position;
     if (pictureShownHere()) {
@@ -63,6 +66,7 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
     if (pointer.altkey && pictureShownHere()) return;
     const bool removed = viewOf(view.mode).press(*this, button, pointer.at(x, y));
     followHit(*this);
+    rememberHeld(*this);
     // The section has gone from under the pointer: the hand's next pixel must not pull the one that
     // took its place.
     if (removed) views.fuselage().grip.letGo();
@@ -70,6 +74,8 @@ void MainForm::DrawArea_MouseDown(std::int16_t button, std::int16_t /*shift*/, f
 }
 
 void MainForm::DrawArea_MouseMove(std::int16_t button, std::int16_t /*shift*/, float x, float y) {
+    strip.pointer = {x, y};
+    if (tracing.active) return;
     if (x == pointer.lastMouseX && y == pointer.lastMouseY) return;
     pointer.lastMouseX = x;
     pointer.lastMouseY = y;
@@ -87,6 +93,7 @@ void MainForm::DrawArea_MouseUp(std::int16_t button, std::int16_t /*shift*/, flo
                                 float /*y*/) {
     // The right button has only opened the menu; what that has armed waits for the next press.
     if (button == MouseButton::right) return;
+    if (tracing.active) return traceRelease(*this, button);
     nameGesture();
     views.clearHover();
     if (pictureShownHere()) {

@@ -110,16 +110,17 @@ bool MainForm::stepHistory(bool (History::*step)(Project& project)) {
 /// The panels follow, but the drawing stays where it is: another scale would take the change out of
 /// the user's sight. Between two units nothing would be left in sight.
 void MainForm::showRestored(bool otherUnit) {
-    const Transform at = view.transform();
+    const ViewState before = view;
     // The filler sets the range alone.
     setScroll(Control::IndexServosScroll, project.nbEquipments, project.currentEquipment);
     refreshPanels();
     if (otherUnit) {
         refreshDrawingArea();
     } else {
-        view.zoom = at.zoom;
-        view.xoff = at.xoff;
-        view.yoff = at.yoff;
+        view.zoom = before.zoom;
+        view.xoff = before.xoff;
+        view.yoff = before.yoff;
+        view.byHand = before.byHand;
         redrawAtSameScale();
     }
     updateCursor();

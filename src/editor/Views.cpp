@@ -25,12 +25,16 @@ void MainForm::redrawAtSameScale() {
 void MainForm::enterView(const ViewRow& row, bool keepsScale) {
     pointer.shiftkey = pointer.ctrlkey = false;
     for (const ViewRow* other : viewRows) setChecked(other->key, other == &row);
+    // The points of a picture that is no longer seen are of no use.
+    if (view.mode != row.mode) tracing = {};
     view.mode = row.mode;
     // What another view's Clear has disabled: this view's picture must be within reach.
     if (pictureShownHere()) enablePictureEntries(true);
+    setEnabled(Control::TracePicture, pictureShownHere());
     initDrawArea(keepsScale);
     view.nothingToErase = true;
     row.enter(*this, canvas());
+    drawTracingMarks(*this);
     view.nothingToErase = false;
     DrawArea->refresh();
 }
@@ -40,9 +44,11 @@ SurfaceSize MainForm::drawAreaSize() const {
 }
 
 void MainForm::initDrawArea(bool keepsScale) {
+    const bool fits = !checked(Control::LockZoom) && !keepsScale;
+    if (fits) view.byHand = {};
     DrawArea->clear();
     if (pictureShownHere()) paintPicture();
-    if (checked(Control::LockZoom) || keepsScale) return;
+    if (!fits) return;
     Transform before = Plane::unfitted(drawAreaSize(), view.yoff);
     before.xoff = DrawArea->width() / 2;
     const ViewRow& row = viewOf(view.mode);

@@ -56,6 +56,9 @@ public:
     /// One step of the history back, or forth, as the toolbar's buttons do.
     virtual void undo() = 0;
     virtual void redo() = 0;
+    /// The picture in three dimensions as it was seen after the start; nothing during a flight or
+    /// a drag there.
+    virtual void showStartView() = 0;
 
     /// The hidden prompt for the picture's frustum.
     virtual void promptFrustum() = 0;

@@ -47,6 +47,9 @@ public:
     /// The matrix in use is a sum that stands nowhere else: a new context goes on from it.
     bool matrixIsSum = false;
 
+    /// What the program begins with, whatever the unit.
+    static constexpr View startView{0, 0, 0, 900, 200};
+
     /// Pointer buttons over the picture.
     static constexpr int leftButton = 1;
     static constexpr int rightButton = 2;

@@ -77,4 +77,13 @@ void RenderPointer::zoomBy(double change) {
     show(view);
 }
 
+void RenderPointer::showStartView() {
+    Rendering& r = rendering_;
+    if (flying_.running() || r.rotating || r.zooming || r.panning) return;
+    r.renderPanX = r.renderPanY = r.renderDistance = 0;
+    r.renderSpin = Rendering::startView.spin;
+    r.renderTilt = Rendering::startView.tilt;
+    show(Rendering::startView);
+}
+
 }  // namespace velna

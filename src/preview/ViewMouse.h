@@ -17,6 +17,9 @@ public:
     /// A wheel step or a pinch: `change` is added to the distance; a step that would leave the
     /// limits of a drag does nothing.
     void zoomBy(double change);
+    /// The view that the program begins with; the next drag goes on from it. Nothing during a
+    /// flight or a drag.
+    void showStartView();
 
 private:
     /// A point of the pointer, or its distance from a stored value.

@@ -220,4 +220,22 @@ TEST(ThreeDigits, IsAMinimum) {
     EXPECT_EQ(threeDigits(1000), "1000");
 }
 
+TEST(FixedText, HasTheDecimalsAskedFor) {
+    EXPECT_EQ(fixedText(150.374, 2), "150.37");
+    EXPECT_EQ(fixedText(-0.5, 3), "-0.500");
+    EXPECT_EQ(fixedText(12, 0), "12");
+    EXPECT_EQ(fixedText(999999999, 2), "999999999.00");
+}
+
+TEST(FixedText, OfNothingHasNoSign) {
+    EXPECT_EQ(fixedText(-0.001, 2), "0.00");
+    EXPECT_EQ(fixedText(-0.0, 1), "0.0");
+    EXPECT_EQ(fixedText(-0.006, 2), "-0.01");
+}
+
+TEST(FixedText, OfWhatIsUnheardOfIsShort) {
+    EXPECT_EQ(fixedText(1e9, 2), "1000000000");
+    EXPECT_EQ(fixedText(-1e300, 2), "-1E+300");
+}
+
 }  // namespace velna::test

@@ -189,5 +189,36 @@ TEST_F(MouseTest, MoveWithoutAPressShowsNothing) {
     EXPECT_EQ(rendering.renderSpin, 900);
 }
 
+TEST_F(MouseTest, TheStartViewIsShownAndTheNextDragGoesOnFromIt) {
+    rendering.setViewTransform(30, -40, 700, 1200, -300);
+    rendering.renderPanX = 30;
+    rendering.renderDistance = 700;
+    pointer.showStartView();
+    const View& shown = rendering.shownView;
+    EXPECT_EQ(shown.panX, 0);
+    EXPECT_EQ(shown.panY, 0);
+    EXPECT_EQ(shown.distance, 0);
+    EXPECT_EQ(shown.spin, 900);
+    EXPECT_EQ(shown.tilt, 200);
+    pointer.mouseDown(Rendering::leftButton, 0, 100, 100);
+    pointer.mouseMove(100, 101);
+    EXPECT_EQ(rendering.shownView.spin, 900);
+    EXPECT_EQ(rendering.shownView.tilt, 201);
+    EXPECT_EQ(rendering.shownView.distance, 0);
+    pointer.mouseUp(Rendering::leftButton, 100, 101);
+}
+
+TEST_F(MouseTest, TheStartViewWaitsForTheEndOfADrag) {
+    rendering.setViewTransform(30, -40, 700, 1200, -300);
+    for (bool Rendering::*drag : {&Rendering::rotating, &Rendering::zooming, &Rendering::panning}) {
+        rendering.*drag = true;
+        GlTape::calls().clear();
+        pointer.showStartView();
+        EXPECT_EQ(rendering.shownView.distance, 700);
+        EXPECT_TRUE(GlTape::calls().empty());
+        rendering.*drag = false;
+    }
+}
+
 }  // namespace
 }  // namespace velna::test

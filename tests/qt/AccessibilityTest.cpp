@@ -154,6 +154,15 @@ TEST_F(Spoken, ThePartsOfTheWindowSayWhatTheyAre) {
     EXPECT_EQ(roleOf(*mainWindow.panel().tabBar()), QAccessible::PageTabList);
 }
 
+TEST_F(Spoken, TheDrawingsValueIsTheStripsText) {
+    const QAccessibleInterface& drawing =
+        *QAccessible::queryAccessibleInterface(&mainWindow.drawArea());
+    EXPECT_EQ(drawing.text(QAccessible::Value), QString());
+    enterField(Main, Control::LengthEText);
+    EXPECT_EQ(drawing.text(QAccessible::Value), "Tip chord 150.00 mm");
+    EXPECT_EQ(drawing.text(QAccessible::Description), "Tip chord 150.00 mm");
+}
+
 TEST_F(Spoken, CombosAndTheButtonsOfTheListsSayWhatTheyAreFor) {
     EXPECT_EQ(labelOf(find("ServosCombo")), "Servo model");
     EXPECT_EQ(labelOf(find("ReceiverCombo")), "Receiver model");

@@ -2,7 +2,10 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPointingDevice>
 #include <QWheelEvent>
+#include <cmath>
 
 #include "shell/qt/DrawArea.h"
 #include "support/EditorBench.h"
@@ -43,6 +46,22 @@ protected:
              bool repeated = false) {
         QKeyEvent event(type, code, modifiers, {}, repeated);
         QApplication::sendEvent(&widget, &event);
+    }
+
+    void wheel(QPointF place, QPoint turned, Qt::MouseButtons held = Qt::NoButton) {
+        QWheelEvent event(place, place, {}, turned, held, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&widget, &event);
+        EXPECT_TRUE(event.isAccepted());
+    }
+    void pinch(QPointF place, double value) {
+        QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(),
+                                  place, place, place, value, 0, 0);
+        QApplication::sendEvent(&widget, &event);
+    }
+    /// The place in the model, along the body and upward, that a pixel shows.
+    static Point2D under(QPointF place) {
+        const ViewState& view = Main.view;
+        return {(place.x() - view.xoff) / view.zoom, (view.yoff - place.y()) / view.zoom};
     }
 
     DrawArea widget{Main, program.helper, nullptr};
@@ -180,6 +199,66 @@ TEST_F(DrawAreaEvents, AnUnknownKeyGoesOnToTheWindow) {
     QKeyEvent letter(QEvent::KeyPress, Qt::Key_C, {});
     QApplication::sendEvent(&widget, &letter);
     EXPECT_TRUE(letter.isAccepted());
+}
+
+TEST_F(DrawAreaEvents, TheWheelAndAPinchZoomAboutThePointer) {
+    const QPointF place(250, 240);
+    const Point2D before = under(place);
+    wheel(place, {0, 120});
+    EXPECT_NEAR(Main.view.zoom, std::pow(2, 0.25), 1e-12);
+    wheel(place, {0, 3 * 120});
+    EXPECT_NEAR(Main.view.zoom, 2, 1e-12);
+    wheel(place, {0, -15});
+    EXPECT_LT(Main.view.zoom, 2) << "a wheel without notches";
+    pinch(place, 0.5);
+    EXPECT_GT(Main.view.zoom, 2.9);
+    pinch(place, -0.25);
+    EXPECT_NEAR(under(place).x, before.x, 1e-9);
+    EXPECT_NEAR(under(place).y, before.y, 1e-9);
+    pinch(place, -1);
+    pinch(place, -40);
+    EXPECT_GT(Main.view.zoom, 2);
+    EXPECT_TRUE(Main.savedProject);
+}
+
+TEST_F(DrawAreaEvents, AWheelTurnedSidewaysPans) {
+    wheel({250, 240}, {120, 0});
+    EXPECT_EQ(Main.view.xoff, 110);
+    EXPECT_EQ(Main.view.yoff, 300);
+    wheel({250, 240}, {-240, 0});
+    EXPECT_EQ(Main.view.xoff, -10);
+    EXPECT_EQ(Main.view.zoom, 1);
+}
+
+TEST_F(DrawAreaEvents, TheWheelWaitsForAButtonAndForTheDemonstration) {
+    wheel({250, 240}, {0, 120}, Qt::LeftButton);
+    EXPECT_EQ(Main.view.zoom, 1);
+    program.helper.running = true;
+    wheel({250, 240}, {120, 120});
+    pinch({250, 240}, 0.5);
+    EXPECT_EQ(Main.view.zoom, 1);
+    EXPECT_EQ(Main.view.xoff, 50);
+}
+
+TEST_F(DrawAreaEvents, TheStripIsAskedForAfterEachEventAndForgetsAPointerThatLeaves) {
+    int asked = 0;
+    widget.afterInput = [&asked] { ++asked; };
+    move({300, 100}, Qt::NoButton);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(widget.reading(), "x 250.00  z 200.00 mm");
+    wheel({300, 100}, {0, 120});
+    EXPECT_EQ(asked, 2);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&widget, &leave);
+    EXPECT_EQ(asked, 3);
+    EXPECT_EQ(widget.reading(), "");
+}
+
+TEST_F(DrawAreaEvents, WhatIsDraggedComesFirstInTheReading) {
+    press({250, 240});
+    move({250, 200}, Qt::LeftButton);
+    EXPECT_EQ(widget.reading(), "Section elevation 50.00 mm, +40.00; x 200.00  z 100.00 mm");
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton, {250, 200});
 }
 
 }  // namespace

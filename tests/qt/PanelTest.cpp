@@ -11,6 +11,7 @@
 
 #include <gtest/gtest.h>
 
+#include "editor/FieldNames.h"
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
 #include "shell/qt/Bar.h"
@@ -176,6 +177,14 @@ TEST(Drawings, AnIconIsDrawnForTheScreenAndPaleWhenItsButtonIsDisabled) {
 TEST(Drawings, TheInkIsTheDesktops) {
     const auto onDark = Drawings::picture("icons/Minus", {24, 24}, 1, Qt::white).toImage();
     EXPECT_EQ(onDark.pixelColor(12, 12).lightness(), 255);
+}
+
+TEST(PanelNames, EndInTheCaptionsThatStandOverTheBoxes) {
+    for (const PanelPlace& place : panelPlaces()) {
+        const QString name = QString::fromUtf8(fieldName(place.control).data());
+        EXPECT_TRUE(name.endsWith(place.caption, Qt::CaseInsensitive))
+            << name.toStdString() << " and " << place.caption;
+    }
 }
 
 }  // namespace

@@ -83,5 +83,24 @@ TEST(WindowLayout, AWindowTooSmallForAnythingStillHasPlaces) {
     EXPECT_GE(l.parameters.height, 1);
 }
 
+TEST(WindowLayout, TheStripStandsRightOfTheLogoUnderTheDrawing) {
+    for (const bool smallFonts : {false, true}) {
+        const WindowLayout l = layOutWindow({1280, 760, 40, 0, smallFonts});
+        EXPECT_GT(l.strip.left, l.logoLeft + l.logoWidth);
+        EXPECT_EQ(l.strip.right(), l.drawArea.right());
+        EXPECT_EQ(l.strip.top, l.foot.top);
+        EXPECT_EQ(l.strip.height, l.foot.height);
+        EXPECT_FALSE(overlap(l.strip, l.drawArea));
+        EXPECT_FALSE(overlap(l.strip, l.parameters));
+    }
+}
+
+TEST(WindowLayout, WithoutALogoTheStripHasTheWholeFoot) {
+    const WindowLayout l = layOutWindow({700, 600, 40, 0, true});
+    ASSERT_FALSE(l.logoVisible);
+    EXPECT_EQ(l.strip.left, l.drawArea.left);
+    EXPECT_GE(layOutWindow({50, 20, 42, 0, false}).strip.width, 0);
+}
+
 }  // namespace
 }  // namespace velna

@@ -251,5 +251,20 @@ TEST_F(Startup, ThePictureStartsAsComputedByOtherMeans) {
     SetUp();
 }
 
+TEST_F(Startup, TheWayBackShowsThePictureAsTheStartDid) {
+    for (const int unit : {millimetres, inches}) {
+        SetUp();
+        velna::program.run();
+        Main.Prefs.selectUnit(unit);
+        while (desktop.timer1) velna::program.startup.timer1Tick();
+        const nlohmann::json start = shownNow();
+        program.renderPointer.zoomBy(300);
+        ASSERT_NE(shownNow(), start);
+        program.renderPointer.showStartView();
+        EXPECT_EQ(shownNow(), start);
+        TearDown();
+    }
+}
+
 }  // namespace
 }  // namespace velna::test

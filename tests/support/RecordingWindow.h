@@ -35,6 +35,7 @@ public:
     }
     void undo() override { prompts.push_back("undo"); }
     void redo() override { prompts.push_back("redo"); }
+    void showStartView() override { ++startViews; }
     void promptFrustum() override { prompts.push_back("frustum prompt"); }
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     std::string askPictureFile() override;
@@ -58,6 +59,7 @@ public:
     BoxIcon lastIcon = BoxIcon::Stop;
     bool lastDefaultYes = false;
     int listChanges = 0;
+    int startViews = 0;
     int renders = 0;
     int rebuilds = 0;
     int holds = 0;

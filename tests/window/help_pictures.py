@@ -11,6 +11,7 @@ import sys
 import tempfile
 import time
 
+import views
 from program import Program
 from screen import Screen, wait_for
 from test_output import print_plans
@@ -72,6 +73,7 @@ def take(screen, program):
     screen.key("Escape")
     bar, redo = program.get("Bar"), program.get("Redo")
     camera.keep("undo", (bar.left, bar.top, redo.left + redo.width + 8, bar.height))
+    strip_and_tracing(camera, area)
     for button, name, title, end in (("Prefs", "preferences", "Preferences", "CancelCommand"),
                                      ("Manager", "manager", "Fuselage Manager", "CloseCommand"),
                                      ("Print", "print", "Select Views", "CancelCommand")):
@@ -100,6 +102,35 @@ def take(screen, program):
     time.sleep(0.8)
     camera.keep("flight", colours=64)
     screen.key("Escape")
+
+
+def strip_and_tracing(camera, area):
+    """The strip in mid-drag, and a plan of which two points are asked for."""
+    screen, program = camera.screen, camera.program
+    program.click("VTop")
+    view = views.vtop(area.width, area.height)
+    foot = program.get("Strip")
+    below = (area.left, area.top + area.height // 2, area.width, foot.top + foot.height - area.top - area.height // 2)
+    tip = area.at(*view.at(700, 265))
+    screen.press(*tip)
+    screen.drag_to(tip, (tip[0], tip[1] + 12))
+    camera.keep("strip", below)
+    screen.drag_to((tip[0], tip[1] + 12), tip)
+    screen.release()
+    plan = camera.raw.parent / "plan.png"
+    subprocess.run(["convert", "-size", "640x300", "xc:#f4ecd8", "-fill", "none", "-stroke", "#305080", "-draw",
+                    "polyline 60,120 320,90 580,120 580,160 320,190 60,160 60,120", "-draw", "line 320,40 320,270",
+                    str(plan)], check=True)
+    program.popup("LoadBitmap")
+    program.choose_file(plan)
+    program.no_dialog()
+    program.popup("TracePicture")
+    wait_for(lambda: program.text("StripValue").startswith("Click a point"), "the question for a point")
+    screen.click(area.left + area.width // 2 - 260, area.top + area.height // 2 - 30)
+    wait_for(lambda: program.text("StripValue").startswith("Click the second"), "the first point")
+    camera.keep("tracing", (area.left, area.top, area.width, foot.top + foot.height - area.top), 32)
+    screen.key("Escape")
+    program.popup("ClearBitmap")
 
 
 def main():

@@ -4,12 +4,29 @@
 #include <QWidget>
 
 #include "shell/qt/Bar.h"
+#include "shell/qt/DrawArea.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/SurfaceWidget.h"
 
 namespace velna::Accessibility {
 namespace {
+
+/// The drawing says what the strip shows. The description goes with the value, for not every screen
+/// reader asks a drawing for one.
+class DrawingInterface : public QAccessibleWidget {
+public:
+    explicit DrawingInterface(DrawArea& drawing)
+        : QAccessibleWidget(&drawing, QAccessible::Canvas), drawing_(drawing) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const bool says = kind == QAccessible::Value || kind == QAccessible::Description;
+        return says ? drawing_.reading() : QAccessibleWidget::text(kind);
+    }
+
+private:
+    const DrawArea& drawing_;
+};
 
 QAccessible::Role roleOf(const QWidget& widget) {
     if (dynamic_cast<const MainWindow*>(&widget) || dynamic_cast<const HelpWindow*>(&widget))
@@ -24,6 +41,7 @@ QAccessible::Role roleOf(const QWidget& widget) {
 QAccessibleInterface* interfaceOf(const QString& className, QObject* object) {
     auto* widget = qobject_cast<QWidget*>(object);
     if (!widget || className != "QWidget") return nullptr;
+    if (auto* drawing = dynamic_cast<DrawArea*>(widget)) return new DrawingInterface(*drawing);
     const QAccessible::Role role = roleOf(*widget);
     return role == QAccessible::NoRole ? nullptr : new QAccessibleWidget(widget, role);
 }

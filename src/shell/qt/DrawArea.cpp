@@ -1,12 +1,17 @@
 #include "shell/qt/DrawArea.h"
 
 #include <QCursor>
+#include <QNativeGestureEvent>
+#include <QWheelEvent>
+#include <cmath>
 
 #include "editor/Main.h"
+#include "editor/ViewZoom.h"
 #include "shell/Helper.h"
 #include "shell/qt/CommandKeys.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
+#include "shell/qt/StripLabel.h"
 
 namespace velna {
 namespace {
@@ -41,6 +46,13 @@ Qt::CursorShape toolkitShape(CursorShape shape) {
     }
 }
 
+// A notch of a usual wheel, in the toolkit's units, and what it makes of the drawing: four double
+// it.
+constexpr double wheelNotch = 120;
+constexpr double largerPerNotch = 1.1892071150027210667;
+// A sideways notch goes past this many pixels.
+constexpr double pixelsPerNotch = 60;
+
 // The keys that open a menu on every desktop.
 bool opensMenu(const QKeyEvent& event) {
     return event.key() == Qt::Key_Menu ||
@@ -67,6 +79,47 @@ void DrawArea::setShape(CursorShape shape, CursorIcon icon) {
 
 void DrawArea::glideTo(QPoint place) {
     main_.DrawArea_MouseMove(0, 0, static_cast<float>(place.x()), static_cast<float>(place.y()));
+}
+
+QString DrawArea::reading() const {
+    return StripLabel::text(main_);
+}
+
+bool DrawArea::event(QEvent* event) {
+    if (event->type() == QEvent::NativeGesture) {
+        pinch(static_cast<const QNativeGestureEvent&>(*event));
+        afterInput();
+        return true;
+    }
+    const bool done = SurfaceWidget::event(event);
+    if (event->isInputEvent() || event->type() == QEvent::Leave) afterInput();
+    return done;
+}
+
+bool DrawArea::canZoom(Qt::MouseButtons held) const {
+    return held == Qt::NoButton && !helper_.running;
+}
+
+void DrawArea::wheelEvent(QWheelEvent* event) {
+    event->accept();
+    if (!canZoom(event->buttons())) return;
+    const QPoint turned = event->angleDelta();
+    const QPointF at = event->position();
+    if (turned.y() != 0)
+        zoomAt(main_, at.x(), at.y(), std::pow(largerPerNotch, turned.y() / wheelNotch));
+    if (turned.x() != 0) panSideways(main_, turned.x() / wheelNotch * pixelsPerNotch);
+    surface().refresh();
+}
+
+void DrawArea::pinch(const QNativeGestureEvent& event) {
+    if (event.gestureType() != Qt::ZoomNativeGesture || !canZoom(event.buttons())) return;
+    zoomAt(main_, event.position().x(), event.position().y(), 1 + event.value());
+    surface().refresh();
+}
+
+void DrawArea::leaveEvent(QEvent* event) {
+    main_.strip.pointer.reset();
+    SurfaceWidget::leaveEvent(event);
 }
 
 void DrawArea::mousePressEvent(QMouseEvent* event) {

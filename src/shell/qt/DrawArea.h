@@ -1,10 +1,14 @@
 #pragma once
 
+#include <functional>
+
 #include "editor/Window.h"
 #include "shell/qt/SurfaceWidget.h"
 
 class QKeyEvent;
 class QMouseEvent;
+class QNativeGestureEvent;
+class QWheelEvent;
 
 namespace velna {
 
@@ -21,7 +25,16 @@ public:
     /// A move of the demonstration, where no program can move the pointer itself.
     void glideTo(QPoint place);
 
+    /// What the strip says, as one text: the drawing's accessible value.
+    QString reading() const;
+
+    /// Runs after each event of the pointer and the keys.
+    std::function<void()> afterInput = [] {};
+
 protected:
+    bool event(QEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -32,6 +45,10 @@ protected:
 
 private:
     void openMenu();
+    void pinch(const QNativeGestureEvent& event);
+    /// Wheel and pinch are for the hand alone: not while the demonstration draws, or a button is
+    /// held.
+    bool canZoom(Qt::MouseButtons held) const;
 
     MainForm& main_;
     const Helper& helper_;

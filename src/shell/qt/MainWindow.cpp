@@ -17,9 +17,11 @@
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/PanelWidgets.h"
+#include "shell/qt/ParameterBox.h"
 #include "shell/qt/PopupMenu.h"
 #include "shell/qt/RenderWindow.h"
 #include "shell/qt/StayMaximised.h"
+#include "shell/qt/StripLabel.h"
 #include "shell/qt/WindowLayout.h"
 
 namespace velna {
@@ -74,6 +76,7 @@ void MainWindow::build(bool smallFonts) {
     buildSurfaces();
     bar_ = new Bar(program_.toolbar, mirrors_, this);
     buildSigns();
+    buildStrip();
     popup_ = new PopupMenu(program_.Main, mirrors_, this);
     for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
     layOut(size());
@@ -124,6 +127,18 @@ void MainWindow::buildSigns() {
     });
 }
 
+void MainWindow::buildStrip() {
+    strip_ = new StripLabel(program_.Main, *drawArea_, this);
+    strip_->setProperty("helpPage", "strip");
+    drawArea_->afterInput = [this] { strip_->later(); };
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (!started_) return;
+        const auto* box = dynamic_cast<const ParameterBox*>(now);
+        box ? enterField(program_.Main, box->control()) : leaveField(program_.Main);
+        strip_->later();
+    });
+}
+
 void MainWindow::layOut(QSize client) {
     const int barHeight = bar_->sizeHint().height();
     LayoutInput input{client.width(), client.height(), barHeight, 0, smallFonts_};
@@ -159,15 +174,18 @@ void MainWindow::layOutSigns(const WindowLayout& l) {
     if (flight_) {
         hints_->hide();
         logo_->hide();
+        strip_->hide();
         return;
     }
     put(*hints_, l.hints);
     showHints(*hints_, l.hints);
-    const QSize logo(l.foot.height * 3, l.foot.height - 8);
+    const QSize logo(l.logoWidth, l.foot.height - 8);
     logo_->setPixmap(Drawings::picture("Logo", logo, devicePixelRatioF(),
                                        palette().color(QPalette::WindowText)));
     logo_->setGeometry(l.logoLeft, l.foot.top + 4, logo.width(), logo.height());
     logo_->setVisible(l.logoVisible);
+    put(*strip_, l.strip);
+    strip_->setVisible(l.strip.height >= strip_->fontMetrics().height());
 }
 
 QSize MainWindow::renderSize() const {
@@ -275,9 +293,15 @@ void MainWindow::closeAfterDialogs() {
 void MainWindow::keyPressEvent(QKeyEvent* event) {
     if (const auto command = commandOf(*event, program_.Main.Prefs.ctrlZUndoes))
         return program_.toolbar.click(*command);
+    if (event->key() == Qt::Key_Home && !program_.helper.running)
+        return program_.Main.menuClicked(Control::StartView);
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);
     if (program_.flying.flying) {
         program_.toolbar.click(Toolbar::Key::FlyingPreview);
+    } else if (program_.Main.tracing.active) {
+        cancelTracing(program_.Main);
+        drawArea_->surface().refresh();
+        strip_->later();
     } else {
         program_.helper.stop();
     }

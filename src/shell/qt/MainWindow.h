@@ -16,6 +16,7 @@ class DrawArea;
 class PanelWidgets;
 class PopupMenu;
 class RenderWindow;
+class StripLabel;
 struct WindowLayout;
 
 /// The main window: toolbar, panel, picture and drawing area, laid out by the window's formulas. It
@@ -33,6 +34,7 @@ public:
     DrawArea& drawArea() { return *drawArea_; }
     PanelWidgets& panel() { return *panel_; }
     PopupMenu& popup() { return *popup_; }
+    StripLabel& strip() { return *strip_; }
     RenderWindow& renderWindow() { return *renderWindow_; }
 
     /// Size that the layout gives to `Render`.
@@ -60,6 +62,7 @@ protected:
 private:
     void buildSurfaces();
     void buildSigns();
+    void buildStrip();
     void closeAfterDialogs();
     /// Applies the formulas to the present client area.
     void layOut(QSize client);
@@ -82,6 +85,7 @@ private:
     PopupMenu* popup_ = nullptr;
     QLabel* hints_ = nullptr;
     QLabel* logo_ = nullptr;
+    StripLabel* strip_ = nullptr;
     QLabel* flyingInfo_ = nullptr;
     QPushButton* shiftButton_ = nullptr;
     bool smallFonts_ = false;

@@ -18,6 +18,8 @@ class ParameterBox : public QLineEdit {
 public:
     ParameterBox(MainForm& main, Control control, QWidget* parent);
 
+    Control control() const { return control_; }
+
     /// Shows what the logic holds for the box: its text, but not between the digits that are being
     /// typed; a tint and a tip where the model does not hold all of that text.
     void showState(const ControlState& state);

@@ -25,6 +25,8 @@ constexpr Entry entries[] = {
     {Control::ClearBitmap, "Clear Bitmap"},
     {Control::UndoStep, "Undo"},
     {Control::RedoStep, "Redo"},
+    {Control::StartView, "Picture Back to the Start View (Home)"},
+    {Control::TracePicture, "Trace by Two Points"},
 };
 
 // What undo and redo would do stands in the text of their controls ("Tip chord").

@@ -1,11 +1,13 @@
 #include "shell/qt/QtWindow.h"
 
 #include "preview/Rendering.h"
+#include "preview/ViewMouse.h"
 #include "shell/ToolbarCommands.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/PopupMenu.h"
 #include "shell/qt/QtDialogs.h"
+#include "shell/qt/StripLabel.h"
 
 namespace velna {
 namespace {
@@ -18,6 +20,7 @@ constexpr const char* pictureFilter =
 
 void QtWindow::changed(Control control) {
     window_.mirrors().show(control);
+    window_.strip().later();
 }
 
 void QtWindow::catalogueFilled(Control combo) {
@@ -55,6 +58,10 @@ void QtWindow::undo() {
 
 void QtWindow::redo() {
     toolbar_.click(Toolbar::Key::Redo);
+}
+
+void QtWindow::showStartView() {
+    picture_.showStartView();
 }
 
 void QtWindow::promptFrustum() {

@@ -6,14 +6,20 @@ namespace velna {
 
 class MainWindow;
 class QtDialogs;
+class RenderPointer;
 class Rendering;
 struct ToolbarCommands;
 
 /// What the editor asks of the main window.
 class QtWindow : public Window {
 public:
-    QtWindow(MainWindow& window, QtDialogs& dialogs, Rendering& rendering, ToolbarCommands& toolbar)
-        : window_(window), dialogs_(dialogs), rendering_(rendering), toolbar_(toolbar) {}
+    QtWindow(MainWindow& window, QtDialogs& dialogs, Rendering& rendering, RenderPointer& picture,
+             ToolbarCommands& toolbar)
+        : window_(window),
+          dialogs_(dialogs),
+          rendering_(rendering),
+          picture_(picture),
+          toolbar_(toolbar) {}
 
     void changed(Control control) override;
     void catalogueFilled(Control combo) override;
@@ -26,6 +32,7 @@ public:
                           double tilt) override;
     void undo() override;
     void redo() override;
+    void showStartView() override;
     void promptFrustum() override;
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     std::string askPictureFile() override;
@@ -36,6 +43,7 @@ private:
     MainWindow& window_;
     QtDialogs& dialogs_;
     Rendering& rendering_;
+    RenderPointer& picture_;
     ToolbarCommands& toolbar_;
 };
 

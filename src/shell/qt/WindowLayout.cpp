@@ -6,6 +6,7 @@ namespace velna {
 namespace {
 
 constexpr int rightMargin = 10;
+constexpr int stripGap = 16;
 
 // The panel's width and height, and the work width above which the logo is shown.
 struct PanelSize {
@@ -39,7 +40,11 @@ WindowLayout layOutWindow(const LayoutInput& in) {
     const int foot = std::max(out.drawArea.bottom(), out.parameters.bottom());
     out.foot = {0, foot, in.workWidth, std::max(in.workHeight - foot, 0)};
     out.logoLeft = left - 3;
+    out.logoWidth = out.foot.height * 3;
     out.logoVisible = in.workWidth > panel.logoFrom;
+    const int stripLeft =
+        out.logoVisible ? out.logoLeft + out.logoWidth + stripGap : out.drawArea.left;
+    out.strip = {stripLeft, foot, std::max(out.drawArea.right() - stripLeft, 0), out.foot.height};
     return out;
 }
 

@@ -31,7 +31,9 @@ struct WindowLayout {
     Place hints;       ///< what is free above the panel
     Place foot;        ///< the strip under the drawing area
     int logoLeft = 0;  ///< in the strip
+    int logoWidth = 0;
     bool logoVisible = false;
+    Place strip;  ///< right of the logo, or in its place where there is none
 };
 
 WindowLayout layOutWindow(const LayoutInput& input);

@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
     Application program;
     MainWindow mainWindow(program);
     QtDialogs dialogs(mainWindow, program.preferences, program.print, program.startup);
-    QtWindow window(mainWindow, dialogs, program.rendering, program.toolbar);
+    QtWindow window(mainWindow, dialogs, program.rendering, program.renderPointer, program.toolbar);
     QtDesktop desktop(mainWindow, program.startup);
     QtRenderContext context(mainWindow, program.quit);
     QtImaging pictures(mainWindow);
