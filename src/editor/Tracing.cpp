@@ -35,10 +35,15 @@ double distance(Point2D a, Point2D b) {
     return std::hypot(a.x - b.x, a.y - b.y);
 }
 
+/// How far apart the points are seen, in pixels.
+double pixelsApart(const MainForm& form) {
+    return distance(placeOf(form, *form.tracing.first), placeOf(form, *form.tracing.second));
+}
+
 /// The factor that makes `length` of the aircraft as long as the points lie apart; nothing where
 /// the picture could not be seen then.
-std::optional<double> fittingFactor(const MainForm& form, double pixels, double length) {
-    const double factor = length * form.view.zoom / pixels;
+std::optional<double> fittingFactor(const MainForm& form, double length) {
+    const double factor = length * form.view.zoom / pixelsApart(form);
     const Point2D size = form.shownPicture().size;
     const auto seen = [&](double side) {
         return side * factor >= smallestPicture && side * factor <= largestPicture;
@@ -47,12 +52,12 @@ std::optional<double> fittingFactor(const MainForm& form, double pixels, double 
 }
 
 /// Asks until there is an answer that the picture can be sized by.
-std::optional<double> askFactor(const MainForm& form, double pixels) {
+std::optional<double> askFactor(const MainForm& form) {
     const bool inInches = form.project.units == inches;
     const std::string question =
         std::string("True distance between the two points (") + (inInches ? "in" : "mm") + ")";
     std::string complaint;
-    std::string shown = fixedText(pixels / form.view.zoom, inInches ? 3 : 2);
+    std::string shown = fixedText(pixelsApart(form) / form.view.zoom, inInches ? 3 : 2);
     for (;;) {
         const auto answer =
             form.window->askText(complaint + question, "Trace by Two Points", shown);
@@ -61,7 +66,7 @@ std::optional<double> askFactor(const MainForm& form, double pixels) {
         const auto length = wholeNumber(answer->substr(0, answer->find_last_not_of(' ') + 1));
         const bool above = length && *length > 0;
         if (above) {
-            if (const auto factor = fittingFactor(form, pixels, *length)) return factor;
+            if (const auto factor = fittingFactor(form, *length)) return factor;
         }
         complaint = above ? "The picture could not be seen at that scale.\n"
                           : "This is no number above 0.\n";
@@ -105,15 +110,13 @@ void tracePress(MainForm& form, std::int16_t button, Point2D at) {
 
 void traceRelease(MainForm& form, std::int16_t button) {
     if (button != MouseButton::left || !form.tracing.second) return;
-    const Point2D first = *form.tracing.first;
-    const double pixels = distance(placeOf(form, first), placeOf(form, *form.tracing.second));
-    form.tracing = {};
-    if (const auto factor = askFactor(form, pixels)) {
-        form.pictureHere().growAbout(first, *factor);
+    // Under way until it is answered: the question takes the window's place in front, which would
+    // else end a gesture, and fit the view anew.
+    if (const auto factor = askFactor(form)) {
+        form.pictureHere().growAbout(*form.tracing.first, *factor);
         form.setChecked(Control::LockZoom, true);
     }
-    form.redrawAtSameScale();
-    form.updateCursor();
+    cancelTracing(form);
 }
 
 void drawTracingMarks(const MainForm& form) {
@@ -128,7 +131,8 @@ void drawTracingMarks(const MainForm& form) {
 std::string tracingHint(const MainForm& form) {
     const Tracing& tracing = form.tracing;
     if (!tracing.active) return {};
-    const std::string next = tracing.first ? "Click the second point, as far away as there is one"
+    if (tracing.second) return "How far apart are the two points?";
+    const std::string next = tracing.first ? "Click the second point, far from the first"
                                            : "Click a point of the picture (Escape ends)";
     switch (tracing.refusal) {
         case Tracing::Refusal::None:

@@ -20,13 +20,13 @@ struct Tracing {
 
     bool active = false;
     std::optional<Point2D> first;
-    std::optional<Point2D> second;  ///< until the button comes up
+    std::optional<Point2D> second;  ///< until the distance is known
     Refusal refusal = Refusal::None;
 };
 
 /// Begins to ask for the points; nothing in a view without a picture.
 void beginTracing(MainForm& form);
-/// Ends it, and leaves the picture as it is; nothing when none is under way.
+/// Ends it, and leaves the picture as it stands; nothing when none is under way.
 void cancelTracing(MainForm& form);
 
 /// A press while tracing, in pixels of the drawing: the left button gives a point, the right one

@@ -88,7 +88,7 @@ TEST_F(TwoPoints, AreMarkedAndTold) {
     area.calls.clear();
     click(300, 200);
     EXPECT_EQ(area.lines(palette[12]), 2);
-    EXPECT_EQ(hint(), "Click the second point, as far away as there is one");
+    EXPECT_EQ(hint(), "Click the second point, far from the first");
     area.calls.clear();
     Main.refreshDrawingArea();
     EXPECT_EQ(area.lines(palette[12]), 2) << "a redraw shows the mark again";
@@ -106,6 +106,22 @@ TEST_F(TwoPoints, TheWheelBetweenThemChangesNothingOfTheirPlaces) {
     const auto [position, size] = Main.shownPicture();
     EXPECT_NEAR(size.x * 200 / 400 / zoom, 600, 1e-9);
     EXPECT_NEAR(position.x + size.x * 50 / 400, 500 - 3 * 200, 1e-6) << "where it was shown last";
+}
+
+TEST_F(TwoPoints, AWindowInFrontLeavesScaleAndPoints) {
+    Main.menuClicked(Control::TracePicture);
+    click(300, 200);
+    zoomAt(Main, 500, 200, 3);
+    drag(Main).press(500, 200);
+    const Transform zoomed = Main.view.transform();
+    Main.view.firstPictureRefresh = true;
+    Main.cancelGesture();
+    EXPECT_EQ(Main.view.transform(), zoomed);
+    EXPECT_EQ(hint(), "How far apart are the two points?");
+    answer("600");
+    Main.DrawArea_MouseUp(MouseButton::left, 0, 500, 200);
+    EXPECT_NEAR(Main.shownPicture().size.x * 200 / 400 / zoomed.zoom, 600, 1e-9);
+    EXPECT_EQ(Main.view.transform(), zoomed);
 }
 
 TEST_F(TwoPoints, AreAskedAgainUntilThereIsANumberAboveNothing) {
@@ -160,7 +176,7 @@ TEST_F(TwoPoints, BesideThePictureAreNotTaken) {
     EXPECT_FALSE(Main.tracing.first.has_value());
     click(251, 200);
     EXPECT_TRUE(Main.tracing.first.has_value());
-    EXPECT_EQ(hint(), "Click the second point, as far away as there is one");
+    EXPECT_EQ(hint(), "Click the second point, far from the first");
 }
 
 TEST_F(TwoPoints, OnAPictureThatCannotBeReadThereAreNone) {

@@ -55,7 +55,7 @@ protected:
     }
     void pinch(QPointF place, double value) {
         QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(),
-                                  place, place, place, value, 0, 0);
+                                  2, place, place, place, value, {});
         QApplication::sendEvent(&widget, &event);
     }
     /// The place in the model, along the body and upward, that a pixel shows.

@@ -51,6 +51,7 @@ class Camera:
 def take(screen, program):
     camera = Camera(screen, program)
     area = program.get("DrawArea")
+    strip_and_tracing(camera, area)
     camera.open("trainer.vln")
     pane = program.picture()
     x, y = pane.middle
@@ -73,7 +74,6 @@ def take(screen, program):
     screen.key("Escape")
     bar, redo = program.get("Bar"), program.get("Redo")
     camera.keep("undo", (bar.left, bar.top, redo.left + redo.width + 8, bar.height))
-    strip_and_tracing(camera, area)
     for button, name, title, end in (("Prefs", "preferences", "Preferences", "CancelCommand"),
                                      ("Manager", "manager", "Fuselage Manager", "CloseCommand"),
                                      ("Print", "print", "Select Views", "CancelCommand")):
@@ -105,16 +105,16 @@ def take(screen, program):
 
 
 def strip_and_tracing(camera, area):
-    """The strip in mid-drag, and a plan of which two points are asked for."""
+    """With the aircraft of the start: the strip in mid-drag, and a plan of which two points are asked for."""
     screen, program = camera.screen, camera.program
     program.click("VTop")
     view = views.vtop(area.width, area.height)
     foot = program.get("Strip")
-    below = (area.left, area.top + area.height // 2, area.width, foot.top + foot.height - area.top - area.height // 2)
+    below = (area.left, area.top, area.width, foot.top + foot.height - area.top)
     tip = area.at(*view.at(700, 265))
     screen.press(*tip)
     screen.drag_to(tip, (tip[0], tip[1] + 12))
-    camera.keep("strip", below)
+    camera.keep("strip", below, 16)
     screen.drag_to((tip[0], tip[1] + 12), tip)
     screen.release()
     plan = camera.raw.parent / "plan.png"
@@ -128,7 +128,7 @@ def strip_and_tracing(camera, area):
     wait_for(lambda: program.text("StripValue").startswith("Click a point"), "the question for a point")
     screen.click(area.left + area.width // 2 - 260, area.top + area.height // 2 - 30)
     wait_for(lambda: program.text("StripValue").startswith("Click the second"), "the first point")
-    camera.keep("tracing", (area.left, area.top, area.width, foot.top + foot.height - area.top), 32)
+    camera.keep("tracing", below, 32)
     screen.key("Escape")
     program.popup("ClearBitmap")
 

@@ -163,14 +163,16 @@ class Strip(base.WindowTest):
         self.take("trace-first")
         self.screen.click(*self.on_picture(x2, y2))
         self.program.dialog("Trace by Two Points")
+        self.assertIn("How far apart", self.value())
         self.take("trace-question")
         self.screen.key("ctrl+a")
         self.screen.type("1000")
         self.screen.key("Return")
         self.program.no_dialog()
-        self.assertTrue(self.entry("LockZoom")["checked"])
-        self.take("trace-true")
+        drawn = self.settled("trace-true", self.area)
+        self.assertGreater(drawn.count(lambda r, g, b: r + g + b == 0), 500, "the aircraft over the picture")
         self.measure(1000)
+        self.assertTrue(self.entry("LockZoom")["checked"])
 
     def measure(self, length):
         """The marks of the picture lie `length` apart, by the strip's own places over them."""
