@@ -52,7 +52,7 @@ void showHints(QLabel& label, const Place& room) {
 
 /// A dialog's own loop runs: what has opened it goes on with the model when it returns.
 bool insideDialog() {
-    return QThread::currentThread()->loopLevel() > 1;
+    return QThread::currentThread()->loopLevel() > 1 || QApplication::activeModalWidget();
 }
 
 }  // namespace

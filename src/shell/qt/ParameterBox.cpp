@@ -55,12 +55,16 @@ bool ParameterBox::event(QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
     typing_ = edits(key);
-    main_.textKeyDown(control_, text().toStdString());
+    commitTyped();
     // What was refilled while it was being typed is shown now.
     if (!typing_) showText(QString::fromStdString(main_.controls[control_].text));
     const bool taken = !EventArguments::typesWithAlt(key) && QLineEdit::event(event);
     typing_ = false;
     return taken;
+}
+
+void ParameterBox::commitTyped() {
+    main_.textKeyDown(control_, text().toStdString());
 }
 
 void ParameterBox::showState(const ControlState& state) {
