@@ -107,14 +107,14 @@ void History::begin(const Project& project, bool saved) {
     if (saved) noteSaved();
 }
 
-void History::replace(const std::string& name, const Project& project, bool formerSaved,
-                      bool saved) {
-    if (formerSaved || states_.empty()) return begin(project, saved);
+void History::replace(const std::string& name, const Project& project, bool saved,
+                      const FormerProject& former) {
+    if (former.saved || states_.empty()) return begin(project, saved);
     forgetRedo();
     while (states_.size() > 1) dropOldest();
     saved_.reset();
     try {
-        push(project, {name, before_, Chosen::in(project), 0});
+        push(project, {name, before_, Chosen::in(project), 0, former.file});
     } catch (const std::bad_alloc&) {
         return begin(project, saved);
     }
@@ -146,7 +146,7 @@ void History::record(const Project& project, unsigned visit) {
     forgetRedo();
     const bool sameVisit = visit != 0 && at_ > 0 && steps_.back().visit == visit && saved_ != at_;
     if (sameVisit) return mergeInto(project, now);
-    push(project, {name_, before_, now, visit});
+    push(project, {name_, before_, now, visit, {}});
 }
 
 /// The step goes on; where it has come back to its start, it is none.
@@ -214,25 +214,28 @@ void History::recordStray(const Project& project) {
     close(project);
 }
 
-bool History::undo(Project& project) {
+bool History::undo(Project& project, std::string& file) {
     if (isOpen()) return false;
     recordStray(project);
     if (at_ == 0) return false;
-    const Step& step = steps_[at_ - 1];
+    Step& step = steps_[at_ - 1];
     Project state = states_[at_ - 1].project;
     chosenAfterUndo(state, states_[at_].project, step.before, step.after).putInto(state);
     project = std::move(state);
+    if (step.otherFile) file.swap(*step.otherFile);
     --at_;
     return true;
 }
 
-bool History::redo(Project& project) {
+bool History::redo(Project& project, std::string& file) {
     if (isOpen()) return false;
     recordStray(project);
     if (at_ == steps_.size()) return false;
+    Step& step = steps_[at_];
     Project state = states_[at_ + 1].project;
-    steps_[at_].after.putInto(state);
+    step.after.putInto(state);
     project = std::move(state);
+    if (step.otherFile) file.swap(*step.otherFile);
     ++at_;
     return true;
 }

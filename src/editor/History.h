@@ -27,6 +27,12 @@ struct Chosen {
     friend bool operator==(const Chosen&, const Chosen&) = default;
 };
 
+/// What is known of an aircraft that another one replaces.
+struct FormerProject {
+    bool saved = true;
+    std::string file;  ///< of its last save or open; empty where it has none
+};
+
 /// The states of the project that the user can go back to, each a whole copy, with the name of the
 /// step between each two. A gesture becomes a step only when the aircraft differs at its end: what
 /// was chosen, and whether it was saved, make none. The oldest states go when all together hold
@@ -40,8 +46,9 @@ public:
     /// Begins anew: there is nothing to go back to from `aircraft`.
     void begin(const Project& aircraft, bool saved);
     /// Another aircraft takes the place of the one in hand: begins anew, but one that was not saved
-    /// can be brought back, as the step `name`.
-    void replace(const std::string& name, const Project& aircraft, bool formerSaved, bool saved);
+    /// can be brought back, as the step `name`, with the name of its file.
+    void replace(const std::string& name, const Project& aircraft, bool saved,
+                 const FormerProject& former);
 
     /// A gesture begins; the first of nested ones counts. `aircraft` is as it stands before.
     void open(const Project& aircraft);
@@ -62,8 +69,9 @@ public:
     /// Puts the state before the last step, or after the next one, into `aircraft`; false, with
     /// nothing changed, where there is none or a gesture is under way. What `aircraft` holds beyond
     /// the last state becomes a step of its own first, so that nothing is lost.
-    bool undo(Project& aircraft);
-    bool redo(Project& aircraft);
+    /// `file` is the project's; it is another one across the border to another aircraft.
+    bool undo(Project& aircraft, std::string& file);
+    bool redo(Project& aircraft, std::string& file);
 
     /// The state in hand is the one that was saved last.
     bool atSaved() const { return saved_ == at_; }
@@ -89,6 +97,8 @@ private:
         Chosen before;
         Chosen after;
         unsigned visit = 0;
+        /// The file of the aircraft on the other side of the step, where that is another one.
+        std::optional<std::string> otherFile;
     };
 
     void record(const Project& aircraft, unsigned visit);

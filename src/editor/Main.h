@@ -46,6 +46,9 @@ public:
     PrefsRecord Prefs;                          ///< what the form of the preferences holds
     bool savedProject = true;                   ///< the model has been saved since its last change
     History history;                            ///< what the user can go back to
+    /// The project's file: full path of the last save or open; empty where it has none yet, and
+    /// where a file could not be read to its end, which must not be written over unasked.
+    std::string projectName;
 
     // reserved
     std::string buffer_filename;
@@ -210,7 +213,7 @@ private:
     /// cleared and fitted at the start, shown at the end. In between nothing old is on the surface
     /// to take off.
     void enterView(const ViewRow& row, bool keepsScale = false);
-    bool stepHistory(bool (History::*step)(Project& aircraft));
+    bool stepHistory(bool (History::*step)(Project& aircraft, std::string& file));
     void showRestored(bool otherUnit);
 
     bool gestureOpen_ = false;

@@ -90,10 +90,10 @@ bool MainForm::redo() {
     return stepHistory(&History::redo);
 }
 
-bool MainForm::stepHistory(bool (History::*step)(Project& project)) {
+bool MainForm::stepHistory(bool (History::*step)(Project& project, std::string& file)) {
     if (anyBusy()) return false;
     const int unit = project.units;
-    if (!(history.*step)(project)) return false;
+    if (!(history.*step)(project, projectName)) return false;
     savedProject = history.atSaved();
     endVisit();
     views.startOver();

@@ -43,7 +43,8 @@ protected:
     void note() {
         const std::size_t steps = Main.history.stepCount();
         Project looking = project;
-        if (Main.history.undo(looking)) Main.history.redo(looking);
+        std::string file;
+        if (Main.history.undo(looking, file)) Main.history.redo(looking, file);
         EXPECT_EQ(Main.history.stepCount(), steps) << "changed without a step";
         states[Main.history.position()] = project;
     }

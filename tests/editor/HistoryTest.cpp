@@ -27,6 +27,7 @@ protected:
 
     Project aircraft;
     History history;
+    std::string file = "/in/hand.vln";
 };
 
 TEST_F(HistoryTest, GoesBackAndForthThroughEveryStep) {
@@ -35,18 +36,18 @@ TEST_F(HistoryTest, GoesBackAndForthThroughEveryStep) {
     edit(200, "Second");
     EXPECT_EQ(*history.undoName(), "Second");
     EXPECT_EQ(history.redoName(), nullptr);
-    ASSERT_TRUE(history.undo(aircraft));
+    ASSERT_TRUE(history.undo(aircraft, file));
     EXPECT_EQ(span(), 100);
     EXPECT_EQ(*history.undoName(), "First");
     EXPECT_EQ(*history.redoName(), "Second");
-    ASSERT_TRUE(history.undo(aircraft));
+    ASSERT_TRUE(history.undo(aircraft, file));
     EXPECT_EQ(aircraft, start);
-    EXPECT_FALSE(history.undo(aircraft));
+    EXPECT_FALSE(history.undo(aircraft, file));
     EXPECT_EQ(aircraft, start);
-    ASSERT_TRUE(history.redo(aircraft));
-    ASSERT_TRUE(history.redo(aircraft));
+    ASSERT_TRUE(history.redo(aircraft, file));
+    ASSERT_TRUE(history.redo(aircraft, file));
     EXPECT_EQ(span(), 200);
-    EXPECT_FALSE(history.redo(aircraft));
+    EXPECT_FALSE(history.redo(aircraft, file));
     EXPECT_EQ(span(), 200);
 }
 
@@ -69,11 +70,11 @@ TEST_F(HistoryTest, WhatIsOnlyChosenMakesNoStep) {
 TEST_F(HistoryTest, AnotherEditForgetsWhatCouldBeMadeAgain) {
     edit(100);
     edit(200);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     edit(300);
     EXPECT_EQ(history.redoName(), nullptr);
     EXPECT_EQ(history.stepCount(), 2U);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_EQ(span(), 100);
 }
 
@@ -83,7 +84,7 @@ TEST_F(HistoryTest, NestedGesturesAreOneStepUnderTheFirstName) {
     edit(100, "Outer");
     aircraft.Rudder.span = 77;
     EXPECT_TRUE(history.isOpen());
-    EXPECT_FALSE(history.undo(aircraft)) << "in mid-gesture";
+    EXPECT_FALSE(history.undo(aircraft, file)) << "in mid-gesture";
     history.close(aircraft);
     EXPECT_EQ(history.stepCount(), 1U);
     EXPECT_EQ(*history.undoName(), "Outer");
@@ -108,7 +109,7 @@ TEST_F(HistoryTest, AVisitGoesOnInAStepOfItsOwnAfterASaveOrAnUndo) {
     history.noteSaved();
     edit(101, "Span", visit);
     ASSERT_EQ(history.stepCount(), 2U);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_TRUE(history.atSaved());
     EXPECT_EQ(span(), 100);
 }
@@ -119,13 +120,13 @@ TEST_F(HistoryTest, TheSavedStateIsFoundAgain) {
     EXPECT_FALSE(history.atSaved());
     history.noteSaved();
     edit(200);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_TRUE(history.atSaved());
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_FALSE(history.atSaved());
     edit(300);
     EXPECT_FALSE(history.atSaved()) << "what was saved has gone with the steps to make again";
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_FALSE(history.atSaved());
 }
 
@@ -137,10 +138,10 @@ TEST_F(HistoryTest, TheChoiceOfTheStepComesBackWhereItExists) {
     aircraft.Fuselages(1).height(1) += 5;
     history.close(aircraft);
     aircraft.Fuselages(1).sel_sec = 3;
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_EQ(aircraft.Fuselages(1).sel_sec, 2) << "the section that the step was about";
     aircraft.Fuselages(1).sel_sec = 1;
-    history.redo(aircraft);
+    history.redo(aircraft, file);
     EXPECT_EQ(aircraft.Fuselages(1).sel_sec, 2);
 }
 
@@ -151,9 +152,9 @@ TEST_F(HistoryTest, ARemovedSectionIsChosenAgain) {
     aircraft.Fuselages(1).sel_sec = 2;
     history.close(aircraft);
     ASSERT_EQ(history.stepCount(), 1U);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_EQ(aircraft.Fuselages(1).sel_sec, 3);
-    history.redo(aircraft);
+    history.redo(aircraft, file);
     EXPECT_EQ(aircraft.Fuselages(1).sel_sec, 2);
 }
 
@@ -164,15 +165,18 @@ TEST_F(HistoryTest, AnotherAircraftBringsBackOneThatWasNotSaved) {
     Project other;
     Plane::setDefaultPlane(other);
     aircraft = other;
-    history.replace("New", aircraft, false, false);
+    history.replace("New", aircraft, false, {false, "/former.vln"});
+    file = "";
     history.close(aircraft);
     EXPECT_EQ(history.stepCount(), 1U);
     EXPECT_EQ(*history.undoName(), "New");
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_EQ(aircraft, former);
     EXPECT_FALSE(history.atSaved());
-    EXPECT_FALSE(history.undo(aircraft)) << "the history has begun anew";
-    history.redo(aircraft);
+    EXPECT_EQ(file, "/former.vln");
+    EXPECT_FALSE(history.undo(aircraft, file)) << "the history has begun anew";
+    history.redo(aircraft, file);
+    EXPECT_EQ(file, "");
     EXPECT_TRUE(sameAircraft(aircraft, other));
 }
 
@@ -180,12 +184,12 @@ TEST_F(HistoryTest, AnotherAircraftForgetsOneThatWasSaved) {
     edit(100);
     history.open(aircraft);
     aircraft.Wings(1).span = 5;
-    history.replace("Open", aircraft, true, true);
+    history.replace("Open", aircraft, true, {true, "/former.vln"});
     history.close(aircraft);
     EXPECT_EQ(history.stepCount(), 0U);
     EXPECT_TRUE(history.atSaved());
     edit(6);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_EQ(span(), 5);
     EXPECT_TRUE(history.atSaved());
 }
@@ -197,9 +201,9 @@ TEST_F(HistoryTest, TheOldestStepsGoWhenTheStatesHoldTooMuch) {
     for (int i = 1; i <= 10; ++i) editIn(small, i);
     EXPECT_EQ(small.stepCount(), 2U);
     EXPECT_LE(small.bytes(), 3 * one + one / 2);
-    while (small.undo(aircraft)) EXPECT_FALSE(small.atSaved());
+    while (small.undo(aircraft, file)) EXPECT_FALSE(small.atSaved());
     EXPECT_EQ(span(), 8);
-    while (small.redo(aircraft)) {
+    while (small.redo(aircraft, file)) {
     }
     EXPECT_EQ(span(), 10);
 }
@@ -210,7 +214,7 @@ TEST_F(HistoryTest, AnAircraftLargerThanAllRoomHasNoStepsAndLosesNothing) {
     editIn(none, 1);
     editIn(none, 2);
     EXPECT_EQ(none.stepCount(), 0U);
-    EXPECT_FALSE(none.undo(aircraft));
+    EXPECT_FALSE(none.undo(aircraft, file));
     EXPECT_EQ(span(), 2);
 }
 
@@ -221,7 +225,7 @@ TEST_F(HistoryTest, TheSavedStateIsKnownWhereOldOnesHaveGone) {
     editIn(small, 2);
     small.noteSaved();
     editIn(small, 3);
-    small.undo(aircraft);
+    small.undo(aircraft, file);
     EXPECT_EQ(span(), 2);
     EXPECT_TRUE(small.atSaved());
 }
@@ -229,10 +233,10 @@ TEST_F(HistoryTest, TheSavedStateIsKnownWhereOldOnesHaveGone) {
 TEST_F(HistoryTest, WhatNoGestureHasChangedIsAStepBeforeItIsTakenBack) {
     edit(100);
     aircraft.Rudder.span = 12;
-    ASSERT_TRUE(history.undo(aircraft));
+    ASSERT_TRUE(history.undo(aircraft, file));
     EXPECT_NE(aircraft.Rudder.span, 12);
     EXPECT_EQ(span(), 100);
-    ASSERT_TRUE(history.redo(aircraft));
+    ASSERT_TRUE(history.redo(aircraft, file));
     EXPECT_EQ(aircraft.Rudder.span, 12);
 }
 
@@ -241,8 +245,8 @@ TEST_F(HistoryTest, WhatACommandAmendsIsNoStep) {
     aircraft.Rudder.texture_filename = "tail-2.bmp";
     history.amend(aircraft);
     EXPECT_EQ(history.stepCount(), 1U);
-    history.undo(aircraft);
-    history.redo(aircraft);
+    history.undo(aircraft, file);
+    history.redo(aircraft, file);
     EXPECT_EQ(aircraft.Rudder.texture_filename, "tail-2.bmp");
 }
 
@@ -252,7 +256,7 @@ TEST_F(HistoryTest, PromisedEntriesArePromisedStill) {
     history.begin(aircraft, true);
     EXPECT_LT(history.bytes(), 1U << 20);
     edit(100);
-    history.undo(aircraft);
+    history.undo(aircraft, file);
     EXPECT_TRUE(aircraft.Fuselages.promised(32767));
     EXPECT_LT(history.bytes(), 2U << 20);
 }
@@ -267,12 +271,13 @@ TEST(HistoryBefore, NothingIsBegunWithTheFirstGesture) {
     Project aircraft;
     Plane::setDefaultPlane(aircraft);
     History history;
-    EXPECT_FALSE(history.undo(aircraft));
+    std::string file;
+    EXPECT_FALSE(history.undo(aircraft, file));
     history.open(aircraft);
     aircraft.Wings(1).span = 4;
     history.close(aircraft);
     EXPECT_EQ(history.stepCount(), 0U);
-    EXPECT_FALSE(history.redo(aircraft));
+    EXPECT_FALSE(history.redo(aircraft, file));
 }
 
 }  // namespace

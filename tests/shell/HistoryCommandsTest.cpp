@@ -234,8 +234,13 @@ TEST_F(HistoryCommandsTest, OpenBringsBackWhatWasNotSavedAndForgetsWhatWas) {
     answerFile(file("a.vln"), 1);
     program.toolbar.click(Key::Open);
     EXPECT_EQ(undoText(), "Open");
+    const std::string opened = Main.projectName;
     undo();
     EXPECT_TRUE(sameAircraft(former, project));
+    EXPECT_EQ(Main.projectName, file("a.vln"));
+    redo();
+    EXPECT_EQ(Main.projectName, opened);
+    undo();
     EXPECT_FALSE(Main.savedProject);
     saveAs("b.vln", 1);
     answerFile(file("a.vln"), 1);

@@ -7,11 +7,14 @@
 #include <string>
 
 #include "shell/ToolbarCommands.h"
+#include "shell/qt/BarMenus.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/Mirrors.h"
 
 namespace velna {
 namespace {
+
+constexpr int arrowWidth = 14;  // pixels
 
 // Where a group of commands begins.
 bool beginsGroup(Toolbar::Key key) {
@@ -25,6 +28,19 @@ void showStep(QToolButton& button, const Toolbar::Button& row, const ControlStat
     const QString keys = row.key == Toolbar::Key::Undo ? "Alt+Backspace" : "Alt+Shift+Backspace";
     const QString what = QString::fromStdString(state.text.empty() ? "" : " " + state.text);
     button.setToolTip(QString("%1%2 (%3)").arg(row.tip, what, keys));
+}
+
+QToolButton* newButton(const Toolbar::Button& row, QWidget* parent) {
+    using enum Toolbar::ButtonKind;
+    auto* button = new QToolButton(parent);
+    button->setIconSize({24, 24});
+    button->setObjectName(row.name);
+    button->setAccessibleName(row.name);
+    button->setToolTip(row.tip);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setCheckable(row.kind == View || row.kind == Toggle);
+    return button;
 }
 
 void addGap(QHBoxLayout& row) {
@@ -46,27 +62,24 @@ Bar::Bar(ToolbarCommands& commands, Mirrors& mirrors, QWidget* parent) : QWidget
     line->setSpacing(1);
     for (const Toolbar::Button& row : Toolbar::buttons()) {
         if (beginsGroup(row.key)) addGap(*line);
-        auto* button = new QToolButton(this);
-        button->setIconSize({24, 24});
-        button->setObjectName(row.name);
-        button->setAccessibleName(row.name);
-        button->setToolTip(row.tip);
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::TabFocus);
-        const bool step = row.kind == Toolbar::ButtonKind::Step;
-        button->setCheckable(row.kind != Toolbar::ButtonKind::Push && !step);
+        QToolButton* button = newButton(row, this);
         line->addWidget(button);
         buttons_.push_back(button);
+        if (QToolButton* arrow = BarMenus::arrowBeside(row.key, commands, this)) {
+            arrow->setFixedWidth(arrowWidth);
+            arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+            line->addWidget(arrow);
+        }
         connect(button, &QToolButton::clicked, this, [&commands, &row, &mirrors] {
             commands.click(row.key);
             // The button has changed by itself; what stands in the state is what counts.
             if (row.state) mirrors.show(*row.state);
         });
         if (row.state) {
-            mirrors.add(*row.state, [button, step, &row](const ControlState& state) {
+            mirrors.add(*row.state, [button, &row](const ControlState& state) {
                 button->setEnabled(state.enabled);
                 button->setChecked(state.checked);
-                if (step) showStep(*button, row, state);
+                if (row.kind == Toolbar::ButtonKind::Step) showStep(*button, row, state);
             });
         }
     }

@@ -1,16 +1,27 @@
 #pragma once
 
-#include <QKeyEvent>
-#include <optional>
+#include <QObject>
 
-#include "shell/ToolbarCommands.h"
+class QKeyEvent;
+class QWidget;
 
 namespace velna {
 
-/// The command that a key press runs wherever in the main window it comes, in a text box too: that
-/// commits its text first. `ctrlZ` is the tick of the preferences: without it Ctrl+Z is the letter
-/// over the drawing and the box's own undo in a text box. A control that gets such a press lets it
-/// go on to the window.
-std::optional<Toolbar::Key> commandOf(const QKeyEvent& event, bool ctrlZ);
+struct Application;
+
+/// The keys that give commands everywhere in the main window, beside the letters over the drawing.
+/// What has been typed into a text box is committed first, as by each key there. In a drag they do
+/// nothing.
+class CommandKeys : public QObject {
+public:
+    CommandKeys(QWidget& window, Application& program);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    QWidget& window_;
+    Application& program_;
+};
 
 }  // namespace velna

@@ -8,7 +8,6 @@
 #include "editor/Main.h"
 #include "editor/ViewZoom.h"
 #include "shell/Helper.h"
-#include "shell/qt/CommandKeys.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
 #include "shell/qt/StripLabel.h"
@@ -163,7 +162,6 @@ void DrawArea::openMenu() {
 
 void DrawArea::keyPressEvent(QKeyEvent* event) {
     if (opensMenu(*event)) return openMenu();
-    if (commandOf(*event, main_.Prefs.ctrlZUndoes)) return event->ignore();
     const std::int16_t code = EventArguments::keyCode(*event);
     if (!event->isAutoRepeat() && !EventArguments::isModifier(code)) ++keysDown_;
     main_.DrawArea_keydown(code, EventArguments::shift(*event));

@@ -12,7 +12,6 @@
 
 #include "shell/Application.h"
 #include "shell/qt/Bar.h"
-#include "shell/qt/CommandKeys.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
@@ -55,7 +54,7 @@ void showHints(QLabel& label, const Place& room) {
 
 /// A dialog's own loop runs: what has opened it goes on with the model when it returns.
 bool insideDialog() {
-    return QThread::currentThread()->loopLevel() > 1;
+    return QThread::currentThread()->loopLevel() > 1 || QApplication::activeModalWidget();
 }
 
 }  // namespace
@@ -291,8 +290,6 @@ void MainWindow::closeAfterDialogs() {
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-    if (const auto command = commandOf(*event, program_.Main.Prefs.ctrlZUndoes))
-        return program_.toolbar.click(*command);
     if (event->key() == Qt::Key_Home && !program_.helper.running)
         return program_.Main.menuClicked(Control::StartView);
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);

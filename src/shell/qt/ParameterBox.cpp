@@ -14,7 +14,6 @@
 
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
-#include "shell/qt/CommandKeys.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
 #include "shell/qt/Mirrors.h"
@@ -56,17 +55,17 @@ bool ParameterBox::event(QEvent* event) {
     // Before the toolkit takes Tab and Enter for its own: they commit too.
     if (event->type() != QEvent::KeyPress) return QLineEdit::event(event);
     const auto& key = static_cast<const QKeyEvent&>(*event);
-    const bool command = commandOf(key, main_.Prefs.ctrlZUndoes).has_value();
-    typing_ = edits(key) && !command;
-    main_.textKeyDown(control_, text().toStdString());
+    typing_ = edits(key);
+    commitTyped();
     // What was refilled while it was being typed is shown now.
     if (!typing_) showText(QString::fromStdString(main_.controls[control_].text));
-    // The window runs it.
-    if (command) event->ignore();
-    if (command) return false;
     const bool taken = !EventArguments::typesWithAlt(key) && QLineEdit::event(event);
     typing_ = false;
     return taken;
+}
+
+void ParameterBox::commitTyped() {
+    main_.textKeyDown(control_, text().toStdString());
 }
 
 void ParameterBox::showState(const ControlState& state) {

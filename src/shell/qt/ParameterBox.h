@@ -24,6 +24,9 @@ public:
     /// typed; a tint and a tip where the model does not hold all of that text.
     void showState(const ControlState& state);
 
+    /// Commits what has been typed, as each key does here.
+    void commitTyped();
+
 protected:
     bool event(QEvent* event) override;
     void initStyleOption(QStyleOptionFrame* option) const override;
