@@ -43,7 +43,7 @@ struct OppositeSurface {
     double height = 0;
 
     /// Looks from point `i` at what is left of `points`.
-    void lookFrom(const Array1<Point3D>& outline, int i, const NearestInX& points) {
+    void lookFrom(const Array1<Point3D>& outline, int i, NearestInX& points) {
         double d1 = farAway;
         double d2 = farAway;
         if (const int nearest = points.nearest(i, farAway); nearest != NearestInX::none) {

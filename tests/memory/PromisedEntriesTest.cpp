@@ -1,45 +1,14 @@
 // What it costs to open a tiny file that promises as many wings or fuselages as a count can:
 // counted in bytes, in a program of its own whose memory no other test has used.
 
-#include <algorithm>
 #include <cstddef>
-#include <cstdlib>
-#include <new>
 #include <string>
 
 #include <gtest/gtest.h>
 
+#include "CountedMemory.h"
 #include "editor/PanelTable.h"
 #include "support/ShellFixture.h"
-
-namespace {
-
-std::size_t bytesNow = 0;
-std::size_t bytesMost = 0;
-constexpr std::size_t headRoom = alignof(std::max_align_t);
-
-}  // namespace
-
-// Before each block stands its size.
-void* operator new(std::size_t size) {
-    auto* block = static_cast<std::byte*>(std::malloc(size + headRoom));
-    if (!block) throw std::bad_alloc();
-    *reinterpret_cast<std::size_t*>(block) = size;
-    bytesNow += size;
-    bytesMost = std::max(bytesMost, bytesNow);
-    return block + headRoom;
-}
-
-void operator delete(void* pointer) noexcept {
-    if (!pointer) return;
-    auto* block = static_cast<std::byte*>(pointer) - headRoom;
-    bytesNow -= *reinterpret_cast<std::size_t*>(block);
-    std::free(block);
-}
-
-void operator delete(void* pointer, std::size_t) noexcept {
-    operator delete(pointer);
-}
 
 namespace velna::test {
 namespace {
@@ -67,8 +36,7 @@ protected:
     double opened(const std::string& bytes) {
         const std::string file = (folder / "tiny.vln").string();
         writeFile(file, bytes);
-        const std::size_t before = bytesNow;
-        bytesMost = bytesNow;
+        const std::size_t before = CountedMemory::begin();
         dialogs.files.push_back({file, 1});
         program.toolbar.click(Key::Open);
         EXPECT_EQ(dialogs.story(), "open");
@@ -76,7 +44,7 @@ protected:
             program.toolbar.click(view);
             Main.DrawArea_MouseMove(0, 0, 450, 250);
         }
-        return static_cast<double>(bytesMost - before) / megabytes;
+        return static_cast<double>(CountedMemory::most - before) / megabytes;
     }
 };
 
