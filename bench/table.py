@@ -10,11 +10,20 @@ import statistics
 import subprocess
 import sys
 
-# Program, row, its reference in the same program, and the bar: at most so many times the reference. A row without
-# a reference carries its ratio itself.
+# Program, row, its reference in the same program, and the bar: at most so many times the reference, a point for a
+# point where both count their points, so that a step's largest size beside its smallest shows how it grows. A row
+# without a reference carries its ratio itself.
 ROWS = [
     ("mesh", "createOneExponent", "writePointsFromTables", 1.2),
-    ("mesh", "createOwnExponents", "powersAlone", 1.2),
+    ("mesh", "createOwnExponents", "writePointsFromPowers", 1.2),
+    ("growth", "importAirfoil/32767", "importAirfoil/32", 1.5),
+    ("growth", "importAirfoil/32767", "readNumbersAlone/32767", 3),
+    ("growth", "rebuildHull/3997574/process_time", "rebuildHull/4000/process_time", 1.3),
+    ("growth", "rebuildHullByTheClock/real_time", "rebuildHullInOneThread/real_time", 1.1),
+    ("growth", "hullMemory/iterations:1", None, 1.1),
+    ("growth", "frontOfSelected", "frontOfAll", 0.2),
+    ("live", "dragStep/100000/process_time", "replay/100000/process_time", 1.15),
+    ("live", "sliderStep/60000/process_time", "replay/60000/process_time", 1.15),
     ("scene", "replayedFrame/process_time", "replayedFrameBare/process_time", 1.1),
     ("scene", "rebuild/bodies:0/process_time", "replayedFrame/process_time", 1.1),
     ("scene", "rebuild/bodies:1/process_time", "rebuild/bodies:0/process_time", 1.15),
@@ -32,7 +41,7 @@ ROWS = [
 ]
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "views", "scene", "picture", "history", "output", "project", "raster"]
+PROGRAMS = ["mesh", "growth", "views", "scene", "live", "picture", "history", "output", "project", "raster"]
 
 
 def run(build, program):
@@ -47,7 +56,14 @@ def ratio_of(rows, row, reference):
     """How many times the reference a row takes in one run; None where it was not measured."""
     if row not in rows or "error_occurred" in rows[row] or (reference and reference not in rows):
         return None
-    return rows[row]["ratio"] if reference is None else rows[row]["cpu_time"] / rows[reference]["cpu_time"]
+    return rows[row]["ratio"] if reference is None else time_of(rows[row]) / time_of(rows[reference])
+
+
+def time_of(row):
+    """A row's time, by the clock where it is measured so; of one point where it counts them."""
+    if "items_per_second" in row:
+        return 1 / row["items_per_second"]
+    return row["real_time" if row["name"].endswith("/real_time") else "cpu_time"]
 
 
 def wanted(program, rows):

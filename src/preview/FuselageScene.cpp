@@ -56,13 +56,13 @@ struct PairDrawer {
     const Point3D* normals;
     const Point3D* nextNormals;
     int j;
+    double nextU;  ///< of section `j` + 1; round the section both have the same places
 
     void draw(int i, int place) const {
         if (mesh.picture.texture_loaded) {
             const Point2D here = mesh.texCoordAt(place, j);
-            const Point2D there = mesh.texCoordAt(place, j + 1);
             emitVertex(row[i], normals[i - 1], here.x, here.y);
-            emitVertex(next[i], nextNormals[i - 1], there.x, there.y);
+            emitVertex(next[i], nextNormals[i - 1], nextU, here.y);
         } else {
             emitVertex(row[i], normals[i - 1]);
             emitVertex(next[i], nextNormals[i - 1]);
@@ -78,7 +78,8 @@ void drawStrips(const BodySolid& mesh, bool mirrored, FuselageArrays& arrays) {
     const Point3D* row = sectionRow(mesh, 1, mirrored, arrays);
     for (int j = 1; j < mesh.sections(); ++j) {
         const Point3D* next = sectionRow(mesh, j + 1, mirrored, arrays);
-        const PairDrawer pair{mesh, row, next, normals, normals + cross, j};
+        const double nextU = mesh.texCoordAt(1, j + 1).x;
+        const PairDrawer pair{mesh, row, next, normals, normals + cross, j, nextU};
         glBegin(GL_TRIANGLE_STRIP);
         for (int i = 1; i <= cross; ++i) pair.draw(i, i);
         pair.draw(1, cross);
