@@ -85,6 +85,7 @@ void Settings::readAgain(const std::string& key) {
 
 Outcome Settings::store(const std::string& key, const std::vector<std::string>& texts) {
     entries_[key] = texts;
+    if (folder_.empty()) return {};
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
     Entries stored = readEntries(folder_ + fileTitle);

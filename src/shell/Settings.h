@@ -34,7 +34,7 @@ public:
 
     /// Remembers `texts` under `key`, at once and in the file: what another running program has
     /// stored there under other names meanwhile stays. When the file cannot be written, this
-    /// program remembers them all the same.
+    /// program remembers them all the same; before `load` it only does that.
     Outcome store(const std::string& key, const std::vector<std::string>& texts);
     Outcome storeFlag(const std::string& key, bool on) { return store(key, {on ? yes : no}); }
 

@@ -18,6 +18,7 @@ protected:
     void SetUp() override {
         PreviewTest::SetUp();
         GlTape::foldsVertices = true;
+        GlTape::forgetLists();
         openPicture();
     }
     void TearDown() override {
@@ -36,8 +37,14 @@ protected:
     std::vector<json> shownAnew() {
         solids = {};
         GlTape::calls().clear();
-        rendering.recreateRenderContext();
+        loseContext();
         return whole();
+    }
+
+    /// Another context, without the lists of the former.
+    void loseContext() {
+        GlTape::forgetLists();
+        rendering.recreateRenderContext();
     }
 
     /// After a change: `lists` are there, and show what all of them made anew show.
@@ -172,7 +179,7 @@ TEST_F(HugeScenes, ObjectsThatComeAndGoBetweenRebuildsLeaveNoListBehind) {
             Equipment::resizeEquipments(project, nbEquipments);
             Equipments(count(nbEquipments)).pos = vary();
         }
-        if (round % 5 == 4) rendering.recreateRenderContext();
+        if (round % 5 == 4) loseContext();
         const std::vector<json> changed = shown();
         EXPECT_LE(GlTape::objectListCount(), objects()) << round;
         const int lists = GlTape::objectListCount();
@@ -187,14 +194,14 @@ TEST_F(HugeScenes, ALostContextDuringAChangeShowsTheSame) {
     shape(Fuselages(1), 50, 20);
     shown();
     Fuselages(1).width(7) += 5;
-    rendering.recreateRenderContext();
+    loseContext();
     EXPECT_EQ(GlTape::objectListCount(), objects());
     Fuselages(1).width(7) += 5;
     expectShownWith(objects(), "a change after it");
     Fuselages(1).width(7) += 5;
     rendering.destroyRenderContext();
     rendering.renderScene(true);
-    rendering.recreateRenderContext();
+    loseContext();
     EXPECT_EQ(GlTape::objectListCount(), objects());
     Fuselages(1).nb_cross = 7;
     expectShownWith(objects(), "another number of points after that");

@@ -48,6 +48,7 @@ protected:
     void expectWholePicture(const char* after) {
         const std::vector<json> shown = pictureNow();
         EXPECT_FALSE(shown.empty()) << after;
+        GlTape::forgetLists();
         program.rendering.recreateRenderContext();
         EXPECT_TRUE(pictureNow() == shown) << after;
         EXPECT_EQ(GlTape::objectListCount(), nbWings + nbFuselages + nbEquipments + 2) << after;

@@ -40,6 +40,13 @@ TEST_F(SettingsTest, WhatIsStoredComesBackInAnotherProgram) {
     EXPECT_TRUE(loaded().flag(SettingKey::ctrlZ));
 }
 
+TEST_F(SettingsTest, NothingIsWrittenBeforeTheFolderIsKnown) {
+    Settings settings;
+    ASSERT_TRUE(settings.storeFlag(SettingKey::ctrlZ, true).isDone());
+    EXPECT_TRUE(settings.flag(SettingKey::ctrlZ));
+    EXPECT_FALSE(std::filesystem::exists("settings.txt"));
+}
+
 TEST_F(SettingsTest, AnEmptyListAndAClearedFlagStayWhatTheyAre) {
     Settings settings = loaded();
     ASSERT_TRUE(settings.store(SettingKey::recent, {"/a"}).isDone());

@@ -31,7 +31,6 @@ public:
     bool create() override {
         GlTape::add({"create"});
         GlTape::hasContext = creationWorks;
-        GlTape::forgetLists();
         return creationWorks;
     }
     void destroy() override {
