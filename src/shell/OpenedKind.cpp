@@ -42,10 +42,13 @@ void checkPicture(const std::string& file) {
 
 /// On an aircraft of its own: a file that fails must not leave half its points on the wing.
 void checkAirfoil(const std::string& file) {
+    constexpr std::size_t fewest = 3;  // a triangle
     Project scratch;
     Plane::setDefaultPlane(scratch);
     try {
-        loadAirfoilBytes(scratch, prepareAirfoilBytes(readWholeFile(file)));
+        const std::string bytes = prepareAirfoilBytes(readWholeFile(file));
+        loadAirfoilBytes(scratch, bytes);
+        if (countAirfoilPoints(bytes) < fewest) throw ReadFailure("too few points");
     } catch (const ReadFailure& failure) {
         throw ReadFailure(file + ": no airfoil (" + failure.what() + ")");
     }

@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "FileCommandsFixture.h"
 #include "shell/Recovery.h"
 #include "support/Drag.h"
@@ -28,7 +30,8 @@ protected:
         Main.savedProject = false;
     }
     void look(std::chrono::seconds later = 0s) {
-        time += later;
+        // Commands look too, by the real clock.
+        time = std::max(time, Recovery::Clock::now()) + later;
         program.recovery.look(Main.projectName, time);
         program.recovery.finish();
     }

@@ -119,7 +119,6 @@ class Outside(base.WindowTest):
             source.stdin.write("".join(address + "\r\n" for address in addresses))
             source.stdin.close()
             self.assertEqual(source.stdout.readline().strip(), "ready")
-            wait_for(lambda: self.screen.tool("search", "--onlyvisible", "--class", "velna_drag_source"), "the source")
             x, y = at
             self.screen.tool("mousemove", 30, 20, "mousedown", 1, "sleep", 0.1)
             for step in range(1, 9):

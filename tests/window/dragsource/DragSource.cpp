@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <iostream>
 #include <iterator>
+#include <utility>
 
 namespace {
 
@@ -17,11 +18,16 @@ class Source : public QLabel {
 public:
     explicit Source(QByteArray list) : QLabel("drag me"), list_(std::move(list)) {
         setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                       Qt::X11BypassWindowManagerHint);
+                       Qt::X11BypassWindowManagerHint | Qt::WindowDoesNotAcceptFocus);
+        setAttribute(Qt::WA_ShowWithoutActivating);
         setGeometry(0, 0, 80, 40);
     }
 
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (!std::exchange(shown_, true)) say("ready");
+    }
     void mouseMoveEvent(QMouseEvent* event) override {
         if (event->buttons() == Qt::NoButton) return;
         auto* carried = new QMimeData;
@@ -29,11 +35,16 @@ protected:
         auto* drag = new QDrag(this);
         drag->setMimeData(carried);
         const bool taken = drag->exec(Qt::CopyAction | Qt::MoveAction) == Qt::CopyAction;
-        std::puts(taken ? "taken" : "refused");
-        std::fflush(stdout);
+        say(taken ? "taken" : "refused");
     }
 
 private:
+    void say(const char* word) {
+        std::puts(word);
+        std::fflush(stdout);
+    }
+
+    bool shown_ = false;
     QByteArray list_;
 };
 
@@ -44,7 +55,5 @@ int main(int argc, char** argv) {
     const std::string list{std::istreambuf_iterator<char>(std::cin), {}};
     Source source(QByteArray::fromStdString(list));
     source.show();
-    std::puts("ready");
-    std::fflush(stdout);
     return QApplication::exec();
 }
