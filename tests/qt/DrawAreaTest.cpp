@@ -113,11 +113,12 @@ TEST_F(DrawAreaEvents, ADoubleClickPressesAgain) {
     EXPECT_EQ(Main.views.fuselage().grip.paint, FuselagePart::bar);
 }
 
-TEST_F(DrawAreaEvents, TheWheelMovesNothing) {
-    QWheelEvent event({250, 240}, {250, 240}, {}, {0, 120}, {}, {}, Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&widget, &event);
-    EXPECT_TRUE(area.calls.empty());
-    EXPECT_EQ(Main.view.zoom, 1);
+TEST_F(DrawAreaEvents, TheWheelMovesNothingOfTheAircraft) {
+    const Project before = project;
+    wheel({250, 240}, {120, 120});
+    EXPECT_TRUE(project == before);
+    EXPECT_FALSE(Main.anyBusy());
+    EXPECT_TRUE(Main.savedProject);
 }
 
 TEST_F(DrawAreaEvents, AReleaseThatTheMenuHasTakenEndsTheDragAtTheNextMove) {

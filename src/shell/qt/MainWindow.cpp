@@ -65,7 +65,10 @@ MainWindow::MainWindow(Application& program) : program_(program), mirrors_(progr
     setWindowIcon(Drawings::icon("icons/VTop", QColor("#2f80d0")));
 }
 
-MainWindow::~MainWindow() = default;
+// The focus goes from one part to the next while they go.
+MainWindow::~MainWindow() {
+    qApp->disconnect(this);
+}
 
 void MainWindow::build(bool smallFonts) {
     smallFonts_ = smallFonts;
