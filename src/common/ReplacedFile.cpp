@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <set>
 #include <system_error>
 
@@ -45,12 +46,21 @@ std::string resolved(std::string path) {
     return path;
 }
 
+/// What the user takes from the permissions of new files. The call that tells it also sets it, for
+/// all threads at once: the system's record of the process is read instead.
+mode_t creationMask() {
+    constexpr std::string_view key = "Umask:";
+    constexpr mode_t usual = 022;
+    std::ifstream record("/proc/self/status");
+    for (std::string line; std::getline(record, line);)
+        if (line.starts_with(key))
+            return static_cast<mode_t>(std::strtoul(line.c_str() + key.size(), nullptr, 8));
+    return usual;
+}
+
 /// The permissions of the old file, so that replacing it does not change who may read it.
 mode_t modeFor(const struct stat* old) {
-    if (old != nullptr) return old->st_mode & 07777;
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return modeOfNewFiles & ~mask;
+    return old != nullptr ? old->st_mode & 07777 : modeOfNewFiles & ~creationMask();
 }
 
 /// Makes the new names durable: without it the renames may be lost with the power.
@@ -125,14 +135,9 @@ ReplacedFile::~ReplacedFile() {
     if (!old_.empty()) ::unlink(old_.c_str());
 }
 
-void ReplacedFile::line(std::string_view text) {
-    buffer_.append(text);
-    buffer_.append("\r\n");
-}
-
 void ReplacedFile::append(std::string_view text) {
-    if (buffer_.size() + text.size() < flushSize) {
-        buffer_.append(text);
+    if (buffer().size() + text.size() < flushSize) {
+        buffer().append(text);
         return;
     }
     flush();
@@ -179,8 +184,8 @@ void ReplacedFile::write(std::string_view bytes) {
 }
 
 void ReplacedFile::flush() {
-    write(buffer_);
-    buffer_.clear();
+    write(buffer());
+    buffer().clear();
 }
 
 /// All bytes on disk, and the file closed.

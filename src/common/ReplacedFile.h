@@ -1,11 +1,12 @@
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "common/TextSink.h"
 
 namespace velna {
 
@@ -18,28 +19,14 @@ enum class Links { followed, replaced };
 /// file stands whole, and an unfinished new file is removed. The first failure is kept; what is
 /// appended after it is dropped. Further files can go with it (`beside`), all or none. What a
 /// killed run has left unfinished in the folder goes too, once it is a day old.
-class ReplacedFile {
+class ReplacedFile : public TextSink {
 public:
     /// Opens the new file beside `target`; on failure `error()` tells the reason.
     explicit ReplacedFile(std::string target, Links links = Links::followed);
-    ~ReplacedFile();
-
-    ReplacedFile(const ReplacedFile&) = delete;
-    ReplacedFile& operator=(const ReplacedFile&) = delete;
-
-    /// The buffer to append to; call `flushIfFull` now and then (after each record or line).
-    std::string& buffer() { return buffer_; }
-
-    /// Appends `text` and a CR LF.
-    void line(std::string_view text);
+    ~ReplacedFile() override;
 
     /// Appends `text`; what is large goes into the file at once.
     void append(std::string_view text);
-
-    /// Writes the buffer out when it has grown past 64 KiB, so that memory stays bounded.
-    void flushIfFull() {
-        if (buffer_.size() >= flushSize) flush();
-    }
 
     /// Writes a further new file of these bytes, to take the place of `target` (a link there is
     /// replaced) together with this one; the same target given again gets the later bytes. A
@@ -66,13 +53,11 @@ public:
     const std::string& temporary() const { return temporary_; }
 
 private:
-    static constexpr std::size_t flushSize = 65536;
-
     ReplacedFile() = default;
 
     void open(Links links);
     void write(std::string_view bytes);
-    void flush();
+    void flush() override;
     void complete();
     void fail();
     void failFor(const ReplacedFile& file);
@@ -86,7 +71,6 @@ private:
     std::string target_;
     std::string temporary_;
     std::string old_;  ///< a second name or a copy of the old file while others take their places
-    std::string buffer_;
     std::string error_;
     std::optional<std::string>
         swept_;  ///< the folder last looked through for what a killed run has left

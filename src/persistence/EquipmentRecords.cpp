@@ -20,7 +20,7 @@ constexpr const char* boxHead = "ElectroBox";
 
 namespace Equipment {
 
-void saveEquipments(ReplacedFile& file, const Project& project) {
+void saveEquipments(TextSink& file, const Project& project) {
     saveInteger(file, project.nbEquipments);
     for (int i = 1; i <= project.nbEquipments; ++i)
         saveRecord<ElectroBox>(file, boxHead, project.Equipments(i), boxRecord);

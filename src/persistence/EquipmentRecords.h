@@ -2,14 +2,14 @@
 
 namespace velna {
 
-class ReplacedFile;
+class TextSink;
 class ValueReader;
 struct Project;
 
 namespace Equipment {
 
 /// The count and the boxes; the record is the same in every version.
-void saveEquipments(ReplacedFile& file, const Project& project);
+void saveEquipments(TextSink& file, const Project& project);
 /// Throws ReadFailure where the file fails; what was read before stands.
 void readEquipments(ValueReader& file, Project& project);
 

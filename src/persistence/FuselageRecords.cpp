@@ -128,7 +128,7 @@ namespace Fuselage {
 
 namespace {
 
-void saveBody(ReplacedFile& file, const Body& body) {
+void saveBody(TextSink& file, const Body& body) {
     saveRecord<Body>(file, bodyHead, body, currentBody);
     for (int i = 1; i <= body.nb_sections; ++i) {
         const int k = body.storageIndex(i);
@@ -139,7 +139,7 @@ void saveBody(ReplacedFile& file, const Body& body) {
 
 }  // namespace
 
-void saveFuselages(ReplacedFile& file, const Project& project) {
+void saveFuselages(TextSink& file, const Project& project) {
     saveInteger(file, project.nbFuselages);
     for (int i = 1; i <= project.nbFuselages; ++i) saveBody(file, project.Fuselages(i));
 }

@@ -2,7 +2,7 @@
 
 namespace velna {
 
-class ReplacedFile;
+class TextSink;
 class ValueReader;
 struct Project;
 
@@ -11,7 +11,7 @@ struct Project;
 namespace Fuselage {
 
 /// The count and the fuselages, the sections in their order, nose to tail.
-void saveFuselages(ReplacedFile& file, const Project& project);
+void saveFuselages(TextSink& file, const Project& project);
 void readFuselages(ValueReader& file, Project& project);
 void readFuselagesV120(ValueReader& file, Project& project);
 void readFuselagesV101(ValueReader& file, Project& project);

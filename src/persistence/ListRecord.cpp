@@ -1,7 +1,7 @@
 #include "persistence/ListRecord.h"
 
 #include "common/NumberText.h"
-#include "common/ReplacedFile.h"
+#include "common/TextSink.h"
 #include "common/ValueReader.h"
 #include "model/MeshSections.h"
 #include "model/Project.h"
@@ -15,7 +15,7 @@ constexpr const char* listHead = "ObjectList";
 
 }  // namespace
 
-void saveList(ReplacedFile& file, const ObjectListRecord& list) {
+void saveList(TextSink& file, const ObjectListRecord& list) {
     file.line(listHead);
     saveInteger(file, static_cast<long long>(list.rows.size()));
     for (const FuselageRow& row : list.rows) {

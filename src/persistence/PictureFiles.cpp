@@ -5,7 +5,7 @@
 #include <system_error>
 #include <utility>
 
-#include "common/ReplacedFile.h"
+#include "common/TextSink.h"
 #include "common/ValueReader.h"
 #include "model/MeshSections.h"
 #include "model/Project.h"
@@ -69,7 +69,7 @@ void forEachObject(Aircraft& project, Visit visit) {
 
 }  // namespace
 
-std::vector<std::string> saveTextureNames(ReplacedFile& file, const Project& project,
+std::vector<std::string> saveTextureNames(TextSink& file, const Project& project,
                                           PictureCopies& copies) {
     std::vector<std::string> titles;
     forEachObject(project, [&](const auto& object) {
@@ -79,23 +79,42 @@ std::vector<std::string> saveTextureNames(ReplacedFile& file, const Project& pro
     return titles;
 }
 
-void keepTitles(Project& project, const std::vector<std::string>& titles) {
-    auto title = titles.begin();
-    const auto keep = [&](auto& object) { object.qualified_texture_filename = *title++; };
-    // A title that stays leaves a promised entry promised.
-    const auto keepAll = [&](auto& list, int count) {
-        for (int i = 1; i <= count; ++i) {
-            if (std::as_const(list)(i).qualified_texture_filename == *title) {
-                ++title;
-            } else {
-                keep(list(i));
-            }
+std::vector<PictureName> picturesOf(const Project& project) {
+    std::vector<PictureName> pictures;
+    forEachObject(project, [&](const auto& object) {
+        pictures.push_back({textureName(object), object.qualified_texture_filename});
+    });
+    return pictures;
+}
+
+void setPictures(Project& project, const std::vector<PictureName>& pictures) {
+    auto picture = pictures.begin();
+    const auto set = [&](const auto& object, auto changed) {
+        if (picture == pictures.end()) return;
+        // A picture that stays leaves a promised entry promised.
+        if (!(*picture == PictureName{textureName(object), object.qualified_texture_filename})) {
+            setTextureName(changed(), picture->file);
+            changed().qualified_texture_filename = picture->title;
         }
+        ++picture;
     };
-    keepAll(project.Wings, project.nbWings);
-    keep(project.Stabilizer);
-    keepAll(project.Fuselages, project.nbFuselages);
-    keep(project.Rudder);
+    const auto setAll = [&](auto& list, int count) {
+        for (int i = 1; i <= count; ++i)
+            set(
+                std::as_const(list)(i), [&]() -> auto& { return list(i); });
+    };
+    setAll(project.Wings, project.nbWings);
+    set(
+        project.Stabilizer, [&]() -> auto& { return project.Stabilizer; });
+    setAll(project.Fuselages, project.nbFuselages);
+    set(
+        project.Rudder, [&]() -> auto& { return project.Rudder; });
+}
+
+void keepTitles(Project& project, const std::vector<std::string>& titles) {
+    std::vector<PictureName> pictures = picturesOf(project);
+    for (std::size_t i = 0; i < pictures.size(); ++i) pictures[i].title = titles[i];
+    setPictures(project, pictures);
 }
 
 // They are the last lines, and the only ones there that are texts.

@@ -8,7 +8,7 @@
 namespace velna {
 
 class PictureCopies;
-class ReplacedFile;
+class TextSink;
 class ValueReader;
 struct Project;
 
@@ -17,7 +17,7 @@ namespace PictureFiles {
 
 /// Writes the names, and has a copy of each picture made: the wings', the stabiliser's, the
 /// fuselages', the fin's. Returns the titles as they now stand in the file, in that order.
-std::vector<std::string> saveTextureNames(ReplacedFile& file, const Project& project,
+std::vector<std::string> saveTextureNames(TextSink& file, const Project& project,
                                           PictureCopies& copies);
 
 /// Gives the objects the titles that a save has put into the file.
@@ -28,6 +28,20 @@ std::set<std::string> namesIn(std::string_view bytes);
 
 /// Reads the names; the pictures are looked for in `projectDirectory` when they are first used.
 void readTextureNames(ValueReader& file, Project& project);
+
+/// The picture of one object: its full path and its title.
+struct PictureName {
+    std::string file;
+    std::string title;
+
+    friend bool operator==(const PictureName&, const PictureName&) = default;
+};
+
+/// The objects' pictures as the model has them, in the order of the names in a file.
+std::vector<PictureName> picturesOf(const Project& project);
+
+/// Gives the objects their pictures, as far as `pictures` has some.
+void setPictures(Project& project, const std::vector<PictureName>& pictures);
 
 /// Folder and title joined, an empty text for an empty title. A title that stands there only in
 /// other letters, upper for lower case, gives the name as it stands.

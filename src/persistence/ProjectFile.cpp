@@ -23,19 +23,6 @@ namespace {
 
 constexpr const char* refusedVersion = "The vln file version 0.1.x is not any more supported";
 
-/// All lines in front of the pictures' names.
-void saveBlocks(ReplacedFile& target, const Project& project) {
-    target.line(std::string(projectHead) + " " + versionText);
-    MainWing::saveWings(target, project);
-    saveWing(target, project.Stabilizer);
-    Fuselage::saveFuselages(target, project);
-    saveFin(target, project.Rudder);
-    Equipment::saveEquipments(target, project);
-    saveFlag(target, project.units == inches);
-    saveList(target, project.ObjectList);
-    MainWing::saveWingAirfoils(target, project);
-}
-
 /// All lines behind the first. The numbers stand as they were written, in the file's unit.
 void readBlocks(ValueReader& file, Project& project, const ProjectFormat& format) {
     format.readWings(file, project);
@@ -52,6 +39,18 @@ void readBlocks(ValueReader& file, Project& project, const ProjectFormat& format
 }
 
 }  // namespace
+
+void saveBlocks(TextSink& target, const Project& project) {
+    target.line(std::string(projectHead) + " " + versionText);
+    MainWing::saveWings(target, project);
+    saveWing(target, project.Stabilizer);
+    Fuselage::saveFuselages(target, project);
+    saveFin(target, project.Rudder);
+    Equipment::saveEquipments(target, project);
+    saveFlag(target, project.units == inches);
+    saveList(target, project.ObjectList);
+    MainWing::saveWingAirfoils(target, project);
+}
 
 Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures) {
     ReplacedFile target(file);
@@ -88,10 +87,12 @@ bool readProjectBytes(Project& project, std::string_view bytes) {
     return true;
 }
 
-Outcome readProject(Project& project, const std::string& file) {
+Outcome readProject(Project& project, const std::string& file, bool* whole) {
     project.projectDirectory = folderOf(file);
+    if (whole) *whole = false;
     try {
         if (!readProjectBytes(project, readWholeFile(file))) return Outcome::failed(refusedVersion);
+        if (whole) *whole = true;
     } catch (const ReadFailure& failure) {
         // No matter for a message box: what was read so far stands.
         complain(file, failure.what());

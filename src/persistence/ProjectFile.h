@@ -9,6 +9,7 @@ namespace velna {
 
 struct PictureStore;
 struct Project;
+class TextSink;
 
 namespace Plane {
 
@@ -17,14 +18,17 @@ namespace Plane {
 /// only a picture could not be put beside it.
 Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures);
 
+/// Writes all lines of a project but the names of its pictures, which follow them in a file.
+void saveBlocks(TextSink& target, const Project& project);
+
 /// Failed with the reason where `file` is no project: it cannot be read, or it neither begins as a
 /// project does nor gives even a first wing.
 Outcome checkProject(const std::string& file);
 
 /// Replaces what stands in `project` by the file's; expects setDefaultPlane to have run. Never
 /// fails aloud: what was read before a failure stands. Failed only with the one message that a
-/// refused version has.
-Outcome readProject(Project& project, const std::string& file);
+/// refused version has. `whole` is set to whether the file was read to its end.
+Outcome readProject(Project& project, const std::string& file, bool* whole = nullptr);
 
 /// The same from a project's bytes. Returns false, with nothing read, for a version that is not
 /// supported any more. Throws ReadFailure where the file fails; what was read before stands.

@@ -9,7 +9,7 @@
 
 #include "common/NumberText.h"
 #include "common/Point.h"
-#include "common/ReplacedFile.h"
+#include "common/TextSink.h"
 #include "common/ValueReader.h"
 
 namespace velna {
@@ -51,21 +51,21 @@ constexpr std::array<Field, N + M> joined(const std::array<Field, N>& first,
 }
 
 /// A line with a number, a whole number, or a text in quotes.
-inline void saveNumber(ReplacedFile& file, double value) {
+inline void saveNumber(TextSink& file, double value) {
     appendNumber(file.buffer(), value);
     file.line({});
 }
 
-inline void saveInteger(ReplacedFile& file, long long value) {
+inline void saveInteger(TextSink& file, long long value) {
     appendInteger(file.buffer(), value);
     file.line({});
 }
 
-inline void saveFlag(ReplacedFile& file, bool value) {
+inline void saveFlag(TextSink& file, bool value) {
     file.line(value ? "#TRUE#" : "#FALSE#");
 }
 
-inline void saveText(ReplacedFile& file, std::string_view text) {
+inline void saveText(TextSink& file, std::string_view text) {
     file.buffer() += '"';
     file.buffer() += text;
     file.line("\"");
@@ -75,7 +75,7 @@ inline void saveText(ReplacedFile& file, std::string_view text) {
 template <class Object>
 class FieldWriter {
 public:
-    FieldWriter(ReplacedFile& file, const Object& object) : file_(file), object_(object) {}
+    FieldWriter(TextSink& file, const Object& object) : file_(file), object_(object) {}
 
     void operator()(double Object::*field) const { saveNumber(file_, object_.*field); }
     void operator()(std::int16_t Object::*field) const { saveInteger(file_, object_.*field); }
@@ -87,7 +87,7 @@ public:
     void operator()(DroppedNumber) const { saveNumber(file_, 0); }
 
 private:
-    ReplacedFile& file_;
+    TextSink& file_;
     const Object& object_;
 };
 
@@ -117,7 +117,7 @@ private:
 
 /// Writes `fields` of `object`, a line each.
 template <class Object>
-void saveFields(ReplacedFile& file, const Object& object, RecordFields<Object> fields) {
+void saveFields(TextSink& file, const Object& object, RecordFields<Object> fields) {
     for (const auto& field : fields) std::visit(FieldWriter<Object>(file, object), field);
 }
 
@@ -137,7 +137,7 @@ void readRecord(ValueReader& file, Object& object, RecordFields<Object> fields) 
 
 /// The same on the way out, under the head word `head`.
 template <class Object>
-void saveRecord(ReplacedFile& file, std::string_view head, const Object& object,
+void saveRecord(TextSink& file, std::string_view head, const Object& object,
                 RecordFields<Object> fields) {
     file.line(head);
     saveFields(file, object, fields);

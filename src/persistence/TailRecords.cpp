@@ -29,7 +29,7 @@ constexpr const char* finHead = "Rudder";
 
 }  // namespace
 
-void saveFin(ReplacedFile& file, const Fin& fin) {
+void saveFin(TextSink& file, const Fin& fin) {
     saveRecord<Fin>(file, finHead, fin, currentFin);
 }
 

@@ -2,14 +2,14 @@
 
 namespace velna {
 
-class ReplacedFile;
+class TextSink;
 class ValueReader;
 class VertWingSection;
 
 // The record of the fin. A read throws ReadFailure where the file fails; the fields behind the
 // failure keep their values.
 
-void saveFin(ReplacedFile& file, const VertWingSection& fin);
+void saveFin(TextSink& file, const VertWingSection& fin);
 void readFin(ValueReader& file, VertWingSection& fin);
 void readFinV101(ValueReader& file, VertWingSection& fin);
 void readFinV030(ValueReader& file, VertWingSection& fin);

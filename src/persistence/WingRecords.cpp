@@ -45,7 +45,7 @@ void readTwoWings(ValueReader& file, Project& project, void (*read)(ValueReader&
 
 }  // namespace
 
-void saveWing(ReplacedFile& file, const Wing& wing) {
+void saveWing(TextSink& file, const Wing& wing) {
     saveRecord<Wing>(file, wingHead, wing, currentWingRecord);
 }
 
@@ -65,7 +65,7 @@ namespace MainWing {
 
 namespace {
 
-void saveAirfoil(ReplacedFile& file, const Wing& wing) {
+void saveAirfoil(TextSink& file, const Wing& wing) {
     // An old record may promise more points than there are; a point that is not there is not made
     // up.
     const int count = wing.pointCount();
@@ -90,7 +90,7 @@ void readAirfoil(ValueReader& file, Wing& wing) {
 
 }  // namespace
 
-void saveWings(ReplacedFile& file, const Project& project) {
+void saveWings(TextSink& file, const Project& project) {
     saveInteger(file, project.nbWings);
     for (int i = 1; i <= project.nbWings; ++i) saveWing(file, project.Wings(i));
 }
@@ -113,7 +113,7 @@ void readWingsV0212(ValueReader& file, Project& project) {
     readTwoWings(file, project, readWingV0212);
 }
 
-void saveWingAirfoils(ReplacedFile& file, const Project& project) {
+void saveWingAirfoils(TextSink& file, const Project& project) {
     for (int i = 1; i <= project.nbWings; ++i) saveAirfoil(file, project.Wings(i));
 }
 

@@ -2,7 +2,7 @@
 
 namespace velna {
 
-class ReplacedFile;
+class TextSink;
 class SymWingSections;
 class ValueReader;
 struct Project;
@@ -10,7 +10,7 @@ struct Project;
 // The records of a wing panel, and of the stabiliser, which is stored alike. A read throws
 // ReadFailure where the file fails; the fields behind the failure keep their values.
 
-void saveWing(ReplacedFile& file, const SymWingSections& wing);
+void saveWing(TextSink& file, const SymWingSections& wing);
 void readWing(ValueReader& file, SymWingSections& wing);
 void readWingV101(ValueReader& file, SymWingSections& wing);
 void readWingV0212(ValueReader& file, SymWingSections& wing);
@@ -18,14 +18,14 @@ void readWingV0212(ValueReader& file, SymWingSections& wing);
 namespace MainWing {
 
 /// The count and the panels.
-void saveWings(ReplacedFile& file, const Project& project);
+void saveWings(TextSink& file, const Project& project);
 void readWings(ValueReader& file, Project& project);
 void readWingsV120(ValueReader& file, Project& project);
 void readWingsV101(ValueReader& file, Project& project);
 void readWingsV0212(ValueReader& file, Project& project);
 
 /// The points of each panel's airfoil.
-void saveWingAirfoils(ReplacedFile& file, const Project& project);
+void saveWingAirfoils(TextSink& file, const Project& project);
 void readWingAirfoils(ValueReader& file, Project& project);
 
 }  // namespace MainWing

@@ -27,7 +27,8 @@ MAY_INCLUDE = {
 # The core knows no toolkit. C headers of the system are named one by one, each for its reason.
 STANDARD = re.compile(r"^[a-z_0-9]+$")
 SYSTEM = {
-    "common": {"fcntl.h", "unistd.h", "sys/stat.h", "sys/types.h"},  # a file put in place whole, and synced
+    # a file put in place whole, synced, and locked
+    "common": {"fcntl.h", "unistd.h", "sys/file.h", "sys/stat.h", "sys/types.h"},
     "preview": {"GL/gl.h", "sys/stat.h"},  # which file a picture's path names
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)')
