@@ -37,11 +37,13 @@ ROWS = [
     ("project", "save/iterations:7", None, 1.3),
     ("project", "read/iterations:7", None, 1.5),
     ("project", "readLegacy/iterations:7", None, 1.5),
+    ("recovery", "dragKept", "dragAlone", 1.05),
+    ("recovery", "handOver", "twoCopies", 2.0),
     ("raster", "ownLines", "toolkitLines", 1.1),
 ]
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "growth", "views", "scene", "live", "picture", "history", "output", "project", "raster"]
+PROGRAMS = ["mesh", "growth", "views", "scene", "live", "picture", "history", "output", "project", "recovery", "raster"]
 
 
 def run(build, program):

@@ -14,6 +14,8 @@
 #include "shell/Preferences.h"
 #include "shell/PrintCommand.h"
 #include "shell/Quit.h"
+#include "shell/RecentFiles.h"
+#include "shell/Recovery.h"
 #include "shell/Settings.h"
 #include "shell/Startup.h"
 #include "shell/ToolbarCommands.h"
@@ -38,19 +40,24 @@ struct Application {
 
     Preferences preferences{Main, settings, shell};
     Helper helper{Main, rendering, shell};
-    Startup startup{Main, rendering, helper, preferences, shell};
-    Quit quit{project, rendering, flying, helper, preferences, shell};
-    FileCommands files{Main, solids, rendering, preferences, pictures, shell};
+    Recovery recovery{Main, flying, shell};
+    RecentFiles recent{settings};
+    Quit quit{project, rendering, flying, helper, preferences, recovery, shell};
+    FileCommands files{Main, solids, rendering, preferences, pictures, recovery, recent, shell};
+    Startup startup{Main, rendering, helper, preferences, recovery, files, shell};
     PrintCommand print{Main, PrintSelect, shell};
     HistoryCommands history{Main, rendering, helper, flying};
-    ToolbarCommands toolbar{Main,  solids,  rendering,   flying, files,
-                            print, history, preferences, quit,   shell};
+    ToolbarCommands toolbar{Main,    solids,      rendering, flying,   files, print,
+                            history, preferences, quit,      recovery, shell};
 
     Application() = default;
-    /// Start-up, with the demonstration of a first use; a close that was asked for meanwhile
-    /// follows.
-    void run() {
-        startup.run();
+    /// Start-up, with `file` opened where one is named, or the demonstration of a first use; a
+    /// close that was asked for meanwhile follows.
+    void run(const std::string& file = {}) {
+        {
+            const CommandUnderWay start(quit);
+            startup.run(file);
+        }
         quit.closeIfAsked();
     }
 

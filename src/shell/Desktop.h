@@ -16,6 +16,9 @@ public:
     virtual std::string programFolder() const = 0;
     /// The user's own configuration folder of the program; it need not exist yet.
     virtual std::string configurationFolder() const = 0;
+    /// The user's own folder for what the program keeps from run to run and nobody edits; it need
+    /// not exist yet.
+    virtual std::string stateFolder() const = 0;
 
     // the window
     /// Height in pixels of the desktop's text, nothing where there is no screen to ask.

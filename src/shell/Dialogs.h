@@ -20,6 +20,9 @@ struct FileAnswer {
     int filterIndex = 1;  ///< 1-based, as the user left it
 };
 
+/// What is to become of work that was not saved when the program ended.
+enum class LeftWorkAnswer { Restore, Discard, Later };
+
 /// The common dialogs of the desktop. `filter` is a list "caption|patterns|caption|patterns".
 class Dialogs {
 public:
@@ -32,6 +35,9 @@ public:
     /// Nothing when cancelled. A colour is a 24-bit value with red in the low byte.
     virtual std::optional<std::uint32_t> pickColour(std::uint32_t preset) = 0;
     virtual bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) = 0;
+    /// The question about work that was left behind: Restore, which the Enter key takes, Discard,
+    /// and Keep for later, which is also the answer of Escape and of the window's close button.
+    virtual LeftWorkAnswer askLeftWork(const std::string& text) = 0;
     /// A message with an OK button; false when it was dismissed with Escape.
     virtual bool message(const std::string& title, const std::string& text, BoxIcon icon) = 0;
     virtual std::optional<std::string> askText(const std::string& prompt, const std::string& title,

@@ -1,15 +1,20 @@
 #include "shell/FileCommands.h"
 
+#include <array>
+#include <cstddef>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "common/ReplacedFile.h"
+#include "common/ValueReader.h"
 #include "editor/HistoryStep.h"
 #include "editor/ModelChange.h"
 #include "model/Plane.h"
 #include "output/Exports.h"
 #include "persistence/AirfoilFiles.h"
 #include "persistence/ProjectFile.h"
+#include "shell/DroppedFiles.h"
 #include "shell/EditedPart.h"
 
 namespace velna {
@@ -22,9 +27,7 @@ constexpr const char* saveFilter =
     "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf";
 
 /// The kinds of file in the order of each filter, counted from 1.
-namespace Opened {
-enum { project = 1, airfoil, texture };
-}
+constexpr std::array openKinds{OpenedKind::Project, OpenedKind::Airfoil, OpenedKind::Picture};
 namespace Saved {
 enum { project = 1, model, drawing };
 }
@@ -47,14 +50,17 @@ void FileCommands::resetModel() {
                    main.project.currentEquipment);
 }
 
+void FileCommands::tellNotOpened(const std::string& what, const std::string& reason) {
+    reportFailure(*ports.dialogs, what + " could not be opened. The aircraft stays as it is.",
+                  reason);
+}
+
 /// False when the user would rather keep the current project. A file that is no project is found
 /// out before the aircraft in hand is touched, or asked about.
 bool FileCommands::openProject(const std::string& file) {
     const Outcome project = Plane::checkProject(file);
     if (project.hasFailed()) {
-        reportFailure(*ports.dialogs,
-                      titleOf(file) + " could not be opened. The aircraft stays as it is.",
-                      project.reason());
+        tellNotOpened(titleOf(file), project.reason());
         return true;
     }
     if (!main.savedProject &&
@@ -65,12 +71,16 @@ bool FileCommands::openProject(const std::string& file) {
     const HistoryStep step(main, "Open");
     const bool formerSaved = main.savedProject;
     resetModel();
-    const Outcome read = Plane::readProject(main.project, file);
+    bool whole = false;
+    const Outcome read = Plane::readProject(main.project, file, &whole);
+    projectName = whole ? file : "";
+    if (!read.hasFailed()) recent.add(file);
     if (read.hasFailed())
         ports.dialogs->message(applicationTitle, read.reason(), BoxIcon::Information);
     main.Prefs.selectUnit(main.project.units);
     updateList(main.project);
     main.history.replace("Open", main.project, formerSaved, main.savedProject);
+    recovery.settle();
     return true;
 }
 
@@ -100,7 +110,12 @@ void FileCommands::saveProjectAs(const std::string& file) {
     if (saved.isDone()) {
         main.savedProject = true;
         main.history.noteSaved();
+        projectName = file;
+        recent.add(file);
+        recovery.settle();
     } else {
+        // What has come of the other name is not known: the next save asks.
+        if (file != projectName) projectName.clear();
         reportFailure(*ports.dialogs, titleOf(file) + " could not be saved completely.",
                       saved.reason());
     }
@@ -165,6 +180,20 @@ void FileCommands::newProject() {
     // The default aircraft is in millimetres.
     if (main.Prefs.InchesOption) preferences.convertDefault();
     main.history.replace("New", main.project, formerSaved, main.savedProject);
+    projectName.clear();
+    recovery.settle();
+    showModel();
+    rendering.renderScene(true);
+}
+
+void FileCommands::restore(UnsavedWork work) {
+    resetModel();
+    main.project = std::move(work.project);
+    projectName = std::move(work.name);
+    main.savedProject = false;
+    main.Prefs.selectUnit(main.project.units);
+    updateList(main.project);
+    main.beginHistory();
     showModel();
     rendering.renderScene(true);
 }
@@ -172,16 +201,55 @@ void FileCommands::newProject() {
 void FileCommands::open() {
     main.clearBitmapAction();
     const FileAnswer answer = ports.dialogs->openFile(openFilter);
+    const OpenedKind kind = openKinds.at(static_cast<std::size_t>(answer.filterIndex - 1));
     if (!answer.file.empty()) {
-        if (answer.filterIndex == Opened::project && !openProject(answer.file)) return;
-        if (answer.filterIndex == Opened::airfoil) openWingAirfoil(answer.file);
-        if (answer.filterIndex == Opened::texture) openTexture(answer.file);
-    } else if (answer.filterIndex == Opened::texture) {
+        if (!openAs(kind, answer.file)) return;
+    } else if (kind == OpenedKind::Picture) {
         openTexture({});
     }
+    showOpened();
+}
+
+void FileCommands::openFile(const std::string& file) {
+    OpenedKind kind{};
+    try {
+        kind = kindOfFile(file);
+    } catch (const ReadFailure& failure) {
+        const std::string title = titleOf(file);
+        return tellNotOpened(title.empty() ? file : title, failure.what());
+    }
+    if (!openAs(kind, file)) return;
+    main.clearBitmapAction();
+    showOpened();
+}
+
+void FileCommands::openDropped(std::string_view uriList) {
+    const std::vector<DroppedItem> items = droppedItems(uriList);
+    if (items.empty()) return;
+    if (items.size() > 1) {
+        tellNotOpened(std::to_string(items.size()) + " files", "Please drop one file at a time.");
+    } else if (!items.front().isLocal) {
+        tellNotOpened(items.front().name, "It is no file of this computer.");
+    } else {
+        openFile(items.front().name);
+    }
+}
+
+/// False where the user would rather keep the project.
+bool FileCommands::openAs(OpenedKind kind, const std::string& file) {
+    if (kind == OpenedKind::Project) return openProject(file);
+    kind == OpenedKind::Airfoil ? openWingAirfoil(file) : openTexture(file);
+    return true;
+}
+
+void FileCommands::showOpened() {
     showModel();
     rendering.renderScene(true);
     rendering.renderScene(true);
+}
+
+void FileCommands::saveAgain() {
+    projectName.empty() ? save() : saveProjectAs(projectName);
 }
 
 void FileCommands::save() {

@@ -1,13 +1,17 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "common/Outcome.h"
 #include "editor/Main.h"
 #include "preview/PictureCopies.h"
 #include "preview/Rendering.h"
+#include "shell/OpenedKind.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
+#include "shell/RecentFiles.h"
+#include "shell/Recovery.h"
 
 namespace velna {
 
@@ -18,7 +22,13 @@ struct FileCommands {
     Rendering& rendering;
     Preferences& preferences;
     PictureStore& pictures;
+    Recovery& recovery;
+    RecentFiles& recent;
     const ShellPorts& ports;
+
+    /// The project's file: full path of the last save or open; empty where it has none yet, and
+    /// where a file could not be read to its end, which must not be written over unasked.
+    std::string projectName{};
 
     /// Resets to the default aircraft, after a question.
     void newProject();
@@ -27,11 +37,30 @@ struct FileCommands {
     /// cancel with the picture filter takes that picture away.
     void open();
 
+    /// Opens a file that was named from outside, on the command line, in the list of recent files
+    /// or by a drop: a project, an airfoil or a picture, as Open does. What cannot be opened is
+    /// told in one message, and nothing changes.
+    void openFile(const std::string& file);
+
+    /// Opens what was dropped on the window, a list of addresses: one file as `openFile`. Several,
+    /// or what is no file of this computer, are told of in one message, and nothing changes.
+    void openDropped(std::string_view uriList);
+
     /// Saves the project, or exports the model or the view on screen. Each save asks for a name.
     void save();
 
+    /// Saves the project under the name of the last save or open; asks for one, as `save` does,
+    /// where there is none.
+    void saveAgain();
+
+    /// Brings work back that was left behind: it is unsaved, and has the name it had.
+    void restore(UnsavedWork work);
+
 private:
     void resetModel();
+    void tellNotOpened(const std::string& what, const std::string& reason);
+    bool openAs(OpenedKind kind, const std::string& file);
+    void showOpened();
     bool openProject(const std::string& file);
     void openWingAirfoil(const std::string& file);
     void openTexture(const std::string& file);

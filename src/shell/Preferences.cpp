@@ -62,7 +62,7 @@ void Preferences::noteOwner() const {
 
 Outcome Preferences::writeTo(const std::string& path) const {
     ReplacedFile file(path);
-    file.line("\"Done\"");
+    file.line(demonstrationDue ? "\"DoIt\"" : "\"Done\"");
     file.line(record(main.Prefs.InchesOption));
     file.line(record(main.Prefs.MillimetersOption));
     return file.commit() ? Outcome() : Outcome::failed(file.error());

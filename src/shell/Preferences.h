@@ -18,6 +18,8 @@ struct Preferences {
 
     /// What the first record of `prefs.txt` held: "DoIt" asks for the guided demonstration.
     std::string firstUseState{};
+    /// The demonstration that was asked for waits for the next start.
+    bool demonstrationDue = false;
     /// The settings have been read. A start that fails before must not write the defaults over
     /// them.
     bool known = false;

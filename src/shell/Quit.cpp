@@ -38,6 +38,7 @@ void Quit::closeIfAsked() {
 void Quit::unload() {
     ports.desktop->enableTimer1(false);
     ports.desktop->enableTimer2(false);
+    recovery.end();
     project.Wings.clear();
     project.Fuselages.clear();
     ports.desktop->closeHelp();

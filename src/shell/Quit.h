@@ -4,6 +4,7 @@
 #include "shell/Helper.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
+#include "shell/Recovery.h"
 
 namespace velna {
 
@@ -14,6 +15,7 @@ struct Quit {
     Flying& flying;
     Helper& helper;
     Preferences& preferences;
+    Recovery& recovery;
     const ShellPorts& ports;
 
     /// The question before the window closes; false keeps it open. A flight or a demonstration
@@ -24,8 +26,8 @@ struct Quit {
     bool querySessionEnd();
     /// The user works on, whatever has been agreed: the next close asks.
     void sessionGoesOn() { quitAgreed = false; }
-    /// Releases the picture's context and the help, stops the timers and writes the settings, which
-    /// happens nowhere else.
+    /// Releases the picture's context and the help, stops the timers, gives up what is not saved,
+    /// and writes the settings, which happens nowhere else.
     void unload();
     /// To be called when a command, a flight or a demonstration has ended: closes the window if
     /// that was asked for, and nothing else is under way.

@@ -78,6 +78,11 @@ std::string Settings::text(const std::string& key) const {
     return entry == entries_.end() || entry->second.empty() ? std::string() : entry->second[0];
 }
 
+void Settings::readAgain(const std::string& key) {
+    const Entries stored = readEntries(folder_ + fileTitle);
+    if (const auto entry = stored.find(key); entry != stored.end()) entries_[key] = entry->second;
+}
+
 Outcome Settings::store(const std::string& key, const std::vector<std::string>& texts) {
     entries_[key] = texts;
     std::error_code ignored;

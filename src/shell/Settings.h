@@ -29,6 +29,9 @@ public:
     std::string text(const std::string& key) const;
     bool flag(const std::string& key) const { return text(key) == yes; }
 
+    /// Takes over what another running program has stored under `key` meanwhile, if anything.
+    void readAgain(const std::string& key);
+
     /// Remembers `texts` under `key`, at once and in the file: what another running program has
     /// stored there under other names meanwhile stays. When the file cannot be written, this
     /// program remembers them all the same.

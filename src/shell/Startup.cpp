@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <utility>
 
 #include "common/Version.h"
 #include "model/Plane.h"
@@ -30,6 +31,7 @@ void Startup::initPictureContext() {
     rendering.createRenderContext();
     rendering.renderDistance = 800;
     ports.desktop->enableTimer1(true);
+    firstViewDue = true;
     rendering.renderDistance = 100;
     rendering.renderScene(true);
 }
@@ -48,7 +50,20 @@ void Startup::monitorLoad(const std::string& text) const {
     }
 }
 
-void Startup::run() {
+/// The default aircraft is over, which the first view converts to the unit of the preferences.
+void Startup::finishFirstView() {
+    while (firstViewDue) timer1Tick();
+}
+
+bool Startup::bringBackWork() {
+    auto work = recovery.offer();
+    if (!work) return false;
+    finishFirstView();
+    files.restore(std::move(*work));
+    return true;
+}
+
+void Startup::run(const std::string& file) {
     std::error_code ignored;
     std::filesystem::remove(logFile(), ignored);
     smallFontsVariable = smallFontsMode();
@@ -60,7 +75,16 @@ void Startup::run() {
     preferences.readSettings();
     // A message box must not lie under the splash.
     ports.desktop->hideSplash();
-    if (preferences.firstUseState == "DoIt") helper.run();
+    recovery.begin();
+    bool fromFile = bringBackWork();
+    if (!file.empty()) {
+        fromFile = true;
+        finishFirstView();
+        files.openFile(file);
+    }
+    if (preferences.firstUseState != "DoIt") return;
+    preferences.demonstrationDue = fromFile;
+    if (!fromFile) helper.run();
 }
 
 void Startup::initMain() {
@@ -88,6 +112,7 @@ void Startup::timer1Tick() {
     rendering.renderDistance -= 100;
     if (rendering.renderDistance < 150) {
         ports.desktop->enableTimer1(false);
+        firstViewDue = false;
         if (main.Prefs.InchesOption) {
             preferences.convertDefault();
             main.beginHistory();

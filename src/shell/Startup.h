@@ -3,6 +3,7 @@
 #include <string>
 
 #include "shell/ContextIDs.h"
+#include "shell/FileCommands.h"
 #include "shell/Helper.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
@@ -15,6 +16,8 @@ struct Startup {
     Rendering& rendering;
     Helper& helper;
     Preferences& preferences;
+    Recovery& recovery;
+    FileCommands& files;
     const ShellPorts& ports;
 
     bool smallFontsVariable = false;
@@ -22,10 +25,13 @@ struct Startup {
     /// same place.
     static constexpr double smallFontsScale = 1.23;
     HelpWindowRecord helpWindow{};
+    bool firstViewDue = false;  ///< `Timer1` has yet to give the picture its first view
 
     /// Brings the program up, in the one order in which each step finds what it reads; returns when
     /// the window stands, the preferences are read and a demonstration that was asked for is over.
-    void run();
+    /// Work that was left behind is asked about first, then `file` is opened, where one is named;
+    /// after either the demonstration waits for another start.
+    void run(const std::string& file = {});
 
     /// Full initialisation of the main form on the default aircraft.
     void initMain();
@@ -49,6 +55,8 @@ private:
     void initPicture();
     void initPointer();
     void initPictureContext();
+    void finishFirstView();
+    bool bringBackWork();
 };
 
 }  // namespace velna

@@ -90,6 +90,8 @@ constexpr Command commands[] = {
     {Key::Undo, [](ToolbarCommands& on) { on.history.undo(); }},
     {Key::Redo, [](ToolbarCommands& on) { on.history.redo(); }},
     {Key::Exit, [](ToolbarCommands& on) { on.ports.desktop->endProcess(); }},
+    {Key::Close, [](ToolbarCommands& on) { on.ports.desktop->closeMainWindow(); }},
+    {Key::SaveAgain, [](ToolbarCommands& on) { on.files.saveAgain(); }},
     {Key::Centering,
      [](ToolbarCommands& on) { on.main.view.centerUpdate = !on.main.view.centerUpdate; }},
 };
@@ -121,16 +123,38 @@ std::span<const Button> Toolbar::buttons() {
     return allButtons;
 }
 
-void ToolbarCommands::click(Key key) {
-    // The project is in scaled form during a flight: it must not be saved, opened or reset.
-    if (flying.running() && key != Key::FlyingPreview) return;
+/// One command from its beginning to its end.
+template <class Work>
+void ToolbarCommands::perform(Work work) {
+    // A flight, an export, a dialog may last.
+    recovery.lookNow(files.projectName);
     {
         const CommandUnderWay command(quit);
-        for (const Command& row : commands)
-            if (row.key == key) row.run(*this);
+        work();
     }
     if (ports.progress) ports.progress->finish();
     quit.closeIfAsked();
+}
+
+void ToolbarCommands::click(Key key) {
+    // The project is in scaled form during a flight: it must not be saved, opened or reset.
+    if (flying.running() && key != Key::FlyingPreview && key != Key::Close) return;
+    perform([&] {
+        for (const Command& row : commands)
+            if (row.key == key) row.run(*this);
+    });
+}
+
+bool ToolbarCommands::takesFiles() const {
+    return !flying.running() && !quit.helper.running && !main.anyBusy();
+}
+
+void ToolbarCommands::openFile(const std::string& file) {
+    if (takesFiles()) perform([&] { files.openFile(file); });
+}
+
+void ToolbarCommands::openDropped(const std::string& uriList) {
+    if (takesFiles()) perform([&] { files.openDropped(uriList); });
 }
 
 void ToolbarCommands::frustumPrompt() {

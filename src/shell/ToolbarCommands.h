@@ -35,7 +35,9 @@ enum class Key {
     Redo,
     // without a button of their own
     Exit,
-    Centering
+    Centering,
+    SaveAgain,
+    Close
 };
 
 /// A step of the history tells in its tip what it would do.
@@ -70,16 +72,29 @@ struct ToolbarCommands {
     HistoryCommands& history;
     Preferences& preferences;
     Quit& quit;
+    Recovery& recovery;
     const ShellPorts& ports;
 
-    /// Runs a key's workflow. During a flight every key but `FlyingPreview` does nothing.
+    /// Runs a key's workflow. During a flight every key but `FlyingPreview` and `Close` does
+    /// nothing.
     void click(Toolbar::Key key);
+
+    /// `FileCommands::openFile` and `openDropped`, as a command of the toolbar: they too do nothing
+    /// during a flight, nor in the demonstration or a drag.
+    void openFile(const std::string& file);
+    void openDropped(const std::string& uriList);
+    /// Whether a file can be taken from outside at this moment.
+    bool takesFiles() const;
 
     /// The hidden prompt for the picture's frustum: a number above 0 makes the context anew.
     void frustumPrompt();
 
     /// What the colour dialog was left with.
     std::uint32_t dialogValue = 0;
+
+private:
+    template <class Work>
+    void perform(Work work);
 };
 
 }  // namespace velna

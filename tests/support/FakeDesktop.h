@@ -12,7 +12,7 @@ namespace velna::test {
 /// of the same size, folders of the test's choosing. Its timer ticks when events are pumped.
 class FakeDesktop : public Desktop {
 public:
-    std::string program, configuration;
+    std::string program, configuration, state;
     std::optional<int> textHeight = 20;
     std::vector<std::string> calls;  ///< the calls that show something, in order
     bool timer1 = false;
@@ -24,6 +24,7 @@ public:
 
     std::string programFolder() const override { return program; }
     std::string configurationFolder() const override { return configuration; }
+    std::string stateFolder() const override { return state; }
     std::optional<int> characterHeight() const override { return textHeight; }
     void layOutWindow(bool smallFonts) override { note(smallFonts ? "layout small" : "layout"); }
     void setCaption(const std::string& caption) override { note("caption " + caption); }

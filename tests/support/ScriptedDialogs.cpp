@@ -44,6 +44,11 @@ bool ScriptedDialogs::askYesNo(const std::string& text, BoxIcon icon, bool defau
     return next(yesNo, text.c_str(), false);
 }
 
+LeftWorkAnswer ScriptedDialogs::askLeftWork(const std::string& text) {
+    asked.push_back({"leftwork", text, {}, BoxIcon::Question});
+    return next(leftWork, text.c_str(), LeftWorkAnswer::Later);
+}
+
 bool ScriptedDialogs::message(const std::string& title, const std::string& text, BoxIcon icon) {
     asked.push_back({"message", text, title, icon});
     act(inMessage);

@@ -14,8 +14,8 @@ namespace velna::test {
 class ScriptedDialogs : public Dialogs {
 public:
     struct Asked {
-        std::string kind;  ///< "open", "save", "colour", "yesno", "message", "text", "printer", a
-                           ///< form's name
+        std::string kind;  ///< "open", "save", "colour", "yesno", "leftwork", "message", "text",
+                           ///< "printer", a form's name
         std::string text;  ///< filter, question, prompt
         std::string title;
         BoxIcon icon = BoxIcon::Information;
@@ -29,6 +29,7 @@ public:
     std::deque<FileAnswer> files;
     std::deque<std::optional<std::uint32_t>> colours;
     std::deque<bool> yesNo;
+    std::deque<LeftWorkAnswer> leftWork;
     std::deque<std::optional<std::string>> texts;
     std::deque<PrinterSurface*> printers;
     /// What the user does in a form while it is open.
@@ -40,6 +41,7 @@ public:
     FileAnswer saveFile(const std::string& filter) override;
     std::optional<std::uint32_t> pickColour(std::uint32_t preset) override;
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
+    LeftWorkAnswer askLeftWork(const std::string& text) override;
     bool message(const std::string& title, const std::string& text, BoxIcon icon) override;
     std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                        const std::string& preset) override;

@@ -18,6 +18,11 @@ void ShellFixture::SetUp() {
     std::filesystem::create_directories(folder / "program");
     desktop.program = (folder / "program").string() + "/";
     desktop.configuration = (folder / "config").string() + "/";
+    desktop.state = (folder / "state").string() + "/";
+    renewConnected();
+}
+
+void ShellFixture::renewConnected() {
     GlTape::clear();
     GlTape::hasContext = false;
     renewProgram();

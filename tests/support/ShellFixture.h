@@ -22,6 +22,9 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
+    /// Another program on the same ports and folders; the former one is gone as after a crash.
+    void renewConnected();
+
     /// Brings the program up as `program.startup.initMain` does.
     void start();
 

@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Takes the pictures of the help from the real window: help_pictures.py PROGRAM
+"""Takes the pictures of the help from the real window: help_pictures.py PROGRAM [PICTURE...]
 
-They go to docs/help/pictures, with few colours, since they travel in the help file. Look at each before it is
-committed.
+They go to docs/help/pictures, with few colours, since they travel in the help file; of those named the named ones
+alone. Look at each before it is committed.
 """
 
 import pathlib
+import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -22,8 +24,8 @@ FRAME = 20  # a dialog's title bar
 
 
 class Camera:
-    def __init__(self, screen, program):
-        self.screen, self.program = screen, program
+    def __init__(self, screen, program, wanted):
+        self.screen, self.program, self.wanted = screen, program, wanted
         self.raw = pathlib.Path(tempfile.mkdtemp()) / "raw.png"
 
     def keep(self, name, place=None, colours=64):
@@ -32,6 +34,8 @@ class Camera:
         self.shrink(self.raw, name, colours)
 
     def shrink(self, source, name, colours=64):
+        if self.wanted and name not in self.wanted:
+            return
         subprocess.run(["convert", str(source), "-strip", "+dither", "-colors", str(colours),
                         f"PNG8:{TARGET / name}.png"], check=True)
 
@@ -48,8 +52,8 @@ class Camera:
         self.program.no_dialog()
 
 
-def take(screen, program):
-    camera = Camera(screen, program)
+def take(camera):
+    screen, program = camera.screen, camera.program
     area = program.get("DrawArea")
     strip_and_tracing(camera, area)
     camera.open("trainer.vln")
@@ -133,6 +137,38 @@ def strip_and_tracing(camera, area):
     program.popup("ClearBitmap")
 
 
+def menu_beside(camera, key, arrow, name):
+    """The keys of the toolbar's left end, and the menu open under one's arrow."""
+    camera.program.click(arrow)
+    menu = wait_for(lambda: camera.program.find(arrow + "Menu"), "the menu")
+    time.sleep(0.3)
+    left, top = camera.program.get("New").left - 4, camera.program.get(key).top - 4
+    camera.keep(name, (left, top, max(menu.left + menu.width, left + 240) - left + 4, menu.top + menu.height - top + 4), 32)
+    camera.screen.key("Escape")
+
+
+def take_files(camera):
+    """Recent projects, a drop, and work that was not saved."""
+    program, screen = camera.program, camera.screen
+    models = program.folder / "models"
+    models.mkdir()
+    for name in ("glider.vln", "sport_inches.vln", "twin_hull.vln", "trainer.vln"):
+        shutil.copy(ROOT / "examples" / name, models)
+        program.open(models / name)
+        time.sleep(0.5)
+    (models / "sport_inches.vln").unlink()
+    menu_beside(camera, "Open", "RecentFiles", "recent")
+    menu_beside(camera, "Save", "MoreSaves", "save-again")
+    program.enter("SpanText", "1111")
+    wait_for(lambda: list(program.folder.glob("state/velna/*.work")), "the work to be kept")
+    program.die(signal.SIGKILL)
+    program.start(wait=False)
+    program.button("Restore")
+    camera.dialog("recovery", "Velna")
+    program.push("Discard")
+    program.no_dialog()
+
+
 def main():
     binary = sys.argv[1]
     probe = pathlib.Path(binary).resolve().parents[3] / "tests" / "window" / "plugins"
@@ -140,8 +176,10 @@ def main():
     with Screen() as screen:
         program = Program(screen, binary, probe)
         try:
+            camera = Camera(screen, program, sys.argv[2:])
             program.start()
-            take(screen, program)
+            take(camera)
+            take_files(camera)
         finally:
             program.end()
 

@@ -74,6 +74,7 @@ class Program:
         self.socket = self.folder / "probe"
         self._install(pathlib.Path(binary), prefs)
         self.env = dict(screen.env, HOME=str(self.folder), XDG_CONFIG_HOME=str(self.folder / "config"),
+                        XDG_STATE_HOME=str(self.folder / "state"),
                         ASAN_OPTIONS="detect_leaks=0:exitcode=99", UBSAN_OPTIONS="print_stacktrace=1",
                         QT_PLUGIN_PATH=str(probe_folder),
                         QT_QPA_GENERIC_PLUGINS=f"velnaprobe:{self.socket}")
@@ -105,9 +106,10 @@ class Program:
         if prefs is not None:
             (self.installed / "prefs.txt").write_text(prefs, newline="")
 
-    def start(self, wait=True):
+    def start(self, wait=True, words=()):
+        """With these words on its command line, in its own folder."""
         with open(self.log, "ab") as log:
-            self.process = subprocess.Popen([self.binary], env=self.env, cwd=self.folder, stdin=subprocess.DEVNULL,
+            self.process = subprocess.Popen([self.binary, *words], env=self.env, cwd=self.folder, stdin=subprocess.DEVNULL,
                                             stdout=log, stderr=log)
         self.screen.seen = self.seen
         if wait:
@@ -121,6 +123,13 @@ class Program:
 
     def errors(self):
         return self.log.read_text(errors="replace")
+
+    def die(self, sign):
+        """The program ends in the middle of its work, by this signal; it can be started again."""
+        self.process.send_signal(sign)
+        self.process.wait(PATIENCE)
+        self.process = None
+        self.socket.unlink(missing_ok=True)
 
     def end(self):
         """Ends the program from outside, and drops its folder."""

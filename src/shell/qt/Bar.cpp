@@ -7,11 +7,14 @@
 #include <string>
 
 #include "shell/ToolbarCommands.h"
+#include "shell/qt/BarMenus.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/Mirrors.h"
 
 namespace velna {
 namespace {
+
+constexpr int arrowWidth = 14;  // pixels
 
 // Where a group of commands begins.
 bool beginsGroup(Toolbar::Key key) {
@@ -57,6 +60,11 @@ Bar::Bar(ToolbarCommands& commands, Mirrors& mirrors, QWidget* parent) : QWidget
         button->setCheckable(row.kind != Toolbar::ButtonKind::Push && !step);
         line->addWidget(button);
         buttons_.push_back(button);
+        if (QToolButton* arrow = BarMenus::arrowBeside(row.key, commands, this)) {
+            arrow->setFixedWidth(arrowWidth);
+            arrow->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+            line->addWidget(arrow);
+        }
         connect(button, &QToolButton::clicked, this, [&commands, &row, &mirrors] {
             commands.click(row.key);
             // The button has changed by itself; what stands in the state is what counts.

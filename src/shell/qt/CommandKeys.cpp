@@ -15,6 +15,11 @@ constexpr CommandKey commandKeys[] = {
     {Qt::Key_Backspace, Qt::AltModifier | Qt::ShiftModifier, Toolbar::Key::Redo, false},
     {Qt::Key_Z, Qt::ControlModifier, Toolbar::Key::Undo, true},
     {Qt::Key_Y, Qt::ControlModifier, Toolbar::Key::Redo, true},
+    {Qt::Key_S, Qt::ControlModifier, Toolbar::Key::SaveAgain, true},
+    {Qt::Key_F12, Qt::ShiftModifier, Toolbar::Key::SaveAgain, false},
+    {Qt::Key_N, Qt::ControlModifier, Toolbar::Key::New, false},
+    {Qt::Key_P, Qt::ControlModifier, Toolbar::Key::Print, false},
+    {Qt::Key_Q, Qt::ControlModifier, Toolbar::Key::Close, false},
 };
 
 }  // namespace

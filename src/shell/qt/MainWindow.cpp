@@ -55,7 +55,7 @@ void showHints(QLabel& label, const Place& room) {
 
 /// A dialog's own loop runs: what has opened it goes on with the model when it returns.
 bool insideDialog() {
-    return QThread::currentThread()->loopLevel() > 1;
+    return QThread::currentThread()->loopLevel() > 1 || QApplication::activeModalWidget();
 }
 
 }  // namespace
@@ -291,8 +291,11 @@ void MainWindow::closeAfterDialogs() {
 }
 
 void MainWindow::keyPressEvent(QKeyEvent* event) {
-    if (const auto command = commandOf(*event, program_.Main.Prefs.ctrlZUndoes))
-        return program_.toolbar.click(*command);
+    if (const auto command = commandOf(*event, program_.Main.Prefs.ctrlZUndoes)) {
+        // What a held button drags is let come to its end.
+        if (!QGuiApplication::mouseButtons()) program_.toolbar.click(*command);
+        return;
+    }
     if (event->key() == Qt::Key_Home && !program_.helper.running)
         return program_.Main.menuClicked(Control::StartView);
     if (event->key() != Qt::Key_Escape) return QWidget::keyPressEvent(event);

@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QDir>
 #include <QEventLoop>
 #include <QFontMetrics>
 #include <QGuiApplication>
@@ -50,6 +51,16 @@ std::string QtDesktop::programFolder() const {
 
 std::string QtDesktop::configurationFolder() const {
     return folderText(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation));
+}
+
+// The toolkit does not know this folder. What is no full path does not count, as the desktops
+// agree.
+std::string QtDesktop::stateFolder() const {
+    const char* told = std::getenv("XDG_STATE_HOME");
+    if (told && *told == '/') return std::string(told) + "/velna/";
+    const char* home = std::getenv("HOME");
+    const std::string own = home ? home : QDir::homePath().toStdString();
+    return own + "/.local/state/velna/";
 }
 
 std::optional<int> QtDesktop::characterHeight() const {

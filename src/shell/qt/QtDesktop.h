@@ -20,6 +20,7 @@ public:
 
     std::string programFolder() const override;
     std::string configurationFolder() const override;
+    std::string stateFolder() const override;
     std::optional<int> characterHeight() const override;
     void layOutWindow(bool smallFonts) override;
     void setCaption(const std::string& caption) override;

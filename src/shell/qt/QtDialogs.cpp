@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPushButton>
 #include <algorithm>
 
 #include "shell/Ports.h"
@@ -176,6 +177,18 @@ bool QtDialogs::askYesNo(const std::string& text, BoxIcon icon, bool defaultYes)
     box.setDefaultButton(defaultYes ? QMessageBox::Yes : QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     return box.exec() == QMessageBox::Yes;
+}
+
+LeftWorkAnswer QtDialogs::askLeftWork(const std::string& text) {
+    QMessageBox box(QMessageBox::Question, applicationTitle, QString::fromStdString(text),
+                    QMessageBox::NoButton, &owner_);
+    box.setTextFormat(Qt::PlainText);
+    const auto* restore = box.addButton("&Restore", QMessageBox::AcceptRole);
+    const auto* discard = box.addButton("&Discard", QMessageBox::DestructiveRole);
+    box.setEscapeButton(box.addButton("&Keep for later", QMessageBox::RejectRole));
+    box.exec();
+    if (box.clickedButton() == restore) return LeftWorkAnswer::Restore;
+    return box.clickedButton() == discard ? LeftWorkAnswer::Discard : LeftWorkAnswer::Later;
 }
 
 bool QtDialogs::message(const std::string& title, const std::string& text, BoxIcon icon) {

@@ -31,6 +31,7 @@ public:
     FileAnswer saveFile(const std::string& filter) override;
     std::optional<std::uint32_t> pickColour(std::uint32_t preset) override;
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
+    LeftWorkAnswer askLeftWork(const std::string& text) override;
     bool message(const std::string& title, const std::string& text, BoxIcon icon) override;
     std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                        const std::string& preset) override;

@@ -1,11 +1,14 @@
 #include <QApplication>
 
 #include "shell/Application.h"
+#include "shell/Arguments.h"
 #include "shell/qt/Accessibility.h"
 #include "shell/qt/DisplaySystem.h"
+#include "shell/qt/FileDrop.h"
 #include "shell/qt/FrameStyle.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
+#include "shell/qt/KeepingTimer.h"
 #include "shell/qt/LogOut.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/QtDesktop.h"
@@ -19,6 +22,8 @@
 using namespace velna;
 
 int main(int argc, char** argv) {
+    const Arguments arguments = Arguments::read({argv + 1, argv + argc});
+    if (arguments.wish != Arguments::Wish::Run) return answer(arguments);
     DisplaySystem::choose();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("velna");
@@ -47,7 +52,9 @@ int main(int argc, char** argv) {
 
     // Splash, default aircraft, views, picture, settings; then events until the window closes.
     HelpWindow::instance().answerF1([&program] { return !program.flying.running(); });
-    program.run();
+    const KeepingTimer keeping(program);
+    const FileDrop drop(mainWindow, program.toolbar);
+    program.run(arguments.file);
     GlideCursor::hide();
     return mainWindow.isVisible() ? QApplication::exec() : 0;
 }

@@ -1,0 +1,137 @@
+#include "shell/RecoverySlot.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <ctime>
+#include <filesystem>
+#include <functional>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace velna {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view titleHead = "unsaved-";
+constexpr const char* workEnding = ".work";
+constexpr const char* lockEnding = ".lock";
+constexpr const char* asideEnding = ".damaged";
+
+/// The number in a title of this folder, whatever its ending; nothing in any other.
+std::optional<int> numberIn(std::string_view title) {
+    if (!title.starts_with(titleHead)) return {};
+    title.remove_prefix(titleHead.size());
+    int number = 0;
+    const auto* const end = title.data() + title.size();
+    const auto result = std::from_chars(title.data(), end, number);
+    if (result.ec != std::errc{} || number < 1 || result.ptr == end || *result.ptr != '.')
+        return {};
+    return number;
+}
+
+template <class Visit>
+void forEachTitle(const std::string& folder, Visit visit) {
+    std::error_code failure;
+    fs::directory_iterator entry(folder, failure);
+    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure))
+        visit(entry->path().filename().string());
+}
+
+int nextNumber(const std::string& folder) {
+    int highest = 0;
+    forEachTitle(folder, [&](const std::string& title) {
+        highest = std::max(highest, numberIn(title).value_or(0));
+    });
+    return highest + 1;
+}
+
+std::string baseOf(const std::string& folder, int number) {
+    return folder + std::string(titleHead) + std::to_string(number);
+}
+
+/// The folder, for its user alone. Where it cannot be made, what is to go there tells why.
+void makeFolder(const std::string& folder) {
+    std::error_code ignored;
+    if (!fs::create_directories(folder, ignored)) return;
+    fs::permissions(folder, fs::perms::owner_all, ignored);
+}
+
+}  // namespace
+
+std::vector<int> RecoverySlot::numbersIn(const std::string& folder) {
+    std::vector<int> numbers;
+    forEachTitle(folder, [&](const std::string& title) {
+        const auto number = numberIn(title);
+        if (number && (title.ends_with(workEnding) || title.ends_with(lockEnding)))
+            numbers.push_back(*number);
+    });
+    std::ranges::sort(numbers, std::greater());
+    numbers.erase(std::ranges::unique(numbers).begin(), numbers.end());
+    return numbers;
+}
+
+std::optional<RecoverySlot> RecoverySlot::make(const std::string& folder, std::string& reason) {
+    constexpr int tries = 100;  // each is lost only to a program that starts at the same moment
+    makeFolder(folder);
+    int number = nextNumber(folder);
+    for (int i = 0; i < tries; ++i, ++number) {
+        const std::string base = baseOf(folder, number);
+        FileLock lock(base + lockEnding, FileLock::Former::none);
+        if (lock.isHeld()) return RecoverySlot(base, std::move(lock));
+        reason = folder + ": " + lock.reason();
+        if (!lock.isOthers()) break;
+    }
+    return {};
+}
+
+std::optional<RecoverySlot> RecoverySlot::takeOver(const std::string& folder, int number) {
+    const std::string base = baseOf(folder, number);
+    FileLock lock(base + lockEnding, FileLock::Former::any);
+    if (!lock.isHeld()) return {};
+    return RecoverySlot(base, std::move(lock));
+}
+
+std::string RecoverySlot::file() const {
+    return base_ + workEnding;
+}
+
+bool RecoverySlot::holdsWork() const {
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(file(), ignored));
+}
+
+std::string RecoverySlot::time() const {
+    using std::chrono::system_clock;
+    std::error_code failure;
+    const auto written = fs::last_write_time(file(), failure);
+    if (failure) return {};
+    const auto moment = std::chrono::time_point_cast<system_clock::duration>(
+        std::chrono::file_clock::to_sys(written));
+    const std::time_t seconds = system_clock::to_time_t(moment);
+    std::tm local{};
+    if (!::localtime_r(&seconds, &local)) return {};
+    char text[32];
+    return {text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &local)};
+}
+
+void RecoverySlot::remove() {
+    // The lock last: work without one would be taken for left behind.
+    std::error_code ignored;
+    fs::remove(file(), ignored);
+    lock_.remove();
+}
+
+std::string RecoverySlot::putAside() {
+    std::string aside = base_ + asideEnding;
+    std::error_code failure;
+    fs::rename(file(), aside, failure);
+    if (failure) return file();
+    lock_.remove();
+    return aside;
+}
+
+}  // namespace velna
