@@ -1,11 +1,10 @@
-// The exports of a large model beside bare loops over the same numbers, and beside other writers of
-// the same content. 20 fuselages of 500 sections with 100 outline points each; everything goes to
-// memory-backed files where the system has them, for the disk is not what is measured.
+// The exports of a large model beside bare loops that write the same lines, and beside other
+// writers of the same content; and how they grow over three decades of size. 20 fuselages with 100
+// outline points a section.
 
-#include <algorithm>
-#include <charconv>
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -24,7 +23,10 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "Measured.h"
+#include "common/NumberText.h"
 #include "output/Exports.h"
+#include "output/Progress.h"
 #include "preview/PictureCopies.h"
 #include "support/InHand.h"
 
@@ -33,70 +35,76 @@ namespace {
 using namespace velna;
 
 constexpr int fuselages = 20;
-constexpr int sections = 500;
 constexpr int outlinePoints = 100;
+constexpr std::int64_t usualPoints = 1'000'000;
+/// Three decades of size.
+const std::vector<std::int64_t> sizes{4'000, 40'000, 400'000, 4'000'000};
 
-std::string target(const char* name) {
-    static const std::string folder = std::filesystem::is_directory("/dev/shm")
-                                          ? "/dev/shm/"
-                                          : std::filesystem::temp_directory_path().string() + "/";
-    return folder + "velna-bench-" + name;
-}
+int sections = 0;  // of each fuselage
 
-void shape(MeshSections& fuselage, int n) {
-    fuselage.nb_sections = sections;
-    fuselage.nb_cross = outlinePoints;
-    fuselage.initArrays();
-    for (int i = 1; i <= sections; ++i) {
-        fuselage.sectionOrder(i) = static_cast<std::int16_t>(i);
-        fuselage.pos(i) = 1.7 * i;
-        fuselage.width(i) = 40 + 0.037 * i + n;
-        fuselage.height(i) = 50 + 0.041 * i;
-        fuselage.elevation(i) = 10 + 0.013 * i;
-        fuselage.curvature(i) = 0.9;
-        fuselage.curvature2(i) = 0.8;
-        fuselage.bias_curve(i) = 0.45;
-    }
-}
-
-void buildModel() {
+/// Makes the model have so many points, unless it has them.
+void buildModel(std::int64_t points) {
+    if (sections == points / fuselages / outlinePoints) return;
+    sections = static_cast<int>(points / fuselages / outlinePoints);
     Plane::setDefaultPlane(project);
     nbFuselages = fuselages;
     Fuselage::resizeFuselages(project);
-    for (int n = 1; n <= fuselages; ++n) shape(Fuselages(n), n);
+    for (int n = 1; n <= fuselages; ++n)
+        shapeBody(Fuselages(n), static_cast<std::int16_t>(sections), outlinePoints, n);
     ObjectList.update(Fuselages, nbFuselages);
     solids.createAll(project);
 }
 
-/// What /proc tells of this process in bytes: "VmRSS" now, "VmHWM" at its highest since the last
-/// reset.
-double memory(std::string_view name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.starts_with(name)) return 1024.0 * std::atof(line.c_str() + name.size() + 1);
-    return 0;
-}
-
-/// Exports and counts memory: what stood before, and the most that the export took on top, both in
-/// MB.
+/// Exports, and counts the time a point, and in MB the most memory on top of the model.
 void runExport(benchmark::State& state, Outcome (*write)(const std::string&),
                const std::string& file) {
-    double before = 0;
-    double above = 0;
+    buildModel(state.range(0));
+    MemoryAbove memory;
     for (auto _ : state) {
-        state.PauseTiming();
-        std::ofstream("/proc/self/clear_refs") << "5";
-        before = memory("VmRSS:");
-        state.ResumeTiming();
-        if (!write(file).isDone()) state.SkipWithError("the export failed");
-        state.PauseTiming();
-        above = std::max(above, memory("VmHWM:") - before);
-        state.ResumeTiming();
+        memory.during([&] {
+            if (!write(file).isDone()) state.SkipWithError("the export failed");
+        });
     }
-    state.counters["MB_before"] = before / 1048576;
-    state.counters["MB_above"] = above / 1048576;
-    state.counters["MB_file"] = static_cast<double>(std::filesystem::file_size(file)) / 1048576;
+    const auto points = static_cast<double>(state.range(0));
+    state.counters["MB_above"] = memory.megabytes();
+    state.counters["MB_file"] = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
+    state.counters["points"] = points;
 }
+
+/// The file of a reference, which a block after the other is written into: nothing else is done.
+class BareFile {
+public:
+    explicit BareFile(const std::string& file)
+        : descriptor_(::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666)) {}
+    ~BareFile() {
+        write();
+        ::close(descriptor_);
+    }
+    BareFile(const BareFile&) = delete;
+    BareFile& operator=(const BareFile&) = delete;
+
+    /// Where the next line goes; a line is shorter than the room behind.
+    char* at = block_;
+    void lineDone() {
+        if (at > block_ + size - room) write();
+    }
+
+private:
+    static constexpr std::ptrdiff_t size = 1 << 18;
+    static constexpr std::ptrdiff_t room = 1024;
+
+    void write() {
+        for (const char* from = block_; from < at;) {
+            const auto written = ::write(descriptor_, from, static_cast<std::size_t>(at - from));
+            if (written <= 0) break;
+            from += written;
+        }
+        at = block_;
+    }
+
+    int descriptor_;
+    char block_[size];
+};
 
 /// The numbers that an export formats.
 struct Numbers {
@@ -104,31 +112,15 @@ struct Numbers {
     std::vector<int> indices;
 };
 
-/// Formats `numbers` into one buffer, each with a blank behind it, and writes that once.
-void writeBare(const Numbers& numbers, const std::string& file) {
-    std::vector<char> buffer(numbers.coordinates.size() * 25 + numbers.indices.size() * 12);
-    char* at = buffer.data();
-    char* const end = at + buffer.size();
-    for (double value : numbers.coordinates) {
-        at = std::to_chars(at, end, value, std::chars_format::general, 15).ptr;
-        *at++ = ' ';
-    }
-    for (int value : numbers.indices) {
-        at = std::to_chars(at, end, value).ptr;
-        *at++ = ' ';
-    }
-    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-    for (const char* from = buffer.data(); from < at;) {
-        const auto written = ::write(descriptor, from, static_cast<std::size_t>(at - from));
-        if (written <= 0) break;
-        from += written;
-    }
-    ::close(descriptor);
+char* put(char* at, std::string_view text) {
+    std::memcpy(at, text.data(), text.size());
+    return at + text.size();
 }
 
 /// Points and face corners of all fuselages.
 const Numbers& modelNumbers() {
     static const Numbers numbers = [] {
+        buildModel(usualPoints);
         Numbers result;
         for (int n = 1; n <= fuselages; ++n)
             for (int i = 1; i <= sections; ++i)
@@ -150,6 +142,7 @@ const Numbers& modelNumbers() {
 /// The six coordinates of each line of the front drawing, closed outline by closed outline.
 const Numbers& drawingNumbers() {
     static const Numbers numbers = [] {
+        buildModel(usualPoints);
         Numbers result;
         for (int n = 1; n <= fuselages; ++n) {
             const auto front = Fuselages(n).computeFrontPoints({});
@@ -173,12 +166,25 @@ void vrmlExport(benchmark::State& state) {
             PictureStore pictures;
             return Plane::exportVRML(project, solids, file, pictures);
         },
-        target("model.wrl"));
+        scratchFile("model.wrl"));
 }
 
+/// The same lines of points and faces, straight from the numbers by the program's own digits.
 void vrmlBareLoop(benchmark::State& state) {
     const Numbers& numbers = modelNumbers();
-    for (auto _ : state) writeBare(numbers, target("bare-model"));
+    for (auto _ : state) {
+        BareFile file(scratchFile("bare-model"));
+        for (std::size_t n = 0; n < numbers.coordinates.size(); n += 3, file.lineDone()) {
+            file.at = put(putNumber(file.at, numbers.coordinates[n]), " ");
+            file.at = put(putNumber(file.at, numbers.coordinates[n + 1]), " ");
+            file.at = put(putNumber(file.at, numbers.coordinates[n + 2]), ",\r\n");
+        }
+        for (std::size_t n = 0; n < numbers.indices.size(); n += 4, file.lineDone()) {
+            file.at = put(putInteger(put(file.at, " "), numbers.indices[n]), " , ");
+            file.at = put(putInteger(put(file.at, " "), numbers.indices[n + 1]), " , ");
+            file.at = put(putInteger(put(file.at, " "), numbers.indices[n + 2]), " , -1,\r\n");
+        }
+    }
 }
 
 /// The same face sets, built before the clock runs.
@@ -186,7 +192,7 @@ SoVRMLGroup* coinModel() {
     auto* root = new SoVRMLGroup;
     root->ref();
     const Numbers& numbers = modelNumbers();
-    const std::size_t points = sections * outlinePoints;
+    const auto points = static_cast<std::size_t>(sections) * outlinePoints;
     const std::size_t corners = numbers.indices.size() / fuselages;
     for (std::size_t n = 0; n < fuselages; ++n) {
         auto* coord = new SoVRMLCoordinate;
@@ -211,29 +217,84 @@ void vrmlByCoin(benchmark::State& state) {
     static SoVRMLGroup* const root = coinModel();
     for (auto _ : state) {
         SoOutput output;
-        if (!output.openFile(target("coin.wrl").c_str())) state.SkipWithError("no file");
+        if (!output.openFile(scratchFile("coin.wrl").c_str())) state.SkipWithError("no file");
         output.setHeaderString("#VRML V2.0 utf8");
         SoWriteAction(&output).apply(root);
         output.closeFile();
     }
 }
 
+/// A watcher that lets the work run.
+class Patient : public Progress {
+public:
+    bool step(long long, long long) override { return true; }
+};
+
+/// The export with somebody who watches it, beside the one without.
+void vrmlWatched(benchmark::State& state) {
+    runExport(
+        state,
+        [](const std::string& file) {
+            PictureStore pictures;
+            Patient watcher;
+            return Plane::exportVRML(project, solids, file, pictures, &watcher);
+        },
+        scratchFile("model.wrl"));
+}
+
 void dxfFrontExport(benchmark::State& state) {
     runExport(
         state, [](const std::string& file) { return Plane::exportDXFFront(project, file); },
-        target("front.dxf"));
+        scratchFile("front.dxf"));
 }
 
+/// The text of a point where a line starts and where it ends.
+struct PointText {
+    char start[128];
+    char end[128];
+    std::size_t size = 0;
+
+    void take(double x, double y) {
+        char* at = start;
+        const auto coordinate = [&at](std::string_view code, double value) {
+            at = put(at, code);
+            if (value >= 0) *at++ = ' ';
+            at = put(putNumber(at, value), " \r\n");
+        };
+        coordinate(" 10 \r\n", x);
+        const auto second = at - start;
+        coordinate(" 20 \r\n", y);
+        const auto third = at - start;
+        coordinate(" 30 \r\n", 0);
+        size = static_cast<std::size_t>(at - start);
+        std::memcpy(end, start, size);
+        for (const auto code : {std::ptrdiff_t{0}, second, third}) end[code + 2] = '1';
+    }
+};
+
+/// The same lines, each point formatted once.
 void dxfBareLoop(benchmark::State& state) {
-    const Numbers& numbers = drawingNumbers();
-    for (auto _ : state) writeBare(numbers, target("bare-front"));
+    const std::vector<double>& at = drawingNumbers().coordinates;
+    for (auto _ : state) {
+        BareFile file(scratchFile("bare-front"));
+        PointText points[2];
+        for (std::size_t n = 0; n < at.size(); n += 6, file.lineDone()) {
+            PointText& from = points[n / 6 % 2];
+            PointText& to = points[(n / 6 + 1) % 2];
+            if (n / 6 % outlinePoints == 0) from.take(at[n], at[n + 1]);
+            to.take(at[n + 3], at[n + 4]);
+            file.at = put(file.at, " 0 \r\nLINE\r\n 8 \r\nFuselage_1\r\n");
+            file.at = put(file.at, {from.start, from.size});
+            file.at = put(file.at, {to.end, to.size});
+        }
+    }
 }
 
 void dxfByDxflib(benchmark::State& state) {
     const std::vector<double>& at = drawingNumbers().coordinates;
     for (auto _ : state) {
         DL_Dxf library;
-        DL_WriterA* writer = library.out(target("dxflib.dxf").c_str(), DL_Codes::AC1015);
+        DL_WriterA* writer = library.out(scratchFile("dxflib.dxf").c_str(), DL_Codes::AC1015);
         writer->sectionEntities();
         for (std::size_t n = 0; n + 6 <= at.size(); n += 6)
             library.writeLine(*writer,
@@ -252,7 +313,7 @@ void dxfByEzdxf(benchmark::State& state) {
     const std::string program =
         "import time, ezdxf\n"
         "n = " +
-        std::to_string(fuselages * sections * outlinePoints / share) +
+        std::to_string(usualPoints / share) +
         "\n"
         "begin = time.perf_counter()\n"
         "drawing = ezdxf.new()\n"
@@ -260,12 +321,12 @@ void dxfByEzdxf(benchmark::State& state) {
         "for i in range(n): space.add_line((i * .37, i * .41), (i * .43, i * .47), {'layer': "
         "'Fuselage_1'})\n"
         "drawing.saveas('" +
-        target("ezdxf.dxf") +
+        scratchFile("ezdxf.dxf") +
         "')\n"
         "print(time.perf_counter() - begin)\n";
     for (auto _ : state) {
-        std::ofstream(target("ezdxf.py")) << program;
-        FILE* pipe = ::popen(("/usr/bin/python3 " + target("ezdxf.py")).c_str(), "r");
+        std::ofstream(scratchFile("ezdxf.py")) << program;
+        FILE* pipe = ::popen(("/usr/bin/python3 " + scratchFile("ezdxf.py")).c_str(), "r");
         double seconds = 0;
         if (!pipe || std::fscanf(pipe, "%lf", &seconds) != 1) state.SkipWithError("no ezdxf");
         if (pipe) ::pclose(pipe);
@@ -273,11 +334,18 @@ void dxfByEzdxf(benchmark::State& state) {
     }
 }
 
-BENCHMARK(vrmlBareLoop)->Unit(benchmark::kMillisecond);
-BENCHMARK(vrmlExport)->Unit(benchmark::kMillisecond);
+/// An export at each size, the usual one among them.
+void everySize(benchmark::internal::Benchmark* row) {
+    row->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->Arg(usualPoints);
+    for (const std::int64_t points : sizes) row->Arg(points);
+}
+
+BENCHMARK(vrmlBareLoop)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(vrmlExport)->Apply(everySize);
+BENCHMARK(vrmlWatched)->Arg(400000)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 BENCHMARK(vrmlByCoin)->Unit(benchmark::kMillisecond)->Iterations(1);
-BENCHMARK(dxfBareLoop)->Unit(benchmark::kMillisecond);
-BENCHMARK(dxfFrontExport)->Unit(benchmark::kMillisecond);
+BENCHMARK(dxfBareLoop)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+BENCHMARK(dxfFrontExport)->Apply(everySize);
 BENCHMARK(dxfByDxflib)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(dxfByEzdxf)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
@@ -285,10 +353,9 @@ BENCHMARK(dxfByEzdxf)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTi
 
 int main(int count, char** arguments) {
     SoDB::init();
-    buildModel();
     benchmark::Initialize(&count, arguments);
     benchmark::RunSpecifiedBenchmarks();
     for (const char* name : {"model.wrl", "bare-model", "coin.wrl", "front.dxf", "bare-front",
                              "dxflib.dxf", "ezdxf.dxf", "ezdxf.py"})
-        std::filesystem::remove(target(name));
+        std::filesystem::remove(scratchFile(name));
 }

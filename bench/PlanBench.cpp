@@ -3,8 +3,10 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPen>
+#include <QPolygonF>
 #include <QPrinter>
 #include <QString>
+#include <cmath>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -13,8 +15,10 @@
 #include <benchmark/benchmark.h>
 
 #include "Measured.h"
-#include "common/Polyline.h"
+#include "model/Fits.h"
+#include "model/FrontOutline.h"
 #include "output/Plans.h"
+#include "output/Progress.h"
 #include "shell/qt/QtPrinterSurface.h"
 #include "support/InHand.h"
 
@@ -42,26 +46,43 @@ std::unique_ptr<QPrinter> printerTo(const std::string& file) {
     return printer;
 }
 
+/// The front view on the sheet, in micrometres.
+Transform fitted() {
+    constexpr double sheetWidth = 210'000;
+    const Transform fit = Plane::fitFront(project, area, Plane::unfitted(area));
+    const double scale = sheetWidth / area.width;
+    return {fit.zoom * scale, fit.xoff * scale, fit.yoff * scale};
+}
+
+/// A watcher that lets the work run.
+class Patient : public Progress {
+public:
+    bool step(long long, long long) override { return true; }
+};
+
 /// The front plan, and its file's size and memory.
-void planFront(benchmark::State& state) {
+void printFront(benchmark::State& state, Progress* watcher) {
     makeModel(state.range(0));
     const std::string target = scratchFile("plan.pdf");
     const std::string file = scratchFile("plan-front.pdf");
-    PrintSelectRecord select;
+    const PrintSelectRecord select;
     MemoryAbove memory;
     for (auto _ : state) {
         memory.during([&] {
             QtPrinterSurface paper(printerTo(target));
-            if (!Plans::previewJob(project, select, PlanJob::front, {paper, area}).isDone())
+            const Plans::Paper on{paper, area, watcher};
+            if (!Plans::previewJob(project, select, PlanJob::front, on).isDone())
                 state.SkipWithError("not printed");
         });
     }
     state.counters["MB_above"] = memory.megabytes();
     state.counters["MB_file"] = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
-    state.counters["ns_a_point"] = benchmark::Counter(
-        static_cast<double>(state.range(0)) * 1e-9,
-        benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["points"] = static_cast<double>(state.range(0));
     std::filesystem::remove(file);
+}
+
+void planFront(benchmark::State& state) {
+    printFront(state, nullptr);
 }
 BENCHMARK(planFront)
     ->Arg(4000)
@@ -71,7 +92,13 @@ BENCHMARK(planFront)
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime();
 
-/// The same outlines at the same places, each handed to the toolkit's painter as it is computed.
+void planWatched(benchmark::State& state) {
+    Patient watcher;
+    printFront(state, &watcher);
+}
+BENCHMARK(planWatched)->Arg(400000)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
+/// As many outlines of the same sizes, each handed to the toolkit's painter in whole micrometres.
 void planBare(benchmark::State& state) {
     makeModel(state.range(0));
     const std::string file = scratchFile("bare.pdf");
@@ -79,20 +106,19 @@ void planBare(benchmark::State& state) {
         const auto printer = printerTo(file);
         printer->setFullPage(true);
         QPainter painter(printer.get());
-        const double dots = printer->resolution() / 25.4;
-        painter.setPen(QPen(Qt::black, 0.25 * dots, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        const Transform at{2 * dots, 100 * dots, 150 * dots};
-        std::vector<QPointF> outline;
-        std::vector<Point2D> section;
+        const double micrometre = printer->resolution() / 25400.0;
+        painter.scale(micrometre, micrometre);
+        painter.setPen(QPen(Qt::black, 250, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        QPolygonF outline;
         for (int n = 1; n <= nbFuselages; ++n) {
-            const MeshSections& body = Fuselages(n);
-            const auto front = body.computeFrontPoints(at);
-            for (int i = 1; i <= body.nb_sections; ++i) {
-                body.collectSection(front, i, section);
+            FrontOutline front(Fuselages(n), fitted());
+            std::vector<Point2D> section;
+            for (int i = 1; i <= Fuselages(n).nb_sections; ++i) {
+                front.collect(i, section);
                 outline.clear();
-                for (const Point2D& p : section) outline.emplace_back(p.x, p.y);
-                outline.push_back(outline.front());
-                painter.drawPolyline(outline.data(), static_cast<int>(outline.size()));
+                for (const Point2D& p : section) outline.append({std::round(p.x), std::round(p.y)});
+                outline.append(outline.front());
+                painter.drawPolyline(outline);
             }
         }
     }

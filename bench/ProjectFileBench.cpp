@@ -1,15 +1,17 @@
-// Saving and reading a project of 20 MB beside bare loops over the same numbers. Each row works
-// both in turn and gives the ratio of their best times: limits are 1.5 for saving, 2 for reading, 1
-// for a line of an old version beside one of the current. The file lies in memory where the system
-// has such a place, so that the disk, which a synced file waits for, is in neither.
+// Saving and reading a project of 20 MB beside bare loops over the same numbers, and how both grow.
+// A row with a reference works both in turn and gives the ratio of their best times. The file lies
+// in memory where the system has such a place, so that the disk, which a synced file waits for, is
+// in neither.
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +20,7 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include "Measured.h"
 #include "common/NumberText.h"
 #include "common/ValueReader.h"
 #include "persistence/ProjectFile.h"
@@ -30,12 +33,6 @@ namespace {
 constexpr std::int16_t bodies = 230;
 constexpr std::int16_t sections = 1200;
 constexpr std::int16_t cross = 12;
-
-std::string scratch(const std::string& name) {
-    const bool memory = std::filesystem::is_directory("/dev/shm");
-    return (memory ? "/dev/shm/" : std::filesystem::temp_directory_path().string() + "/") + name +
-           std::to_string(::getpid());
-}
 
 /// The time that this process has worked: others on the machine are not in it.
 double seconds() {
@@ -54,16 +51,16 @@ void read(const std::string& path) {
 }
 
 /// Fuselages as drags leave them: most numbers have all their digits, some few are round.
-void makeLargeModel() {
+void makeModel(std::int16_t count, std::int16_t sectionsOfEach) {
     resetModel();
-    nbFuselages = bodies;
+    nbFuselages = count;
     Fuselage::resizeFuselages(project);
-    for (int b = 1; b <= bodies; ++b) {
+    for (int b = 1; b <= count; ++b) {
         MeshSections& body = Fuselages(b);
-        body.nb_sections = sections;
+        body.nb_sections = sectionsOfEach;
         body.nb_cross = cross;
         body.initArrays();
-        for (std::int16_t i = 1; i <= sections; ++i) {
+        for (std::int16_t i = 1; i <= sectionsOfEach; ++i) {
             body.sectionOrder(i) = i;
             body.height(i) = 100.0 + i / 7.0;
             body.width(i) = 80.25 + i / 13.0;
@@ -77,9 +74,13 @@ void makeLargeModel() {
     ObjectList.update(Fuselages, nbFuselages);
 }
 
+void makeLargeModel() {
+    makeModel(bodies, sections);
+}
+
 const std::string& largeFile() {
     static const std::string file = [] {
-        std::string path = scratch("velna-bench-project-");
+        std::string path = scratchFile("project");
         makeLargeModel();
         save(path);
         return path;
@@ -97,35 +98,46 @@ std::vector<double> numbersOf(const std::string& bytes) {
     return numbers;
 }
 
-/// The least that saving must do: every number formatted, and the whole written once.
+/// The least that saving must do: every number put into a block by the program's own digits, and
+/// the blocks written.
 void bareSave(const std::vector<double>& numbers, const std::string& path) {
-    std::string buffer(numbers.size() * 20, '\0');
-    char* end = buffer.data();
+    constexpr std::size_t size = 1 << 16;
+    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    std::array<char, size> block{};
+    char* end = block.data();
+    const auto write = [&] {
+        const auto count = static_cast<std::size_t>(end - block.data());
+        if (::write(file, block.data(), count) < 0) std::abort();
+        end = block.data();
+    };
     for (const double number : numbers) {
-        end = std::to_chars(end, end + 32, number, std::chars_format::general, 15).ptr;
+        end = putNumber(end, number);
         *end++ = '\r';
         *end++ = '\n';
+        if (end > block.data() + size - 2 * longestNumber) write();
     }
-    const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
-    const auto written =
-        ::write(file, buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-    benchmark::DoNotOptimize(written);
+    write();
     ::close(file);
 }
 
-/// The least that reading must do: every number parsed.
-double bareRead(const std::string& bytes) {
-    double sum = 0;
-    const char* at = bytes.data();
-    const char* const end = at + bytes.size();
+/// The least that reading must do: the file taken into memory, and every number parsed and kept.
+void bareRead(const std::string& path, std::vector<double>& numbers) {
+    const int file = ::open(path.c_str(), O_RDONLY);
+    const auto size = std::filesystem::file_size(path);
+    const auto bytes = std::make_unique_for_overwrite<char[]>(size);
+    if (::read(file, bytes.get(), size) != static_cast<ssize_t>(size)) std::abort();
+    ::close(file);
+    const char* at = bytes.get();
+    const char* const end = at + size;
+    std::size_t count = 0;
     while (at < end) {
         double number = 0;
         at = std::from_chars(at, end, number).ptr;
-        sum += number;
+        numbers[count++] = number;
         while (at < end && *at++ != '\n') {
         }
     }
-    return sum;
+    benchmark::DoNotOptimize(numbers.data());
 }
 
 /// The best times of the work and of its reference, worked in turn, and their ratio.
@@ -154,8 +166,8 @@ private:
 };
 
 void save(benchmark::State& state) {
-    const std::string path = scratch("velna-bench-saved-");
-    const std::string reference = scratch("velna-bench-bare-");
+    const std::string path = scratchFile("saved");
+    const std::string reference = scratchFile("bare");
     const auto numbers = numbersOf(readWholeFile(largeFile()));
     makeLargeModel();
     Comparison comparison;
@@ -169,17 +181,39 @@ void save(benchmark::State& state) {
 BENCHMARK(save)->Unit(benchmark::kMillisecond)->Iterations(7);
 
 void read(benchmark::State& state) {
-    const std::string bytes = readWholeFile(largeFile());
+    const auto lines =
+        static_cast<std::size_t>(std::ranges::count(readWholeFile(largeFile()), '\n'));
+    std::vector<double> numbers(lines + 1);
     Comparison comparison;
     for (auto _ : state) {
         resetModel();
-        comparison.round([] { read(largeFile()); },
-                         [&] { benchmark::DoNotOptimize(bareRead(bytes)); });
+        comparison.round([] { read(largeFile()); }, [&] { bareRead(largeFile(), numbers); });
     }
     if (nbFuselages != bodies) state.SkipWithError("the project was not read");
     comparison.report(state);
 }
 BENCHMARK(read)->Unit(benchmark::kMillisecond)->Iterations(7);
+
+/// Saving or reading `sections` sections, 100 in each fuselage below the largest size.
+void growth(benchmark::State& state, void (*work)(const std::string&)) {
+    const std::string path = scratchFile("growth");
+    const auto count =
+        static_cast<std::int16_t>(std::clamp<std::int64_t>(state.range(0) / 100, 1, bodies));
+    makeModel(count, static_cast<std::int16_t>(state.range(0) / count));
+    save(path);
+    MemoryAbove memory;
+    for (auto _ : state) memory.during([&] { work(path); });
+    state.counters["MB_above"] = memory.megabytes();
+    state.counters["points"] = static_cast<double>(state.range(0));
+    std::filesystem::remove(path);
+}
+
+void threeDecades(benchmark::internal::Benchmark* row) {
+    row->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+    for (const std::int64_t size : {276, 2'760, 27'600, 276'000}) row->Arg(size);
+}
+BENCHMARK_CAPTURE(growth, save, save)->Apply(threeDecades);
+BENCHMARK_CAPTURE(growth, read, read)->Apply(threeDecades);
 
 double heapInUse() {
     const auto info = ::mallinfo2();
@@ -213,7 +247,7 @@ BENCHMARK(readMemory)->Unit(benchmark::kMillisecond)->Iterations(1);
 void promised(benchmark::State& state, bool fuselages) {
     makeLargeModel();
     resetModel();
-    const std::string path = scratch("velna-bench-promised-");
+    const std::string path = scratchFile("promised");
     save(path);
     std::string bytes = readWholeFile(path);
     std::filesystem::remove(path);
@@ -232,11 +266,35 @@ void promised(benchmark::State& state, bool fuselages) {
         solids.createAll(project);
     }
     if ((fuselages ? nbFuselages : nbWings) != 32767) state.SkipWithError("nothing promised");
+    state.counters["points"] = 32767;
     state.counters["more_MB"] = (heapInUse() - before) / 1e6;
     state.counters["limit_MB"] = 150;
 }
 BENCHMARK_CAPTURE(promised, wings, false)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK_CAPTURE(promised, fuselages, true)->Unit(benchmark::kMillisecond)->Iterations(1);
+
+/// A file of as many wings as a count can tell, each with its record.
+void wingsWithRecords(benchmark::State& state) {
+    constexpr std::int16_t most = 32767;
+    resetModel();
+    nbWings = most;
+    MainWing::allocateWings(project);
+    for (int i = 1; i <= most; ++i) Wings(i).span = 100 + i / 7.0;
+    const std::string path = scratchFile("wings");
+    save(path);
+    const auto lines = std::ranges::count(readWholeFile(path), '\n');
+    std::vector<double> numbers(static_cast<std::size_t>(lines) + 1);
+    Comparison comparison;
+    for (auto _ : state) {
+        resetModel();
+        comparison.round([&] { read(path); }, [&] { bareRead(path, numbers); });
+    }
+    if (nbWings != most) state.SkipWithError("the wings were not read");
+    comparison.report(state);
+    state.counters["MB"] = static_cast<double>(std::filesystem::file_size(path)) / 1e6;
+    std::filesystem::remove(path);
+}
+BENCHMARK(wingsWithRecords)->Unit(benchmark::kMillisecond)->Iterations(7);
 
 /// The large model as version 1.2 wrote it: two wings, five numbers a section.
 std::string legacyBytes() {
@@ -285,7 +343,7 @@ std::string currentBytes() {
         body.curvature2 = body.curvature;
         body.bias_curve = body.height;
     }
-    const std::string path = scratch("velna-bench-current-");
+    const std::string path = scratchFile("current");
     save(path);
     std::string bytes = readWholeFile(path);
     std::filesystem::remove(path);

@@ -32,18 +32,33 @@ ROWS = [
     ("picture", "convertWingPicture", "toolkitAlone", 1.2),
     ("history", "historyStep", "copyAndCompare", 1.2),
     ("history", "historyNoStep", "copyAndCompare", 1.0),
-    ("output", "vrmlExport", "vrmlBareLoop", 1.3),
-    ("output", "dxfFrontExport", "dxfBareLoop", 1.3),
+    ("output", "vrmlExport/1000000/process_time", "vrmlBareLoop/process_time", 1.3),
+    ("output", "dxfFrontExport/1000000/process_time", "dxfBareLoop/process_time", 1.3),
+    ("plan", "planFront/400000/process_time", "planBare/400000/process_time", 1.2),
+    ("plan", "planWatched/400000/process_time", "planFront/400000/process_time", 1.05),
+    ("output", "vrmlWatched/400000/process_time", "vrmlExport/400000/process_time", 1.05),
     ("project", "save/iterations:7", None, 1.3),
     ("project", "read/iterations:7", None, 1.5),
+    ("project", "wingsWithRecords/iterations:7", None, 1.5),
     ("project", "readLegacy/iterations:7", None, 1.5),
     ("recovery", "dragKept", "dragAlone", 1.05),
     ("recovery", "handOver", "twoCopies", 2.0),
     ("raster", "ownLines", "toolkitLines", 1.1),
 ]
+# Program and row of what is worked at four sizes over three decades: a point of the largest takes at most so many times
+# what one of the second takes (the smallest carries what every run costs).
+GROWTH = [
+    ("output", "vrmlExport/{}/process_time", [4000, 40000, 400000, 4000000], 1.3),
+    ("output", "dxfFrontExport/{}/process_time", [4000, 40000, 400000, 4000000], 1.3),
+    ("plan", "planFront/{}/process_time", [4000, 40000, 400000, 4000000], 1.3),
+    ("project", "growth/save/{}/process_time", [276, 2760, 27600, 276000], 1.3),
+    ("project", "growth/read/{}/process_time", [276, 2760, 27600, 276000], 1.3),
+]
+# Rows whose memory counts: "more_MB" against "limit_MB".
+PROMISES = [("project", "promised/wings/iterations:1"), ("project", "promised/fuselages/iterations:1")]
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "growth", "views", "scene", "live", "picture", "history", "output", "project", "recovery", "raster"]
+PROGRAMS = ["mesh", "growth", "views", "scene", "live", "picture", "history", "output", "plan", "project", "recovery", "raster"]
 
 
 def run(build, program):
@@ -76,12 +91,43 @@ def wanted(program, rows):
             yield name, name.removesuffix(OWN) + REFERENCE, REDRAW_BAR
 
 
+def median(runs, row, key):
+    """The median of a figure of a row over all runs; None where it was not measured."""
+    found = [rows[row][key] for rows in runs if key in rows.get(row, {})]
+    return statistics.median(found) if found else None
+
+
+def print_growth(runs):
+    """Nanoseconds and bytes a point at each size."""
+    print(f"\n{'program':9} {'growth over three decades':37} {'ns a point':>27} {'bytes a point':>31} {'grows':>6} {'bar':>6}")
+    for program, name, sizes, bar in GROWTH:
+        rows = [name.format(size) for size in sizes]
+        times = [median(runs[program], row, "cpu_time") for row in rows]
+        if None in times:
+            print(f"{program:9} {name:37} not measured")
+            continue
+        times = [time * 1e6 / size for time, size in zip(times, sizes)]
+        above = [median(runs[program], row, "MB_above") * 1e6 / size for row, size in zip(rows, sizes)]
+        grows = times[-1] / times[1]
+        shown = " ".join(f"{time:6.0f}" for time in times) + "    " + " ".join(f"{memory:6.1f}" for memory in above)
+        print(f"{program:9} {name:37} {shown} {grows:6.2f} {bar:6.2f}{'  over' if grows > bar else ''}")
+
+
+def print_promises(runs):
+    """What tiny files cost that promise as many objects as a count can tell."""
+    print()
+    for program, row in PROMISES:
+        more, limit = median(runs[program], row, "more_MB"), median(runs[program], row, "limit_MB")
+        print(f"{program:9} {row:45} {more:6.1f} MB of {limit:.0f}{'  over' if more > limit else ''}")
+
+
 def main():
     build, rounds = sys.argv[1], int(sys.argv[2]) if len(sys.argv) > 2 else 5
-    ratios = {}
+    ratios, runs = {}, {program: [] for program in PROGRAMS}
     for _ in range(rounds):
         for program in PROGRAMS:
             rows = run(build, program)
+            runs[program].append(rows)
             for row, reference, bar in wanted(program, rows):
                 ratios.setdefault((program, row, bar), []).append(ratio_of(rows, row, reference))
     print(f"{'program':9} {'row':45} {'ratio':>6} {'least':>6} {'most':>6} {'bar':>6}")
@@ -92,6 +138,8 @@ def main():
         median = statistics.median(found)
         over = "  over" if median > bar else ""
         print(f"{program:9} {row:45} {median:6.2f} {min(found):6.2f} {max(found):6.2f} {bar:6.2f}{over}")
+    print_growth(runs)
+    print_promises(runs)
 
 
 main()

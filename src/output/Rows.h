@@ -48,7 +48,7 @@ public:
 
 private:
     static constexpr std::size_t smallBlock = std::size_t{64} << 10;
-    static constexpr std::size_t largeBlock = std::size_t{1} << 20;
+    static constexpr std::size_t largeBlock = std::size_t{512} << 10;
 
     /// Memory that holds nothing yet.
     class Block {

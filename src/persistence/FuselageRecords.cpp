@@ -132,7 +132,10 @@ void saveBody(TextSink& file, const Body& body) {
     saveRecord<Body>(file, bodyHead, body, currentBody);
     for (int i = 1; i <= body.nb_sections; ++i) {
         const int k = body.storageIndex(i);
-        for (const auto array : sectionArrays) saveNumber(file, (body.*array)(k));
+        char lines[allArrays.size() * longestNumberLine];
+        char* end = lines;
+        for (const auto array : sectionArrays) end = putNumberLine(end, (body.*array)(k));
+        file.buffer().append(lines, end);
         file.flushIfFull();
     }
 }

@@ -50,10 +50,21 @@ constexpr std::array<Field, N + M> joined(const std::array<Field, N>& first,
     return all;
 }
 
+/// The most characters of a line with a number, its end included.
+inline constexpr std::size_t longestNumberLine = longestNumber + 2;
+
+/// Writes a line with a number at `at`; gives its end.
+inline char* putNumberLine(char* at, double value) {
+    at = putNumber(at, value);
+    *at++ = '\r';
+    *at++ = '\n';
+    return at;
+}
+
 /// A line with a number, a whole number, or a text in quotes.
 inline void saveNumber(TextSink& file, double value) {
-    appendNumber(file.buffer(), value);
-    file.line({});
+    char text[longestNumberLine];
+    file.buffer().append(text, putNumberLine(text, value));
 }
 
 inline void saveInteger(TextSink& file, long long value) {
