@@ -6,6 +6,9 @@ from screen import wait_for
 # The settings that a fresh installation starts with.
 ASKED_FOR = (base.HERE.parents[1] / "src" / "shell" / "prefs.txt").read_bytes().decode()
 
+# What the menu begins with.
+MENU = ["Change", "InsRem", "LoadBitmap", "MoveBitmap", "SizeBitmap", "LockZoom", "ClearBitmap"]
+
 
 class Demonstration(base.WindowTest):
     starts = False
@@ -30,7 +33,7 @@ class Demonstration(base.WindowTest):
         self.assertNotEqual(program.text("SpanText") if program.find("SpanText") else "", "1400")
         menu = wait_for(lambda: (m := program.of_kind("QMenu")) and m, "the open menu")
         self.take("demonstration-end")
-        self.assertEqual(len(menu[0].entries), 7)
+        self.assertEqual([entry["name"] for entry in menu[0].entries[:7]], MENU)
         self.screen.key("Escape")
         wait_for(lambda: program.get("FuselageScroll").maximum == 4, "the fourth section")
         self.assertEqual(program.quit(), 0)
