@@ -115,20 +115,22 @@ class Outside(base.WindowTest):
         """Drags a list of addresses out of another program, and lets it go at a place of the screen."""
         source = subprocess.Popen([base.BUILD / "plugins" / "velna_drag_source"], env=self.screen.env, text=True,
                                   stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        try:
-            source.stdin.write("".join(address + "\r\n" for address in addresses))
-            source.stdin.close()
-            self.assertEqual(source.stdout.readline().strip(), "ready")
-            x, y = at
-            self.screen.tool("mousemove", 30, 20, "mousedown", 1, "sleep", 0.1)
-            for step in range(1, 9):
-                self.screen.tool("mousemove", 30 + (x - 30) * step // 8, 20 + (y - 20) * step // 8, "sleep", 0.05)
-            self.screen.tool("sleep", 0.3, "mouseup", 1)
-            self.assertEqual(source.stdout.readline().strip(), result)
-        finally:
-            source.kill()
-            source.wait()
-            source.stdout.close()
+        self.addCleanup(self.end, source)
+        source.stdin.write("".join(address + "\r\n" for address in addresses))
+        source.stdin.close()
+        self.assertEqual(source.stdout.readline().strip(), "ready")
+        x, y = at
+        self.screen.tool("mousemove", 30, 20, "mousedown", 1, "sleep", 0.1)
+        for step in range(1, 9):
+            self.screen.tool("mousemove", 30 + (x - 30) * step // 8, 20 + (y - 20) * step // 8, "sleep", 0.05)
+        self.screen.tool("sleep", 0.3, "mouseup", 1)
+        self.assertEqual(source.stdout.readline().strip(), result)
+
+    @staticmethod
+    def end(source):
+        source.kill()
+        source.wait()
+        source.stdout.close()
 
     @staticmethod
     def address(path):

@@ -35,6 +35,8 @@ protected:
         auto* drag = new QDrag(this);
         drag->setMimeData(carried);
         const bool taken = drag->exec(Qt::CopyAction | Qt::MoveAction) == Qt::CopyAction;
+        // What was taken may be asked for later.
+        hide();
         say(taken ? "taken" : "refused");
     }
 
