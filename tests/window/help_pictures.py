@@ -150,9 +150,9 @@ def menu_beside(camera, key, arrow, name):
 def take_files(camera):
     """Recent projects, a drop, and work that was not saved."""
     program, screen = camera.program, camera.screen
-    models = program.folder / "models"
-    models.mkdir()
-    for name in ("glider.vln", "sport_inches.vln", "twin_hull.vln", "trainer.vln"):
+    models = pathlib.Path(tempfile.gettempdir()) / "models"  # a name that can be shown
+    models.mkdir(exist_ok=True)
+    for name in ("glider.vln", "sport_inches.vln", "twin_hull.vln"):
         shutil.copy(ROOT / "examples" / name, models)
         program.open(models / name)
         time.sleep(0.5)
@@ -167,6 +167,7 @@ def take_files(camera):
     camera.dialog("recovery", "Velna")
     program.push("Discard")
     program.no_dialog()
+    shutil.rmtree(models)
 
 
 def main():
