@@ -114,7 +114,7 @@ class Outside(base.WindowTest):
     def drop(self, addresses, at, result):
         """Drags a list of addresses out of another program, and lets it go at a place of the screen."""
         source = subprocess.Popen([base.BUILD / "plugins" / "velna_drag_source"], env=self.screen.env, text=True,
-                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+                                  stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.addCleanup(self.end, source)
         source.stdin.write("".join(address + "\r\n" for address in addresses))
         source.stdin.close()
