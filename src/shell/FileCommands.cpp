@@ -44,6 +44,8 @@ void FileCommands::resetModel() {
     Plane::setDefaultPlane(main.project);
     solids = {};
     main.views.startOver();
+    // What a field has changed by is told within one aircraft.
+    leaveField(main);
     main.fillCatalogues();
     // The panel's filler sets the bar's range alone: it would stand at a box of the former project.
     main.setScroll(Control::IndexServosScroll, main.project.nbEquipments,

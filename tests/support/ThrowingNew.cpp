@@ -11,6 +11,12 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return operator new(size);
 }
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size == 0 ? 1 : size);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& quiet) noexcept {
+    return operator new(size, quiet);
+}
 void operator delete(void* memory) noexcept {
     std::free(memory);
 }

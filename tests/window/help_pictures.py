@@ -106,6 +106,7 @@ def take(camera):
     time.sleep(0.8)
     camera.keep("flight", colours=64)
     screen.key("Escape")
+    wait_for(lambda: program.picture().width < screen.size[0] - 2, "the end of the flight")
 
 
 def strip_and_tracing(camera, area):
