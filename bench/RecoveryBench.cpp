@@ -43,11 +43,10 @@ public:
         Main.initVTopView();
     }
 
-    /// Work that the writer has just been given.
-    void keepWork() {
-        Wings(2).shift += 1;
+    /// A change, of the same size each time.
+    void edit() {
+        Wings(2).shift = 1 - Wings(2).shift;
         Main.savedProject = false;
-        program.recovery.lookNow("/bench.vln");
     }
     void press() {
         const Outline& tip = Main.views.wings(1).vtopPoints;
@@ -85,7 +84,8 @@ void gestures(benchmark::State& state, bool kept) {
     if (kept) program.recovery.begin();
     for (auto _ : state) {
         state.PauseTiming();
-        if (kept) bench.keepWork();
+        bench.edit();
+        if (kept) program.recovery.lookNow("/bench.vln");
         bench.press();
         state.ResumeTiming();
         for (int i = 0; i < steps; ++i) {
@@ -110,7 +110,10 @@ void dragAlone(benchmark::State& state) {
 void handOver(benchmark::State& state) {
     Bench bench;
     program.recovery.begin();
-    for (auto _ : state) bench.keepWork();
+    for (auto _ : state) {
+        bench.edit();
+        program.recovery.lookNow("/bench.vln");
+    }
     program.recovery.end();
 }
 
