@@ -70,7 +70,7 @@ std::vector<int> RecoverySlot::numbersIn(const std::string& folder) {
             numbers.push_back(*number);
     });
     std::ranges::sort(numbers, std::greater());
-    numbers.erase(std::ranges::unique(numbers).begin(), numbers.end());
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
     return numbers;
 }
 
