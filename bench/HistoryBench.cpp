@@ -1,5 +1,7 @@
 // A step of the history on a large aircraft beside what keeping a state costs at the least: one
-// copy and one comparison of as many bytes.
+// copy and one comparison of the project.
+
+#include <deque>
 
 #include <benchmark/benchmark.h>
 
@@ -62,18 +64,30 @@ void historyNoStep(benchmark::State& state) {
 }
 BENCHMARK(historyNoStep);
 
-/// The project's own copy and comparison.
-void copyAndCompare(benchmark::State& state) {
+/// The project's own comparison, and a copy that stays, among as many as the history keeps.
+void compareAndKeep(benchmark::State& state) {
     Project project = largeAircraft();
-    Project last = project;
+    History history;
+    history.begin(project, true);
+    const std::size_t most = History::usualMost / history.bytes();
+    std::deque<Project> kept{project};
     for (auto _ : state) {
         project.Wings(7).span += 1;
-        benchmark::DoNotOptimize(project == last);
-        last = project;
+        benchmark::DoNotOptimize(project == kept.back());
+        kept.push_back(project);
+        if (kept.size() > most) kept.pop_front();
         benchmark::ClobberMemory();
     }
 }
-BENCHMARK(copyAndCompare);
+BENCHMARK(compareAndKeep);
+
+/// The comparison alone.
+void compareAlone(benchmark::State& state) {
+    const Project project = largeAircraft();
+    const Project last = project;
+    for (auto _ : state) benchmark::DoNotOptimize(project == last);
+}
+BENCHMARK(compareAlone);
 
 }  // namespace
 }  // namespace velna
