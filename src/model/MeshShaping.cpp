@@ -41,7 +41,8 @@ double smoothValue(const MeshSections& body, const std::vector<double>& line, in
 template <class Value>
 std::vector<double> profileLine(const MeshSections& body, Value value) {
     std::vector<double> line(static_cast<std::size_t>(body.height.upper()) + 1);
-    for (int i = 1; i <= body.sectionCount(); ++i) {
+    const int sections = body.sectionCount();
+    for (int i = 1; i <= sections; ++i) {
         const int k = body.storageIndex(i);
         line[static_cast<std::size_t>(k)] = value(k);
     }
@@ -57,7 +58,8 @@ std::vector<double> topLine(const MeshSections& body) {
 
 double MeshSections::lengthPoint() const {
     double value = -10000000;
-    for (int k = 1; k <= sectionCount(); ++k)
+    const int sections = sectionCount();
+    for (int k = 1; k <= sections; ++k)
         if (pos(k) > value) value = pos(k);
     assignFinite(value, value + pos_offset);
     return value;
@@ -65,7 +67,8 @@ double MeshSections::lengthPoint() const {
 
 double MeshSections::startpoint() const {
     double value = 10000000;
-    for (int k = 1; k <= sectionCount(); ++k)
+    const int sections = sectionCount();
+    for (int k = 1; k <= sections; ++k)
         if (pos(k) < value) value = pos(k);
     assignFinite(value, value + pos_offset);
     return value;
@@ -73,7 +76,8 @@ double MeshSections::startpoint() const {
 
 double MeshSections::maxElevationPoint() const {
     double value = -10000000;
-    for (int k = 1; k <= sectionCount(); ++k) {
+    const int sections = sectionCount();
+    for (int k = 1; k <= sections; ++k) {
         const double top = elevation(k) + height(k) + elevation_offset;
         if (top > value) assignFinite(value, top);
     }
@@ -83,7 +87,8 @@ double MeshSections::maxElevationPoint() const {
 double MeshSections::minElevationPoint() const {
     // Smaller in size than its partner's start: a body wholly above it reports this height.
     double value = 100000;
-    for (int k = 1; k <= sectionCount(); ++k) {
+    const int sections = sectionCount();
+    for (int k = 1; k <= sections; ++k) {
         const double bottom = elevation(k) + elevation_offset;
         if (bottom < value) assignFinite(value, bottom);
     }
@@ -92,7 +97,8 @@ double MeshSections::minElevationPoint() const {
 
 double MeshSections::maxWidthPoint() const {
     double value = -1;
-    for (int k = 1; k <= sectionCount(); ++k)
+    const int sections = sectionCount();
+    for (int k = 1; k <= sections; ++k)
         if (width(k) > value) value = width(k);
     return value;
 }
