@@ -99,6 +99,36 @@ TEST_F(HistoryCommandsTest, ADragIsOneStepAndTheViewStaysWhereItIs) {
     EXPECT_EQ(Main.view.mode, ViewMode::VTop);
 }
 
+TEST_F(HistoryCommandsTest, SectionsThatAPressInsertsAndRemovesAreNamed) {
+    program.toolbar.click(Key::Side);
+    const MeshSections& body = Fuselages(1);
+    const double middle = (body.pos(1) + body.pos(2)) / 2;
+    const auto x = static_cast<float>(middle * Main.view.zoom + Main.view.xoff);
+    const Point2D upper = Main.views.fuselage().side.top(1),
+                  next = Main.views.fuselage().side.top(2);
+    const auto y = static_cast<float>((upper.y + next.y) / 2);
+    const int sections = body.nb_sections;
+    const auto ctrlClick = [&](float atX, float atY) {
+        Main.DrawArea_MouseMove(0, 0, atX, atY);
+        Main.DrawArea_keydown(17, ShiftState::ctrl);
+        Main.DrawArea_MouseDown(1, ShiftState::ctrl, atX, atY);
+        Main.DrawArea_MouseUp(1, ShiftState::ctrl, atX, atY);
+    };
+    ctrlClick(x, y);
+    ASSERT_EQ(body.nb_sections, sections + 1);
+    EXPECT_EQ(undoText(), "Insert section");
+    const SideEdges& edges = Main.views.fuselage().side;
+    ctrlClick(static_cast<float>(edges.top(2).x),
+              static_cast<float>((edges.top(2).y + edges.bottom(2).y) / 2));
+    ASSERT_EQ(body.nb_sections, sections);
+    EXPECT_EQ(undoText(), "Remove section");
+    EXPECT_EQ(Main.history.stepCount(), 2U);
+    undo();
+    EXPECT_EQ(Fuselages(1).nb_sections, sections + 1);
+    undo();
+    EXPECT_EQ(Fuselages(1).nb_sections, sections);
+}
+
 TEST_F(HistoryCommandsTest, APressThatChangesNothingIsNoStepThoughItIsToBeSaved) {
     Main.DrawArea_MouseDown(1, 0, 3, 3);
     Main.DrawArea_MouseUp(1, 0, 3, 3);

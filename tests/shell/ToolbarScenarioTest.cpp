@@ -1,3 +1,4 @@
+#include "support/HistoryRun.h"
 #include "support/ScenarioRun.h"
 #include "support/ToolbarBench.h"
 
@@ -16,6 +17,11 @@ TEST_P(ToolbarScenario, EndsAsComputed) {
     runScenario(bench, scenarios().at("cases").at(GetParam()), clickToolbar);
     EXPECT_FALSE(HasFailure());
     EXPECT_TRUE(GlTape::faults().empty());
+}
+
+TEST_P(ToolbarScenario, GoesBackToTheStartAndForthToTheEnd) {
+    runHistory(bench, scenarios().at("cases").at(GetParam()), clickToolbar);
+    EXPECT_FALSE(HasFailure());
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, ToolbarScenario,
