@@ -227,8 +227,8 @@ const PanelCheck* panelCheck(Control control) {
     return findRow(panelChecks(), control);
 }
 
-double fullSpan(const SymWingSections& wing) {
-    return 2 * (wing.span + wing.shift);
+double fullSpan(const SymWingSections& panel) {
+    return 2 * (panel.span + panel.shift);
 }
 
 std::string panelText(const Project& project, const PanelField& field) {

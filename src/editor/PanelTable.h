@@ -85,7 +85,7 @@ std::string panelTip(const Project& project, const PanelField& field);
 std::string entryTip(const PanelStore& store, const PanelField& field);
 
 /// The span that the boxes show, over both halves. A panel's own lies outside its shift.
-double fullSpan(const SymWingSections& wing);
+double fullSpan(const SymWingSections& panel);
 
 /// A length in the given unit as a box shows it: whole millimetres rounded down, or inches with two
 /// decimals.
