@@ -1,7 +1,7 @@
 #include "shell/OpenedKind.h"
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 #include <string_view>
 
 #include "common/ReplacedFile.h"
@@ -16,11 +16,11 @@ namespace {
 
 using namespace std::string_view_literals;
 
-constexpr std::array pictureExtensions{"bmp"sv, "jpg"sv, "jpeg"sv, "png"sv,
-                                       "gif"sv, "tif"sv, "tiff"sv, "ico"sv};
+constexpr std::string_view pictureExtensions[] = {"bmp"sv, "jpg"sv, "jpeg"sv, "png"sv,
+                                                  "gif"sv, "tif"sv, "tiff"sv, "ico"sv};
 /// How the pictures that can be decoded begin.
-constexpr std::array pictureHeads{"BM"sv,    "\xff\xd8\xff"sv, "\x89PNG"sv, "GIF8"sv,
-                                  "II*\0"sv, "MM\0*"sv,        "\0\0\1\0"sv};
+constexpr std::string_view pictureHeads[] = {"BM"sv,    "\xff\xd8\xff"sv, "\x89PNG"sv, "GIF8"sv,
+                                             "II*\0"sv, "MM\0*"sv,        "\0\0\1\0"sv};
 constexpr std::size_t longestHead = 8;
 
 /// What stands behind the last point of the title, in small letters.
@@ -63,7 +63,7 @@ OpenedKind kindOfFile(const std::string& file) {
         checkAirfoil(file);
         return OpenedKind::Airfoil;
     }
-    if (std::ranges::find(pictureExtensions, extension) != pictureExtensions.end()) {
+    if (std::ranges::find(pictureExtensions, extension) != std::end(pictureExtensions)) {
         checkPicture(file);
         return OpenedKind::Picture;
     }
