@@ -42,7 +42,7 @@ Outcome endJob(PrinterSurface& printer, const Work& work) {
         printer.KillDoc();
         return Outcome::cancelled();
     }
-    return printer.EndDoc() ? Outcome() : Outcome::failed(printer.error());
+    return printer.EndDoc();
 }
 
 /// Prints `count` sheets, each begun by `draw(number)`. A plan without any is refused with the
@@ -211,7 +211,7 @@ const JobRow& rowOf(PlanJob job) {
 
 Outcome printJob(PlanJob job, const Sheets& on) {
     if (!printable(on.printer)) return Outcome::failed("The sheet has no printable area.");
-    on.printer.StartDoc(rowOf(job).name);
+    on.printer.StartDoc(rowOf(job).name, on.watcher);
     return rowOf(job).print(on);
 }
 

@@ -2,10 +2,13 @@
 
 #include <string>
 
+#include "common/Outcome.h"
 #include "common/Palette.h"
 #include "common/Point.h"
 
 namespace velna {
+
+class Progress;
 
 /// The paper, in the project's unit, origin at the upper left of the printable area, y down.
 class PrinterSurface {
@@ -21,16 +24,17 @@ public:
     /// A text with its lower left corner at (x, y), for sheets that are taped together.
     virtual void Text(double x, double y, const std::string& text) = 0;
     /// Begins a job of its own; `name` ("side", "sections", "vtop", "front", "htop") also names its
-    /// file where a file is the target. A job that cannot begin says so in `error()` at its
-    /// `EndDoc`.
-    virtual void StartDoc(const std::string& name) = 0;
+    /// file where a file is the target. A job that cannot begin says so at its `EndDoc`. `watcher`,
+    /// which may be null, is asked while the end of a page takes long, and may cancel the job then.
+    virtual void StartDoc(const std::string& name, Progress* watcher) = 0;
     /// Ends the page; the next one begins with its first line.
     virtual void NewPage() = 0;
-    /// Ends the job. False, with the reason in `error()`, when it could not be printed.
-    virtual bool EndDoc() = 0;
+    /// Ends the job. Cancelled by the watcher, or failed, nothing of it is printed.
+    virtual Outcome EndDoc() = 0;
     /// Drops the job in place of `EndDoc`: what is not yet printed never is, an unfinished file
     /// goes.
     virtual void KillDoc() = 0;
+    /// Why the job under way cannot be printed; empty where it can.
     virtual std::string error() const = 0;
 };
 

@@ -11,6 +11,10 @@ public:
     /// cancelled, and the work is to be dropped.
     virtual bool step(long long done, long long total) = 0;
 
+    /// Asked every few hundredths of a second while something goes on that has no parts to count.
+    /// False: the user has cancelled.
+    virtual bool stillAtWork() { return true; }
+
     /// The command is over: the next one starts anew.
     virtual void finish() {}
 };

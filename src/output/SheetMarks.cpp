@@ -27,9 +27,9 @@ public:
         reach(x2, y2);
     }
     void Text(double, double, const std::string&) override {}
-    void StartDoc(const std::string&) override {}
+    void StartDoc(const std::string&, Progress*) override {}
     void NewPage() override {}
-    bool EndDoc() override { return true; }
+    Outcome EndDoc() override { return {}; }
     void KillDoc() override {}
     std::string error() const override { return {}; }
 

@@ -48,6 +48,23 @@ TEST_F(Progressing, ABarComesAfterASecondAndItsCancelEndsTheWork) {
     EXPECT_EQ(shownBar(), nullptr);
 }
 
+TEST_F(Progressing, WorkWithoutPartsShowsTheBarAndTakesItsCancelToo) {
+    EXPECT_TRUE(watcher.stillAtWork());
+    EXPECT_EQ(shownBar(), nullptr);
+    QThread::msleep(1050);
+    EXPECT_TRUE(watcher.stillAtWork());
+    QProgressDialog* bar = shownBar();
+    ASSERT_NE(bar, nullptr);
+    const int value = bar->value();
+    QThread::msleep(60);
+    EXPECT_TRUE(watcher.stillAtWork());
+    EXPECT_EQ(bar->value(), value);
+    bar->cancel();
+    QThread::msleep(60);
+    EXPECT_FALSE(watcher.stillAtWork());
+    EXPECT_FALSE(watcher.step(1, 2));
+}
+
 TEST_F(Progressing, AnEstimateThatWasTooLowOrNoneDoesNotCloseTheBar) {
     EXPECT_TRUE(watcher.step(1, 0));
     QThread::msleep(1050);

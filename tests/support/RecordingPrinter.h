@@ -33,13 +33,13 @@ public:
     void Text(double x, double y, const std::string& text) override {
         calls.push_back({PrinterCall::Kind::Text, {x, y, 0, 0}, {}, text});
     }
-    void StartDoc(const std::string& name) override {
+    void StartDoc(const std::string& name, Progress*) override {
         calls.push_back({PrinterCall::Kind::Start, {}, {}, name});
     }
     void NewPage() override { calls.push_back({PrinterCall::Kind::NewPage, {}, {}, {}}); }
-    bool EndDoc() override {
+    Outcome EndDoc() override {
         calls.push_back({PrinterCall::Kind::EndDoc, {}, {}, {}});
-        return failure.empty();
+        return failure.empty() ? Outcome() : Outcome::failed(failure);
     }
     void KillDoc() override { calls.push_back({PrinterCall::Kind::KillDoc, {}, {}, {}}); }
     std::string error() const override { return failure; }

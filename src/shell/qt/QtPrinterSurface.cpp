@@ -8,7 +8,9 @@
 #include <cmath>
 
 #include "common/ClipLine.h"
+#include "common/TwoThreads.h"
 #include "model/Units.h"
+#include "shell/qt/WatchedWork.h"
 
 namespace velna {
 namespace {
@@ -86,9 +88,12 @@ void QtPrinterSurface::paintLines() {
     painter_.setTransform(QTransform::fromScale(scale, scale));
 }
 
-void QtPrinterSurface::StartDoc(const std::string& name) {
+void QtPrinterSurface::StartDoc(const std::string& name, Progress* watcher) {
     error_.clear();
     pagesToTurn_ = 0;
+    linesOnPage_ = 0;
+    watcher_ = watcher;
+    cancelled_ = false;
     if (!target_.isEmpty()) {
         finished_ = jobFile(target_, name);
         file_ = std::make_unique<ReplacedFile>(QFile::encodeName(finished_).toStdString(),
@@ -112,15 +117,24 @@ void QtPrinterSurface::StartDoc(const std::string& name) {
     }
 }
 
+// The toolkit compresses a page as it ends: seconds where it holds millions of lines.
+template <class End>
+bool QtPrinterSurface::endPage(End end) {
+    const bool isLong = watcher_ && linesOnPage_ > workForTwoThreads;
+    linesOnPage_ = 0;
+    return isLong ? watchedWork(*watcher_, cancelled_, end) : end();
+}
+
 bool QtPrinterSurface::beginPage() {
-    if (!painter_.isActive()) return false;
+    if (!painter_.isActive() || cancelled_) return false;
     for (; pagesToTurn_ > 0; --pagesToTurn_) {
-        if (!printer_.newPage()) {
+        if (!endPage([this] { return printer_.newPage(); })) {
             error_ = "The printer takes no further page";
             return false;
         }
     }
-    return true;
+    ++linesOnPage_;
+    return !cancelled_;
 }
 
 void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colour) {
@@ -174,16 +188,18 @@ void QtPrinterSurface::NewPage() {
     ++pagesToTurn_;
 }
 
-bool QtPrinterSurface::EndDoc() {
+Outcome QtPrinterSurface::EndDoc() {
     endPath();
-    if (painter_.isActive() && !painter_.end() && error_.empty())
+    if (painter_.isActive() && !endPage([this] { return painter_.end(); }) && error_.empty())
         error_ = "The job could not be ended";
     if (printer_.printerState() == QPrinter::Error && error_.empty())
         error_ = "The printer has failed";
-    if (file_ && error_.empty() && !file_->commit())
+    const bool drop = file_ && cancelled_;
+    if (file_ && error_.empty() && !drop && !file_->commit())
         error_ = finished_.toStdString() + ": " + file_->error();
     file_.reset();
-    return error_.empty();
+    if (drop) return Outcome::cancelled();
+    return error_.empty() ? Outcome() : Outcome::failed(error_);
 }
 
 void QtPrinterSurface::KillDoc() {

@@ -30,9 +30,10 @@ public:
     double ScaleHeight() const override;
     void Line(double x1, double y1, double x2, double y2, Rgb colour) override;
     void Text(double x, double y, const std::string& text) override;
-    void StartDoc(const std::string& name) override;
+    void StartDoc(const std::string& name, Progress* watcher) override;
     void NewPage() override;
-    bool EndDoc() override;
+    /// What a printer's queue has taken cannot be cancelled; a file can, to its last page.
+    Outcome EndDoc() override;
     void KillDoc() override;
     std::string error() const override { return error_; }
 
@@ -42,6 +43,8 @@ public:
 private:
     void readPaper();
     bool beginPage();
+    template <class End>
+    bool endPage(End end);
     QPointF onPaper(double x, double y) const;
     void paintLines();
     void endPath();
@@ -60,6 +63,9 @@ private:
     std::vector<QPointF> path_;  // lines that go on from each other, not yet painted
     Rgb colour_;                 // theirs
     int pagesToTurn_ = 0;        // ended, their successors not yet begun
+    std::size_t linesOnPage_ = 0;
+    Progress* watcher_ = nullptr;  // of the job
+    bool cancelled_ = false;       // by it
     std::string error_;
 };
 

@@ -15,13 +15,28 @@ constexpr int wholeBar = 1000;
 
 bool QtProgress::step(long long done, long long total) {
     if (cancelled_) return false;
-    if (!since_.isValid()) since_.start();
-    if (since_.elapsed() < quietTime) return true;
-    if (!bar_) showBar();
-    if (shown_.isValid() && shown_.elapsed() < betweenLooks) return true;
-    shown_.start();
+    if (!isTimeToLook()) return true;
     const double share = total > 0 ? static_cast<double>(done) / static_cast<double>(total) : 0;
     bar_->setValue(static_cast<int>(std::clamp(share, 0.0, 1.0) * (wholeBar - 1)));
+    return look();
+}
+
+bool QtProgress::stillAtWork() {
+    if (cancelled_) return false;
+    return !isTimeToLook() || look();
+}
+
+// Shows the bar as soon as the command has taken long enough for one.
+bool QtProgress::isTimeToLook() {
+    if (!since_.isValid()) since_.start();
+    if (since_.elapsed() < quietTime) return false;
+    if (!bar_) showBar();
+    if (shown_.isValid() && shown_.elapsed() < betweenLooks) return false;
+    shown_.start();
+    return true;
+}
+
+bool QtProgress::look() {
     QApplication::processEvents();
     cancelled_ = !bar_ || bar_->wasCanceled();
     return !cancelled_;

@@ -13,10 +13,13 @@ namespace velna {
 class QtProgress : public Progress {
 public:
     bool step(long long done, long long total) override;
+    bool stillAtWork() override;
 
     void finish() override;
 
 private:
+    bool isTimeToLook();
+    bool look();
     void showBar();
 
     QElapsedTimer since_;  // the first step of the command; invalid before it
