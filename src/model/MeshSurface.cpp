@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "common/NumberText.h"
 #include "model/BodySolid.h"
 #include "model/Lengths.h"
+#include "model/MeshHalves.h"
 #include "model/MeshSections.h"
 #include "model/SuperEllipse.h"
 
@@ -100,12 +100,9 @@ int BodySolid::prepare(const MeshSections& body) {
 
 void BodySolid::buildSections(const MeshSections& body, int first, int last) {
     if (first > last) return;
-    const double middle = nb_cross / 2.0;
-    // With an odd number of points the rounding leaves one of each section out of all ranges, and
-    // lets others overlap, where the later one stays.
-    const int opposite = roundToInt(middle + 1);
-    SuperEllipse upper(1, roundToInt(middle), nb_cross);
-    SuperEllipse lower(roundToInt(middle + 2), nb_cross, nb_cross);
+    const MeshHalves halves(nb_cross);
+    SuperEllipse upper(1, halves.upperLast, nb_cross);
+    SuperEllipse lower(halves.lowerFirst, nb_cross, nb_cross);
     for (int i = first; i <= last; ++i) {
         const int k = body.storageIndex(i);
         upper.setExponent(body.curvature(k));
@@ -113,11 +110,11 @@ void BodySolid::buildSections(const MeshSections& body, int first, int last) {
         const HalfSection upperHalf(body, k, body.bias_curve(k));
         const HalfSection lowerHalf(body, k, 1.0 - body.bias_curve(k));
         Point3D* row = points.row(i);
-        if (nb_cross % 2 != 0 || !upperHalf.bounded(upper) || !lowerHalf.bounded(lower))
+        if (halves.unset != 0 || !upperHalf.bounded(upper) || !lowerHalf.bounded(lower))
             std::fill(row + 1, row + nb_cross + 1, Point3D{upperHalf.x, 0, 0});
         upperHalf.write(row, upper);
         // The same angle from the formula would leave a rounding error on the widest line.
-        assignFinite(row[opposite], upperHalf.x, -body.width(k) / 2 + body.shift,
+        assignFinite(row[halves.opposite], upperHalf.x, -body.width(k) / 2 + body.shift,
                      body.elevation(k) + -upperHalf.base + body.elevation_offset);
         lowerHalf.write(row, lower);
     }
