@@ -25,7 +25,7 @@ constexpr double tolerance = 1e-9;
 
 ordered_json cases() {
     std::ifstream file(data + "figures/figures.json");
-    return ordered_json::parse(file);
+    return ordered_json::parse(file).at("aircraft");
 }
 
 Project readAircraft(const std::string& name) {

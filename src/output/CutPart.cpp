@@ -1,0 +1,136 @@
+#include "output/CutPart.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "model/SparSlot.h"
+
+namespace velna {
+
+namespace {
+
+/// The width of a common letter and the distance of lines, in heights of the font.
+constexpr double letterWidth = 0.62;
+constexpr double lineDistance = 1.3;
+/// What hangs below the line, likewise.
+constexpr double descent = 0.25;
+/// Millimetres between a text and the next line that is cut or drawn.
+constexpr double gap = 0.8;
+/// At how many places along the part a text is tried.
+constexpr int tries = 24;
+
+PartBox boxOfLines(const CutPart& part) {
+    PartBox box;
+    bool first = true;
+    const auto reach = [&](const Point2D& point) {
+        if (first) box = {point.x, point.y, point.x, point.y};
+        first = false;
+        box.reach(point);
+    };
+    for (const Loop& loop : part.cut)
+        for (const Point2D& point : loop) reach(point);
+    for (const auto& line : part.engrave)
+        for (const Point2D& point : line) reach(point);
+    return box;
+}
+
+/// Where lines of text stand on both sides of the line y = 0.
+struct TextRows {
+    double above = 0;  ///< how far up they need room
+    double below = 0;  ///< how far down, not above 0
+    std::vector<double> bases;
+};
+
+/// So many lines, the last `under` of them below y = 0.
+TextRows rowsOf(std::size_t lines, std::size_t under) {
+    TextRows rows;
+    const std::size_t over = lines - under;
+    for (std::size_t n = 0; n < over; ++n)
+        rows.bases.push_back(gap + descent * partTextHeight +
+                             static_cast<double>(over - 1 - n) * lineDistance * partTextHeight);
+    for (std::size_t n = 0; n < under; ++n)
+        rows.bases.push_back(-gap - partTextHeight -
+                             static_cast<double>(n) * lineDistance * partTextHeight);
+    if (over > 0) rows.above = rows.bases.front() + partTextHeight + gap;
+    if (under > 0) rows.below = rows.bases.back() - descent * partTextHeight - gap;
+    return rows;
+}
+
+/// Of the places where rows of this width have room within the borders, the one with the most.
+std::optional<double> placeInside(const CutPart& part, double width, const TextRows& rows) {
+    const PartBox box = boxOfLines(part);
+    std::optional<double> best;
+    double most = 0;
+    for (int n = 0; n <= tries; ++n) {
+        const double left =
+            box.left + gap + (box.width() - 2 * gap - width) * static_cast<double>(n) / tries;
+        const auto clear = clearanceOf(part.cut, left - gap, left + width + gap);
+        if (!clear || clear->lowestTop < rows.above || clear->highestBottom > rows.below) continue;
+        const double room = clear->lowestTop - clear->highestBottom;
+        if (room > most) {
+            most = room;
+            best = left;
+        }
+    }
+    return best;
+}
+
+void labelBelow(CutPart& part, const std::vector<std::string>& lines) {
+    const PartBox box = boxOfLines(part);
+    double base = box.bottom - gap - partTextHeight;
+    for (const std::string& line : lines) {
+        part.texts.push_back({{box.left, base}, partTextHeight, line});
+        base -= lineDistance * partTextHeight;
+    }
+}
+
+}  // namespace
+
+void PartBox::reach(const Point2D& point) {
+    left = std::min(left, point.x);
+    right = std::max(right, point.x);
+    bottom = std::min(bottom, point.y);
+    top = std::max(top, point.y);
+}
+
+double textWidth(const std::string& text, double height) {
+    return static_cast<double>(text.size()) * letterWidth * height;
+}
+
+PartBox CutPart::box() const {
+    PartBox box = boxOfLines(*this);
+    for (const PartText& text : texts) {
+        box.reach({text.at.x, text.at.y - descent * text.height});
+        box.reach({text.at.x + textWidth(text.text, text.height), text.at.y + text.height});
+    }
+    return box;
+}
+
+void label(CutPart& part, const std::vector<std::string>& lines) {
+    double width = 0;
+    for (const std::string& line : lines) width = std::max(width, textWidth(line, partTextHeight));
+    // On both sides of the chord line, or above it where it lies low in the part.
+    for (const std::size_t under : {lines.size() / 2, std::size_t{0}}) {
+        const TextRows rows = rowsOf(lines.size(), under);
+        const auto left = placeInside(part, width, rows);
+        if (!left) continue;
+        for (std::size_t n = 0; n < lines.size(); ++n)
+            part.texts.push_back({{*left, rows.bases[n]}, partTextHeight, lines[n]});
+        return;
+    }
+    labelBelow(part, lines);
+}
+
+CutPart turned(const CutPart& part) {
+    const auto turn = [](Point2D& point) { point = {-point.y, point.x}; };
+    CutPart upright = part;
+    for (Loop& loop : upright.cut) std::for_each(loop.begin(), loop.end(), turn);
+    for (auto& line : upright.engrave) std::for_each(line.begin(), line.end(), turn);
+    upright.texts.clear();
+    std::vector<std::string> lines;
+    for (const PartText& text : part.texts) lines.push_back(text.text);
+    labelBelow(upright, lines);
+    return upright;
+}
+
+}  // namespace velna

@@ -1,0 +1,244 @@
+#include "output/CutParts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "common/NumberText.h"
+#include "model/FrontOutline.h"
+#include "model/Fuselage.h"
+#include "model/Panels.h"
+#include "model/Region.h"
+#include "output/Progress.h"
+
+namespace velna {
+
+namespace {
+
+/// Ribs of all panels together: more points are no plan that anybody could draw.
+constexpr long long mostPoints = 4'000'000;
+constexpr long long ribsBetweenQuestions = 20;
+
+/// A word about a rib names its panel, its number and its station.
+std::string ribName(const CutRib& rib) {
+    return rib.panel + ", rib " + std::to_string(rib.number) + " at " +
+           lengthText(rib.rib.station.position, millimetres);
+}
+
+/// Takes skin and slots off the rib's outline.
+void cutOne(CutRib& rib, const RibWishes& wishes, std::vector<std::string>& words) {
+    rib.borders = {rib.rib.outline};
+    if (wishes.skin == 0 && wishes.slots.empty()) return;
+    Region region(rib.rib.outline);
+    region.erode(wishes.skin);
+    if (region.empty()) {
+        rib.borders.clear();
+        words.push_back(ribName(rib) + ": no rib, skin thicker than the rib.");
+        return;
+    }
+    const std::vector<SlotCut> slots = cutSlots(region, rib.rib.chord, wishes.slots);
+    bool touched = wishes.skin > 0;
+    for (std::size_t n = 0; n < slots.size(); ++n) {
+        touched = touched || slots[n].why.empty();
+        if (!slots[n].why.empty())
+            words.push_back(ribName(rib) + ": no slot " + std::to_string(n + 1) + ", " +
+                            slots[n].why + '.');
+    }
+    // Without skin and slots the outline stands as it is, crossings too.
+    if (!touched) return;
+    rib.borders = region.loops();
+    if (region.pieces() > 1)
+        words.push_back(ribName(rib) + ": " + std::to_string(region.pieces()) + " pieces.");
+}
+
+/// The stations of every panel, and how many points their ribs have together.
+struct StationsOfAll {
+    std::vector<std::vector<Station>> panels;
+    long long ribs = 0;
+    long long points = 0;
+};
+
+Outcome stationsOfAll(const std::vector<NamedPanel>& panels, int units, const StationWish& wish,
+                      StationsOfAll& all) {
+    for (const NamedPanel& named : panels) {
+        std::vector<Station> stations;
+        Outcome outcome = stationsOf(wish, developed(named.panel, units).span, stations);
+        if (!outcome.isDone()) return outcome;
+        const auto count = static_cast<long long>(stations.size());
+        all.ribs += count;
+        all.points += count * (named.panel.pointCount() + 1);
+        if (all.points > mostPoints)
+            return Outcome::failed("The ribs would have more than 4,000,000 points together.");
+        all.panels.push_back(std::move(stations));
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string lengthText(double mm, int textUnits) {
+    if (textUnits == inches) return fixedText(mm / Plane::millimetresPerInch, 3) + " in";
+    return fixedText(mm, 2) + " mm";
+}
+
+Outcome collectRibs(const Project& project, const RibWishes& wishes, Progress* watcher,
+                    std::vector<CutRib>& ribs, std::vector<std::string>& words) {
+    const std::vector<NamedPanel> panels = namedPanels(project);
+    StationsOfAll all;
+    Outcome outcome = stationsOfAll(panels, project.units, wishes.stations, all);
+    if (!outcome.isDone()) return outcome;
+    Work work(watcher, all.ribs, ribsBetweenQuestions);
+    for (std::size_t p = 0; p < panels.size(); ++p) {
+        int number = 0;
+        for (const Station& station : all.panels[p]) {
+            if (!work.did(1)) return Outcome::cancelled();
+            CutRib rib{
+                panels[p].name, ++number, ribAt(panels[p].panel, project.units, station), {}};
+            if (rib.rib.why.empty())
+                cutOne(rib, wishes, words);
+            else
+                words.push_back(ribName(rib) + ": no rib, " + rib.rib.why + '.');
+            if (!rib.borders.empty()) ribs.push_back(std::move(rib));
+        }
+    }
+    return {};
+}
+
+std::string sectionBorders(const Loop& outline, double mm, double skin,
+                           std::vector<Loop>& borders) {
+    Loop inMillimetres = outline;
+    for (Point2D& point : inMillimetres) point = {point.x * mm, point.y * mm};
+    std::string why = whyNotCut(inMillimetres);
+    if (!why.empty()) return why;
+    if (skin == 0) {
+        borders = {outline};
+        return {};
+    }
+    Region region(inMillimetres);
+    region.erode(skin);
+    if (region.empty()) return "skin thicker than the section";
+    borders = region.loops();
+    for (Loop& loop : borders)
+        for (Point2D& point : loop) point = {point.x / mm, point.y / mm};
+    return {};
+}
+
+namespace {
+
+CutPart partOf(const CutRib& rib, int textUnits) {
+    CutPart part;
+    part.name = rib.panel + " rib " + threeDigits(rib.number);
+    part.cut = rib.borders;
+    part.engrave.push_back({Point2D{0, 0}, Point2D{rib.rib.chord, 0}});
+    label(part, {rib.panel + ", rib " + std::to_string(rib.number),
+                 "at " + lengthText(rib.rib.station.position, textUnits) + ", chord " +
+                     lengthText(rib.rib.chord, textUnits)});
+    return part;
+}
+
+Outcome ribParts(const Project& project, const RibWishes& wishes, int textUnits, Progress* watcher,
+                 CutParts& result) {
+    std::vector<CutRib> ribs;
+    Outcome outcome = collectRibs(project, wishes, watcher, ribs, result.words);
+    for (const CutRib& rib : ribs) result.parts.push_back(partOf(rib, textUnits));
+    return outcome;
+}
+
+/// Model and paper: backward in the plan is down on the sheet.
+Point2D onSheet(const Point2D& inPlan) {
+    return {inPlan.x, -inPlan.y};
+}
+
+/// Stations nearer to each other than their texts have them in steps below each other.
+void writeStations(CutPart& part, const Planform& plan, const std::vector<Station>& stations,
+                   int textUnits) {
+    constexpr double beside = 1;
+    constexpr double rowHeight = 1.3 * partTextHeight;
+    double freeFrom = 0;
+    int row = 0;
+    int number = 0;
+    for (const Station& station : stations) {
+        const Point2D lead = onSheet(plan.leadingEdge(station.share));
+        const Point2D trail = onSheet(plan.trailingEdge(station.share));
+        if (number > 0 && station.share < 1) part.engrave.push_back({lead, trail});
+        const std::string place =
+            std::to_string(++number) + " at " + lengthText(station.position, textUnits);
+        const std::string chord = "chord " + lengthText(lead.y - trail.y, textUnits);
+        row = lead.x < freeFrom ? row + 1 : 0;
+        if (row == 0)
+            freeFrom = lead.x + 2 * beside +
+                       std::max(textWidth(place, partTextHeight), textWidth(chord, partTextHeight));
+        const double base = std::max(lead.y, trail.y) - (1.3 + 2.3 * row) * rowHeight;
+        part.texts.push_back({{lead.x + beside, base}, partTextHeight, place});
+        part.texts.push_back({{lead.x + beside, base - rowHeight}, partTextHeight, chord});
+    }
+}
+
+Outcome wingParts(const Project& project, const RibWishes& wishes, int textUnits,
+                  CutParts& result) {
+    for (const NamedPanel& named : namedPanels(project)) {
+        const Planform plan = developed(named.panel, project.units);
+        std::vector<Station> stations;
+        Outcome outcome = stationsOf(wishes.stations, plan.span, stations);
+        if (!outcome.isDone()) return outcome;
+        CutPart part;
+        part.name = named.name;
+        Loop outline;
+        for (const Point2D& corner : plan.corners) outline.push_back(onSheet(corner));
+        if (const std::string why = whyNotCut(outline); !why.empty()) {
+            result.words.push_back(named.name + ": no plan, " + why + '.');
+            continue;
+        }
+        part.cut.push_back(std::move(outline));
+        writeStations(part, plan, stations, textUnits);
+        const Point2D middle = onSheet(plan.trailingEdge(0.5));
+        const Point2D above = onSheet(plan.leadingEdge(0.5));
+        part.texts.push_back({{middle.x, (middle.y + above.y) / 2},
+                              partTextHeight,
+                              named.name + ", span " + lengthText(plan.span, textUnits)});
+        result.parts.push_back(std::move(part));
+    }
+    return {};
+}
+
+Outcome sectionParts(const Project& project, const RibWishes& wishes, int textUnits,
+                     Progress* watcher, CutParts& result) {
+    const MeshSections& body = Fuselage::current(project);
+    const double mm = millimetresOf(project.units);
+    FrontOutline front(body, {mm, -body.shift * mm, 0});
+    Work work(watcher, body.sectionCount(), ribsBetweenQuestions);
+    for (int i = 1; i <= body.sectionCount(); ++i) {
+        if (!work.did(1)) return Outcome::cancelled();
+        Loop outline;
+        front.collect(i, outline);
+        for (Point2D& point : outline) point.y = -point.y;
+        const double at = (body.pos(body.storageIndex(i)) + body.pos_offset) * mm;
+        CutPart part;
+        part.name = "section " + threeDigits(i);
+        const std::string name = "section " + std::to_string(i);
+        if (const std::string why = sectionBorders(outline, 1, wishes.skin, part.cut);
+            !why.empty()) {
+            result.words.push_back(name + " at " + lengthText(at, millimetres) + ": not cut, " +
+                                   why + '.');
+            continue;
+        }
+        label(part, {name, "at " + lengthText(at, textUnits)});
+        result.parts.push_back(std::move(part));
+    }
+    return {};
+}
+
+}  // namespace
+
+Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes, int textUnits,
+                 Progress* watcher, CutParts& parts) {
+    switch (plan) {
+        case CutPlan::wing:
+            return wingParts(project, wishes, textUnits, parts);
+        case CutPlan::ribs:
+            return ribParts(project, wishes, textUnits, watcher, parts);
+        default:
+            return sectionParts(project, wishes, textUnits, watcher, parts);
+    }
+}
+
+}  // namespace velna

@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "output/RibWishes.h"
+
+namespace velna::test {
+namespace {
+
+bool taken(RibWishes& wishes, const char* name, const char* text) {
+    const Outcome outcome = takeRibWish(wishes, name, text);
+    EXPECT_NE(outcome.isDone(), outcome.hasFailed());
+    return outcome.isDone();
+}
+
+TEST(RibWishesTest, TextsOfTheCommandLineAreTaken) {
+    RibWishes wishes;
+    EXPECT_TRUE(taken(wishes, "skin", "1.5"));
+    EXPECT_TRUE(taken(wishes, "slot", "30,6,4,top"));
+    EXPECT_TRUE(taken(wishes, "slot", " 65 , 3 , 2.5 , bottom "));
+    EXPECT_TRUE(taken(wishes, "stations", "12"));
+    EXPECT_EQ(wishes.skin, 1.5);
+    EXPECT_EQ(wishes.slots,
+              (std::vector<SparSlot>{{30, 6, 4, SlotSide::top}, {65, 3, 2.5, SlotSide::bottom}}));
+    EXPECT_EQ(wishes.stations.count, 12);
+    EXPECT_EQ(wishes.stations.spacing, 0);
+}
+
+TEST(RibWishesTest, LaterOfStationsAndSpacingCounts) {
+    RibWishes wishes;
+    EXPECT_TRUE(taken(wishes, "spacing", "75.5"));
+    EXPECT_EQ(wishes.stations.spacing, 75.5);
+    EXPECT_TRUE(taken(wishes, "stations", "5"));
+    EXPECT_EQ(wishes.stations.spacing, 0);
+}
+
+TEST(RibWishesTest, TextsThatAreNoneAreRefused) {
+    RibWishes wishes;
+    for (const char* text : {"", "0", "1", "-3", "1001", "10000", "7.5", "x", "8 x", "nan", "1e99"})
+        EXPECT_FALSE(taken(wishes, "stations", text)) << text;
+    for (const char* text : {"", "0", "-1", "inf", "1e999", "5mm"})
+        EXPECT_FALSE(taken(wishes, "spacing", text)) << text;
+    for (const char* text : {"", "-0.1", "thin", "1,5"})
+        EXPECT_FALSE(taken(wishes, "skin", text)) << text;
+    for (const char* text : {"", "30", "30,6,4", "30,6,4,left", "30,6,4,top,1", "a,6,4,top",
+                             "30,,4,top", "30;6;4;top", "30,6,4,Top", "1e999,6,4,top"})
+        EXPECT_FALSE(taken(wishes, "slot", text)) << text;
+    EXPECT_FALSE(taken(wishes, "colour", "red"));
+    EXPECT_TRUE(wishes.slots.empty());
+    EXPECT_EQ(wishes.stations.count, RibWishes().stations.count);
+    EXPECT_EQ(wishes.skin, 0);
+}
+
+TEST(RibWishesTest, RefusalsQuoteTheText) {
+    RibWishes wishes;
+    EXPECT_NE(takeRibWish(wishes, "slot", "30,6").reason().find("\"30,6\""), std::string::npos);
+}
+
+TEST(RibWishesTest, SlotsStandInOneText) {
+    std::vector<SparSlot> slots;
+    EXPECT_TRUE(readSlots("30,0.25,0.125,top; 65,0.1,0.1,bottom", 25.4, slots).isDone());
+    ASSERT_EQ(slots.size(), 2U);
+    EXPECT_DOUBLE_EQ(slots[0].width, 6.35);
+    EXPECT_EQ(slots[0].percent, 30);
+    EXPECT_EQ(slotsText(slots, 25.4), "30,0.25,0.125,top; 65,0.1,0.1,bottom");
+    EXPECT_TRUE(readSlots("30,6,4,top;", 1, slots).hasFailed());
+    EXPECT_EQ(slots.size(), 2U) << "what is refused changes nothing";
+    EXPECT_TRUE(readSlots("  ", 1, slots).isDone());
+    EXPECT_TRUE(slots.empty());
+    EXPECT_EQ(slotsText(slots, 1), "");
+}
+
+}  // namespace
+}  // namespace velna::test
