@@ -16,7 +16,7 @@ namespace {
 
 using nlohmann::json;
 
-const std::string figuresFolder = std::string(VELNA_TEST_DATA) + "/figures/";
+const std::string data = std::string(VELNA_TEST_DATA) + "/";
 
 /// Square millimetres, or a billionth of the area.
 double areaTolerance(double area) {
@@ -29,12 +29,13 @@ protected:
     /// Calls `check` for each aircraft, read into the project in hand.
     template <class Check>
     static void forEachAircraft(Check check) {
-        const json figures = json::parse(std::ifstream(figuresFolder + "figures.json"));
+        const json figures = json::parse(std::ifstream(data + "figures/figures.json"));
         for (const auto& [name, aircraft] : figures["aircraft"].items()) {
             SCOPED_TRACE(name);
             Project read;
             Plane::setDefaultPlane(read);
-            ASSERT_EQ(Plane::readProject(read, figuresFolder + name + ".vln"), Outcome());
+            ASSERT_EQ(Plane::readProject(read, data + "projects/current/" + name + ".vln"),
+                      Outcome());
             check(read, aircraft);
         }
     }
