@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "common/ReplacedFile.h"
 #include "model/Fuselage.h"
 #include "output/FuselagePlans.h"
 #include "output/Progress.h"
@@ -230,6 +231,14 @@ std::vector<std::string> tickedNames(const PrintSelectRecord& select) {
     for (const JobRow& row : jobTable)
         if (select.*row.tick) names.emplace_back(row.name);
     return names;
+}
+
+std::string jobFile(const std::string& target, const std::string& job) {
+    const std::string title = titleOf(target);
+    const auto point = title.rfind('.');
+    const std::string ending = point == std::string::npos ? "" : title.substr(point + 1);
+    return folderOf(target) + title.substr(0, point) + "-" + job + "." +
+           (ending.empty() ? "pdf" : ending);
 }
 
 Outcome printPlans(Project& project, const PrintSelectRecord& select, const Paper& paper) {

@@ -38,6 +38,9 @@ inline constexpr long long mostSheets = 32767;
 bool ticked(const PrintSelectRecord& select, PlanJob job);
 /// The names of the ticked jobs, in their order: "side", "sections", "vtop", "front", "htop".
 std::vector<std::string> tickedNames(const PrintSelectRecord& select);
+/// The file that a job gets where `target` is the file of all: "plan.pdf" and "side" give
+/// "plan-side.pdf".
+std::string jobFile(const std::string& target, const std::string& job);
 
 /// What plans are printed on.
 struct Paper {

@@ -3,20 +3,24 @@
 #include <string>
 #include <vector>
 
+#include "shell/ExportRequest.h"
+
 namespace velna {
 
 /// What the command line asks for.
 struct Arguments {
     enum class Wish {
         Run,      ///< the window, with `file` where one is named
+        Export,   ///< files without a window, as `exports` tells
         Version,  ///< the program's version on standard output
         Help,     ///< how it is called, on standard output
         Refused   ///< nothing: `problem` tells why
     };
 
     Wish wish = Wish::Run;
-    std::string file;     ///< full path; empty for none
-    std::string problem;  ///< the words that follow the program's name in its complaint
+    std::string file;         ///< full path; empty for none
+    std::string problem;      ///< the words that follow the program's name in its complaint
+    ExportRequest exports{};  ///< of `Export`
 
     /// Reads the words behind the program's name. Those that the toolkit or a desktop's log-in
     /// gives are passed over. Behind "--" each word is a file. The first word that ends the program
@@ -24,7 +28,7 @@ struct Arguments {
     static Arguments read(const std::vector<std::string>& words);
 };
 
-/// How the program is called: lines for `Help`, and behind a complaint.
+/// How the program is called: a few lines, for a complaint.
 std::string usageText();
 
 /// The version as one line.

@@ -16,6 +16,7 @@
 #include "persistence/ProjectFile.h"
 #include "shell/DroppedFiles.h"
 #include "shell/EditedPart.h"
+#include "shell/ExportKinds.h"
 
 namespace velna {
 
@@ -140,22 +141,9 @@ Outcome FileCommands::exportModel(const std::string& file) {
     return outcome;
 }
 
-Outcome FileCommands::writeDrawing(const std::string& file) const {
-    switch (main.view.mode) {
-        case ViewMode::VTop:
-            return Plane::exportDXFVTop(main.project, file, ports.progress);
-        case ViewMode::Front:
-            return Plane::exportDXFFront(main.project, file, ports.progress);
-        case ViewMode::Side:
-            return Plane::exportDXFSide(main.project, file, ports.progress);
-        default:
-            return Plane::exportDXFHTop(main.project, file, ports.progress);
-    }
-}
-
 /// The drawing of the view on screen, which is drawn again.
 Outcome FileCommands::exportView(const std::string& file) {
-    const Outcome outcome = writeDrawing(file);
+    const Outcome outcome = exportViewDrawing(main.project, main.view.mode, file, ports.progress);
     main.redrawAtSameScale();
     return outcome;
 }

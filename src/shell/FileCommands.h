@@ -62,7 +62,6 @@ private:
     void openTexture(const std::string& file);
     void saveProjectAs(const std::string& file);
     Outcome exportModel(const std::string& file);
-    Outcome writeDrawing(const std::string& file) const;
     Outcome exportView(const std::string& file);
     void showModel();
 };

@@ -4,6 +4,7 @@
 
 #include "common/Version.h"
 #include "shell/Arguments.h"
+#include "shell/CommandOptions.h"
 
 namespace velna::test {
 namespace {
@@ -73,11 +74,12 @@ TEST(Arguments, TheAnswerGoesWhereItBelongs) {
     EXPECT_EQ(testing::internal::GetCapturedStdout(), versionLine());
     testing::internal::CaptureStdout();
     EXPECT_EQ(answer({Wish::Help, {}, {}}), 0);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), usageText());
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), helpText());
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
     EXPECT_EQ(answer({Wish::Refused, {}, "unknown option -x"}), 2);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "velna: unknown option -x\n" + usageText());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "velna: unknown option -x\n" + usageText() + "velna --help tells more.\n");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <QImage>
 #include <QMetaObject>
-#include <functional>
 #include <memory>
 #include <set>
 #include <string>
 
-#include "preview/Imaging.h"
+#include "shell/qt/QtPictures.h"
 
 class QWidget;
 
@@ -15,32 +13,22 @@ namespace velna {
 
 class ConversionForm;
 
-/// Pictures for textures: decoded, turned, resampled and encoded by the toolkit. Where memory has
-/// no room for a step, the picture is gone and later steps fail; nothing throws.
-class QtImaging : public Imaging {
+/// Pictures for textures, with a form that shows a conversion, and boxes that tell what failed.
+class QtImaging : public QtPictures {
 public:
     explicit QtImaging(QWidget& owner);
     ~QtImaging() override;
 
-    bool load(const std::string& file, std::string& reason) override;
-    int width() const override { return image_.width(); }
-    int height() const override { return image_.height(); }
-    void rotateQuarter() override;
-    void resize(int width, int height) override;
-    PictureBytes pixels() override;
-    bool encode(PictureFormat format, std::string& bytes, std::string& reason) override;
     void showProgress(int percent) override;
     void hideProgress() override;
     /// A text is shown once a command, however many objects fail in it.
     void showError(const std::string& text) override;
 
 private:
-    void whereMemoryHasRoom(const std::function<void()>& step);
-    void copyPixels(PictureBytes& result);
+    void copied(int percent) override;
     void waitsForTheUser();
 
     QWidget& owner_;
-    QImage image_;
     std::unique_ptr<ConversionForm> form_;
     std::set<std::string> told_;  ///< texts of boxes shown in the command in hand
     int commandLoop_ = 0;         ///< how deep the loop lies that the first of them came from

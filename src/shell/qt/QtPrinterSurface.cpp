@@ -3,103 +3,45 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPageLayout>
-#include <QPageSize>
-#include <algorithm>
-#include <cmath>
 
-#include "common/ClipLine.h"
-#include "common/TwoThreads.h"
-#include "model/Units.h"
-#include "shell/qt/WatchedWork.h"
+#include "output/Plans.h"
 
 namespace velna {
 namespace {
 
-// Lines are painted in whole micrometres: the toolkit writes every other number with five digits
-// behind the point.
-constexpr double perMillimetre = 1000;
-// Millimetres: the toolkit's own width makes files five times larger.
-constexpr double penWidth = 0.25;
-// Points of a path: older printers refuse longer ones.
-constexpr std::size_t longestPath = 1000;
-constexpr double textHeight = 3.5;  // millimetres
-constexpr int inchMode = 5;
-
-// Printers tell their paper in hundredths of a millimetre at best, `length` is in millimetres.
-double hundredths(double length) {
-    return std::round(length * 100) / 100;
-}
-
-// "plan.pdf" and "side" give "plan-side.pdf".
 QString jobFile(const QString& target, const std::string& job) {
-    const QFileInfo info(target);
-    const QString suffix = info.suffix().isEmpty() ? QString("pdf") : info.suffix();
-    return QString("%1/%2-%3.%4")
-        .arg(info.path(), info.completeBaseName(), QString::fromStdString(job), suffix);
+    const std::string file = Plans::jobFile(QFile::encodeName(target).toStdString(), job);
+    return QFile::decodeName(QByteArray::fromStdString(file));
 }
 
 }  // namespace
 
 QtPrinterSurface::QtPrinterSurface(std::unique_ptr<QPrinter> printer)
     : owned_(std::move(printer)), printer_(*owned_), target_(printer_.outputFileName()) {
-    readPaper();
+    readPrinter();
 }
 
 QtPrinterSurface::QtPrinterSurface(QPrinter& preview) : printer_(preview) {
-    readPaper();
+    readPrinter();
 }
 
 QtPrinterSurface::~QtPrinterSurface() {
-    if (painter_.isActive()) KillDoc();
+    if (paints()) KillDoc();
 }
 
-void QtPrinterSurface::readPaper() {
+void QtPrinterSurface::readPrinter() {
     printer_.setFullPage(true);
-    const QPageLayout paper = printer_.pageLayout();
-    const QSizeF page = paper.fullRect(QPageLayout::Millimeter).size();
-    const QMarginsF wanted = paper.margins(QPageLayout::Millimeter);
-    margins_ = {hundredths(wanted.left()), hundredths(wanted.top()), hundredths(wanted.right()),
-                hundredths(wanted.bottom())};
-    printable_ = {std::max(0.0, hundredths(page.width()) - margins_.left() - margins_.right()),
-                  std::max(0.0, hundredths(page.height()) - margins_.top() - margins_.bottom())};
-    dots_ = printer_.resolution() / Plane::millimetresPerInch;
-}
-
-void QtPrinterSurface::setScaleMode(int mode) {
-    unit_ = mode == inchMode ? Plane::millimetresPerInch : 1;
-}
-
-double QtPrinterSurface::ScaleWidth() const {
-    return printable_.width() / unit_;
-}
-
-double QtPrinterSurface::ScaleHeight() const {
-    return printable_.height() / unit_;
-}
-
-QPointF QtPrinterSurface::onPaper(double x, double y) const {
-    return {std::round((x + margins_.left()) * perMillimetre),
-            std::round((y + margins_.top()) * perMillimetre)};
-}
-
-// Lines are painted in micrometres.
-void QtPrinterSurface::paintLines() {
-    const double scale = dots_ / perMillimetre;
-    painter_.setTransform(QTransform::fromScale(scale, scale));
+    readPaper(printer_.pageLayout(), printer_.resolution());
 }
 
 void QtPrinterSurface::StartDoc(const std::string& name, Progress* watcher) {
-    error_.clear();
-    pagesToTurn_ = 0;
-    linesOnPage_ = 0;
-    watcher_ = watcher;
-    cancelled_ = false;
+    startAnew(watcher);
     if (!target_.isEmpty()) {
         finished_ = jobFile(target_, name);
         file_ = std::make_unique<ReplacedFile>(QFile::encodeName(finished_).toStdString(),
                                                Links::replaced);
         if (!file_->error().empty()) {
-            error_ = finished_.toStdString() + ": " + file_->error();
+            fail(finished_.toStdString() + ": " + file_->error());
             file_.reset();
             return;
         }
@@ -109,103 +51,23 @@ void QtPrinterSurface::StartDoc(const std::string& name, Progress* watcher) {
         printer_.setFullPage(true);
     }
     printer_.setDocName(QString("Velna %1").arg(QString::fromStdString(name)));
-    path_.clear();
-    if (painter_.begin(&printer_)) {
-        paintLines();
-    } else {
-        error_ = "The printer cannot be used";
-    }
-}
-
-// The toolkit compresses a page as it ends: seconds where it holds millions of lines.
-template <class End>
-bool QtPrinterSurface::endPage(End end) {
-    const bool isLong = watcher_ && linesOnPage_ > workForTwoThreads;
-    linesOnPage_ = 0;
-    return isLong ? watchedWork(*watcher_, cancelled_, end) : end();
-}
-
-bool QtPrinterSurface::beginPage() {
-    if (!painter_.isActive() || cancelled_) return false;
-    for (; pagesToTurn_ > 0; --pagesToTurn_) {
-        if (!endPage([this] { return printer_.newPage(); })) {
-            error_ = "The printer takes no further page";
-            return false;
-        }
-    }
-    ++linesOnPage_;
-    return !cancelled_;
-}
-
-void QtPrinterSurface::Line(double x1, double y1, double x2, double y2, Rgb colour) {
-    if (!error_.empty() || !beginPage()) return;
-    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
-        return;
-    Point2D from{x1 * unit_, y1 * unit_}, to{x2 * unit_, y2 * unit_};
-    if (!std::isfinite(from.x) || !std::isfinite(from.y) || !std::isfinite(to.x) ||
-        !std::isfinite(to.y))
-        return;
-    // What does not lie on this sheet never reaches the device.
-    if (!clipLine(from, to, {0, printable_.width()}, {0, printable_.height()})) return;
-    const QPointF a = onPaper(from.x, from.y), b = onPaper(to.x, to.y);
-    if (path_.empty() || path_.back() != a || colour_ != colour || path_.size() == longestPath) {
-        endPath();
-        path_.push_back(a);
-        colour_ = colour;
-    }
-    if (b != a) path_.push_back(b);
-}
-
-// A path of one point is a dot as large as the pen.
-void QtPrinterSurface::endPath() {
-    if (path_.empty() || !painter_.isActive()) return;
-    // Round joins are what the round caps of single lines made of them.
-    painter_.setPen(QPen(QColor(colour_.red, colour_.green, colour_.blue), penWidth * perMillimetre,
-                         Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    if (path_.size() == 1) {
-        painter_.drawPoint(path_.front());
-    } else {
-        painter_.drawPolyline(path_.data(), static_cast<int>(path_.size()));
-    }
-    path_.clear();
-}
-
-void QtPrinterSurface::Text(double x, double y, const std::string& text) {
-    if (!error_.empty() || !beginPage()) return;
-    endPath();
-    QFont font("DejaVu Sans");
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(textHeight * dots_))));
-    painter_.resetTransform();
-    painter_.setFont(font);
-    painter_.setPen(Qt::black);
-    const QPointF place(x * unit_ + margins_.left(), y * unit_ + margins_.top());
-    painter_.drawText(place * dots_, QString::fromStdString(text));
-    paintLines();
-}
-
-void QtPrinterSurface::NewPage() {
-    endPath();
-    ++pagesToTurn_;
+    if (!paintOn(printer_)) fail("The printer cannot be used");
 }
 
 Outcome QtPrinterSurface::EndDoc() {
-    endPath();
-    if (painter_.isActive() && !endPage([this] { return painter_.end(); }) && error_.empty())
-        error_ = "The job could not be ended";
-    if (printer_.printerState() == QPrinter::Error && error_.empty())
-        error_ = "The printer has failed";
-    const bool drop = file_ && cancelled_;
-    if (file_ && error_.empty() && !drop && !file_->commit())
-        error_ = finished_.toStdString() + ": " + file_->error();
+    finishPainting();
+    if (printer_.printerState() == QPrinter::Error) fail("The printer has failed");
+    const bool drop = file_ && isCancelled();
+    if (file_ && error().empty() && !drop && !file_->commit())
+        fail(finished_.toStdString() + ": " + file_->error());
     file_.reset();
     if (drop) return Outcome::cancelled();
-    return error_.empty() ? Outcome() : Outcome::failed(error_);
+    return error().empty() ? Outcome() : Outcome::failed(error());
 }
 
 void QtPrinterSurface::KillDoc() {
-    path_.clear();
     printer_.abort();
-    if (painter_.isActive()) painter_.end();
+    dropPainting();
     file_.reset();
 }
 

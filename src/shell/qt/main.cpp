@@ -4,6 +4,7 @@
 #include "shell/Arguments.h"
 #include "shell/qt/Accessibility.h"
 #include "shell/qt/CommandKeys.h"
+#include "shell/qt/CommandLine.h"
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/FileDrop.h"
 #include "shell/qt/FrameStyle.h"
@@ -24,7 +25,7 @@ using namespace velna;
 
 int main(int argc, char** argv) {
     const Arguments arguments = Arguments::read({argv + 1, argv + argc});
-    if (arguments.wish != Arguments::Wish::Run) return answer(arguments);
+    if (arguments.wish != Arguments::Wish::Run) return runWithoutWindow(arguments);
     DisplaySystem::choose();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("velna");

@@ -1,0 +1,111 @@
+#include "shell/ExportKinds.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
+#include "common/ReplacedFile.h"
+#include "model/Solids.h"
+#include "output/Exports.h"
+#include "output/PrinterSurface.h"
+#include "persistence/ProjectFile.h"
+#include "shell/SvgSurface.h"
+#include "shell/ViewDrawing.h"
+
+namespace velna {
+
+namespace {
+
+Outcome writeProject(const ExportJob& job) {
+    return Plane::saveProject(job.project, job.file, job.pictures);
+}
+
+/// All fuselages are in it, the hidden ones too.
+Outcome writeModel(const ExportJob& job) {
+    Project& project = job.project;
+    for (int i = 1; i <= project.nbFuselages; ++i) project.ObjectList.setShown(i, true);
+    Solids solids;
+    solids.createAll(project);
+    return Plane::exportVRML(project, solids, job.file, job.pictures, job.tools.watcher());
+}
+
+Outcome writeDrawing(const ExportJob& job) {
+    return exportViewDrawing(job.project, job.request.view, job.file, job.tools.watcher());
+}
+
+Outcome writePlans(const ExportJob& job) {
+    const auto printer = job.tools.printer(job.file, job.request);
+    return Plans::printPlans(job.project, job.request.plans,
+                             {*printer, job.request.size, job.tools.watcher()});
+}
+
+Outcome writeBytes(const std::string& file, const std::string& bytes) {
+    ReplacedFile target(file);
+    target.append(bytes);
+    return target.commit() ? Outcome() : Outcome::failed(target.error());
+}
+
+Outcome writePicture(const ExportJob& job) {
+    const auto picture = job.tools.picture(job.request.size);
+    if (!picture) return Outcome::failed("The drawing needs more memory than there is.");
+    drawView(job.project, job.request.view, picture->surface());
+    std::string bytes;
+    std::string reason;
+    if (!picture->encode(bytes, reason)) return Outcome::failed(reason);
+    return writeBytes(job.file, bytes);
+}
+
+Outcome writeVectorPicture(const ExportJob& job) {
+    SvgSurface surface(job.request.size);
+    drawView(job.project, job.request.view, surface);
+    return writeBytes(job.file, surface.text());
+}
+
+constexpr ExportKindRow kindTable[] = {
+    {ExportKind::Project, "vln", "the project as this version writes it", writeProject},
+    {ExportKind::Model, "wrl", "the model in three dimensions, VRML 2.0", writeModel},
+    {ExportKind::Drawing, "dxf", "the drawing of a view in the model's unit", writeDrawing},
+    {ExportKind::Plans, "pdf", "printed plans, a file each: OUT-side.pdf", writePlans},
+    {ExportKind::Picture, "png", "a view as the window shows it", writePicture},
+    {ExportKind::VectorPicture, "svg", "the same with its lines as lines", writeVectorPicture},
+};
+
+bool sameIgnoringCase(char a, char b) {
+    const auto small = [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    };
+    return small(a) == small(b);
+}
+
+}  // namespace
+
+std::span<const ExportKindRow> exportKinds() {
+    return kindTable;
+}
+
+const ExportKindRow& rowOf(ExportKind kind) {
+    return kindTable[static_cast<std::size_t>(kind)];
+}
+
+const ExportKindRow* kindOfEnding(std::string_view ending) {
+    const auto* const row = std::ranges::find_if(kindTable, [&](const ExportKindRow& kind) {
+        return std::ranges::equal(ending, std::string_view(kind.ending), sameIgnoringCase);
+    });
+    return row == std::end(kindTable) ? nullptr : row;
+}
+
+Outcome exportViewDrawing(const Project& project, int mode, const std::string& file,
+                          Progress* watcher) {
+    switch (mode) {
+        case ViewMode::VTop:
+            return Plane::exportDXFVTop(project, file, watcher);
+        case ViewMode::Front:
+            return Plane::exportDXFFront(project, file, watcher);
+        case ViewMode::Side:
+            return Plane::exportDXFSide(project, file, watcher);
+        default:
+            return Plane::exportDXFHTop(project, file, watcher);
+    }
+}
+
+}  // namespace velna

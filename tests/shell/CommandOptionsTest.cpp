@@ -1,0 +1,167 @@
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "shell/Arguments.h"
+#include "shell/CommandOptions.h"
+#include "shell/ExportKinds.h"
+
+namespace velna::test {
+namespace {
+
+using Wish = Arguments::Wish;
+
+/// What `velna --export OUT WORDS... a.vln` asks for.
+Arguments exporting(const std::string& out, std::vector<std::string> words) {
+    words.insert(words.begin(), {"--export", out});
+    words.emplace_back("a.vln");
+    return Arguments::read(words);
+}
+
+ExportRequest wanted(const std::string& out, const std::vector<std::string>& words) {
+    const Arguments arguments = exporting(out, words);
+    EXPECT_EQ(arguments.wish, Wish::Export) << arguments.problem;
+    return arguments.exports;
+}
+
+std::string refusal(const std::string& out, const std::vector<std::string>& words) {
+    const Arguments arguments = exporting(out, words);
+    EXPECT_EQ(arguments.wish, Wish::Refused);
+    return arguments.problem;
+}
+
+TEST(CommandOptions, EachEndingTellsItsKind) {
+    for (const ExportKindRow& row : exportKinds()) {
+        if (row.kind == ExportKind::Plans) continue;
+        const std::string ending = row.ending;
+        EXPECT_EQ(wanted("out." + ending, {}).kind, row.kind);
+        EXPECT_EQ(wanted("folder/out", {"--as", ending}).kind, row.kind);
+        EXPECT_EQ(wanted("out.tmp", {"--as=" + ending}).kind, row.kind);
+        EXPECT_EQ(wanted("out." + ending, {"--as", ending}).kind, row.kind);
+    }
+    EXPECT_EQ(wanted("OUT.WRL", {}).kind, ExportKind::Model);
+    EXPECT_EQ(wanted("out.pdf", {"--plan", "side"}).kind, ExportKind::Plans);
+}
+
+TEST(CommandOptions, AKindThatNothingTellsIsRefused) {
+    EXPECT_EQ(refusal("out", {}), "\"out\" does not tell its kind; --as KIND does");
+    EXPECT_EQ(refusal("a.wrl/out", {}), "\"a.wrl/out\" does not tell its kind; --as KIND does");
+    EXPECT_EQ(refusal("out.doc", {}), "\"out.doc\" does not tell its kind; --as KIND does");
+    EXPECT_EQ(refusal("out.doc", {"--as", "doc"}), "--as takes KIND, not \"doc\"");
+    EXPECT_EQ(refusal("out.wrl", {"--as", "dxf"}),
+              "--as dxf contradicts the ending of \"out.wrl\"");
+}
+
+TEST(CommandOptions, TheWordsOfAnExportAreKept) {
+    const ExportRequest plain = wanted("o.png", {});
+    EXPECT_EQ(plain.out, "o.png");
+    EXPECT_EQ(plain.projects, std::vector<std::string>{"a.vln"});
+    EXPECT_EQ(plain.view, ViewMode::VTop);
+    EXPECT_EQ(plain.fuselage, 1);
+    EXPECT_EQ(plain.size.width, 900);
+    EXPECT_EQ(plain.size.height, 500);
+
+    const ExportRequest told = wanted(
+        "o.svg", {"b.vln", "--view=htop", "--size", "64", "--fuselage", "3", "--", "--odd.vln"});
+    EXPECT_EQ(told.projects, (std::vector<std::string>{"b.vln", "--odd.vln", "a.vln"}));
+    EXPECT_EQ(told.view, ViewMode::HTop);
+    EXPECT_EQ(told.size.width, 64);
+    EXPECT_EQ(told.size.height, 64);
+    EXPECT_EQ(told.fuselage, 3);
+}
+
+TEST(CommandOptions, PlansAndPaperAreKept) {
+    const ExportRequest told = wanted("o.pdf", {"--plan", "front", "--plan", "sections", "--paper",
+                                                "A3", "--landscape", "--tape"});
+    EXPECT_EQ(Plans::tickedNames(told.plans), (std::vector<std::string>{"sections", "front"}));
+    EXPECT_TRUE(told.plans.overlap);
+    EXPECT_TRUE(told.landscape);
+    EXPECT_EQ(told.sheet.width, 297);
+    EXPECT_EQ(told.sheet.height, 420);
+
+    const ExportRequest free = wanted("o.pdf", {"--plan=side", "--paper", "1000x250.5"});
+    EXPECT_EQ(free.sheet.width, 1000);
+    EXPECT_EQ(free.sheet.height, 250.5);
+    EXPECT_EQ(refusal("o.pdf", {"--plan=side", "--paper", "1000x250", "--landscape"}),
+              "--landscape makes no sense for a --paper of WxH");
+    EXPECT_EQ(refusal("o.pdf", {}), "plans need --plan side|sections|top|front|htop");
+}
+
+TEST(CommandOptions, NonsenseIsRefusedWithWhatIsTaken) {
+    for (const char* size :
+         {"", "0", "0x100", "100x0", "x", "100x", "x100", "1e3", "-5", "+5", " 5", "5 ", "10x10x10",
+          "10001", "99999999999999999999", "nan", "0x10"})
+        EXPECT_EQ(refusal("o.png", {"--size", size}),
+                  "--size takes N|WxH, not \"" + std::string(size) + "\"");
+    for (const char* paper : {"", "0x0", "0x297", "210x0", "a4", "A5", "210", "210x", "-210x297",
+                              "5001x100", "1e2x1e2", "infxinf", "210x297x1", "210,5x297"})
+        EXPECT_EQ(
+            refusal("o.pdf", {"--plan=side", "--paper", paper}),
+            "--paper takes A4|A3|A2|A1|A0|Letter|Legal|WxH, not \"" + std::string(paper) + "\"");
+    for (const char* number : {"", "0", "-1", "1.5", "one", "32768"})
+        EXPECT_EQ(refusal("o.dxf", {"--fuselage", number}),
+                  "--fuselage takes N, not \"" + std::string(number) + "\"");
+    EXPECT_EQ(refusal("o.dxf", {"--view", "bottom"}),
+              "--view takes top|front|side|htop, not \"bottom\"");
+    EXPECT_EQ(refusal("o.pdf", {"--plan", "vtop"}),
+              "--plan takes side|sections|top|front|htop, not \"vtop\"");
+    EXPECT_EQ(refusal("", {"--as", "wrl"}), "--export takes OUT, not \"\"");
+}
+
+TEST(CommandOptions, WhatAKindKnowsNothingOfIsRefused) {
+    EXPECT_EQ(refusal("o.wrl", {"--plan", "side"}), "--plan makes no sense for .wrl");
+    EXPECT_EQ(refusal("o.vln", {"--view", "side"}), "--view makes no sense for .vln");
+    EXPECT_EQ(refusal("o.dxf", {"--size", "100"}), "--size makes no sense for .dxf");
+    EXPECT_EQ(refusal("o.png", {"--tape"}), "--tape makes no sense for .png");
+    EXPECT_EQ(refusal("o.pdf", {"--plan=side", "--view=side"}), "--view makes no sense for .pdf");
+    EXPECT_EQ(refusal("o.dxf", {"--view", "top", "--view", "side"}), "--view is given twice");
+    EXPECT_EQ(refusal("o.dxf", {"--export", "p.dxf"}), "--export is given twice");
+    EXPECT_EQ(refusal("o.dxf", {"--tape=yes"}), "unknown option --tape=yes");
+    EXPECT_EQ(refusal("o.dxf", {"--vie", "side"}), "unknown option --vie");
+}
+
+TEST(CommandOptions, WhatIsMissingIsTold) {
+    const auto problem = [](const std::vector<std::string>& words) {
+        return Arguments::read(words).problem;
+    };
+    EXPECT_EQ(problem({"--export"}), "--export needs OUT");
+    EXPECT_EQ(problem({"--export", "o.wrl"}), "--export needs a project");
+    EXPECT_EQ(problem({"--export", "o.dxf", "a.vln", "--view"}),
+              "--view needs top|front|side|htop");
+    EXPECT_EQ(problem({"--view", "side", "a.vln"}), "--view makes no sense without --export");
+    EXPECT_EQ(problem({"--export", "o.wrl", ""}), "a file without a name");
+}
+
+TEST(CommandOptions, TheHelpTellsEveryOptionAndEveryKindOnce) {
+    const std::string help = helpText();
+    std::set<std::string> names;
+    for (const OptionRow& option : commandOptions()) {
+        EXPECT_TRUE(names.insert(option.name).second) << option.name;
+        const std::string head =
+            "\n  " + std::string(option.name) +
+            (*option.argument ? " " + std::string(option.argument) : std::string()) + "\n";
+        EXPECT_NE(help.find(head), std::string::npos) << option.name;
+        EXPECT_EQ(optionNamed(option.name), &option);
+    }
+    for (const ExportKindRow& row : exportKinds()) {
+        EXPECT_NE(help.find(std::string("\n  .") + row.ending + "  "), std::string::npos);
+        EXPECT_EQ(kindOfEnding(row.ending), &row);
+        EXPECT_EQ(&rowOf(row.kind), &row);
+    }
+    EXPECT_EQ(optionNamed("--bogus"), nullptr);
+    EXPECT_EQ(kindOfEnding(""), nullptr);
+}
+
+TEST(CommandOptions, NoLineOfTheHelpIsWiderThanATerminal) {
+    std::size_t start = 0;
+    const std::string help = helpText();
+    for (auto end = help.find('\n'); end != std::string::npos; end = help.find('\n', start)) {
+        EXPECT_LE(end - start, 90U) << help.substr(start, end - start);
+        start = end + 1;
+    }
+}
+
+}  // namespace
+}  // namespace velna::test

@@ -1,0 +1,123 @@
+"""What the command line writes without a window is what the window's own commands write, byte for byte."""
+
+import os
+import re
+import subprocess
+
+import base
+from pictures import Picture
+from screen import wait_for
+from test_output import print_plans
+
+DATA = base.HERE.parent / "data"
+KEYS = {"top": ["VTop"], "front": ["Front"], "side": ["Side"], "htop": ["Side", "HTop"]}
+PLANS = {"side": "CheckSide", "sections": "CheckSections", "top": "CheckVtop", "front": "CheckFront",
+         "htop": "CheckHtop"}
+
+
+def aircraft():
+    """The stored projects by their names; those of the scenes have their pictures beside them."""
+    found = {}
+    for folder in ("projects/current", "scene"):
+        found.update((file.stem, file) for file in sorted((DATA / folder).glob("*.vln")))
+    return found
+
+
+def drawing_of(pdf):
+    """A PDF file without its date, its identity, and the program that it names."""
+    pdf = re.sub(rb"/CreationDate \([^)]*\)|/Creator \(.*?\)\n|/Producer \(.*?\)\n", b"", pdf, flags=re.DOTALL)
+    pdf = re.sub(rb"/ID \[.*?\]", b"", pdf, flags=re.DOTALL)
+    # Where the objects lie in the file follows from the rest.
+    return re.sub(rb"\nxref\n.*", b"", pdf, flags=re.DOTALL)
+
+
+class CommandLine(base.WindowTest):
+    def export(self, out, project, *words):
+        env = {key: value for key, value in self.program.env.items()
+               if key not in ("DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_GENERIC_PLUGINS")}
+        done = subprocess.run([base.BINARY, "--export", out, *words, project], env=env, capture_output=True,
+                              text=True, check=False)
+        self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
+
+    def folders(self, name):
+        """One for what the window writes, one for what the command line does."""
+        made = [self.program.folder / f"{name}-{by}" for by in ("window", "line")]
+        for folder in made:
+            folder.mkdir()
+        return made
+
+    def same_files(self, one, other, of=bytes):
+        self.assertEqual(sorted(os.listdir(one)), sorted(os.listdir(other)))
+        for name in os.listdir(one):
+            with self.subTest(file=name):
+                self.assertEqual(of((one / name).read_bytes()), of((other / name).read_bytes()))
+
+    def open(self, project):
+        self.program.open(project, "Velna")
+        self.program.no_dialog()
+
+    def show(self, view):
+        for key in KEYS[view]:
+            self.program.click(key)
+            wait_for(lambda key=key: self.program.get(key).checked, key)
+
+    def size(self):
+        area = self.program.get("DrawArea")
+        return f"{area.width}x{area.height}"
+
+    def test_every_export_of_every_stored_aircraft(self):
+        projects = aircraft()
+        self.assertGreaterEqual(len(projects), 14)
+        for name, project in projects.items():
+            with self.subTest(name):
+                self.open(project)
+                window, line = self.folders(name)
+                for view in KEYS:
+                    self.show(view)
+                    self.program.save(window / f"{view}.dxf", "DXF")
+                    self.export(line / f"{view}.dxf", project, "--view", view)
+                self.program.save(window / "model.wrl", "VRML")
+                self.export(line / "model.wrl", project)
+                # The model's export has shown what was hidden, which a project tells.
+                self.open(project)
+                self.program.save(window / "copy.vln", "Velna")
+                self.export(line / "copy.vln", project)
+                self.same_files(window, line)
+
+    def test_every_view_of_every_stored_aircraft(self):
+        for name, project in aircraft().items():
+            self.open(project)
+            _, line = self.folders(f"{name}-views")
+            for view in KEYS:
+                with self.subTest(name, view=view):
+                    self.show(view)
+                    seen = Picture(self.still(f"drawing-{name}-{view}", self.program.get("DrawArea")))
+                    self.export(line / f"{view}.png", project, "--view", view, "--size", self.size())
+                    drawn = Picture(line / f"{view}.png")
+                    self.assertEqual((drawn.width, drawn.height), (seen.width, seen.height))
+                    self.assertEqual(drawn.data, seen.data)
+                    self.assertGreater(len(drawn.colours()), 1)
+
+    def test_every_plan_of_every_stored_aircraft(self):
+        for name, project in aircraft().items():
+            with self.subTest(name):
+                self.open(project)
+                window, line = self.folders(f"{name}-plans")
+                self.plans(project, window, line, [])
+
+    def plans(self, project, window, line, words, boxes=()):
+        print_plans(self.program, [*PLANS.values(), *boxes], window / "plan.pdf")
+        self.program.no_dialog()
+        wait_for(lambda: (window / "plan-htop.pdf").exists(), "the last plan")
+        plans = [word for plan in PLANS for word in ("--plan", plan)]
+        self.export(line / "plan.pdf", project, *plans, "--size", self.size(), *words)
+        self.same_files(window, line, drawing_of)
+
+    def test_plans_to_be_taped(self):
+        project = aircraft()["default"]
+        self.open(project)
+        self.plans(project, *self.folders("taped"), ["--tape"], ["CheckOverlap"])
+
+
+if __name__ == "__main__":
+    base.main()
