@@ -21,7 +21,7 @@ constexpr long long ribsBetweenQuestions = 20;
 /// A word about a rib names its panel, its number and its station.
 std::string ribName(const CutRib& rib) {
     return rib.panel + ", rib " + std::to_string(rib.number) + " at " +
-           lengthText(rib.rib.station.position, millimetres);
+           lengthWithUnit(rib.rib.station.position, millimetres);
 }
 
 /// Takes skin and slots off the rib's outline.
@@ -75,7 +75,7 @@ Outcome stationsOfAll(const std::vector<NamedPanel>& panels, int units, const St
 
 }  // namespace
 
-std::string lengthText(double mm, int textUnits) {
+std::string lengthWithUnit(double mm, int textUnits) {
     if (textUnits == inches) return fixedText(mm / Plane::millimetresPerInch, 3) + " in";
     return fixedText(mm, 2) + " mm";
 }
@@ -130,8 +130,8 @@ CutPart partOf(const CutRib& rib, int textUnits) {
     part.cut = rib.borders;
     part.engrave.push_back({Point2D{0, 0}, Point2D{rib.rib.chord, 0}});
     label(part, {rib.panel + ", rib " + std::to_string(rib.number),
-                 "at " + lengthText(rib.rib.station.position, textUnits) + ", chord " +
-                     lengthText(rib.rib.chord, textUnits)});
+                 "at " + lengthWithUnit(rib.rib.station.position, textUnits) + ", chord " +
+                     lengthWithUnit(rib.rib.chord, textUnits)});
     return part;
 }
 
@@ -161,8 +161,8 @@ void writeStations(CutPart& part, const Planform& plan, const std::vector<Statio
         const Point2D trail = onSheet(plan.trailingEdge(station.share));
         if (number > 0 && station.share < 1) part.engrave.push_back({lead, trail});
         const std::string place =
-            std::to_string(++number) + " at " + lengthText(station.position, textUnits);
-        const std::string chord = "chord " + lengthText(lead.y - trail.y, textUnits);
+            std::to_string(++number) + " at " + lengthWithUnit(station.position, textUnits);
+        const std::string chord = "chord " + lengthWithUnit(lead.y - trail.y, textUnits);
         row = lead.x < freeFrom ? row + 1 : 0;
         if (row == 0)
             freeFrom = lead.x + 2 * beside +
@@ -194,7 +194,7 @@ Outcome wingParts(const Project& project, const RibWishes& wishes, int textUnits
         const Point2D above = onSheet(plan.leadingEdge(0.5));
         part.texts.push_back({{middle.x, (middle.y + above.y) / 2},
                               partTextHeight,
-                              named.name + ", span " + lengthText(plan.span, textUnits)});
+                              named.name + ", span " + lengthWithUnit(plan.span, textUnits)});
         result.parts.push_back(std::move(part));
     }
     return {};
@@ -217,11 +217,11 @@ Outcome sectionParts(const Project& project, const RibWishes& wishes, int textUn
         const std::string name = "section " + std::to_string(i);
         if (const std::string why = sectionBorders(outline, 1, wishes.skin, part.cut);
             !why.empty()) {
-            result.words.push_back(name + " at " + lengthText(at, millimetres) + ": not cut, " +
+            result.words.push_back(name + " at " + lengthWithUnit(at, millimetres) + ": not cut, " +
                                    why + '.');
             continue;
         }
-        label(part, {name, "at " + lengthText(at, textUnits)});
+        label(part, {name, "at " + lengthWithUnit(at, textUnits)});
         result.parts.push_back(std::move(part));
     }
     return {};

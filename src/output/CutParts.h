@@ -47,6 +47,6 @@ Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes, 
                  Progress* watcher, CutParts& parts);
 
 /// A length as it stands on a plan, "233.33 mm" or "9.186 in".
-std::string lengthText(double mm, int textUnits);
+std::string lengthWithUnit(double mm, int textUnits);
 
 }  // namespace velna
