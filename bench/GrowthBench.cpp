@@ -10,6 +10,7 @@
 #include <malloc.h>
 
 #include "persistence/AirfoilFiles.h"
+#include "persistence/OutlineFiles.h"
 #include "support/InHand.h"
 
 namespace velna {
@@ -44,6 +45,16 @@ void importAirfoil(benchmark::State& state) {
     if (Wings(1).nb != points) state.SkipWithError("not imported");
 }
 BENCHMARK(importAirfoil)->Arg(32)->Arg(327)->Arg(3276)->Arg(32767);
+
+/// The same file as one whose order has to be found out.
+void importInAnyOrder(benchmark::State& state) {
+    resetModel();
+    const auto points = static_cast<int>(state.range(0));
+    const std::string file = airfoilFile(points);
+    for (auto _ : state) AirfoilOutline::putOnWing(project, readOutlineBytes(file), false);
+    state.SetItemsProcessed(state.iterations() * points);
+}
+BENCHMARK(importInAnyOrder)->Arg(32)->Arg(32767);
 
 /// The numbers of the same file read one by one.
 void readNumbersAlone(benchmark::State& state) {

@@ -17,6 +17,7 @@ ROWS = [
     ("mesh", "createOneExponent", "writePointsFromTables", 1.2),
     ("mesh", "createOwnExponents", "writePointsFromPowers", 1.2),
     ("growth", "importAirfoil/32767", "importAirfoil/32", 1.5),
+    ("growth", "importInAnyOrder/32767", "importInAnyOrder/32", 1.5),
     ("growth", "rebuildHull/3997574/process_time", "rebuildHull/4000/process_time", 1.3),
     ("growth", "rebuildHullByTheClock/real_time", "rebuildHullInOneThread/real_time", 1.1),
     ("growth", "hullMemory/iterations:1", None, 1.1),

@@ -248,6 +248,17 @@ Points arranged(Written written) {
     return std::move(points);
 }
 
+Points ofRoot(const SymWingSections& wing) {
+    Points outline;
+    const int last = wing.pointCount();
+    outline.reserve(static_cast<std::size_t>(last));
+    for (int i = 1; i <= last; ++i) {
+        const Point3D point = wing.airfoilPoint(i);
+        outline.push_back({point.x, point.z * wing.thickness1});
+    }
+    return outline;
+}
+
 void put(SymWingSections& wing, const Points& outline) {
     SymWingSections changed = wing;
     changed.nb = static_cast<std::int16_t>(outline.size());

@@ -28,6 +28,9 @@ struct Written {
 /// holds.
 Points arranged(Written written);
 
+/// The outline of a panel's root, in chords, as far as the panel has points.
+Points ofRoot(const SymWingSections& wing);
+
 /// Puts `outline` (in the order of `arranged`) on a panel, with its thickness at root and tip.
 /// Throws ReadFailure, with the panel as it was, where it is thinner than half a percent.
 void put(SymWingSections& wing, const Points& outline);

@@ -52,16 +52,16 @@ int valueOf(std::string_view digits) {
 }
 
 void fourDigits(Digits& digits, int camber, int place) {
-    if (camber > 0 && place == 0) throw ReadFailure("a cambered section has its place from 1 to 9");
+    if (camber > 0 && place == 0) throw ReadFailure("with camber the second digit is 1 to 9");
     if (camber == 0 && place > 0) throw ReadFailure("without camber the second digit is 0");
     digits.camber = camber / 100.0;
     digits.place = place / 10.0;
 }
 
 void fiveDigits(Digits& digits, int lift, int line) {
-    if (lift == 0) throw ReadFailure("the first of five digits is from 1 to 9");
+    if (lift == 0) throw ReadFailure("the first of five digits is 1 to 9");
     if (!fiveDigitLine(line))
-        throw ReadFailure("the second and third of five digits are 10 to 50 or 21 to 51");
+        throw ReadFailure("the middle of five digits is 10 to 50 or 21 to 51");
     digits.lift = liftOfADigit * lift;
     digits.meanLine = line;
 }
@@ -96,7 +96,7 @@ Digits number(std::string_view text) {
     Digits told;
     const int thickness = valueOf(digits.substr(digits.size() - 2));
     if (thickness == 0 || thickness > thickest)
-        throw ReadFailure("the thickness, the last two digits, is from 01 to " +
+        throw ReadFailure("the last two digits, the thickness, are 01 to " +
                           std::to_string(thickest));
     told.thickness = thickness / 100.0;
     const int first = valueOf(digits.substr(0, 1));

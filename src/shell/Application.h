@@ -7,6 +7,7 @@
 #include "preview/PictureCopies.h"
 #include "preview/Rendering.h"
 #include "preview/ViewMouse.h"
+#include "shell/AirfoilCommands.h"
 #include "shell/FileCommands.h"
 #include "shell/Helper.h"
 #include "shell/HistoryCommands.h"
@@ -43,7 +44,9 @@ struct Application {
     Recovery recovery{Main, flying, shell};
     RecentFiles recent{settings};
     Quit quit{project, rendering, flying, helper, preferences, recovery, shell};
-    FileCommands files{Main, solids, rendering, preferences, pictures, recovery, recent, shell};
+    AirfoilCommands airfoils{Main, rendering, shell, {}};
+    FileCommands files{Main,     solids, rendering, preferences, pictures,
+                       recovery, recent, airfoils,  shell};
     Startup startup{Main, rendering, helper, preferences, recovery, files, shell};
     PrintCommand print{Main, PrintSelect, shell};
     HistoryCommands history{Main, rendering, helper, flying};

@@ -23,6 +23,14 @@ struct FileAnswer {
 /// What is to become of work that was not saved when the program ended.
 enum class LeftWorkAnswer { Restore, Discard, Later };
 
+/// A NACA section as it is asked for.
+struct NacaAnswer {
+    std::string number = "2412";
+    int points = 61;
+    bool closed = true;       ///< the trailing edge
+    bool everyPanel = false;  ///< on all wing panels, not on the current one alone
+};
+
 /// The common dialogs of the desktop. `filter` is a list "caption|patterns|caption|patterns".
 class Dialogs {
 public:
@@ -42,6 +50,8 @@ public:
     virtual bool message(const std::string& title, const std::string& text, BoxIcon icon) = 0;
     virtual std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                                const std::string& preset) = 0;
+    /// A NACA section that can be made; nothing when cancelled.
+    virtual std::optional<NacaAnswer> askNaca(const NacaAnswer& preset) = 0;
     /// The system's printer dialog for the named jobs; with files as the target it asks once before
     /// replacing any. Null when cancelled; the printer is valid until the next call.
     virtual PrinterSurface* askPrinter(const std::vector<std::string>& jobs) = 0;

@@ -23,12 +23,14 @@ namespace velna {
 namespace {
 
 constexpr const char* openFilter =
-    "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|";
+    "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|"
+    "Airfoil in any order (*.dat)|*.dat;*.txt;*.cor|";
 constexpr const char* saveFilter =
     "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf";
 
 /// The kinds of file in the order of each filter, counted from 1.
-constexpr std::array openKinds{OpenedKind::Project, OpenedKind::Airfoil, OpenedKind::Picture};
+constexpr std::array openKinds{OpenedKind::Project, OpenedKind::Airfoil, OpenedKind::Picture,
+                               OpenedKind::AnyAirfoil};
 namespace Saved {
 enum { project = 1, model, drawing };
 }
@@ -228,7 +230,9 @@ void FileCommands::openDropped(std::string_view uriList) {
 /// False where the user would rather keep the project.
 bool FileCommands::openAs(OpenedKind kind, const std::string& file) {
     if (kind == OpenedKind::Project) return openProject(file);
-    kind == OpenedKind::Airfoil ? openWingAirfoil(file) : openTexture(file);
+    if (kind == OpenedKind::Airfoil) openWingAirfoil(file);
+    if (kind == OpenedKind::AnyAirfoil) airfoils.openOutline(file);
+    if (kind == OpenedKind::Picture) openTexture(file);
     return true;
 }
 

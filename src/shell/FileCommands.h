@@ -7,6 +7,7 @@
 #include "editor/Main.h"
 #include "preview/PictureCopies.h"
 #include "preview/Rendering.h"
+#include "shell/AirfoilCommands.h"
 #include "shell/OpenedKind.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
@@ -24,6 +25,7 @@ struct FileCommands {
     PictureStore& pictures;
     Recovery& recovery;
     RecentFiles& recent;
+    AirfoilCommands& airfoils;
     const ShellPorts& ports;
 
     /// Resets to the default aircraft, after a question.

@@ -8,6 +8,7 @@
 #include "common/ValueReader.h"
 #include "model/Plane.h"
 #include "persistence/AirfoilFiles.h"
+#include "persistence/OutlineFiles.h"
 #include "persistence/ProjectFile.h"
 
 namespace velna {
@@ -54,6 +55,20 @@ void checkAirfoil(const std::string& file) {
     }
 }
 
+/// Whether a file that is no picture holds an outline; where only that can be meant, what is none
+/// is a failure.
+bool holdsOutline(const std::string& file, const std::string& extension) {
+    try {
+        Project scratch;
+        Plane::setDefaultPlane(scratch);
+        AirfoilOutline::putOnWing(scratch, readOutline(file), false);
+        return true;
+    } catch (const ReadFailure& failure) {
+        if (extension == "dat") throw ReadFailure(file + ": no airfoil (" + failure.what() + ")");
+        return false;
+    }
+}
+
 }  // namespace
 
 OpenedKind kindOfFile(const std::string& file) {
@@ -67,6 +82,7 @@ OpenedKind kindOfFile(const std::string& file) {
         checkPicture(file);
         return OpenedKind::Picture;
     }
+    if (extension != "vln" && holdsOutline(file, extension)) return OpenedKind::AnyAirfoil;
     const Outcome project = Plane::checkProject(file);
     if (project.hasFailed()) throw ReadFailure(project.reason());
     return OpenedKind::Project;

@@ -91,6 +91,8 @@ constexpr Command commands[] = {
     {Key::Redo, [](ToolbarCommands& on) { on.history.redo(); }},
     {Key::Exit, [](ToolbarCommands& on) { on.ports.desktop->endProcess(); }},
     {Key::SaveAgain, [](ToolbarCommands& on) { on.files.saveAgain(); }},
+    {Key::NacaSection, [](ToolbarCommands& on) { on.files.airfoils.nacaSection(); }},
+    {Key::AirfoilOnAll, [](ToolbarCommands& on) { on.files.airfoils.onEveryPanel(); }},
     {Key::Centering,
      [](ToolbarCommands& on) { on.main.view.centerUpdate = !on.main.view.centerUpdate; }},
 };

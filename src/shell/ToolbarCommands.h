@@ -36,7 +36,9 @@ enum class Key {
     // without a button of their own
     Exit,
     Centering,
-    SaveAgain
+    SaveAgain,
+    NacaSection,
+    AirfoilOnAll
 };
 
 /// A step of the history tells in its tip what it would do.

@@ -360,7 +360,8 @@ TEST_F(FileCommands, TheDialogsOfferTheKindsInTheirOrder) {
     program.toolbar.click(Key::Open);
     EXPECT_EQ(dialogs.asked.back().text,
               "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|"
-              "Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|");
+              "Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|"
+              "Airfoil in any order (*.dat)|*.dat;*.txt;*.cor|");
     program.toolbar.click(Key::Save);
     EXPECT_EQ(dialogs.asked.back().text,
               "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf");

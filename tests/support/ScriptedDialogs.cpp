@@ -65,6 +65,11 @@ std::optional<std::string> ScriptedDialogs::askText(const std::string& prompt,
     return next(texts, prompt.c_str(), std::optional<std::string>{});
 }
 
+std::optional<NacaAnswer> ScriptedDialogs::askNaca(const NacaAnswer& preset) {
+    asked.push_back({"naca", preset.number, {}});
+    return next(nacas, "NACA dialog", std::optional<NacaAnswer>{});
+}
+
 PrinterSurface* ScriptedDialogs::askPrinter(const std::vector<std::string>& jobs) {
     std::string names;
     for (const auto& job : jobs) names += job + " ";

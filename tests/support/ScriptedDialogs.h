@@ -15,7 +15,7 @@ class ScriptedDialogs : public Dialogs {
 public:
     struct Asked {
         std::string kind;  ///< "open", "save", "colour", "yesno", "leftwork", "message", "text",
-                           ///< "printer", a form's name
+                           ///< "naca", "printer", a form's name
         std::string text;  ///< filter, question, prompt
         std::string title;
         BoxIcon icon = BoxIcon::Information;
@@ -32,6 +32,7 @@ public:
     std::deque<LeftWorkAnswer> leftWork;
     std::deque<std::optional<std::string>> texts;
     std::deque<PrinterSurface*> printers;
+    std::deque<std::optional<NacaAnswer>> nacas;
     /// What the user does in a form while it is open.
     std::function<void()> inPreferences, inManager, inPrintSelect, inMessage;
     /// What a message box returns; false stands for Escape.
@@ -45,6 +46,7 @@ public:
     bool message(const std::string& title, const std::string& text, BoxIcon icon) override;
     std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                        const std::string& preset) override;
+    std::optional<NacaAnswer> askNaca(const NacaAnswer& preset) override;
     PrinterSurface* askPrinter(const std::vector<std::string>& jobs) override;
     void showPreferences() override;
     void showManager() override;

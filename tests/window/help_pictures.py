@@ -148,6 +148,20 @@ def menu_beside(camera, key, arrow, name):
     camera.screen.key("Escape")
 
 
+def take_naca(camera):
+    """The dialog of a NACA section, over the wing."""
+    program, screen = camera.program, camera.screen
+    program.click("RecentFiles")
+    entries = wait_for(lambda: (m := program.find("RecentFilesMenu")) and m.entries, "the menu")
+    x, y, width, height = next(e for e in entries if e["name"] == "NacaSection")["place"]
+    screen.click(x + width // 2, y + height // 2)
+    program.dialog("NACA section")
+    program.enter("NacaNumber", "23012", "Tab")
+    camera.dialog("naca", "NACA section")
+    screen.key("Escape")
+    program.no_dialog()
+
+
 def take_files(camera):
     """Recent projects, a drop, and work that was not saved."""
     program, screen = camera.program, camera.screen
@@ -160,6 +174,7 @@ def take_files(camera):
     (models / "sport_inches.vln").unlink()
     menu_beside(camera, "Open", "RecentFiles", "recent")
     menu_beside(camera, "Save", "MoreSaves", "save-again")
+    take_naca(camera)
     program.enter("SpanText", "1111")
     wait_for(lambda: list(program.folder.glob("state/velna/*.work")), "the work to be kept")
     program.die(signal.SIGKILL)

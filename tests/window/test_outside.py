@@ -188,7 +188,7 @@ class Outside(base.WindowTest):
         self.program.start()
         self.program.click("RecentFiles")
         self.assertEqual([e["enabled"] for e in wait_for(lambda: self.entries("RecentFilesMenu"), "the menu")],
-                         [False, False])
+                         [False, False, True, True])
         self.screen.key("Escape")
         for file in (self.glider, self.twin):
             self.program.open(file)
@@ -198,7 +198,7 @@ class Outside(base.WindowTest):
         entries = wait_for(lambda: self.entries("RecentFilesMenu"), "the menu")
         self.take("recent")
         self.assertTrue(entries[0]["text"].startswith("&1  twin_hull.vln"), entries)
-        self.assertEqual([e["enabled"] for e in entries], [False, True, True])
+        self.assertEqual([e["enabled"] for e in entries], [False, True, True, True, True])
         self.screen.key("Escape")
         self.choose("RecentFiles", "Recent2")
         self.is_open("glider.vln")
@@ -208,7 +208,7 @@ class Outside(base.WindowTest):
         self.is_open("glider.vln")
         self.choose("RecentFiles", "ClearRecent")
         self.program.click("RecentFiles")
-        self.assertEqual(len(wait_for(lambda: self.entries("RecentFilesMenu"), "the menu")), 2)
+        self.assertEqual(len(wait_for(lambda: self.entries("RecentFilesMenu"), "the menu")), 4)
         self.screen.key("Escape")
 
     def test_the_arrows_are_worked_by_the_keyboard(self):

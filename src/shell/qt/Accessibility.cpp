@@ -7,6 +7,7 @@
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/MainWindow.h"
+#include "shell/qt/OutlinePicture.h"
 #include "shell/qt/SurfaceWidget.h"
 
 namespace velna::Accessibility {
@@ -32,6 +33,7 @@ QAccessible::Role roleOf(const QWidget& widget) {
     if (dynamic_cast<const MainWindow*>(&widget) || dynamic_cast<const HelpWindow*>(&widget))
         return QAccessible::Window;
     if (dynamic_cast<const SurfaceWidget*>(&widget)) return QAccessible::Canvas;
+    if (dynamic_cast<const OutlinePicture*>(&widget)) return QAccessible::Graphic;
     if (dynamic_cast<const Bar*>(&widget)) return QAccessible::ToolBar;
     return QAccessible::NoRole;
 }

@@ -33,6 +33,13 @@ QString recentCaption(int number, const std::string& file, const QMenu& menu) {
         .arg(shownName(titleOf(file)), shownName(folder.toStdString()));
 }
 
+void addCommand(QMenu& menu, ToolbarCommands& commands, const char* name, const QString& caption,
+                Toolbar::Key key) {
+    QAction* entry = menu.addAction(caption);
+    entry->setObjectName(name);
+    QObject::connect(entry, &QAction::triggered, [&commands, key] { commands.click(key); });
+}
+
 void fillRecent(QMenu& menu, ToolbarCommands& commands) {
     int number = 0;
     for (const std::string& file : commands.files.recent.list()) {
@@ -49,20 +56,21 @@ void fillRecent(QMenu& menu, ToolbarCommands& commands) {
     clear->setObjectName("ClearRecent");
     clear->setEnabled(number > 0);
     QObject::connect(clear, &QAction::triggered, [&commands] { commands.files.recent.clear(); });
+    menu.addSeparator();
+    addCommand(menu, commands, "NacaSection", "&NACA section ...", Toolbar::Key::NacaSection);
+    addCommand(menu, commands, "AirfoilOnAll", "This panel's &airfoil on all panels",
+               Toolbar::Key::AirfoilOnAll);
 }
 
 void fillSave(QMenu& menu, ToolbarCommands& commands) {
     const std::string& name = commands.main.projectName;
     const QString caption =
         name.empty() ? "Save &again ..." : "Save " + shownName(titleOf(name)) + " &again";
-    QAction* again = menu.addAction(caption + "\tShift+F12");
-    again->setObjectName("SaveAgain");
-    QObject::connect(again, &QAction::triggered,
-                     [&commands] { commands.click(Toolbar::Key::SaveAgain); });
+    addCommand(menu, commands, "SaveAgain", caption + "\tShift+F12", Toolbar::Key::SaveAgain);
 }
 
 constexpr Arrow arrows[] = {
-    {Toolbar::Key::Open, "RecentFiles", "Recent projects", fillRecent},
+    {Toolbar::Key::Open, "RecentFiles", "Recent projects and airfoils", fillRecent},
     {Toolbar::Key::Save, "MoreSaves", "Save again", fillSave},
 };
 

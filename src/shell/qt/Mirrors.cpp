@@ -5,8 +5,7 @@
 namespace velna {
 
 void Mirrors::show(Control control) const {
-    const Show& show = shows_[static_cast<std::size_t>(control)];
-    if (show) show(controls_[control]);
+    for (const Show& show : shows_[static_cast<std::size_t>(control)]) show(controls_[control]);
 }
 
 void Mirrors::showAll() const {

@@ -3,6 +3,7 @@
 #include <array>
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "editor/Controls.h"
 
@@ -18,20 +19,19 @@ public:
 
     explicit Mirrors(const ControlStates& controls) : controls_(controls) {}
 
+    /// Calls `show` at each change of the control, after what has been added before.
     void add(Control control, Show show) {
-        shows_[static_cast<std::size_t>(control)] = std::move(show);
+        shows_[static_cast<std::size_t>(control)].push_back(std::move(show));
     }
     /// Shows what `Main.controls` holds for `control`.
     void show(Control control) const;
     void showAll() const;
     /// Whether the control has a widget at all.
-    bool has(Control control) const {
-        return static_cast<bool>(shows_[static_cast<std::size_t>(control)]);
-    }
+    bool has(Control control) const { return !shows_[static_cast<std::size_t>(control)].empty(); }
 
 private:
     const ControlStates& controls_;
-    std::array<Show, controlCount> shows_;
+    std::array<std::vector<Show>, controlCount> shows_;
 };
 
 /// The part that all widgets have: enabled and visible.

@@ -13,13 +13,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/NumberText.h"
 #include "editor/Main.h"
 #include "editor/PanelTable.h"
+#include "model/AirfoilOutline.h"
 #include "model/Equipment.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
 #include "shell/qt/ListBar.h"
 #include "shell/qt/Mirrors.h"
+#include "shell/qt/OutlinePicture.h"
 #include "shell/qt/PanelWidgets.h"
 #include "shell/qt/SurfaceWidget.h"
 
@@ -42,6 +45,14 @@ void fillCombo(QComboBox& box, Control combo, const MainForm& main) {
     for (const CatalogueEntry& entry : Equipment::catalogue(kindOf(combo), main.project.units))
         box.addItem(QString::fromStdString(entry.name));
     box.setCurrentIndex(std::clamp(main.controls[combo].value, 0, box.count() - 1));
+}
+
+QString sectionText(const SymWingSections& wing) {
+    const auto percent = [](double ratio) { return fixedText(100 * ratio, 1); };
+    const std::string root = percent(wing.thickness1);
+    const std::string tip = percent(wing.thickness2);
+    return QString::fromStdString("Airfoil: " + std::to_string(wing.pointCount()) + " points, " +
+                                  root + (root == tip ? "" : " to " + tip) + " % thick");
 }
 
 }  // namespace
@@ -206,6 +217,23 @@ QLayout* PanelWidgets::sectionFlags() {
     flags->addLayout(smooth, compact_ ? 1 : 3, compact_ ? 1 : 0);
     flags->setRowStretch(4, 1);
     return flags;
+}
+
+QWidget* PanelWidgets::sectionPicture() {
+    auto* picture = new OutlinePicture;
+    picture->setObjectName("WingOutline");
+    picture->setAccessibleName("Airfoil of this panel");
+    const auto show = [this, picture](const ControlState&) {
+        const Project& project = main_.project;
+        // The window is built before there is an aircraft.
+        if (project.currentWing > project.Wings.size()) return;
+        const SymWingSections& wing = project.Wings(project.currentWing);
+        picture->setOutline(AirfoilOutline::ofRoot(wing), sectionText(wing));
+    };
+    // The label is filled with the whole tab, the field by itself where it is typed into.
+    for (const Control control : {Control::IdWingLabel, Control::ThicknessBText})
+        mirrors_.add(control, show);
+    return picture;
 }
 
 QWidget* PanelWidgets::sectionEditor() {

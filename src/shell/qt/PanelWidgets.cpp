@@ -223,6 +223,7 @@ void PanelWidgets::buildWingPage() {
     page->addLayout(
         listRow("Panel", Control::IdWingLabel, Control::IndexWingsScroll, &plus, &minus));
     page->addLayout(fieldGrid(PanelTab::wing, 0, allRows));
+    page->addWidget(sectionPicture());
     page->addStretch();
 }
 

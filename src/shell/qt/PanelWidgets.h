@@ -50,6 +50,7 @@ private:
     QHBoxLayout* listRow(const char* caption, Control label, Control bar, const Control* plus,
                          const Control* minus);
     QWidget* sectionEditor();
+    QWidget* sectionPicture();
     QLayout* sectionFlags();
     QWidget* slider(Control control);
     QWidget* checkBox(Control control, const char* caption);

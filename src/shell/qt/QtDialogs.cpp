@@ -18,6 +18,7 @@
 #include "shell/PrintCommand.h"
 #include "shell/Startup.h"
 #include "shell/qt/ManagerForm.h"
+#include "shell/qt/NacaForm.h"
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
 #include "shell/qt/QtPrinterSurface.h"
@@ -67,7 +68,8 @@ QString nameFilter(const FileKind& kind) {
 
 FilePurpose purposeOf(const FileKind& kind, bool saving) {
     if (kind.patterns.contains("*.vln")) return FilePurpose::Project;
-    if (kind.patterns.contains("*.xy")) return FilePurpose::Airfoil;
+    if (kind.patterns.contains("*.xy") || kind.patterns.contains("*.dat"))
+        return FilePurpose::Airfoil;
     return saving ? FilePurpose::Export : FilePurpose::Texture;
 }
 
@@ -210,6 +212,12 @@ std::optional<std::string> QtDialogs::askText(const std::string& prompt, const s
                                                QString::fromStdString(preset), &accepted);
     if (!accepted) return std::nullopt;
     return text.toStdString();
+}
+
+std::optional<NacaAnswer> QtDialogs::askNaca(const NacaAnswer& preset) {
+    NacaForm form(preset, &owner_);
+    if (form.exec() != QDialog::Accepted) return std::nullopt;
+    return form.answer();
 }
 
 PrinterSurface* QtDialogs::askPrinter(const std::vector<std::string>& jobs) {

@@ -35,6 +35,7 @@ public:
     bool message(const std::string& title, const std::string& text, BoxIcon icon) override;
     std::optional<std::string> askText(const std::string& prompt, const std::string& title,
                                        const std::string& preset) override;
+    std::optional<NacaAnswer> askNaca(const NacaAnswer& preset) override;
     PrinterSurface* askPrinter(const std::vector<std::string>& jobs) override;
     void showPreferences() override;
     void showManager() override;
