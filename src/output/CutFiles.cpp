@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "common/ReplacedFile.h"
-#include "model/Units.h"
 #include "output/CutDrawing.h"
 
 namespace velna {
@@ -75,7 +74,7 @@ Outcome nothingToCut(CutPlan plan, const std::vector<std::string>& words) {
 Outcome saveCutPlan(const Project& project, CutPlan plan, CutFormat format, const RibWishes& wishes,
                     const std::string& file, std::vector<std::string>& words, Progress* watcher) {
     CutParts made;
-    Outcome outcome = cutParts(project, plan, wishes, millimetres, watcher, made);
+    Outcome outcome = cutParts(project, plan, wishes, {}, watcher, made);
     words.insert(words.end(), made.words.begin(), made.words.end());
     if (!outcome.isDone()) return outcome;
     if (made.parts.empty()) return nothingToCut(plan, made.words);
@@ -89,7 +88,7 @@ std::vector<std::string> cutPlanFiles(const Project& project, CutPlan plan, cons
                                       const std::string& file) {
     CutParts made;
     std::vector<std::string> files;
-    if (!cutParts(project, plan, wishes, millimetres, nullptr, made).isDone()) return files;
+    if (!cutParts(project, plan, wishes, {}, nullptr, made).isDone()) return files;
     if (!wishes.each && !made.parts.empty()) return {file};
     for (const CutPart& part : made.parts) files.push_back(partFile(file, part.name));
     return files;

@@ -34,36 +34,38 @@ PartBox boxOfLines(const CutPart& part) {
     return box;
 }
 
-/// Where lines of text stand on both sides of the line y = 0.
+/// Letters of a height, and where lines of them stand on both sides of an axis.
 struct TextRows {
+    double height = 0;
+    double axis = 0;
     double above = 0;  ///< how far up they need room
-    double below = 0;  ///< how far down, not above 0
+    double below = 0;  ///< and how far down
     std::vector<double> bases;
 };
 
-/// So many lines, the last `under` of them below y = 0.
-TextRows rowsOf(std::size_t lines, std::size_t under) {
-    TextRows rows;
+/// So many lines, the last `under` of them below the axis.
+TextRows rowsOf(std::size_t lines, std::size_t under, double height, double axis) {
+    TextRows rows{height, axis, axis, axis, {}};
     const std::size_t over = lines - under;
     for (std::size_t n = 0; n < over; ++n)
-        rows.bases.push_back(gap + descent * partTextHeight +
-                             static_cast<double>(over - 1 - n) * lineDistance * partTextHeight);
+        rows.bases.push_back(axis + gap + descent * height +
+                             static_cast<double>(over - 1 - n) * lineDistance * height);
     for (std::size_t n = 0; n < under; ++n)
-        rows.bases.push_back(-gap - partTextHeight -
-                             static_cast<double>(n) * lineDistance * partTextHeight);
-    if (over > 0) rows.above = rows.bases.front() + partTextHeight + gap;
-    if (under > 0) rows.below = rows.bases.back() - descent * partTextHeight - gap;
+        rows.bases.push_back(axis - gap - height - static_cast<double>(n) * lineDistance * height);
+    if (over > 0) rows.above = rows.bases.front() + height + gap;
+    if (under > 0) rows.below = rows.bases.back() - descent * height - gap;
     return rows;
 }
 
 /// Of the places where rows of this width have room within the borders, the one with the most.
 std::optional<double> placeInside(const CutPart& part, double width, const TextRows& rows) {
     const PartBox box = boxOfLines(part);
+    const double space = box.width() - 2 * gap - width;
+    if (space < 0) return {};
     std::optional<double> best;
     double most = 0;
     for (int n = 0; n <= tries; ++n) {
-        const double left =
-            box.left + gap + (box.width() - 2 * gap - width) * static_cast<double>(n) / tries;
+        const double left = box.left + gap + space * n / tries;
         const auto clear = clearanceOf(part.cut, left - gap, left + width + gap);
         if (!clear || clear->lowestTop < rows.above || clear->highestBottom > rows.below) continue;
         const double room = clear->lowestTop - clear->highestBottom;
@@ -73,6 +75,20 @@ std::optional<double> placeInside(const CutPart& part, double width, const TextR
         }
     }
     return best;
+}
+
+double widthOf(const std::vector<std::string>& lines, double height) {
+    double width = 0;
+    for (const std::string& line : lines) width = std::max(width, textWidth(line, height));
+    return width;
+}
+
+bool labelInside(CutPart& part, const std::vector<std::string>& lines, const TextRows& rows) {
+    const auto left = placeInside(part, widthOf(lines, rows.height), rows);
+    if (!left) return false;
+    for (std::size_t n = 0; n < lines.size(); ++n)
+        part.texts.push_back({{*left, rows.bases[n]}, rows.height, lines[n]});
+    return true;
 }
 
 void labelBelow(CutPart& part, const std::vector<std::string>& lines) {
@@ -106,17 +122,12 @@ PartBox CutPart::box() const {
     return box;
 }
 
-void label(CutPart& part, const std::vector<std::string>& lines) {
-    double width = 0;
-    for (const std::string& line : lines) width = std::max(width, textWidth(line, partTextHeight));
-    // On both sides of the chord line, or above it where it lies low in the part.
-    for (const std::size_t under : {lines.size() / 2, std::size_t{0}}) {
-        const TextRows rows = rowsOf(lines.size(), under);
-        const auto left = placeInside(part, width, rows);
-        if (!left) continue;
-        for (std::size_t n = 0; n < lines.size(); ++n)
-            part.texts.push_back({{*left, rows.bases[n]}, partTextHeight, lines[n]});
-        return;
+void label(CutPart& part, const std::vector<std::string>& lines, const Lettering& lettering,
+           double axis) {
+    for (const double height : {partTextHeight, 2.5, 1.8}) {
+        if (lettering.onPaper && height != partTextHeight) break;
+        for (const std::size_t under : {lines.size() / 2, std::size_t{0}})
+            if (labelInside(part, lines, rowsOf(lines.size(), under, height, axis))) return;
     }
     labelBelow(part, lines);
 }

@@ -6,6 +6,7 @@
 
 #include "common/Point.h"
 #include "model/Rib.h"
+#include "model/Units.h"
 
 namespace velna {
 
@@ -34,6 +35,7 @@ struct CutPart {
     std::vector<Loop> cut;  ///< closed lines to cut along; the last point is joined to the first
     std::vector<std::array<Point2D, 2>> engrave;  ///< lines that are drawn on it
     std::vector<PartText> texts;                  ///< what is written on it or beside it
+    bool turns = true;  ///< may lie turned, its texts below it; else they belong to their places
 
     /// Round all lines and texts; the width of texts is that of common letters.
     PartBox box() const;
@@ -42,12 +44,19 @@ struct CutPart {
 /// How wide a text is about, in millimetres.
 double textWidth(const std::string& text, double height);
 
-/// The height of all texts, which is also that of the texts on paper.
+/// The height of texts on paper, and of the first try elsewhere.
 inline constexpr double partTextHeight = 3.5;
 
-/// Writes `lines` on the part: inside it, above each other with the line y = 0 left free, where
-/// they have room, and otherwise below it.
-void label(CutPart& part, const std::vector<std::string>& lines);
+/// How texts on parts are written.
+struct Lettering {
+    int units = millimetres;  ///< of the lengths that they tell
+    bool onPaper = false;     ///< in `partTextHeight` alone, which is the only one there
+};
+
+/// Writes `lines` on the part: inside it, on both sides of the line y = `axis` or above that, in
+/// the largest letters that have room, and otherwise below it.
+void label(CutPart& part, const std::vector<std::string>& lines, const Lettering& lettering,
+           double axis = 0);
 
 /// The same part turned by a right angle, for a sheet that is higher than wide. Its texts stay
 /// upright, below it.

@@ -103,43 +103,37 @@ Outcome collectRibs(const Project& project, const RibWishes& wishes, Progress* w
     return {};
 }
 
-std::string sectionBorders(const Loop& outline, double mm, double skin,
-                           std::vector<Loop>& borders) {
-    Loop inMillimetres = outline;
-    for (Point2D& point : inMillimetres) point = {point.x * mm, point.y * mm};
-    std::string why = whyNotCut(inMillimetres);
+std::string sectionBorders(const Loop& outline, double skin, std::vector<Loop>& borders) {
+    std::string why = whyNotCut(outline);
     if (!why.empty()) return why;
-    if (skin == 0) {
-        borders = {outline};
-        return {};
-    }
-    Region region(inMillimetres);
+    borders = {outline};
+    if (skin == 0) return {};
+    Region region(outline);
     region.erode(skin);
-    if (region.empty()) return "skin thicker than the section";
     borders = region.loops();
-    for (Loop& loop : borders)
-        for (Point2D& point : loop) point = {point.x / mm, point.y / mm};
-    return {};
+    return borders.empty() ? "skin thicker than the section" : "";
 }
 
 namespace {
 
-CutPart partOf(const CutRib& rib, int textUnits) {
+CutPart partOf(const CutRib& rib, const Lettering& lettering) {
     CutPart part;
     part.name = rib.panel + " rib " + threeDigits(rib.number);
     part.cut = rib.borders;
     part.engrave.push_back({Point2D{0, 0}, Point2D{rib.rib.chord, 0}});
-    label(part, {rib.panel + ", rib " + std::to_string(rib.number),
-                 "at " + lengthWithUnit(rib.rib.station.position, textUnits) + ", chord " +
-                     lengthWithUnit(rib.rib.chord, textUnits)});
+    label(part,
+          {rib.panel + ", rib " + std::to_string(rib.number),
+           "at " + lengthWithUnit(rib.rib.station.position, lettering.units) + ", chord " +
+               lengthWithUnit(rib.rib.chord, lettering.units)},
+          lettering);
     return part;
 }
 
-Outcome ribParts(const Project& project, const RibWishes& wishes, int textUnits, Progress* watcher,
-                 CutParts& result) {
+Outcome ribParts(const Project& project, const RibWishes& wishes, const Lettering& lettering,
+                 Progress* watcher, CutParts& result) {
     std::vector<CutRib> ribs;
     Outcome outcome = collectRibs(project, wishes, watcher, ribs, result.words);
-    for (const CutRib& rib : ribs) result.parts.push_back(partOf(rib, textUnits));
+    for (const CutRib& rib : ribs) result.parts.push_back(partOf(rib, lettering));
     return outcome;
 }
 
@@ -148,32 +142,48 @@ Point2D onSheet(const Point2D& inPlan) {
     return {inPlan.x, -inPlan.y};
 }
 
-/// Stations nearer to each other than their texts have them in steps below each other.
+constexpr double textBeside = 1;
+constexpr double textRow = 1.3 * partTextHeight;
+
+/// Writes at each station its number, place and chord, from its leading edge downward: at the tip
+/// before it, else behind it. Stations nearer to each other than their texts have them in steps
+/// below each other.
 void writeStations(CutPart& part, const Planform& plan, const std::vector<Station>& stations,
                    int textUnits) {
-    constexpr double beside = 1;
-    constexpr double rowHeight = 1.3 * partTextHeight;
     double freeFrom = 0;
     int row = 0;
     int number = 0;
     for (const Station& station : stations) {
+        const bool tip = ++number == static_cast<int>(stations.size());
         const Point2D lead = onSheet(plan.leadingEdge(station.share));
         const Point2D trail = onSheet(plan.trailingEdge(station.share));
-        if (number > 0 && station.share < 1) part.engrave.push_back({lead, trail});
+        if (number > 1 && !tip) part.engrave.push_back({lead, trail});
         const std::string place =
-            std::to_string(++number) + " at " + lengthWithUnit(station.position, textUnits);
+            std::to_string(number) + " at " + lengthWithUnit(station.position, textUnits);
         const std::string chord = "chord " + lengthWithUnit(lead.y - trail.y, textUnits);
-        row = lead.x < freeFrom ? row + 1 : 0;
-        if (row == 0)
-            freeFrom = lead.x + 2 * beside +
-                       std::max(textWidth(place, partTextHeight), textWidth(chord, partTextHeight));
-        const double base = std::max(lead.y, trail.y) - (1.3 + 2.3 * row) * rowHeight;
-        part.texts.push_back({{lead.x + beside, base}, partTextHeight, place});
-        part.texts.push_back({{lead.x + beside, base - rowHeight}, partTextHeight, chord});
+        const double width =
+            std::max(textWidth(place, partTextHeight), textWidth(chord, partTextHeight));
+        const double left = tip ? lead.x - textBeside - width : lead.x + textBeside;
+        row = left < freeFrom ? row + 1 : 0;
+        if (row == 0) freeFrom = left + width + textBeside;
+        const double share = plan.span > 0 ? std::clamp((left + width) / plan.span, 0.0, 1.0) : 0;
+        const double edge = std::min(lead.y, onSheet(plan.leadingEdge(share)).y);
+        const double base = edge - (1.2 + 2.3 * row) * textRow;
+        part.texts.push_back({{left, base}, partTextHeight, place});
+        part.texts.push_back({{left, base - textRow}, partTextHeight, chord});
     }
 }
 
-Outcome wingParts(const Project& project, const RibWishes& wishes, int textUnits,
+/// The panel's name and span, above the root's end of the trailing edge.
+void writeName(CutPart& part, const std::string& text, const Planform& plan) {
+    const double width = textWidth(text, partTextHeight);
+    const double share = plan.span > 0 ? std::clamp(width / plan.span, 0.0, 1.0) : 0;
+    const double edge =
+        std::max(onSheet(plan.trailingEdge(0)).y, onSheet(plan.trailingEdge(share)).y);
+    part.texts.push_back({{textBeside, edge + textRow / 2}, partTextHeight, text});
+}
+
+Outcome wingParts(const Project& project, const RibWishes& wishes, const Lettering& lettering,
                   CutParts& result) {
     for (const NamedPanel& named : namedPanels(project)) {
         const Planform plan = developed(named.panel, project.units);
@@ -182,6 +192,7 @@ Outcome wingParts(const Project& project, const RibWishes& wishes, int textUnits
         if (!outcome.isDone()) return outcome;
         CutPart part;
         part.name = named.name;
+        part.turns = false;
         Loop outline;
         for (const Point2D& corner : plan.corners) outline.push_back(onSheet(corner));
         if (const std::string why = whyNotCut(outline); !why.empty()) {
@@ -189,18 +200,25 @@ Outcome wingParts(const Project& project, const RibWishes& wishes, int textUnits
             continue;
         }
         part.cut.push_back(std::move(outline));
-        writeStations(part, plan, stations, textUnits);
-        const Point2D middle = onSheet(plan.trailingEdge(0.5));
-        const Point2D above = onSheet(plan.leadingEdge(0.5));
-        part.texts.push_back({{middle.x, (middle.y + above.y) / 2},
-                              partTextHeight,
-                              named.name + ", span " + lengthWithUnit(plan.span, textUnits)});
+        writeStations(part, plan, stations, lettering.units);
+        writeName(part, named.name + ", span " + lengthWithUnit(plan.span, lettering.units), plan);
         result.parts.push_back(std::move(part));
     }
     return {};
 }
 
-Outcome sectionParts(const Project& project, const RibWishes& wishes, int textUnits,
+double middleOf(const CutPart& part) {
+    const PartBox box = part.box();
+    return (box.bottom + box.top) / 2;
+}
+
+/// The middle line of a section, from its lowest to its highest point.
+void engraveMiddle(CutPart& part) {
+    const PartBox box = part.box();
+    part.engrave.push_back({Point2D{0, box.bottom}, Point2D{0, box.top}});
+}
+
+Outcome sectionParts(const Project& project, const RibWishes& wishes, const Lettering& lettering,
                      Progress* watcher, CutParts& result) {
     const MeshSections& body = Fuselage::current(project);
     const double mm = millimetresOf(project.units);
@@ -212,16 +230,17 @@ Outcome sectionParts(const Project& project, const RibWishes& wishes, int textUn
         front.collect(i, outline);
         for (Point2D& point : outline) point.y = -point.y;
         const double at = (body.pos(body.storageIndex(i)) + body.pos_offset) * mm;
+        const std::string name = "section " + std::to_string(i);
         CutPart part;
         part.name = "section " + threeDigits(i);
-        const std::string name = "section " + std::to_string(i);
-        if (const std::string why = sectionBorders(outline, 1, wishes.skin, part.cut);
-            !why.empty()) {
+        const std::string why = sectionBorders(outline, wishes.skin, part.cut);
+        if (!why.empty()) {
             result.words.push_back(name + " at " + lengthWithUnit(at, millimetres) + ": not cut, " +
                                    why + '.');
             continue;
         }
-        label(part, {name, "at " + lengthWithUnit(at, textUnits)});
+        engraveMiddle(part);
+        label(part, {name, "at " + lengthWithUnit(at, lettering.units)}, lettering, middleOf(part));
         result.parts.push_back(std::move(part));
     }
     return {};
@@ -229,15 +248,15 @@ Outcome sectionParts(const Project& project, const RibWishes& wishes, int textUn
 
 }  // namespace
 
-Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes, int textUnits,
-                 Progress* watcher, CutParts& parts) {
+Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes,
+                 const Lettering& lettering, Progress* watcher, CutParts& parts) {
     switch (plan) {
         case CutPlan::wing:
-            return wingParts(project, wishes, textUnits, parts);
+            return wingParts(project, wishes, lettering, parts);
         case CutPlan::ribs:
-            return ribParts(project, wishes, textUnits, watcher, parts);
+            return ribParts(project, wishes, lettering, watcher, parts);
         default:
-            return sectionParts(project, wishes, textUnits, watcher, parts);
+            return sectionParts(project, wishes, lettering, watcher, parts);
     }
 }
 

@@ -37,14 +37,14 @@ struct CutRib {
 Outcome collectRibs(const Project& project, const RibWishes& wishes, Progress* watcher,
                     std::vector<CutRib>& ribs, std::vector<std::string>& words);
 
-/// The border of a section of a fuselage less the skin: `borders` of `outline`, which both are in
-/// lengths of `mm` millimetres. A word for what gives none; empty where it does.
-std::string sectionBorders(const Loop& outline, double mm, double skin, std::vector<Loop>& borders);
+/// What the skin leaves of the outline of a fuselage's section, both in millimetres. Gives a word
+/// where that is nothing; empty where it is something.
+std::string sectionBorders(const Loop& outline, double skin, std::vector<Loop>& borders);
 
 /// The parts of a plan at true scale, each at its own origin: the planforms of the panels of one
-/// half, their ribs, or the sections of the current fuselage. Lengths in texts are in `textUnits`.
-Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes, int textUnits,
-                 Progress* watcher, CutParts& parts);
+/// half, their ribs, or the sections of the current fuselage.
+Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes,
+                 const Lettering& lettering, Progress* watcher, CutParts& parts);
 
 /// A length as it stands on a plan, "233.33 mm" or "9.186 in".
 std::string lengthWithUnit(double mm, int textUnits);

@@ -1,10 +1,13 @@
 #include "output/Plans.h"
 
 #include <cmath>
+#include <utility>
 
 #include "common/ReplacedFile.h"
 #include "model/Fuselage.h"
+#include "output/CutParts.h"
 #include "output/FuselagePlans.h"
+#include "output/PartPlans.h"
 #include "output/Progress.h"
 #include "output/SheetMarks.h"
 #include "output/TailPlans.h"
@@ -26,9 +29,12 @@ constexpr long long sectionsBetweenQuestions = 50;
 struct Sheets {
     const Project& project;
     PrinterSurface& printer;
-    SurfaceSize area;
-    bool overlap;
-    Progress* watcher;
+    const PrintSelectRecord& select;
+    const Paper& paper;
+
+    bool overlap() const { return select.overlap; }
+    Progress* watcher() const { return paper.watcher; }
+    SurfaceSize area() const { return paper.area; }
 };
 
 /// A job that cannot be printed at all.
@@ -57,7 +63,7 @@ Outcome printSheets(const Sheets& on, double count, const char* whyNone, Draw dr
     }
     if (!(count >= 1)) return refuse(printer, whyNone);
     const auto sheets = static_cast<long long>(count);
-    Work work(on.watcher, sheets, everySheet);
+    Work work(on.watcher(), sheets, everySheet);
     for (long long sheet = 1; sheet <= sheets; ++sheet) {
         if (!printer.error().empty()) break;
         draw(sheet);
@@ -73,6 +79,7 @@ bool printable(const PrinterSurface& printer) {
 
 constexpr const char* nothingOnPaper =
     "The plan has no sheets: the fuselage lies wholly before position 0.";
+constexpr const char* tooSmallToOverlap = "The sheet is too small to overlap.";
 constexpr const char* noSections = "The plan has no sheets: the fuselage has no sections.";
 
 /// A true-scale plan in sheets side by side: plain tiles as far as the current fuselage reaches,
@@ -80,7 +87,7 @@ constexpr const char* noSections = "The plan has no sheets: the fuselage has no 
 Outcome printTiles(const Sheets& on, double yoff, const PlanDrawing& draw) {
     PrinterSurface& printer = on.printer;
     const double width = printer.ScaleWidth();
-    if (!on.overlap) {
+    if (!on.overlap()) {
         const double sheets = std::floor(Fuselage::current(on.project).lengthPoint() / width) + 1;
         return printSheets(on, sheets, nothingOnPaper, [&](long long sheet) {
             draw(printer, -static_cast<double>(sheet - 1) * width, yoff);
@@ -88,7 +95,7 @@ Outcome printTiles(const Sheets& on, double yoff, const PlanDrawing& draw) {
     }
     const SheetGrid grid =
         SheetMarks::cut(draw, yoff, {width, printer.ScaleHeight()}, on.project.units);
-    if (grid.columns == 0) return refuse(printer, "The sheet is too small to overlap.");
+    if (grid.columns == 0) return refuse(printer, tooSmallToOverlap);
     const double sheets = static_cast<double>(grid.rows) * static_cast<double>(grid.columns);
     return printSheets(on, sheets, nothingOnPaper, [&](long long sheet) {
         const long long row = (sheet - 1) / grid.columns;
@@ -130,18 +137,23 @@ Outcome printSectionsJob(const Sheets& on) {
     const double middle = (fuselage.maxElevationPoint() + fuselage.minElevationPoint()) / 2;
     const Transform at{trueScale, width / 2 + fuselage.shift, height / 2 + middle};
     SectionPlans sections(fuselage, at, on.project.dimColor);
+    CutSectionPlans cutSections(on.project, at, on.select.wishes, on.paper.words);
     return printSheets(on, fuselage.nb_sections, noSections, [&](long long section) {
         printer.Line(width / 2, 0, width / 2, height, black);
         printer.Line(0, height / 2, width, height / 2, black);
-        sections.print(printer, static_cast<int>(section));
-        if (on.overlap) SheetMarks::drawRuler(on.project, printer);
+        if (on.select.ribs) {
+            cutSections.print(printer, static_cast<int>(section));
+        } else {
+            sections.print(printer, static_cast<int>(section));
+        }
+        if (on.overlap()) SheetMarks::drawRuler(on.project, printer);
     });
 }
 
 /// A view as it is fitted to the drawing surface, blown up to the sheet. A plan shows the whole
 /// aircraft, whatever scale the screen has.
 Transform onSheet(const Transform& fitted, const Sheets& on) {
-    const double r = on.printer.ScaleWidth() / on.area.width;
+    const double r = on.printer.ScaleWidth() / on.area().width;
     return {fitted.zoom * r, fitted.xoff * r, fitted.yoff * r};
 }
 
@@ -153,10 +165,11 @@ long long allSections(const Project& project) {
 
 Outcome printVTopJob(const Sheets& on) {
     const Project& project = on.project;
-    const Transform fit = onSheet(Plane::fitVTop(project, on.area, Plane::unfitted(on.area)), on);
+    const Transform fit =
+        onSheet(Plane::fitVTop(project, on.area(), Plane::unfitted(on.area())), on);
     // The nose lies at the paper's upper edge, whatever room the screen leaves above it.
     const Transform at{fit.zoom, fit.xoff, 0};
-    Work work(on.watcher, allSections(project), sectionsBetweenQuestions);
+    Work work(on.watcher(), allSections(project), sectionsBetweenQuestions);
     for (int i = 1; i <= project.nbFuselages && !work.cancelled(); ++i) {
         printVTop(on.printer, project.Fuselages(i), at);
         work.did(project.Fuselages(i).nb_sections);
@@ -179,8 +192,9 @@ void printAllSections(const Sheets& on, const Transform& fit, Work& work) {
 
 Outcome printFrontJob(const Sheets& on) {
     const Project& project = on.project;
-    const Transform fit = onSheet(Plane::fitFront(project, on.area, Plane::unfitted(on.area)), on);
-    Work work(on.watcher, allSections(project), sectionsBetweenQuestions);
+    const Transform fit =
+        onSheet(Plane::fitFront(project, on.area(), Plane::unfitted(on.area())), on);
+    Work work(on.watcher(), allSections(project), sectionsBetweenQuestions);
     printAllSections(on, fit, work);
     for (int i = 1; i <= project.nbWings; ++i)
         printFront(on.printer, project.Wings(i), fit, project.dimColor);
@@ -188,6 +202,32 @@ Outcome printFrontJob(const Sheets& on) {
     printFront(on.printer, project.Rudder, fit);
     on.printer.NewPage();
     return endJob(on.printer, work);
+}
+
+/// Sheets of parts to be cut.
+Outcome printParts(const Sheets& on, CutPlan plan, const char* whyNone) {
+    CutParts made;
+    const Outcome outcome =
+        cutParts(on.project, plan, on.select.wishes, {on.project.units, true}, on.watcher(), made);
+    if (on.paper.words)
+        on.paper.words->insert(on.paper.words->end(), made.words.begin(), made.words.end());
+    if (!outcome.isDone()) {
+        on.printer.KillDoc();
+        return outcome;
+    }
+    const PartSheets sheets(std::move(made.parts), on.project,
+                            {on.printer.ScaleWidth(), on.printer.ScaleHeight()}, on.overlap());
+    if (sheets.tooSmall()) return refuse(on.printer, tooSmallToOverlap);
+    return printSheets(on, sheets.count(), whyNone,
+                       [&](long long sheet) { sheets.print(on.printer, sheet); });
+}
+
+Outcome printWingJob(const Sheets& on) {
+    return printParts(on, CutPlan::wing, "The plan has no sheets: no panel has an area.");
+}
+
+Outcome printRibsJob(const Sheets& on) {
+    return printParts(on, CutPlan::ribs, "The plan has no sheets: there is no rib to cut.");
 }
 
 /// What belongs to each job, in the order of the jobs.
@@ -198,12 +238,14 @@ struct JobRow {
     Outcome (*print)(const Sheets&);
 };
 
-constexpr std::array<JobRow, 5> jobTable{{
+constexpr std::array<JobRow, Plans::allJobs.size()> jobTable{{
     {PlanJob::Side, "side", &PrintSelectRecord::Side, printSideJob},
     {PlanJob::frontSections, "sections", &PrintSelectRecord::frontSections, printSectionsJob},
     {PlanJob::vtop, "vtop", &PrintSelectRecord::vtop, printVTopJob},
     {PlanJob::front, "front", &PrintSelectRecord::front, printFrontJob},
     {PlanJob::htop, "htop", &PrintSelectRecord::htop, printHTopJob},
+    {PlanJob::wing, "wing", &PrintSelectRecord::wing, printWingJob},
+    {PlanJob::ribs, "ribs", &PrintSelectRecord::ribs, printRibsJob},
 }};
 
 const JobRow& rowOf(PlanJob job) {
@@ -212,7 +254,7 @@ const JobRow& rowOf(PlanJob job) {
 
 Outcome printJob(PlanJob job, const Sheets& on) {
     if (!printable(on.printer)) return Outcome::failed("The sheet has no printable area.");
-    on.printer.StartDoc(rowOf(job).name, on.watcher);
+    on.printer.StartDoc(rowOf(job).name, on.watcher());
     return rowOf(job).print(on);
 }
 
@@ -245,8 +287,7 @@ Outcome printPlans(Project& project, const PrintSelectRecord& select, const Pape
     setUnit(paper.printer, project.units);
     for (const PlanJob job : allJobs) {
         if (!ticked(select, job)) continue;
-        const Outcome outcome =
-            printJob(job, {project, paper.printer, paper.area, select.overlap, paper.watcher});
+        const Outcome outcome = printJob(job, {project, paper.printer, select, paper});
         if (job == PlanJob::front && printable(paper.printer))
             project.currentFuselage = project.nbFuselages;
         if (!outcome.isDone()) return outcome;
@@ -257,7 +298,7 @@ Outcome printPlans(Project& project, const PrintSelectRecord& select, const Pape
 Outcome previewJob(const Project& project, const PrintSelectRecord& select, PlanJob job,
                    const Paper& paper) {
     setUnit(paper.printer, project.units);
-    return printJob(job, {project, paper.printer, paper.area, select.overlap, paper.watcher});
+    return printJob(job, {project, paper.printer, select, paper});
 }
 
 }  // namespace velna::Plans

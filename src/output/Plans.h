@@ -6,6 +6,7 @@
 
 #include "common/Outcome.h"
 #include "model/Fits.h"
+#include "output/RibWishes.h"
 
 namespace velna {
 
@@ -21,22 +22,27 @@ struct PrintSelectRecord {
     bool front = false;          ///< the aircraft from the front, fitted to the sheet
     bool overlap = false;        ///< sheets to be taped: overlap, marks, places and a ruler
     bool cancel = true;          ///< the dialog was left by Cancel or its window button
+    bool wing = false;           ///< the wing's panels as they lie on the board, true scale
+    bool ribs = false;           ///< their ribs; marks the fuselage's sections too
+    RibWishes wishes;            ///< what ribs, stations and sections are to be like
 };
 
 /// The print jobs, in the order in which they run.
-enum class PlanJob { Side, frontSections, vtop, front, htop };
+enum class PlanJob { Side, frontSections, vtop, front, htop, wing, ribs };
 
 namespace Plans {
 
-inline constexpr std::array<PlanJob, 5> allJobs{PlanJob::Side, PlanJob::frontSections,
-                                                PlanJob::vtop, PlanJob::front, PlanJob::htop};
+inline constexpr std::array<PlanJob, 7> allJobs{
+    PlanJob::Side, PlanJob::frontSections, PlanJob::vtop, PlanJob::front,
+    PlanJob::htop, PlanJob::wing,          PlanJob::ribs};
 
 /// A single job never has more sheets than a 16-bit counter counts.
 inline constexpr long long mostSheets = 32767;
 
 /// Whether `select` has the job ticked.
 bool ticked(const PrintSelectRecord& select, PlanJob job);
-/// The names of the ticked jobs, in their order: "side", "sections", "vtop", "front", "htop".
+/// The names of the ticked jobs, in their order: "side", "sections", "vtop", "front", "htop",
+/// "wing", "ribs".
 std::vector<std::string> tickedNames(const PrintSelectRecord& select);
 /// The file that a job gets where `target` is the file of all: "plan.pdf" and "side" give
 /// "plan-side.pdf".
@@ -47,6 +53,8 @@ struct Paper {
     PrinterSurface& printer;
     SurfaceSize area{};           ///< fitted plans look as on a drawing surface of this size
     Progress* watcher = nullptr;  ///< may cancel; null: the jobs run to their end
+    /// Gets a line on each thing that could not be made as it was wished.
+    std::vector<std::string>* words = nullptr;
 };
 
 /// The ticked jobs, each a job of its own, with the printer's unit set to the project's first. The
@@ -54,7 +62,8 @@ struct Paper {
 /// plan leaves the last fuselage current.
 Outcome printPlans(Project& project, const PrintSelectRecord& select, const Paper& paper);
 
-/// One job for a look before paper is used, ticked or not; of `select` the overlap counts.
+/// One job for a look before paper is used, ticked or not; of `select` the overlap, the
+/// ribs' box and the wishes count.
 Outcome previewJob(const Project& project, const PrintSelectRecord& select, PlanJob job,
                    const Paper& paper);
 

@@ -230,7 +230,7 @@ TEST_F(CutFiles, TitleOfTheFileIsEscaped) {
 
 TEST_F(CutFiles, LabelsOfLargeRibsStandInsideThem) {
     CutParts made;
-    EXPECT_EQ(cutParts(project, CutPlan::ribs, wishes, millimetres, nullptr, made), Outcome());
+    EXPECT_EQ(cutParts(project, CutPlan::ribs, wishes, {}, nullptr, made), Outcome());
     const CutPart& rib = made.parts[0];
     ASSERT_EQ(rib.texts.size(), 2U);
     for (const PartText& text : rib.texts) {
@@ -247,9 +247,9 @@ TEST_F(CutFiles, LabelsOfLargeRibsStandInsideThem) {
 }
 
 TEST_F(CutFiles, LabelsOfSmallRibsStandBelowThem) {
-    Wings(1).length2 = 40;
+    Wings(1).length2 = 30;
     CutParts made;
-    EXPECT_EQ(cutParts(project, CutPlan::ribs, wishes, millimetres, nullptr, made), Outcome());
+    EXPECT_EQ(cutParts(project, CutPlan::ribs, wishes, {}, nullptr, made), Outcome());
     const CutPart& tip = made.parts[7];
     EXPECT_LT(tip.texts[0].at.y + tip.texts[0].height, -2.4);
     EXPECT_LT(tip.box().bottom, tip.texts[1].at.y);

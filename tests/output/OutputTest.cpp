@@ -113,6 +113,9 @@ Outcome OutputTest::printJob(PlanJob job, PrinterSurface& printer, SurfaceSize a
     only.frontSections = job == PlanJob::frontSections;
     only.vtop = job == PlanJob::vtop;
     only.front = job == PlanJob::front;
+    only.wing = job == PlanJob::wing;
+    only.ribs = job == PlanJob::ribs;
+    only.wishes = PrintSelect.wishes;
     return Plans::printPlans(project, only, {printer, area, progress});
 }
 
