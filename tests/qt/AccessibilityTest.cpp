@@ -17,6 +17,7 @@
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/ManagerForm.h"
+#include "shell/qt/NacaForm.h"
 #include "shell/qt/PanelWidgets.h"
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
@@ -96,6 +97,21 @@ TEST_F(Spoken, EveryStopOfTheKeyboardHasANameAndARole) {
     expectNamed(manager);
     PrintSelectForm print(program.print, nullptr);
     expectNamed(print);
+    NacaForm naca({}, nullptr);
+    expectNamed(naca);
+}
+
+TEST_F(Spoken, TheOutlineOfThePanelIsAPictureThatSaysWhatItShows) {
+    auto& outline = *mainWindow.findChild<QWidget*>("WingOutline");
+    EXPECT_EQ(roleOf(outline), QAccessible::Graphic);
+    EXPECT_EQ(nameOf(outline), "Airfoil of this panel");
+    const auto said = [&outline] {
+        return QAccessible::queryAccessibleInterface(&outline)->text(QAccessible::Description);
+    };
+    EXPECT_EQ(said().toStdString(), "Airfoil: 16 points, 13.0 % thick");
+    Wings(1).thickness2 = 0.1;
+    mainWindow.mirrors().showAll();
+    EXPECT_EQ(said().toStdString(), "Airfoil: 16 points, 13.0 to 10.0 % thick");
 }
 
 TEST_F(Spoken, NoTwoStopsOfTheWindowSoundAlike) {
