@@ -125,7 +125,7 @@ void beginAtTail(Points& points) {
     const auto tail = std::ranges::max_element(points, byX);
     const bool blunt = tail + 1 != points.end() && (tail + 1)->x == tail->x;
     const Point2D edge = *tail;
-    std::ranges::rotate(points, blunt ? tail + 1 : tail);
+    std::rotate(points.begin(), blunt ? tail + 1 : tail, points.end());
     if (!blunt) points.push_back(edge);
 }
 
@@ -150,7 +150,7 @@ void unroll(Written& written) {
 }
 
 void dropRepeated(Points& points) {
-    points.erase(std::ranges::unique(points).begin(), points.end());
+    points.erase(std::unique(points.begin(), points.end()), points.end());
     if (points.size() < fewestPoints) throw ReadFailure("too few points");
 }
 
