@@ -28,7 +28,7 @@ protected:
             QEvent up(QEvent::WindowActivate);
             QApplication::sendEvent(&window, &up);
         }
-        QRect place() const { return {window.pos(), window.size()}; }
+        QRect place() const { return window.geometry(); }
     };
 
     Settings settings;

@@ -48,22 +48,15 @@ KeptPlace::KeptPlace(QWidget& window, Settings& settings, const std::string& nam
     window.installEventFilter(this);
 }
 
-/// The frame's corner, for that is where a window is put before its frame is known, and the size
-/// inside it.
-QRect KeptPlace::place() const {
-    return {window_.pos(), window_.size()};
-}
-
 bool KeptPlace::restore() {
     const QRect left = placeIn(QString::fromStdString(settings_.text(key_)));
     if (!canBeSeen(left)) return false;
-    window_.move(left.topLeft());
-    window_.resize(left.size());
+    window_.setGeometry(left);
     return true;
 }
 
 void KeptPlace::keep() {
-    const QRect left = place();
+    const QRect left = window_.geometry();
     const bool byHand = !first_.isNull() && left != first_;
     first_ = {};
     if (!byHand) return;
@@ -76,7 +69,7 @@ void KeptPlace::keep() {
 
 // The desktop may move a window until it has come up; its user moves it afterwards.
 bool KeptPlace::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::WindowActivate && first_.isNull()) first_ = place();
+    if (event->type() == QEvent::WindowActivate && first_.isNull()) first_ = window_.geometry();
     if (event->type() == QEvent::Hide) keep();
     return false;
 }

@@ -26,7 +26,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    QRect place() const;
     void keep();
 
     QWidget& window_;
