@@ -3,6 +3,6 @@
 namespace velna {
 
 /// The program's version, which also heads every project file.
-inline constexpr const char* versionText = "2.2.1";
+extern const char versionText[];
 
 }  // namespace velna

@@ -48,7 +48,7 @@ struct Application {
     FileCommands files{Main,     solids, rendering, preferences, pictures,
                        recovery, recent, airfoils,  shell};
     Startup startup{Main, rendering, helper, preferences, recovery, files, shell};
-    PrintCommand print{Main, PrintSelect, shell};
+    PrintCommand print{Main, PrintSelect, settings, shell};
     HistoryCommands history{Main, rendering, helper, flying};
     ToolbarCommands toolbar{Main,    solids,      rendering, flying,   files, print,
                             history, preferences, quit,      recovery, shell};

@@ -6,6 +6,7 @@
 #include "common/Complaint.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
+#include "shell/ProgramFolder.h"
 
 namespace velna {
 
@@ -73,7 +74,7 @@ std::string Preferences::fileToRead() const {
     std::error_code ignored;
     const std::string own = ownFile();
     if (!std::filesystem::exists(own, ignored)) return sharedFile();
-    const bool shared = takesFiles(ports.desktop->programFolder()) && !wroteToOwn();
+    const bool shared = keepsFiles(ports.desktop->programFolder()) && !wroteToOwn();
     return shared ? sharedFile() : own;
 }
 
@@ -101,7 +102,8 @@ void Preferences::readAll() {
 
 void Preferences::writeAll() const {
     std::error_code ignored;
-    if (writeTo(sharedFile()).isDone()) {
+    const bool installed = isInstalled(ports.desktop->programFolder());
+    if (!installed && writeTo(sharedFile()).isDone()) {
         if (wroteToOwn()) std::filesystem::remove(ownerFile(), ignored);
         return;
     }

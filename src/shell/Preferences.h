@@ -24,7 +24,7 @@ struct Preferences {
     /// them.
     bool known = false;
 
-    /// The settings file that is read: the one beside the program where its folder can be written,
+    /// The settings file that is read: the one beside the program where that folder keeps files,
     /// else the user's own once it exists. The last quit counts: what it could only write to the
     /// user's folder is read from there, whatever can be written now.
     std::string fileToRead() const;
@@ -38,8 +38,9 @@ struct Preferences {
     /// project's unit is not touched. A missing file changes nothing.
     void readAll();
 
-    /// Replaces `prefs.txt`: beside the program where that folder can be written, otherwise in the
-    /// user's configuration folder. A failure leaves the old file and one line on standard error.
+    /// Replaces `prefs.txt`: beside the program where that can be and nothing is installed there,
+    /// otherwise in the user's configuration folder. A failure leaves the old file and one line on
+    /// standard error.
     void writeAll() const;
 
     /// Reads what the settings file of the user's own tells.

@@ -1,10 +1,14 @@
 #include "shell/PrintCommand.h"
 
+#include "shell/PrintAdditions.h"
+
 namespace velna {
 
 void PrintCommand::run() {
+    recallPrintAdditions(settings, PrintSelect);
     ports.dialogs->showPrintSelect();
     if (PrintSelect.cancel) return;
+    keepPrintAdditions(settings, PrintSelect);
     Outcome outcome;
     if (PrinterSurface* printer = ports.dialogs->askPrinter(Plans::tickedNames(PrintSelect))) {
         outcome = Plans::printPlans(main.project, PrintSelect,

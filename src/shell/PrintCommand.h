@@ -3,6 +3,7 @@
 #include "editor/Main.h"
 #include "output/Plans.h"
 #include "shell/Ports.h"
+#include "shell/Settings.h"
 
 namespace velna {
 
@@ -10,11 +11,12 @@ namespace velna {
 struct PrintCommand {
     MainForm& main;
     PrintSelectRecord& PrintSelect;  ///< the form's choice
+    Settings& settings;
     const ShellPorts& ports;
 
     /// Asks which plans, then for the printer, and prints each chosen plan as a job of its own.
     /// Whatever happens after the choice, the top view stands afterwards; Cancel in the choice
-    /// changes nothing.
+    /// changes nothing. What the form has beside the plans comes back at the next start.
     void run();
 };
 

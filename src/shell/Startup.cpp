@@ -6,6 +6,7 @@
 
 #include "common/Version.h"
 #include "model/Plane.h"
+#include "shell/ProgramFolder.h"
 
 namespace velna {
 
@@ -44,6 +45,7 @@ bool Startup::smallFontsMode() const {
 }
 
 void Startup::monitorLoad(const std::string& text) const {
+    if (isInstalled(ports.desktop->programFolder())) return;
     if (std::FILE* log = std::fopen(logFile().c_str(), "ab")) {
         std::fprintf(log, "%s\r\n", text.c_str());
         std::fclose(log);
@@ -65,7 +67,7 @@ bool Startup::bringBackWork() {
 
 void Startup::run(const std::string& file) {
     std::error_code ignored;
-    std::filesystem::remove(logFile(), ignored);
+    if (!isInstalled(ports.desktop->programFolder())) std::filesystem::remove(logFile(), ignored);
     smallFontsVariable = smallFontsMode();
     ports.desktop->showSplash(std::string("Version ") + versionText, smallFontsVariable);
     initMain();

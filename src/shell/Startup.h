@@ -40,8 +40,8 @@ struct Startup {
     /// installation that has its settings file: without one the call fails and the answer is false.
     bool smallFontsMode() const;
 
-    /// Appends a line to the diagnostic log beside the program. Nothing calls it in the finished
-    /// flows.
+    /// Appends a line to the diagnostic log beside the program, if it is not installed there.
+    /// Nothing calls it in the finished flows.
     void monitorLoad(const std::string& text) const;
 
     /// `Timer1`: one tick that gives the picture its first view and applies a stored inch setting.

@@ -1,6 +1,9 @@
 // The fuselage manager's list: which row counts when it closes.
 
+#include <QApplication>
+#include <QPushButton>
 #include <QTreeWidget>
+#include <algorithm>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +56,28 @@ TEST_F(Manager, NoneSelectedLeavesTheCurrentOne) {
     currentFuselage = 2;
     closeAfter([](QTreeWidget& list) { list.clearSelection(); });
     EXPECT_EQ(currentFuselage, 2);
+}
+
+TEST_F(Manager, ItsSignsFollowTheDesktopsInk) {
+    ManagerForm form(Main, nullptr);
+    form.show();
+    const QPalette before = QApplication::palette();
+    const auto ink = [&form] {
+        const auto* button = form.findChild<QPushButton*>("ShowCommand");
+        const QImage sign = button->icon().pixmap(24, 24).toImage();
+        int lightest = 0;
+        for (int y = 0; y < sign.height(); ++y)
+            for (int x = 0; x < sign.width(); ++x)
+                if (sign.pixelColor(x, y).alpha() == 255)
+                    lightest = std::max(lightest, sign.pixelColor(x, y).lightness());
+        return lightest;
+    };
+    EXPECT_LT(ink(), 64);
+    QPalette dark = before;
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    QApplication::setPalette(dark);
+    EXPECT_EQ(ink(), 255);
+    QApplication::setPalette(before);
 }
 
 }  // namespace

@@ -99,6 +99,26 @@ TEST_F(PreferencesFile, WhatAnotherProgramFolderCouldNotHoldIsNotReadForThisOne)
     EXPECT_EQ(program.preferences.fileToRead(), programFile("prefs.txt"));
 }
 
+TEST_F(PreferencesFile, AnInstalledProgramTakesItsFolderForOneThatCannotBeWritten) {
+    desktop.program = folder.string() + "/libexec/velna/";
+    std::filesystem::create_directories(desktop.program);
+    const std::string shipped = "\"DoIt\"\r\n#FALSE#\r\n#TRUE#\r\n";
+    writeFile(programFile("prefs.txt"), shipped);
+    ASSERT_EQ(program.preferences.fileToRead(), programFile("prefs.txt"));
+    program.preferences.readAll();
+    EXPECT_EQ(program.preferences.firstUseState, "DoIt");
+
+    Main.Prefs.selectUnit(inches);
+    program.preferences.writeAll();
+    EXPECT_EQ(contentOf(programFile("prefs.txt")), shipped);
+    const std::string own = desktop.configuration + "prefs.txt";
+    EXPECT_EQ(contentOf(own), "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n");
+    EXPECT_EQ(program.preferences.fileToRead(), own);
+    // Also where the note of whose settings these are has gone.
+    std::filesystem::remove(desktop.configuration + "prefs-owner.txt");
+    EXPECT_EQ(program.preferences.fileToRead(), own);
+}
+
 TEST_F(PreferencesFile, OfALongFileTheStartIsRead) {
     std::string longFile = "\"Done\"\r\n#TRUE#\r\n#FALSE#\r\n";
     longFile.resize(1 << 20, 'x');

@@ -50,6 +50,16 @@ TEST_F(Startup, DeletesTheLogBesideTheProgramOnly) {
     EXPECT_FALSE(std::filesystem::exists(programFile("log.txt")));
 }
 
+TEST_F(Startup, AnInstallationsFolderHasNoLog) {
+    desktop.program = folder.string() + "/libexec/velna/";
+    std::filesystem::create_directories(desktop.program);
+    velna::program.startup.monitorLoad("a line");
+    EXPECT_FALSE(std::filesystem::exists(programFile("log.txt")));
+    writeFile(programFile("log.txt"), "somebody else's");
+    velna::program.startup.run();
+    EXPECT_EQ(contentOf(programFile("log.txt")), "somebody else's");
+}
+
 TEST_F(Startup, SmallFontsNeedASettingsFile) {
     desktop.textHeight = 16;
     EXPECT_FALSE(velna::program.startup.smallFontsMode());

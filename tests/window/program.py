@@ -68,8 +68,9 @@ class Program:
         self.screen = screen
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="velna-"))
         self.installed = self.folder / below
-        self.installed.mkdir(exist_ok=True)
+        self.installed.mkdir(parents=True, exist_ok=True)
         self.binary = self.installed / "velna"
+        self.command = [self.binary]
         self.log = self.folder / "stderr.txt"
         self.socket = self.folder / "probe"
         self._install(pathlib.Path(binary), prefs)
@@ -109,7 +110,7 @@ class Program:
     def start(self, wait=True, words=()):
         """With these words on its command line, in its own folder."""
         with open(self.log, "ab") as log:
-            self.process = subprocess.Popen([self.binary, *words], env=self.env, cwd=self.folder, stdin=subprocess.DEVNULL,
+            self.process = subprocess.Popen([*self.command, *words], env=self.env, cwd=self.folder, stdin=subprocess.DEVNULL,
                                             stdout=log, stderr=log)
         self.screen.seen = self.seen
         if wait:

@@ -61,6 +61,23 @@ class Start(base.WindowTest):
         self.assertEqual(program.quit(), 0)
         self.assertTrue((program.installed / "prefs.txt").exists())
 
+    def test_an_installed_program_leaves_its_folder_alone_whoever_starts_it(self):
+        program = self.new_program(prefs='"Done"\r\n#TRUE#\r\n#FALSE#\r\n', below="libexec/velna")
+        before = {path.name: path.read_bytes() for path in program.installed.iterdir() if path != program.binary}
+        program.start()
+        wait_for(lambda: program.text("SpanText") == "55.12", "the inches of the settings that came with it")
+        self.assertEqual(program.quit(), 0)
+        after = {path.name: path.read_bytes() for path in program.installed.iterdir() if path != program.binary}
+        self.assertEqual(after, before)
+        self.assertEqual((program.folder / "config/velna/prefs.txt").read_bytes(), b'"Done"\r\n#TRUE#\r\n#FALSE#\r\n')
+
+    def test_the_desktop_knows_the_window_by_its_entry(self):
+        self.new_program().start()
+        window = self.screen.tool("search", "--onlyvisible", "--name", "^Velna V").split()[0]
+        told = self.screen.asked("xprop", "-id", window, "WM_CLASS", "_KDE_NET_WM_DESKTOP_FILE")
+        self.assertIn('WM_CLASS(STRING) = "velna", "velna"', told)
+        self.assertIn('_KDE_NET_WM_DESKTOP_FILE(UTF8_STRING) = "velna"', told)
+
     def test_without_any_opengl_it_tells_so_and_leaves_the_settings_alone(self):
         prefs = '"DoIt"\r\n#TRUE#\r\n#FALSE#\r\n'
         program = self.new_program(prefs=prefs)

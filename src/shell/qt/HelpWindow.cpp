@@ -17,6 +17,7 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "shell/qt/KeptPlace.h"
 #include "shell/qt/Legible.h"
 
 namespace velna {
@@ -194,6 +195,11 @@ void HelpWindow::setRoom(std::function<QRect()> room) {
     room_ = std::move(room);
 }
 
+void HelpWindow::keepPlace(Settings& settings) {
+    delete keptPlace_;
+    keptPlace_ = new KeptPlace(*this, settings, "help");
+}
+
 void HelpWindow::answerF1(std::function<bool()> wanted) {
     wanted_ = std::move(wanted);
     qApp->removeEventFilter(this);
@@ -258,7 +264,7 @@ void HelpWindow::bringUp() {
         windowHandle()->setTransientParent(owner);
     }
     const bool opens = !isVisible();
-    if (opens) setGeometry(placeToStand());
+    if (opens && !(keptPlace_ && keptPlace_->restore())) setGeometry(placeToStand());
     show();
     if (opens) fitContents();
     raise();

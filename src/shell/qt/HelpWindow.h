@@ -18,6 +18,9 @@ class QUrl;
 
 namespace velna {
 
+class KeptPlace;
+class Settings;
+
 /// The help: contents, search, back and forward in a window of its own, all read from one file,
 /// `Velna.HLP` beside the program. A missing or damaged file gives a plain message in the window.
 ///
@@ -40,6 +43,8 @@ public:
     /// Gives the part of the screen beside the drawing, asked at each showing: the window stands
     /// there, frame and all, instead of in its place where a page has room.
     void setRoom(std::function<QRect()> room);
+    /// From now on the window comes back to where its user has put it, by what `settings` know.
+    void keepPlace(Settings& settings);
     /// From now on F1 anywhere in the program opens the page of the widget in use, whenever
     /// `wanted` says so.
     void answerF1(std::function<bool()> wanted = {});
@@ -78,6 +83,7 @@ private:
     std::string file_;
     QRect place_;
     std::function<QRect()> room_;
+    KeptPlace* keptPlace_ = nullptr;
     HelpFile help_;
     bool readable_ = false;
     QString page_;  ///< the one shown, by its name

@@ -244,7 +244,7 @@ void MainWindow::redraw() {
 }
 
 void MainWindow::followScreen() {
-    panel_->sectionArea().surface().fitToWidget();
+    panel_->followScreen();
     layOut(size());
     redraw();
     renderWindow_->resized();

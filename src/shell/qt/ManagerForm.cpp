@@ -1,5 +1,6 @@
 #include "shell/qt/ManagerForm.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
@@ -58,16 +59,23 @@ QLayout* ManagerForm::buildButtons() {
         row->addWidget(button);
         return button;
     };
-    const QColor ink = palette().color(QPalette::ButtonText);
-    add("ShowCommand", "Show", [this] {
-        main_.showCommand(selectedRows());
-    })->setIcon(Drawings::icon("icons/Show", ink));
-    add("HideCommand", "Hide", [this] {
-        main_.hideCommand(selectedRows());
-    })->setIcon(Drawings::icon("icons/Hide", ink));
+    show_ = add("ShowCommand", "Show", [this] { main_.showCommand(selectedRows()); });
+    hide_ = add("HideCommand", "Hide", [this] { main_.hideCommand(selectedRows()); });
     row->addStretch();
     add("CloseCommand", "Close", [this] { reject(); })->setDefault(true);
+    drawIcons();
     return row;
+}
+
+void ManagerForm::drawIcons() {
+    const QColor ink = palette().color(QPalette::ButtonText);
+    show_->setIcon(Drawings::icon("icons/Show", ink));
+    hide_->setIcon(Drawings::icon("icons/Hide", ink));
+}
+
+void ManagerForm::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange && show_) drawIcons();
+    QDialog::changeEvent(event);
 }
 
 void ManagerForm::showRows() {

@@ -4,6 +4,7 @@
 #include <vector>
 
 class QLayout;
+class QPushButton;
 class QTreeWidget;
 
 namespace velna {
@@ -20,16 +21,20 @@ public:
     void showRows();
 
 protected:
+    void changeEvent(QEvent* event) override;
     void reject() override;
 
 private:
     QLayout* buildButtons();
+    void drawIcons();
     void fitColumns();
     /// The numbers of the selected rows.
     std::vector<int> selectedRows() const;
 
     MainForm& main_;
     QTreeWidget* list_;
+    QPushButton* show_ = nullptr;
+    QPushButton* hide_ = nullptr;
 };
 
 }  // namespace velna

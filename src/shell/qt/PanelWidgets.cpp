@@ -132,6 +132,11 @@ void PanelWidgets::changeEvent(QEvent* event) {
     QTabWidget::changeEvent(event);
 }
 
+void PanelWidgets::followScreen() {
+    sectionArea_->surface().fitToWidget();
+    for (ParameterCell* cell : cells_) cell->renewPicture();
+}
+
 void PanelWidgets::drawIcons() {
     for (int i = 0; i < count(); ++i)
         setTabIcon(i, Drawings::icon(tabs[i].icon, palette().color(QPalette::WindowText)));
@@ -180,8 +185,9 @@ QGridLayout* PanelWidgets::fieldGrid(int tab, int firstRow, int lastRow) {
     for (const PanelPlace& place : panelPlaces()) {
         if (panelField(place.control)->tab != tab || place.row < firstRow || place.row > lastRow)
             continue;
-        grid->addWidget(new ParameterCell(main_, place, picture, mirrors_, this), place.row,
-                        place.column);
+        auto* cell = new ParameterCell(main_, place, picture, mirrors_, this);
+        cells_.push_back(cell);
+        grid->addWidget(cell, place.row, place.column);
     }
     grid->setColumnStretch(0, 1);
     grid->setColumnStretch(1, 1);

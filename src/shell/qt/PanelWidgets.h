@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTabWidget>
+#include <vector>
 
 #include "editor/Controls.h"
 
@@ -14,6 +15,7 @@ namespace velna {
 
 class MainForm;
 class Mirrors;
+class ParameterCell;
 class SurfaceWidget;
 
 /// Where a button of the panel keeps the name of its drawing.
@@ -26,6 +28,9 @@ public:
 
     /// The width at which no page is cut off when the panel is `height` pixels high.
     int neededWidth(int height) const;
+
+    /// Draws everything for the density of the screen that the panel stands on now.
+    void followScreen();
 
     SurfaceWidget& sectionArea() { return *sectionArea_; }
 
@@ -62,6 +67,7 @@ private:
     bool compact_;
     Mirrors& mirrors_;
     SurfaceWidget* sectionArea_ = nullptr;
+    std::vector<ParameterCell*> cells_;
 };
 
 }  // namespace velna

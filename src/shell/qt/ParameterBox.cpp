@@ -140,9 +140,12 @@ void ParameterCell::showEvent(QShowEvent*) {
 }
 
 void ParameterCell::changeEvent(QEvent* event) {
-    // Of a page that is not shown, the next showing draws it.
-    if (event->type() == QEvent::PaletteChange) isVisible() ? drawPicture() : picture_->clear();
+    if (event->type() == QEvent::PaletteChange) renewPicture();
     QWidget::changeEvent(event);
+}
+
+void ParameterCell::renewPicture() {
+    isVisible() ? drawPicture() : picture_->clear();
 }
 
 void ParameterCell::drawPicture() {

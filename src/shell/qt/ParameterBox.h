@@ -46,6 +46,10 @@ public:
     ParameterCell(MainForm& main, const PanelPlace& place, QSize pictureSize, Mirrors& mirrors,
                   QWidget* parent);
 
+    /// Draws its picture anew, in the ink and the density of now; where the page is not shown, the
+    /// next showing does.
+    void renewPicture();
+
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;

@@ -32,7 +32,8 @@ std::string folderText(const QString& folder) {
 
 }  // namespace
 
-QtDesktop::QtDesktop(MainWindow& window, Startup& startup) : window_(window), main_(startup.main) {
+QtDesktop::QtDesktop(MainWindow& window, Startup& startup)
+    : window_(window), main_(startup.main), settings_(startup.preferences.settings) {
     timer1_.setInterval(10);
     timer2_.setInterval(30);
     QObject::connect(&timer1_, &QTimer::timeout, [&startup] { startup.timer1Tick(); });
@@ -157,6 +158,7 @@ void QtDesktop::placeHelpWindow(int x, int y, int width, int height) {
     HelpWindow& help = HelpWindow::instance();
     help.setPlace({window_.mapToGlobal(QPoint(x, y)), QSize(width, height)});
     // Over the picture a page can be read while the drawing is worked.
+    help.keepPlace(settings_);
     help.setRoom([this] { return window_.picturePlace(); });
 }
 

@@ -9,6 +9,7 @@ namespace velna {
 
 class MainForm;
 class MainWindow;
+class Settings;
 class Splash;
 struct Startup;
 
@@ -46,6 +47,7 @@ public:
 private:
     MainWindow& window_;
     MainForm& main_;
+    Settings& settings_;
     std::unique_ptr<Splash> splash_;
     QTimer timer1_;
     QTimer timer2_;

@@ -105,7 +105,11 @@ protected:
 
 QtDialogs::QtDialogs(QWidget& owner, Preferences& preferences, PrintCommand& print,
                      const Startup& startup)
-    : owner_(owner), preferences_(preferences), print_(print), startup_(startup) {}
+    : owner_(owner),
+      preferences_(preferences),
+      print_(print),
+      startup_(startup),
+      folders_{preferences.settings} {}
 
 QtDialogs::~QtDialogs() = default;
 
@@ -146,8 +150,8 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, SaveDialog* saving, const std::st
     };
     // Another kind of file has another folder, and a typed name gets its extension.
     const auto follow = [&] {
-        const QString& folder = folders_[purposeNow()];
-        if (!folder.isEmpty()) dialog.setDirectory(folder);
+        const std::string folder = folders_.of(purposeNow());
+        if (!folder.empty()) dialog.setDirectory(QString::fromStdString(folder));
         if (saving) saving->setExtension(extensionOf(kinds[chosen()]));
     };
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
@@ -160,7 +164,7 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, SaveDialog* saving, const std::st
     if (!accepted) return answer;
     const QString file = dialog.selectedFiles().first();
     answer.file = file.toStdString();
-    folders_[purposeNow()] = QFileInfo(file).absolutePath();
+    folders_.remember(purposeNow(), QFileInfo(file).absolutePath().toStdString());
     return answer;
 }
 

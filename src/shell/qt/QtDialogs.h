@@ -2,10 +2,9 @@
 
 #include <QPointer>
 #include <QString>
-#include <map>
 #include <memory>
 
-#include "shell/Dialogs.h"
+#include "shell/DialogFolders.h"
 
 class QFileDialog;
 class QWidget;
@@ -55,7 +54,7 @@ private:
     Preferences& preferences_;
     PrintCommand& print_;
     const Startup& startup_;
-    std::map<FilePurpose, QString> folders_;  // where each purpose was last served
+    DialogFolders folders_;
     QPointer<ManagerForm> manager_;
     std::unique_ptr<QtPrinterSurface> printer_;
 };

@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
     DisplaySystem::choose();
     const QApplication application(argc, argv);
     QApplication::setApplicationName("velna");
+    QGuiApplication::setDesktopFileName("velna");
     QApplication::setStyle(new FrameStyle);
     Accessibility::install();
 
