@@ -16,6 +16,10 @@ import sys
 ROWS = [
     ("mesh", "createOneExponent", "writePointsFromTables", 1.2),
     ("mesh", "createOwnExponents", "writePointsFromPowers", 1.2),
+    ("figures", "figuresOfAChange/ownExponents:0/hull:1", "trianglesAlone/ownExponents:0", 0.5),
+    ("figures", "figuresOfAChange/ownExponents:1/hull:1", "trianglesAlone/ownExponents:1", 0.5),
+    ("figures", "allFigures/ownExponents:0", "trianglesAlone/ownExponents:0", 2.5),
+    ("figures", "allFigures/ownExponents:1", "trianglesAlone/ownExponents:1", 2.0),
     ("growth", "importAirfoil/32767", "importAirfoil/32", 1.5),
     ("growth", "importInAnyOrder/32767", "importInAnyOrder/32", 1.5),
     ("growth", "rebuildHull/3997574/process_time", "rebuildHull/4000/process_time", 1.3),
@@ -69,7 +73,7 @@ HELD_UP = {
 }
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "growth", "views", "scene", "live", "picture", "history", "output", "plan", "project", "recovery", "raster"]
+PROGRAMS = ["mesh", "figures", "growth", "views", "scene", "live", "picture", "history", "output", "plan", "project", "recovery", "raster"]
 
 
 def run(build, program):

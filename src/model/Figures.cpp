@@ -65,22 +65,52 @@ PlanFigures partFigures(const Part& part, Real copies, const Frame& frame) {
     return sums.figures(copies, frame.near);
 }
 
-std::vector<HullFigures> allHulls(const Project& project, const Frame& frame) {
+int hullCount(const Project& project) {
+    return std::min<int>(project.nbFuselages, project.Fuselages.size());
+}
+
+/// The figures of all fuselages; `known(i)` gives those of fuselage `i`, or null where they have to
+/// be computed.
+template <class Known>
+std::vector<HullFigures> allHulls(const Project& project, const Frame& frame, Known known) {
     std::vector<HullFigures> hulls;
-    const int count = std::min<int>(project.nbFuselages, project.Fuselages.size());
     bool promisedBefore = false;
-    for (int i = 1; i <= count; ++i) {
+    for (int i = 1; i <= hullCount(project); ++i) {
         // Promised fuselages are all alike, and there may be tens of thousands.
         const bool promised = project.Fuselages.promised(i);
         if (promised && promisedBefore) {
             hulls.push_back(hulls.back());
             hulls.back().number = i;
+        } else if (const HullFigures* before = known(i)) {
+            hulls.push_back(*before);
         } else {
             hulls.push_back(hullFigures(project.Fuselages(i), i, frame.millimetre));
         }
         promisedBefore = promised;
     }
     return hulls;
+}
+
+template <class Known>
+Figures compute(const Project& project, const Flight& flight, Known known) {
+    const Frame frame(project);
+    const PlanFigures wing = wingFigures(project, frame);
+    const PlanFigures stabilizer = partFigures(project.Stabilizer, 2, frame);
+    const PlanFigures fin = partFigures(project.Rudder, 1, frame);
+    const int fins = project.Rudder.mirrored() ? 2 : 1;
+    const Real height = std::abs(project.Rudder.span * frame.millimetre);
+    const TailArms arms{figure(stabilizer.quarterX - wing.quarterX),
+                        figure(fin.quarterX - wing.quarterX)};
+    Figures figures;
+    figures.units = project.units;
+    figures.wing = givenSurface(wing, panelCount(project), frame.near);
+    figures.stabilizer = givenSurface(stabilizer, 1, frame.near);
+    figures.fin = givenFin(fin, fins, height, frame.near);
+    figures.tail = tailFigures(wing, stabilizer, figure(fins * fin.area, squareDecimetre), arms);
+    figures.fuselages = allHulls(project, frame, known);
+    figures.balance = balanceFigures(wing, stabilizer, arms.horizontal, frame.near);
+    figures.flight = flightFigures(figures.wing, flight);
+    return figures;
 }
 
 }  // namespace
@@ -101,23 +131,16 @@ FlightFigures flightFigures(const SurfaceFigures& wing, const Flight& flight) {
 }
 
 Figures figuresOf(const Project& project, const Flight& flight) {
-    const Frame frame(project);
-    const PlanFigures wing = wingFigures(project, frame);
-    const PlanFigures stabilizer = partFigures(project.Stabilizer, 2, frame);
-    const PlanFigures fin = partFigures(project.Rudder, 1, frame);
-    const int fins = project.Rudder.mirrored() ? 2 : 1;
-    const TailArms arms{figure(stabilizer.quarterX - wing.quarterX),
-                        figure(fin.quarterX - wing.quarterX)};
-    Figures figures;
-    figures.units = project.units;
-    figures.wing = givenSurface(wing, panelCount(project), frame.near);
-    figures.stabilizer = givenSurface(stabilizer, 1, frame.near);
-    figures.fin = givenFin(fin, fins, std::abs(project.Rudder.span * frame.millimetre), frame.near);
-    figures.tail = tailFigures(wing, stabilizer, figure(fins * fin.area, squareDecimetre), arms);
-    figures.fuselages = allHulls(project, frame);
-    figures.balance = balanceFigures(wing, stabilizer, arms.horizontal, frame.near);
-    figures.flight = flightFigures(figures.wing, flight);
-    return figures;
+    return compute(project, flight, [](int) -> const HullFigures* { return nullptr; });
+}
+
+Figures figuresSince(const Figures& known, const Project& before, const Project& project,
+                     const Flight& flight) {
+    const int unchanged = before.units == project.units ? hullCount(before) : 0;
+    return compute(project, flight, [&](int i) {
+        const bool same = i <= unchanged && before.Fuselages(i) == project.Fuselages(i);
+        return same ? &known.fuselages[static_cast<std::size_t>(i) - 1] : nullptr;
+    });
 }
 
 }  // namespace velna

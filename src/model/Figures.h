@@ -112,6 +112,11 @@ struct Figures {
 /// 6 and 7; those of the balance stand in BalanceFigures.cpp.
 Figures figuresOf(const Project& project, const Flight& flight = {});
 
+/// The same, `known` being the figures of `before`: a fuselage that has not changed since then is
+/// not computed again.
+Figures figuresSince(const Figures& known, const Project& before, const Project& project,
+                     const Flight& flight);
+
 /// What mass and speed give with the wing `wing`.
 FlightFigures flightFigures(const SurfaceFigures& wing, const Flight& flight);
 

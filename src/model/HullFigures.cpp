@@ -48,12 +48,15 @@ Bay bayBetween(const SectionRing::Points& front, const SectionRing::Points& rear
     return bay;
 }
 
-/// Twice the area of a section's outline.
-double outlineArea(const SectionRing::Points& points) {
+/// The area of the outline of the section in ordered place `i`, in units of the project.
+Real outlineArea(const MeshSections& body, int i) {
+    const Real scale = SectionRing::scaleOf(body, i, i);
+    SectionRing::Points points;
+    SectionRing(body, scale).collect(i, points);
     double area = 0;
     for (std::size_t j = 0; j + 1 < points.y.size(); ++j)
         area += points.y[j] * points.z[j + 1] - points.z[j] * points.y[j + 1];
-    return std::abs(area);
+    return std::abs(Real{area}) / 2 * scale * scale;
 }
 
 /// What a chain of numbers does.
@@ -95,12 +98,10 @@ Real length(const MeshSections& body) {
     return Real{most} - least;
 }
 
-/// The whole surface, in units of the ring's scale.
+/// The whole surface without its ends, in units of the ring's scale.
 struct Surface {
     Real area = 0;
     Real volume = 0;
-    Real first = 0;  ///< outlines of the ends
-    Real last = 0;
 };
 
 Surface surfaceOf(const MeshSections& body, Real scale) {
@@ -112,7 +113,6 @@ Surface surfaceOf(const MeshSections& body, Real scale) {
     };
     ring.collect(1, front);
     Surface surface;
-    surface.first = Real{outlineArea(front)} / 2;
     for (int i = 2; i <= body.sectionCount(); ++i) {
         const int before = body.storageIndex(i - 1);
         const int k = body.storageIndex(i);
@@ -123,7 +123,6 @@ Surface surfaceOf(const MeshSections& body, Real scale) {
         surface.volume += Real{bay.volume} * length / 12;
         std::swap(front, rear);
     }
-    surface.last = Real{outlineArea(front)} / 2;
     surface.volume = std::abs(surface.volume);
     return surface;
 }
@@ -141,13 +140,15 @@ HullFigures hullFigures(const MeshSections& body, int number, Real millimetre) {
     const Real scale = SectionRing::scaleOf(body);
     const Surface surface = surfaceOf(body, scale);
     const Real unit = scale * millimetre;
-    const auto area = [unit](Real value) { return given(value * unit * unit, squareDecimetre); };
-    const int last = body.storageIndex(body.sectionCount());
-    const bool turned = body.pos(last) < body.pos(body.storageIndex(1));
+    const int last = body.sectionCount();
+    const bool turned = body.pos(body.storageIndex(last)) < body.pos(body.storageIndex(1));
+    const auto end = [&](int i) {
+        return given(outlineArea(body, i) * millimetre * millimetre, squareDecimetre);
+    };
     hull.length = given(length(body) * millimetre);
-    hull.wettedArea = area(surface.area);
-    hull.frontArea = area(turned ? surface.last : surface.first);
-    hull.rearArea = area(turned ? surface.first : surface.last);
+    hull.wettedArea = given(surface.area * unit * unit, squareDecimetre);
+    hull.frontArea = end(turned ? last : 1);
+    hull.rearArea = end(turned ? 1 : last);
     if (!hull.folded) hull.volume = given(surface.volume * unit * unit * unit, cubicCentimetre);
     return hull;
 }

@@ -8,17 +8,21 @@
 namespace velna {
 
 Real SectionRing::scaleOf(const MeshSections& body) {
+    return scaleOf(body, 1, body.sectionCount());
+}
+
+Real SectionRing::scaleOf(const MeshSections& body, int first, int last) {
     Real most = 0;
-    const int first = body.storageIndex(1);
+    const int from = body.storageIndex(first);
     const auto note = [&most](Real size) { most = std::max(most, std::abs(size)); };
-    for (int i = 1; i <= body.sectionCount(); ++i) {
+    for (int i = first; i <= last; ++i) {
         const int k = body.storageIndex(i);
         const Real bias = body.bias_curve(k);
         note(body.width(k));
         note(bias * body.height(k));
         note((bias - 1) * body.height(k));
-        note(Real{body.pos(k)} - body.pos(first));
-        note(Real{body.elevation(k)} - body.elevation(first));
+        note(Real{body.pos(k)} - body.pos(from));
+        note(Real{body.elevation(k)} - body.elevation(from));
     }
     int exponent = 0;
     std::frexp(most, &exponent);

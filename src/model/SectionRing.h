@@ -23,6 +23,8 @@ public:
     /// A power of 2 of the size of the body: with lengths by it, products neither overflow nor
     /// vanish.
     static Real scaleOf(const MeshSections& body);
+    /// The same for the sections in ordered places `first` to `last` alone.
+    static Real scaleOf(const MeshSections& body, int first, int last);
 
     /// `body`, which has two outline points or more, must outlive this; lengths come by `scale`.
     SectionRing(const MeshSections& body, Real scale);

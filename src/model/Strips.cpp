@@ -31,6 +31,13 @@ bool changesSign(Real one, Real other) {
     return (one < 0 && other > 0) || (one > 0 && other < 0);
 }
 
+void turnRound(Strip& strip) {
+    std::swap(strip.y1, strip.y2);
+    std::swap(strip.x1, strip.x2);
+    std::swap(strip.c1, strip.c2);
+    strip.rise = -strip.rise;
+}
+
 /// A panel with the places where it is cut.
 class CutPanel {
 public:
@@ -50,19 +57,25 @@ public:
 
     int pieces() const { return count_ - 1; }
 
-    /// Piece `i` as it lies in the panel.
+    /// Piece `i` with its chords as they are, the end that lies inside first.
     Strip piece(int i) const {
         const Place& from = places_[i];
         const Place& to = places_[i + 1];
         const Real part = share(from, to);
-        return {std::abs(panel_.span) * part,
-                panel_.rise * part,
-                axisAt(from),
-                axisAt(to),
-                panel_.x + panel_.sweep * from.fromRoot,
-                panel_.x + panel_.sweep * to.fromRoot,
-                chordAt(from),
-                chordAt(to)};
+        const Real y1 = axisAt(from);
+        const Real y2 = axisAt(to);
+        Strip strip{std::abs(panel_.span) * part,
+                    panel_.rise * part,
+                    mirrored_ ? std::abs(y1) : y1,
+                    mirrored_ ? std::abs(y2) : y2,
+                    panel_.x + panel_.sweep * from.fromRoot,
+                    panel_.x + panel_.sweep * to.fromRoot,
+                    chordAt(from),
+                    chordAt(to)};
+        // The ends may be so far out that they round to the same place.
+        const bool outward = mirrored_ && y1 + y2 < 0 ? panel_.span <= 0 : panel_.span >= 0;
+        if (!outward) turnRound(strip);
+        return strip;
     }
 
 private:
@@ -76,8 +89,7 @@ private:
     // A value is exactly 0 where the panel is cut for it.
     Real axisAt(const Place& at) const {
         if (crosses_ && at == middle_) return 0;
-        const Real y = at.between(panel_.root, tip_);
-        return mirrored_ ? std::abs(y) : y;
+        return at.between(panel_.root, tip_);
     }
     Real chordAt(const Place& at) const {
         return turns_ && at == point_ ? 0 : at.between(panel_.chord1, panel_.chord2);
@@ -103,14 +115,6 @@ void turnChords(Strip& strip) {
     strip.c2 = -strip.c2;
 }
 
-void putInsideFirst(Strip& strip) {
-    if (strip.y1 <= strip.y2) return;
-    std::swap(strip.y1, strip.y2);
-    std::swap(strip.x1, strip.x2);
-    std::swap(strip.c1, strip.c2);
-    strip.rise = -strip.rise;
-}
-
 }  // namespace
 
 Real Strip::developed() const {
@@ -123,7 +127,6 @@ Strips::Strips(const Trapezium& panel, Halves halves) {
         Strip& strip = strips_[static_cast<std::size_t>(count_)];
         strip = cut.piece(count_);
         turnChords(strip);
-        putInsideFirst(strip);
     }
 }
 

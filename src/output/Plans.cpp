@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/ReplacedFile.h"
+#include "model/FigureMarks.h"
 #include "model/Fuselage.h"
 #include "output/CutParts.h"
 #include "output/FuselagePlans.h"
@@ -73,6 +74,28 @@ Outcome printSheets(const Sheets& on, double count, const char* whyNone, Draw dr
     return endJob(printer, work);
 }
 
+/// The marks of the figures on a plan, where they are asked for.
+class FigurePlan {
+public:
+    FigurePlan(const Sheets& on, MarkView view) : on_(on), view_(view) {
+        if (on.paper.figureMarks) figures_ = figuresOf(on.project);
+    }
+
+    void print(PrinterSurface& sheet, const Transform& at) const {
+        if (!on_.paper.figureMarks) return;
+        constexpr double millimetres = 3;
+        const bool inInches = on_.project.units == inches;
+        const double size = inInches ? Plane::mmToInches(millimetres) : millimetres;
+        for (const MarkLine& mark : figureMarks(on_.project, figures_, view_, at, size))
+            line(sheet, mark.from, mark.to, black);
+    }
+
+private:
+    const Sheets& on_;
+    MarkView view_;
+    Figures figures_;
+};
+
 bool printable(const PrinterSurface& printer) {
     return printer.ScaleWidth() > 0 && printer.ScaleHeight() > 0;
 }
@@ -111,19 +134,24 @@ Outcome printSideJob(const Sheets& on) {
     const Project& project = on.project;
     const MeshSections& fuselage = Fuselage::current(project);
     const double yoff = on.printer.ScaleHeight() + fuselage.minElevationPoint();
+    const FigurePlan marks(on, MarkView::Side);
     return printTiles(on, yoff, [&](PrinterSurface& sheet, double x, double y) {
         const Transform at{trueScale, x, y};
         printSide(sheet, fuselage, at);
         printSide(sheet, project.Wings(1), at);
         printSide(sheet, project.Stabilizer, at);
         printSide(sheet, project.Rudder, at);
+        marks.print(sheet, at);
     });
 }
 
 Outcome printHTopJob(const Sheets& on) {
+    const FigurePlan marks(on, MarkView::NoseLeft);
     return printTiles(on, on.printer.ScaleHeight() / 2,
                       [&](PrinterSurface& sheet, double x, double y) {
-                          printHTop(sheet, Fuselage::current(on.project), {trueScale, x, y});
+                          const Transform at{trueScale, x, y};
+                          printHTop(sheet, Fuselage::current(on.project), at);
+                          marks.print(sheet, at);
                       });
 }
 
@@ -176,6 +204,7 @@ Outcome printVTopJob(const Sheets& on) {
     }
     for (int i = 1; i <= project.nbWings; ++i) printVTop(on.printer, project.Wings(i), at);
     printVTop(on.printer, project.Stabilizer, at);
+    FigurePlan(on, MarkView::NoseUp).print(on.printer, at);
     on.printer.NewPage();
     return endJob(on.printer, work);
 }

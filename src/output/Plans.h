@@ -55,6 +55,7 @@ struct Paper {
     Progress* watcher = nullptr;  ///< may cancel; null: the jobs run to their end
     /// Gets a line on each thing that could not be made as it was wished.
     std::vector<std::string>* words = nullptr;
+    bool figureMarks = false;  ///< quarter point and balance range, where x is seen
 };
 
 /// The ticked jobs, each a job of its own, with the printer's unit set to the project's first. The

@@ -8,6 +8,7 @@
 #include "preview/Rendering.h"
 #include "preview/ViewMouse.h"
 #include "shell/AirfoilCommands.h"
+#include "shell/FigureSheet.h"
 #include "shell/FileCommands.h"
 #include "shell/Helper.h"
 #include "shell/HistoryCommands.h"
@@ -35,6 +36,7 @@ struct Application {
     PrintSelectRecord PrintSelect;
 
     MainForm Main{project};
+    FigureSheet figures{Main};
     Rendering rendering{project, solids};
     Flying flying{project, rendering};
     RenderPointer renderPointer{rendering, flying};
@@ -48,7 +50,7 @@ struct Application {
     FileCommands files{Main,     solids, rendering, preferences, pictures,
                        recovery, recent, airfoils,  shell};
     Startup startup{Main, rendering, helper, preferences, recovery, files, shell};
-    PrintCommand print{Main, PrintSelect, settings, shell};
+    PrintCommand print{Main, PrintSelect, settings, shell, figures};
     HistoryCommands history{Main, rendering, helper, flying};
     ToolbarCommands toolbar{Main,    solids,      rendering, flying,   files, print,
                             history, preferences, quit,      recovery, shell};

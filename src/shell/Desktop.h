@@ -54,6 +54,10 @@ public:
     /// Opens the popup menu beside the cursor, and returns at once.
     virtual void openPopupAtCursor() = 0;
 
+    // figures
+    /// Shows the window of figures beside the views, or hides it where it is shown.
+    virtual void toggleFigures() = 0;
+
     // help
     /// Names the help file and its window's place; the window opens on demand.
     virtual void setHelpFile(const std::string& file) = 0;

@@ -11,8 +11,9 @@ void PrintCommand::run() {
     keepPrintAdditions(settings, PrintSelect);
     Outcome outcome;
     if (PrinterSurface* printer = ports.dialogs->askPrinter(Plans::tickedNames(PrintSelect))) {
-        outcome = Plans::printPlans(main.project, PrintSelect,
-                                    {*printer, main.drawAreaSize(), ports.progress});
+        outcome = Plans::printPlans(
+            main.project, PrintSelect,
+            {*printer, main.drawAreaSize(), ports.progress, nullptr, figures.showsMarks});
     }
     // A plan may leave another fuselage current.
     main.initVTopView();

@@ -2,6 +2,7 @@
 
 #include "editor/Main.h"
 #include "output/Plans.h"
+#include "shell/FigureSheet.h"
 #include "shell/Ports.h"
 #include "shell/Settings.h"
 
@@ -13,6 +14,7 @@ struct PrintCommand {
     PrintSelectRecord& PrintSelect;  ///< the form's choice
     Settings& settings;
     const ShellPorts& ports;
+    const FigureSheet& figures;  ///< whether its marks go on the plans too
 
     /// Asks which plans, then for the printer, and prints each chosen plan as a job of its own.
     /// Whatever happens after the choice, the top view stands afterwards; Cancel in the choice

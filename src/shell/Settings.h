@@ -10,8 +10,9 @@ namespace velna {
 
 /// The names under which the program remembers something beyond its units.
 namespace SettingKey {
-inline constexpr const char* ctrlZ = "ctrl-z-undoes";  ///< flag: Ctrl+Z, Ctrl+Y and Ctrl+S
-inline constexpr const char* recent = "recent-file";   ///< list: full paths, the newest first
+inline constexpr const char* ctrlZ = "ctrl-z-undoes";          ///< flag: Ctrl+Z, Ctrl+Y and Ctrl+S
+inline constexpr const char* figuresPlace = "figures-window";  ///< list: left, top, width, height
+inline constexpr const char* recent = "recent-file";  ///< list: full paths, the newest first
 }  // namespace SettingKey
 
 /// What the program remembers of how its user works: lists of texts by name, in a file of lines

@@ -89,6 +89,7 @@ constexpr Command commands[] = {
     {Key::Help, [](ToolbarCommands& on) { on.ports.desktop->showHelpContents(); }},
     {Key::Undo, [](ToolbarCommands& on) { on.history.undo(); }},
     {Key::Redo, [](ToolbarCommands& on) { on.history.redo(); }},
+    {Key::Figures, [](ToolbarCommands& on) { on.ports.desktop->toggleFigures(); }},
     {Key::Exit, [](ToolbarCommands& on) { on.ports.desktop->endProcess(); }},
     {Key::SaveAgain, [](ToolbarCommands& on) { on.files.saveAgain(); }},
     {Key::NacaSection, [](ToolbarCommands& on) { on.files.airfoils.nacaSection(); }},
@@ -116,6 +117,11 @@ constexpr Button allButtons[] = {
     {Key::Help, "Help", "Help File", ButtonKind::Push, {}},
     {Key::Undo, "Undo", "Undo", ButtonKind::Step, Control::UndoButton},
     {Key::Redo, "Redo", "Redo", ButtonKind::Step, Control::RedoButton},
+    {Key::Figures,
+     "Figures",
+     "Figures of the aircraft: areas, tail volumes, balance",
+     ButtonKind::Push,
+     {}},
 };
 
 }  // namespace

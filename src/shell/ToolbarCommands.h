@@ -33,6 +33,7 @@ enum class Key {
     Help,
     Undo,
     Redo,
+    Figures,
     // without a button of their own
     Exit,
     Centering,

@@ -208,6 +208,12 @@ TEST_F(WingFigures, AWingFarOutKeepsItsDigits) {
     setPanel(1, {0.5, 0.25, 0.25, 1e12, 0, 1e12});
     EXPECT_DOUBLE_EQ(*wing().areaProjected, 2 * 0.125 / 1e4);
     EXPECT_DOUBLE_EQ(*wing().meanChord, 0.25);
+    // Both ends round to the same place, and still one lies inside.
+    setPanel(1, {-100, 40, 80, 0, 0, 1e80});
+    EXPECT_EQ(wing().rootChord, 80);
+    EXPECT_EQ(wing().tipChord, 40);
+    setPanel(1, {-100, 40, 80, 0, 0, -1e80});
+    EXPECT_EQ(wing().rootChord, 40);
 }
 
 TEST_F(WingFigures, InchesGiveTheSameFigures) {

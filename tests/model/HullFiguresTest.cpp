@@ -222,6 +222,8 @@ TEST_F(HullFiguresTest, SizesAtTheEndsOfTheRangeGiveWhatANumberHolds) {
     EXPECT_EQ(figures().volume, std::nullopt);
     setSections({{0, 1e-150, 1e-150}, {1e-150, 1e-150, 1e-150}}, 4);
     EXPECT_NEAR(*figures().frontArea / 0.5e-304, 1, 1e-9);
+    setSections({{0, 10, 10}, {1e200, 1e200, 1e200}}, 4);
+    EXPECT_DOUBLE_EQ(*figures().frontArea, 0.005);
     constexpr double huge = std::numeric_limits<double>::max();
     setSections({{-huge, huge, huge, -huge}, {huge, huge, huge, huge, 1, huge}}, 8);
     EXPECT_EQ(figures().length, std::nullopt);

@@ -26,7 +26,7 @@ TEST_F(ToolbarCommands, TheBarHasItsButtonsInOrder) {
     }
     EXPECT_EQ(names,
               "New Open Save Print VTop Front Side HTop Palette Render Prefs Manager FlyingPreview "
-              "Help Undo Redo ");
+              "Help Undo Redo Figures ");
 }
 
 TEST_F(ToolbarCommands, TheViewButtonsSetTheirTabs) {

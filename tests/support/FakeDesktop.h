@@ -52,6 +52,7 @@ public:
         note("sign " + std::to_string(left) + " " + std::to_string(top));
     }
     void openPopupAtCursor() override { note("popup"); }
+    void toggleFigures() override { note("figures"); }
     void setHelpFile(const std::string& file) override { note("help file " + file); }
     void placeHelpWindow(int x, int y, int width, int height) override {
         note("help at " + std::to_string(x) + " " + std::to_string(y) + " " +

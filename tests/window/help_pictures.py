@@ -78,6 +78,12 @@ def take(camera):
     screen.key("Escape")
     bar, redo = program.get("Bar"), program.get("Redo")
     camera.keep("undo", (bar.left, bar.top, redo.left + redo.width + 8, bar.height))
+    program.click("Figures")
+    window = program.get("FiguresWindow")
+    program.enter("FiguresMass", "1800")
+    program.enter("FiguresSpeed", "54")
+    camera.keep("figures", (window.left - 1, window.top - FRAME, window.width + 2, window.height + FRAME + 3), 32)
+    program.click("Figures")
     for button, name, title, end in (("Prefs", "preferences", "Preferences", "CancelCommand"),
                                      ("Manager", "manager", "Fuselage Manager", "CloseCommand"),
                                      ("Print", "print", "Select Views", "CancelCommand")):

@@ -20,7 +20,7 @@ constexpr int arrowWidth = 14;  // pixels
 bool beginsGroup(Toolbar::Key key) {
     using enum Toolbar::Key;
     return key == Print || key == VTop || key == Palette || key == Prefs || key == FlyingPreview ||
-           key == Help || key == Undo;
+           key == Help || key == Undo || key == Figures;
 }
 
 // What a step would do stands in the text of its control ("Tip chord").

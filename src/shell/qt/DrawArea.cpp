@@ -2,8 +2,10 @@
 
 #include <QCursor>
 #include <QNativeGestureEvent>
+#include <QPainter>
 #include <QWheelEvent>
 #include <cmath>
+#include <utility>
 
 #include "editor/Main.h"
 #include "editor/ViewZoom.h"
@@ -52,6 +54,11 @@ constexpr double largerPerNotch = 1.1892071150027210667;
 // A sideways notch goes past this many pixels.
 constexpr double pixelsPerNotch = 60;
 
+// The marks of the figures, on the drawing's white ground.
+constexpr QColor quarterInk(176, 32, 32);
+constexpr QColor rangeInk(0, 112, 64);
+constexpr double markWidth = 2;
+
 // The keys that open a menu on every desktop.
 bool opensMenu(const QKeyEvent& event) {
     return event.key() == Qt::Key_Menu ||
@@ -82,6 +89,23 @@ void DrawArea::glideTo(QPoint place) {
 
 QString DrawArea::reading() const {
     return StripLabel::text(main_);
+}
+
+void DrawArea::showMarks(std::vector<MarkLine> marks) {
+    if (marks == marks_) return;
+    marks_ = std::move(marks);
+    update();
+}
+
+void DrawArea::paintEvent(QPaintEvent* event) {
+    SurfaceWidget::paintEvent(event);
+    if (marks_.empty()) return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const MarkLine& mark : marks_) {
+        painter.setPen(QPen(mark.range ? rangeInk : quarterInk, markWidth));
+        painter.drawLine(QPointF(mark.from.x, mark.from.y), QPointF(mark.to.x, mark.to.y));
+    }
 }
 
 bool DrawArea::event(QEvent* event) {

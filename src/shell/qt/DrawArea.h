@@ -1,8 +1,10 @@
 #pragma once
 
 #include <functional>
+#include <vector>
 
 #include "editor/Window.h"
+#include "model/FigureMarks.h"
 #include "shell/qt/SurfaceWidget.h"
 
 class QKeyEvent;
@@ -28,11 +30,16 @@ public:
     /// What the strip says, as one text: the drawing's accessible value.
     QString reading() const;
 
+    /// The marks of the figures that lie over the drawing from now on; what is drawn below them is
+    /// not touched.
+    void showMarks(std::vector<MarkLine> marks);
+
     /// Runs after each event of the pointer and the keys.
     std::function<void()> afterInput = [] {};
 
 protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -52,6 +59,7 @@ private:
 
     MainForm& main_;
     const Helper& helper_;
+    std::vector<MarkLine> marks_;
     int keysDown_ = 0;  // that went down here, modifiers apart
 };
 

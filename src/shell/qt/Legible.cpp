@@ -39,4 +39,8 @@ QColor legible(const QColor& ink, const QColor& ground, const QColor& letters) {
     return result;
 }
 
+QColor tinted(const QColor& ground) {
+    return mixed(ground, QColor(255, 170, 0), 0.25F);
+}
+
 }  // namespace velna

@@ -12,4 +12,8 @@ double contrast(const QColor& a, const QColor& b);
 /// read: desktops that set a dark palette leave some inks at what suits white paper.
 QColor legible(const QColor& ink, const QColor& ground, const QColor& letters);
 
+/// A warm tint over the ground that letters stand on, light or dark: of a field whose text is not
+/// taken.
+QColor tinted(const QColor& ground);
+
 }  // namespace velna

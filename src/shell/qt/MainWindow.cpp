@@ -15,6 +15,7 @@
 #include "shell/qt/DisplaySystem.h"
 #include "shell/qt/DrawArea.h"
 #include "shell/qt/Drawings.h"
+#include "shell/qt/FiguresWindow.h"
 #include "shell/qt/PanelWidgets.h"
 #include "shell/qt/ParameterBox.h"
 #include "shell/qt/PopupMenu.h"
@@ -79,6 +80,7 @@ void MainWindow::build(bool smallFonts) {
     bar_ = new Bar(program_.toolbar, mirrors_, this);
     buildSigns();
     buildStrip();
+    figures_ = new FiguresWindow(program_, *this);
     popup_ = new PopupMenu(program_.Main, mirrors_, this);
     for (auto* button : findChildren<QAbstractButton*>()) button->installEventFilter(this);
     layOut(size());
@@ -203,6 +205,7 @@ void MainWindow::setFlight(bool on) {
     // What lies behind the picture must not take the keys: the model stays as it is.
     panel_->setEnabled(!on);
     drawArea_->setEnabled(!on);
+    figures_->standAside(on);
     if (on) {
         setFocus();
         DisplaySystem::standAbovePicture(*bar_);
@@ -228,6 +231,7 @@ void MainWindow::placeSign(int left, int top) {
 
 void MainWindow::start() {
     started_ = true;
+    figures_->start();
     new StayMaximised(*this);
     mirrors_.showAll();
     layOut(size());
@@ -278,6 +282,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     stop();
+    figures_->keepPlace();
     program_.quit.unload();
     // The toolkit ends the program with the last window that it knows of; nothing is left to wait
     // for.

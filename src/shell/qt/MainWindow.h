@@ -13,6 +13,7 @@ namespace velna {
 struct Application;
 class Bar;
 class DrawArea;
+class FiguresWindow;
 class PanelWidgets;
 class PopupMenu;
 class RenderWindow;
@@ -35,6 +36,7 @@ public:
     PanelWidgets& panel() { return *panel_; }
     PopupMenu& popup() { return *popup_; }
     StripLabel& strip() { return *strip_; }
+    FiguresWindow& figures() { return *figures_; }
     RenderWindow& renderWindow() { return *renderWindow_; }
 
     /// Size that the layout gives to `Render`.
@@ -86,6 +88,7 @@ private:
     QLabel* hints_ = nullptr;
     QLabel* logo_ = nullptr;
     StripLabel* strip_ = nullptr;
+    FiguresWindow* figures_ = nullptr;
     QLabel* flyingInfo_ = nullptr;
     QPushButton* shiftButton_ = nullptr;
     bool smallFonts_ = false;

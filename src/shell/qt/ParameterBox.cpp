@@ -16,6 +16,7 @@
 #include "editor/PanelTable.h"
 #include "shell/qt/Drawings.h"
 #include "shell/qt/EventArguments.h"
+#include "shell/qt/Legible.h"
 #include "shell/qt/Mirrors.h"
 
 namespace velna {
@@ -25,16 +26,6 @@ namespace {
 bool edits(const QKeyEvent& event) {
     return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete ||
            EventArguments::types(event);
-}
-
-/// A warm tint over the ground that letters stand on, light or dark.
-QColor tinted(const QColor& ground) {
-    constexpr float share = 0.25F;
-    const QColor amber(255, 170, 0);
-    const auto mixed = [](float a, float b) { return a + share * (b - a); };
-    return QColor::fromRgbF(mixed(ground.redF(), amber.redF()),
-                            mixed(ground.greenF(), amber.greenF()),
-                            mixed(ground.blueF(), amber.blueF()));
 }
 
 }  // namespace

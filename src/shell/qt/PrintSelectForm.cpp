@@ -109,8 +109,9 @@ void PrintSelectForm::preview() {
             const MainForm& main = command_.main;
             // What cannot be printed shows as a page without a plan.
             Progress* const watcher = command_.ports.progress;
-            (void)Plans::previewJob(main.project, record_, row.job,
-                                    {surface, main.drawAreaSize(), watcher});
+            (void)Plans::previewJob(
+                main.project, record_, row.job,
+                {surface, main.drawAreaSize(), watcher, nullptr, command_.figures.showsMarks});
             if (watcher) watcher->finish();
         });
         look.exec();

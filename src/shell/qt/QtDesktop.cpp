@@ -15,6 +15,7 @@
 #include "common/ReplacedFile.h"
 #include "shell/Startup.h"
 #include "shell/qt/DrawArea.h"
+#include "shell/qt/FiguresWindow.h"
 #include "shell/qt/GlideCursor.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/MainWindow.h"
@@ -148,6 +149,10 @@ void QtDesktop::placeSign(int left, int top) {
 
 void QtDesktop::openPopupAtCursor() {
     window_.popup().openUnasked(GlideCursor::position(window_));
+}
+
+void QtDesktop::toggleFigures() {
+    window_.figures().toggle();
 }
 
 void QtDesktop::setHelpFile(const std::string& file) {

@@ -39,6 +39,7 @@ public:
     void setCursorPosition(int x, int y) override;
     void placeSign(int left, int top) override;
     void openPopupAtCursor() override;
+    void toggleFigures() override;
     void setHelpFile(const std::string& file) override;
     void placeHelpWindow(int x, int y, int width, int height) override;
     void showHelpContents() override;
