@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include "output/Progress.h"
 #include "shell/qt/QtPrinterSurface.h"
 #include "support/TemporaryFolder.h"
 
