@@ -203,10 +203,10 @@ private:
 /// `sign` 1: expects `side` not below `other`; -1: not above.
 void expectApart(std::span<const Point2D> side, std::span<const Point2D> other, double sign) {
     SideHeights heights(other);
-    for (const Point2D& point : side)
-        if (sign * (point.y - heights.at(point.x)) < -roundedCrossing)
-            throw ReadFailure("its sides cross at " + fixedText(point.x * 100, 0) +
-                              " % of the chord");
+    for (const Point2D& point : side) {
+        if (sign * (point.y - heights.at(point.x)) >= -roundedCrossing) continue;
+        throw ReadFailure("its sides cross at " + fixedText(point.x * 100, 0) + " % of the chord");
+    }
 }
 
 void expectSides(const Points& points) {
@@ -222,9 +222,9 @@ void expectSides(const Points& points) {
 }
 
 void expectRoom(std::size_t points) {
-    if (points > std::size_t{Plane::largestCount})
-        throw ReadFailure(std::to_string(points) + " points; a panel holds " +
-                          std::to_string(Plane::largestCount));
+    if (points <= std::size_t{Plane::largestCount}) return;
+    throw ReadFailure(std::to_string(points) + " points; a panel holds " +
+                      std::to_string(Plane::largestCount));
 }
 
 void expectRoomOnAll(const Project& project, std::size_t points) {

@@ -95,9 +95,10 @@ Digits number(std::string_view text) {
         throw ReadFailure("four or five digits, like 2412 or 23012");
     Digits told;
     const int thickness = valueOf(digits.substr(digits.size() - 2));
-    if (thickness == 0 || thickness > thickest)
+    if (thickness == 0 || thickness > thickest) {
         throw ReadFailure("the last two digits, the thickness, are 01 to " +
                           std::to_string(thickest));
+    }
     told.thickness = thickness / 100.0;
     const int first = valueOf(digits.substr(0, 1));
     if (digits.size() == 4) {
