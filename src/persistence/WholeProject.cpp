@@ -22,23 +22,24 @@ bool mayLackUnit(std::string_view bytes) {
     return bytes.substr(0, bytes.find_first_of("\r\n")).find("1.0.1") != std::string_view::npos;
 }
 
-bool readBytes(Project& project, const std::string& bytes) {
+/// Where the pictures lie is told after the default aircraft, which has none.
+bool readBytes(Project& project, const std::string& folder, const std::string& bytes) {
+    project = {};
     setDefaultPlane(project);
+    project.projectDirectory = folder;
     return readProjectBytes(project, bytes);
 }
 
 /// Throws ReadFailure where the file is not whole. False for a version that is not supported.
-bool readWhole(Project& project, const std::string& bytes) {
-    if (!mayLackUnit(bytes)) return readBytes(project, bytes);
+bool readWhole(Project& project, const std::string& folder, const std::string& bytes) {
+    if (!mayLackUnit(bytes)) return readBytes(project, folder, bytes);
     try {
-        return readBytes(project, bytes);
+        return readBytes(project, folder, bytes);
     } catch (const ReadFailure&) {
-        project = {};
-        return readBytes(project, bytes + "#FALSE#\r\n");
+        return readBytes(project, folder, bytes + "#FALSE#\r\n");
     }
 }
 
-/// Somewhere beside the program or above it: where the pictures lie must not depend on it.
 std::string folderFromRoot(const std::string& file) {
     std::error_code failure;
     const std::filesystem::path path = std::filesystem::absolute(file, failure);
@@ -48,8 +49,6 @@ std::string folderFromRoot(const std::string& file) {
 }  // namespace
 
 Outcome openWholeProject(Project& project, const std::string& file) {
-    project = {};
-    project.projectDirectory = folderFromRoot(file);
     std::string bytes;
     try {
         bytes = readWholeFile(file);
@@ -58,10 +57,11 @@ Outcome openWholeProject(Project& project, const std::string& file) {
     }
     const bool named = bytes.starts_with(projectHead);
     try {
-        if (!readWhole(project, bytes)) return Outcome::failed(file + notSupported);
-    } catch (const ReadFailure& failure) {
+        if (!readWhole(project, folderFromRoot(file), bytes))
+            return Outcome::failed(file + notSupported);
+    } catch (const ReadFailure&) {
         if (!named && !holdsFirstWing(bytes)) return Outcome::failed(file + ": no Velna project");
-        return Outcome::failed(file + ": not a whole project (" + failure.what() + ")");
+        return Outcome::failed(file + ": not a whole project");
     }
     project.ObjectList.update(project.Fuselages, project.nbFuselages);
     return {};

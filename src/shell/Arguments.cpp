@@ -1,16 +1,17 @@
 #include "shell/Arguments.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "common/Complaint.h"
-#include "common/ReplacedFile.h"
 #include "common/Version.h"
 #include "shell/CommandOptions.h"
-#include "shell/ExportKinds.h"
+#include "shell/ExportFitting.h"
 
 namespace velna {
 
@@ -40,17 +41,6 @@ std::string fullPath(const std::string& file) {
     return failure ? file : path.lexically_normal().native();
 }
 
-Arguments refused(std::string problem) {
-    Arguments arguments;
-    arguments.wish = Arguments::Wish::Refused;
-    arguments.problem = std::move(problem);
-    return arguments;
-}
-
-std::string inQuotes(std::string_view word) {
-    return "\"" + std::string(word) + "\"";
-}
-
 /// The words one by one.
 class WordReader {
 public:
@@ -60,7 +50,12 @@ public:
         while (next_ < words_.size() && problem_.empty() && !answered()) takeWord(words_[next_++]);
         if (answered()) return arguments_;
         if (problem_.empty()) settle();
-        return problem_.empty() ? arguments_ : refused(problem_);
+        if (problem_.empty()) return arguments_;
+        Arguments refused;
+        refused.wish = Wish::Refused;
+        refused.problem = problem_;
+        refused.usageHelps = usageHelps_;
+        return refused;
     }
 
 private:
@@ -90,84 +85,71 @@ private:
         const bool joined = sign != std::string::npos;
         if (!option || (joined && !*option->argument)) {
             problem_ = "unknown option " + word;
-        } else if (!option->repeatable && wasGiven(*option)) {
-            problem_ = std::string(option->name) + " is given twice";
-        } else if (!*option->argument) {
-            option->take(arguments_, {});
-        } else if (joined) {
-            takeArgument(*option, word.substr(sign + 1));
-        } else if (next_ == words_.size()) {
-            problem_ = std::string(option->name) + " needs " + option->argument;
-        } else {
-            takeArgument(*option, words_[next_++]);
+            return;
         }
-        if (option) given_.push_back(option);
+        if (!option->repeatable && wasGiven(*option)) {
+            refuse(std::string(option->name) + " is given twice");
+        } else if (!*option->argument || joined) {
+            take(*option, joined ? word.substr(sign + 1) : std::string());
+        } else if (next_ == words_.size()) {
+            refuse(std::string(option->name) + " needs " + option->argument);
+        } else {
+            take(*option, words_[next_++]);
+        }
+        given_.push_back(option);
     }
 
-    void takeArgument(const OptionRow& option, const std::string& word) {
-        if (!option.take(arguments_, word))
-            problem_ =
-                std::string(option.name) + " takes " + option.argument + ", not " + inQuotes(word);
+    void take(const OptionRow& option, const std::string& word) {
+        const Outcome taken = option.take(arguments_, option, word);
+        if (taken.hasFailed()) refuse(taken.reason());
+    }
+
+    /// Who has got the call right and one word of it wrong need not read how calls are made.
+    void refuse(std::string problem) {
+        problem_ = std::move(problem);
+        usageHelps_ = false;
     }
 
     bool wasGiven(const OptionRow& option) const {
         return std::ranges::find(given_, &option) != given_.end();
     }
+    bool wasGiven(const char* name) const { return wasGiven(*optionNamed(name)); }
 
     /// All words are read: they must go together.
     void settle() {
-        if (arguments_.wish == Wish::Export) return settleExport();
-        if (!given_.empty()) {
-            problem_ = std::string(given_.front()->name) + " makes no sense without --export";
+        const bool exports = wasGiven("--export");
+        const bool info = wasGiven("--info");
+        if (exports && info) return refuse("--export and --info are two calls");
+        for (const OptionRow* option : given_) {
+            if (option->use == OptionUse::Export && !exports)
+                return refuse(std::string(option->name) + " makes no sense without --export");
+            if (option->use == OptionUse::Info && !info)
+                return refuse(std::string(option->name) + " makes no sense without --info");
+        }
+        if (exports) {
+            settleExport();
         } else if (files_.size() > 1) {
             problem_ = "one file at a time, please";
+        } else if (info) {
+            if (files_.empty()) return refuse("--info needs a project");
+            arguments_.info.project = files_.front();
         } else if (!files_.empty()) {
             arguments_.file = fullPath(files_.front());
         }
     }
 
     void settleExport() {
-        ExportRequest& exports = arguments_.exports;
-        exports.projects = files_;
-        problem_ = kindProblem();
-        if (!problem_.empty()) return;
-        for (const OptionRow* option : given_) {
-            if (fits(*option, exports.kind)) continue;
-            problem_ = std::string(option->name) + " makes no sense for ." + kindName();
-            return;
-        }
-        if (exports.kind == ExportKind::Plans && Plans::tickedNames(exports.plans).empty()) {
-            problem_ = "plans need --plan " + std::string(optionNamed("--plan")->argument);
-        } else if (exports.landscape && !exports.sheet.named) {
-            problem_ = "--landscape makes no sense for a --paper of WxH";
-        } else if (files_.empty()) {
-            problem_ = "--export needs a project";
-        }
+        arguments_.exports.projects = files_;
+        const Outcome fitting = fitTogether(arguments_.exports, given_);
+        if (fitting.hasFailed()) return refuse(fitting.reason());
+        if (files_.empty()) refuse("--export needs a project");
     }
-
-    /// Takes the kind from the ending, where it is not told. Both must not contradict each other.
-    std::string kindProblem() {
-        ExportRequest& exports = arguments_.exports;
-        const std::string title = titleOf(exports.out);
-        const auto point = title.rfind('.');
-        const ExportKindRow* const kind =
-            point == std::string::npos ? nullptr : kindOfEnding(title.substr(point + 1));
-        const bool told = wasGiven(*optionNamed("--as"));
-        if (!kind && !told)
-            return inQuotes(exports.out) + " does not tell its kind; --as KIND does";
-        if (kind && told && kind->kind != exports.kind)
-            return "--as " + std::string(kindName()) + " contradicts the ending of " +
-                   inQuotes(exports.out);
-        if (kind) exports.kind = kind->kind;
-        return {};
-    }
-
-    const char* kindName() const { return rowOf(arguments_.exports.kind).ending; }
 
     const std::vector<std::string>& words_;
     std::size_t next_ = 0;
     Arguments arguments_;
     std::string problem_;
+    bool usageHelps_ = true;
     std::vector<std::string> files_;
     std::vector<const OptionRow*> given_;
     bool filesOnly_ = false;
@@ -182,6 +164,7 @@ Arguments Arguments::read(const std::vector<std::string>& words) {
 std::string usageText() {
     return "Usage: velna [FILE]\n"
            "       velna --export OUT [OPTION]... PROJECT...\n"
+           "       velna --info [--json] [--mass G] [--speed KMH] PROJECT\n"
            "       velna --help | --version\n";
 }
 
@@ -189,17 +172,21 @@ std::string versionLine() {
     return std::string("Velna ") + versionText + "\n";
 }
 
+int tellAtOnce(const std::string& text) {
+    const bool written = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
+    if (!written) complain("standard output", std::generic_category().message(errno));
+    return written ? 0 : 1;
+}
+
 int answer(const Arguments& arguments) {
     if (arguments.wish == Arguments::Wish::Refused) {
         complain(arguments.problem);
-        std::fputs(usageText().c_str(), stderr);
-        std::fputs("velna --help tells more.\n", stderr);
+        if (arguments.usageHelps)
+            std::fputs((usageText() + "velna --help tells more.\n").c_str(), stderr);
         return 2;
     }
     const bool version = arguments.wish == Arguments::Wish::Version;
-    const std::string text = version ? versionLine() : helpText();
-    const bool written = std::fputs(text.c_str(), stdout) >= 0 && std::fflush(stdout) == 0;
-    return written ? 0 : 1;
+    return tellAtOnce(version ? versionLine() : helpText());
 }
 
 }  // namespace velna

@@ -5,10 +5,12 @@
 #include <new>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "common/Complaint.h"
 #include "common/ReplacedFile.h"
 #include "model/Project.h"
+#include "output/Progress.h"
 #include "persistence/WholeProject.h"
 #include "shell/ExportKinds.h"
 
@@ -20,6 +22,7 @@ namespace {
 struct Result {
     std::string subject;
     Outcome outcome;
+    std::vector<std::string> words{};  ///< told in any case
 };
 
 /// The export of all projects of one call.
@@ -36,19 +39,31 @@ public:
             complain(request_.out, "several projects need a folder that is there");
             return 2;
         }
-        for (std::size_t i = 0; i < total; ++i) {
+        for (std::size_t i = 0; i < total && !interrupted(i, total); ++i) {
             if (total > 1) tools_.next(i + 1, total, request_.projects[i]);
             const Result result = exportProject(request_.projects[i]);
-            if (!result.outcome.isDone()) tell(result);
+            tell(result);
         }
         tools_.clear();
         return failed_ ? 1 : 0;
     }
 
 private:
+    /// Told once, by the project under way or between two.
+    bool interrupted(std::size_t done, std::size_t total) {
+        Progress* const watcher = tools_.watcher();
+        if (!watcher || watcher->step(static_cast<long long>(done), static_cast<long long>(total)))
+            return false;
+        if (!interrupted_) tell({request_.out, Outcome::cancelled()});
+        return true;
+    }
+
     void tell(const Result& result) {
+        if (!result.words.empty() || !result.outcome.isDone()) tools_.clear();
+        for (const std::string& word : result.words) complain(result.subject, word);
+        if (result.outcome.isDone()) return;
         failed_ = true;
-        tools_.clear();
+        interrupted_ = result.outcome.isCancelled();
         const std::string reason =
             result.outcome.isCancelled() ? "interrupted" : result.outcome.reason();
         result.subject.empty() ? complain(reason) : complain(result.subject, reason);
@@ -75,7 +90,10 @@ private:
                                           ", it has " + std::to_string(project.nbFuselages))};
         project.currentFuselage = static_cast<std::int16_t>(request_.fuselage);
         pictures_.imaging = &tools_.imaging();
-        return {file, rowOf(request_.kind).write({project, request_, file, pictures_, tools_})};
+        std::vector<std::string> words;
+        const Outcome written =
+            rowOf(request_.kind).write({project, request_, file, pictures_, tools_, words});
+        return {file, written, words};
     }
 
     std::string target(const std::string& name) const {
@@ -91,6 +109,7 @@ private:
     std::map<std::string, std::string> taken_;  ///< the projects by their files
     bool intoFolder_ = false;
     bool failed_ = false;
+    bool interrupted_ = false;
 };
 
 }  // namespace

@@ -9,7 +9,15 @@
 namespace velna {
 
 /// The command that an option belongs to.
-enum class OptionUse { Alone, Export };
+enum class OptionUse { Alone, Export, Info };
+
+/// What an export draws, a bit each: what an option means depends on it.
+namespace Drawn {
+inline constexpr unsigned view = 1;
+inline constexpr unsigned pages = 2;    ///< a plan on paper
+inline constexpr unsigned cutting = 4;  ///< a plan to be cut
+inline constexpr unsigned anything = 7;
+}  // namespace Drawn
 
 /// One option of the command line.
 struct OptionRow {
@@ -18,9 +26,10 @@ struct OptionRow {
     const char* help;
     OptionUse use;
     unsigned kinds;   ///< the kinds of file that it makes sense for, a bit each
+    unsigned drawn;   ///< what must be drawn for it to mean something
     bool repeatable;  ///< may be given several times
-    /// Takes the word that follows, empty where none does; false where it is none that fits.
-    bool (*take)(Arguments& arguments, std::string_view word);
+    /// Takes the word that follows, empty where none does; failed where it is none that fits.
+    Outcome (*take)(Arguments& arguments, const OptionRow& option, std::string_view word);
 };
 
 /// The options in the order in which the help tells them.

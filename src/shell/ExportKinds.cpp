@@ -6,6 +6,7 @@
 
 #include "common/ReplacedFile.h"
 #include "model/Solids.h"
+#include "output/CutFiles.h"
 #include "output/Exports.h"
 #include "output/PrinterSurface.h"
 #include "persistence/ProjectFile.h"
@@ -29,7 +30,14 @@ Outcome writeModel(const ExportJob& job) {
     return Plane::exportVRML(project, solids, job.file, job.pictures, job.tools.watcher());
 }
 
+Outcome writeCutPlan(const ExportJob& job, CutFormat format) {
+    const ExportRequest& request = job.request;
+    return saveCutPlan(job.project, *request.cut, format, request.wishes, job.file, job.words,
+                       job.tools.watcher());
+}
+
 Outcome writeDrawing(const ExportJob& job) {
+    if (job.request.cut) return writeCutPlan(job, CutFormat::dxf);
     return exportViewDrawing(job.project, job.request.view, job.file, job.tools.watcher());
 }
 
@@ -56,6 +64,7 @@ Outcome writePicture(const ExportJob& job) {
 }
 
 Outcome writeVectorPicture(const ExportJob& job) {
+    if (job.request.cut) return writeCutPlan(job, CutFormat::svg);
     SvgSurface surface(job.request.size);
     drawView(job.project, job.request.view, surface);
     return writeBytes(job.file, surface.text());
@@ -64,10 +73,11 @@ Outcome writeVectorPicture(const ExportJob& job) {
 constexpr ExportKindRow kindTable[] = {
     {ExportKind::Project, "vln", "the project as this version writes it", writeProject},
     {ExportKind::Model, "wrl", "the model in three dimensions, VRML 2.0", writeModel},
-    {ExportKind::Drawing, "dxf", "the drawing of a view in the model's unit", writeDrawing},
+    {ExportKind::Drawing, "dxf", "a view in the model's unit, or a plan to be cut", writeDrawing},
     {ExportKind::Plans, "pdf", "printed plans, a file each: OUT-side.pdf", writePlans},
     {ExportKind::Picture, "png", "a view as the window shows it", writePicture},
-    {ExportKind::VectorPicture, "svg", "the same with its lines as lines", writeVectorPicture},
+    {ExportKind::VectorPicture, "svg", "the same as lines, or a plan to be cut",
+     writeVectorPicture},
 };
 
 bool sameIgnoringCase(char a, char b) {

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/Outcome.h"
 #include "preview/PictureCopies.h"
@@ -18,6 +19,7 @@ struct ExportJob {
     const std::string& file;  ///< the target
     PictureStore& pictures;
     ExportTools& tools;
+    std::vector<std::string>& words;  ///< gets a line on each thing not made as it was wished
 };
 
 /// One kind of file.

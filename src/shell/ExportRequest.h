@@ -1,10 +1,13 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "editor/FormState.h"
 #include "model/Fits.h"
+#include "output/CutParts.h"
 #include "output/Plans.h"
 
 namespace velna {
@@ -13,10 +16,17 @@ namespace velna {
 enum class ExportKind { Project, Model, Drawing, Plans, Picture, VectorPicture };
 
 /// A sheet of paper, in millimetres.
-struct SheetSize {
+struct PaperSize {
     double width = 210;
     double height = 297;
     bool named = true;  ///< upright, and can be turned; else it lies as it was typed
+};
+
+/// A plan by its name on the command line: on paper, to be cut, or both.
+struct PlanName {
+    std::string_view name;
+    bool PrintSelectRecord::*tick;  ///< null where it is for no paper
+    std::optional<CutPlan> cut;
 };
 
 /// What `velna --export` is asked for.
@@ -25,10 +35,13 @@ struct ExportRequest {
     std::vector<std::string> projects;  ///< as they were typed
     ExportKind kind = ExportKind::Project;
     int view = ViewMode::VTop;
-    int fuselage = 1;         ///< the current one
-    SurfaceSize size{};       ///< of the drawing surface
-    PrintSelectRecord plans;  ///< the plans wanted, and whether they are to be taped
-    SheetSize sheet;
+    int fuselage = 1;                 ///< the current one
+    SurfaceSize size{};               ///< of the drawing surface
+    std::vector<PlanName> planNames;  ///< as they were typed
+    PrintSelectRecord plans;          ///< for paper: those plans, and whether they are to be taped
+    std::optional<CutPlan> cut;       ///< for a drawing: that plan in place of a view
+    RibWishes wishes;                 ///< of what is cut
+    PaperSize paper;
     bool landscape = false;  ///< the sheet is turned
 };
 

@@ -61,7 +61,7 @@ class CommandLine(base.WindowTest):
             self.program.click(key)
             wait_for(lambda key=key: self.program.get(key).checked, key)
 
-    def size(self):
+    def drawing_size(self):
         area = self.program.get("DrawArea")
         return f"{area.width}x{area.height}"
 
@@ -92,7 +92,7 @@ class CommandLine(base.WindowTest):
                 with self.subTest(name, view=view):
                     self.show(view)
                     seen = Picture(self.still(f"drawing-{name}-{view}", self.program.get("DrawArea")))
-                    self.export(line / f"{view}.png", project, "--view", view, "--size", self.size())
+                    self.export(line / f"{view}.png", project, "--view", view, "--size", self.drawing_size())
                     drawn = Picture(line / f"{view}.png")
                     self.assertEqual((drawn.width, drawn.height), (seen.width, seen.height))
                     self.assertEqual(drawn.data, seen.data)
@@ -110,7 +110,7 @@ class CommandLine(base.WindowTest):
         self.program.no_dialog()
         wait_for(lambda: (window / "plan-htop.pdf").exists(), "the last plan")
         plans = [word for plan in PLANS for word in ("--plan", plan)]
-        self.export(line / "plan.pdf", project, *plans, "--size", self.size(), *words)
+        self.export(line / "plan.pdf", project, *plans, "--size", self.drawing_size(), *words)
         self.same_files(window, line, drawing_of)
 
     def test_plans_to_be_taped(self):

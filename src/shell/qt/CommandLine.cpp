@@ -3,12 +3,14 @@
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImageWriter>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 #include <memory>
 
 #include <unistd.h>
 
+#include "output/Progress.h"
 #include "shell/Arguments.h"
 #include "shell/BatchExport.h"
 #include "shell/ExportTools.h"
@@ -46,6 +48,33 @@ private:
     ImageSurface surface_;
 };
 
+/// Keeps signals that end a program waiting until an unfinished file is out of the way. They take
+/// their course when this goes.
+class Interruption : public Progress {
+public:
+    Interruption() {
+        sigemptyset(&awaited_);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) sigaddset(&awaited_, signal);
+        sigprocmask(SIG_BLOCK, &awaited_, &former_);
+    }
+    ~Interruption() override { sigprocmask(SIG_SETMASK, &former_, nullptr); }
+    Interruption(const Interruption&) = delete;
+    Interruption& operator=(const Interruption&) = delete;
+
+    bool step(long long /*done*/, long long /*total*/) override { return stillAtWork(); }
+    bool stillAtWork() override {
+        sigset_t pending;
+        sigpending(&pending);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            if (sigismember(&pending, signal) == 1) return false;
+        return true;
+    }
+
+private:
+    sigset_t awaited_{};
+    sigset_t former_{};
+};
+
 class QtExportTools : public ExportTools {
 public:
     QtExportTools() : terminal_(isatty(STDERR_FILENO) == 1) {}
@@ -57,9 +86,9 @@ public:
     }
     std::unique_ptr<PrinterSurface> printer(const std::string& file,
                                             const ExportRequest& request) override {
-        return std::make_unique<PdfSurface>(file, request.sheet, request.landscape);
+        return std::make_unique<PdfSurface>(file, request.paper, request.landscape);
     }
-    Progress* watcher() override { return nullptr; }
+    Progress* watcher() override { return &interruption_; }
 
     void next(std::size_t number, std::size_t total, const std::string& project) override {
         if (!terminal_) return;
@@ -71,16 +100,24 @@ public:
     }
 
 private:
+    Interruption interruption_;
     QtPictures pictures_;
     bool terminal_;
 };
 
-/// Fonts are the toolkit's own matter and need its application, on a screen that is none.
+/// Fonts are the toolkit's own matter and need its application, on a screen that is none. What it
+/// misses of a desktop meanwhile is of no use to anybody here.
 class FontsWithoutScreen {
 public:
-    FontsWithoutScreen() : application_(count_, words_) {}
+    FontsWithoutScreen() : former_(qInstallMessageHandler(passOver)), application_(count_, words_) {
+        qInstallMessageHandler(former_);
+    }
 
 private:
+    static void passOver(QtMsgType /*type*/, const QMessageLogContext& /*context*/,
+                         const QString& /*text*/) {}
+
+    QtMessageHandler former_;
     char name_[6] = "velna";
     char option_[10] = "-platform";
     char platform_[10] = "offscreen";
@@ -93,6 +130,9 @@ int runExports(const ExportRequest& request) {
     std::unique_ptr<FontsWithoutScreen> fonts;
     if (request.kind == ExportKind::Plans && request.plans.overlap)
         fonts = std::make_unique<FontsWithoutScreen>();
+    // The toolkit writes a PNG by itself; the plugins that it would ask first take longer than
+    // that.
+    if (request.kind == ExportKind::Picture) QCoreApplication::setLibraryPaths({});
     QtExportTools tools;
     return exportProjects(request, tools);
 }
@@ -100,8 +140,14 @@ int runExports(const ExportRequest& request) {
 }  // namespace
 
 int runWithoutWindow(const Arguments& arguments) {
-    return arguments.wish == Arguments::Wish::Export ? runExports(arguments.exports)
-                                                     : answer(arguments);
+    switch (arguments.wish) {
+        case Arguments::Wish::Export:
+            return runExports(arguments.exports);
+        case Arguments::Wish::Info:
+            return tellFigures(arguments.info);
+        default:
+            return answer(arguments);
+    }
 }
 
 }  // namespace velna

@@ -30,8 +30,8 @@ private:
     ReplacedFile& file_;
 };
 
-QPageLayout layoutOf(const SheetSize& sheet, bool landscape) {
-    const QPageSize size(QSizeF(sheet.width, sheet.height), QPageSize::Millimeter, {},
+QPageLayout layoutOf(const PaperSize& paper, bool landscape) {
+    const QPageSize size(QSizeF(paper.width, paper.height), QPageSize::Millimeter, {},
                          QPageSize::ExactMatch);
     QPageLayout layout(size, landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
                        QMarginsF(margin, margin, margin, margin));
@@ -41,8 +41,8 @@ QPageLayout layoutOf(const SheetSize& sheet, bool landscape) {
 
 }  // namespace
 
-PdfSurface::PdfSurface(std::string target, const SheetSize& sheet, bool landscape)
-    : target_(std::move(target)), layout_(layoutOf(sheet, landscape)) {
+PdfSurface::PdfSurface(std::string target, const PaperSize& paper, bool landscape)
+    : target_(std::move(target)), layout_(layoutOf(paper, landscape)) {
     readPaper(layout_, resolution);
 }
 

@@ -17,7 +17,7 @@ namespace velna {
 class PdfSurface : public PagedSurface {
 public:
     /// Each job gets a file named after `target` and itself.
-    PdfSurface(std::string target, const SheetSize& sheet, bool landscape);
+    PdfSurface(std::string target, const PaperSize& paper, bool landscape);
     ~PdfSurface() override;
 
     void StartDoc(const std::string& name, Progress* watcher) override;
