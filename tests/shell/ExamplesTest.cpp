@@ -56,7 +56,9 @@ TEST_P(Examples, PrintsEveryPlan) {
     const bool inInches = std::string(GetParam()) == "sport_inches";
     RecordingPrinter printer(inInches ? 7.5 : 190, inInches ? 10 : 277);
     dialogs.inPrintSelect = [] {
-        program.PrintSelect = {true, true, true, true, true, false, false};
+        PrintSelectRecord& plans = program.PrintSelect;
+        plans.Side = plans.htop = plans.frontSections = plans.vtop = plans.front = true;
+        plans.cancel = false;
     };
     dialogs.printers = {&printer};
     program.toolbar.click(Key::Print);
