@@ -112,6 +112,7 @@ class Installed(Program):
         self.folder = system.root / (system.home if user == "flyer" else "root")
         self.folder.mkdir(exist_ok=True)
         self.socket = self.folder / "probe"
+        self.socket.unlink(missing_ok=True)
         self.log = system.root / f"{user}.txt"
         self.command = system.command(user)
         self.env = {name: screen.env[name] for name in ("DISPLAY", "LC_ALL", "LIBGL_ALWAYS_SOFTWARE")}
@@ -224,7 +225,7 @@ class InstalledPackage(base.WindowTest):
         if type(self.system) is UnpackedTree:
             self.skipTest("the fonts are the machine's own")
         self.without("usr/share/fonts")
-        self.assertEqual(self.started().quit(), 0)
+        self.assertEqual(self.started(self.system.root / GLIDER).quit(), 0)
 
     def test_5_without_a_driver_it_says_what_it_lacks(self):
         if type(self.system) is UnpackedTree:
