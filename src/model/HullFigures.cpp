@@ -1,6 +1,7 @@
 #include "model/HullFigures.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "model/MeshSections.h"
@@ -17,17 +18,26 @@ struct Bay {
     double volume = 0;
 };
 
-/// The length of a vector. Where the squares would vanish, the slower way keeps them.
+/// The length of a vector. Where the squares would vanish or overflow, the slower way keeps them.
 double size(double x, double y, double z) {
     constexpr double smallest = 1e-280;
     const double squares = x * x + y * y + z * z;
-    return squares > smallest ? std::sqrt(squares) : std::hypot(x, y, z);
+    constexpr double largest = 1e300;
+    const bool safe = squares > smallest && squares < largest;
+    return safe ? std::sqrt(squares) : std::hypot(x, y, z);
+}
+
+/// The nearest double, or an infinity.
+double rounded(Real value) {
+    if (isFigure(value)) return static_cast<double>(value);
+    return std::copysign(std::numeric_limits<double>::infinity(), value < 0 ? -1.0 : 1.0);
 }
 
 /// The surface between `front` and `rear`, whose lowest point stands `rise` higher, `length` apart.
 /// The volume is the integral of the distance from an axis near the hull over the surface
 /// (B. Mirtich, "Fast and Accurate Computation of Polyhedral Mass Properties", 1996, for a
 /// polyhedron whose ends are square to that axis): they add nothing, and no place along it counts.
+/// Nor does `rise`: it shears the bay, which leaves the volume.
 Bay bayBetween(const SectionRing::Points& front, const SectionRing::Points& rear, double rise,
                double length) {
     Bay bay;
@@ -38,10 +48,11 @@ Bay bayBetween(const SectionRing::Points& front, const SectionRing::Points& rear
     for (std::size_t j = 0; j + 1 < front.y.size(); ++j) {
         const double y1 = front.y[j], z1 = front.z[j];
         const double y2 = front.y[j + 1], z2 = front.z[j + 1];
-        const double y3 = rear.y[j], z3 = rear.z[j] + rise;
-        const double y4 = rear.y[j + 1], z4 = rear.z[j + 1] + rise;
-        bay.area += twiceArea(y2 - y1, z2 - z1, y4 - y1, z4 - z1, y2 - y1, z2 - z1) +
-                    twiceArea(y4 - y1, z4 - z1, y3 - y1, z3 - z1, y4 - y3, z4 - z3);
+        const double y3 = rear.y[j], z3 = rear.z[j];
+        const double y4 = rear.y[j + 1], z4 = rear.z[j + 1];
+        const double up3 = z3 - z1 + rise, up4 = z4 - z1 + rise;
+        bay.area += twiceArea(y2 - y1, z2 - z1, y4 - y1, up4, y2 - y1, z2 - z1) +
+                    twiceArea(y4 - y1, up4, y3 - y1, up3, y4 - y3, z4 - z3);
         bay.volume += (z2 - z1) * (y1 + y2 + y4) - (y2 - y1) * (z1 + z2 + z4) +
                       (z4 - z3) * (y1 + y3 + y4) - (y4 - y3) * (z1 + z3 + z4);
     }
@@ -109,7 +120,7 @@ Surface surfaceOf(const MeshSections& body, Real scale) {
     SectionRing::Points front;
     SectionRing::Points rear;
     const auto step = [&](const Array1<double>& values, int k, int before) {
-        return static_cast<double>((Real{values(k)} - values(before)) / scale);
+        return rounded((Real{values(k)} - values(before)) / scale);
     };
     ring.collect(1, front);
     Surface surface;

@@ -13,7 +13,6 @@ Real SectionRing::scaleOf(const MeshSections& body) {
 
 Real SectionRing::scaleOf(const MeshSections& body, int first, int last) {
     Real most = 0;
-    const int from = body.storageIndex(first);
     const auto note = [&most](Real size) { most = std::max(most, std::abs(size)); };
     for (int i = first; i <= last; ++i) {
         const int k = body.storageIndex(i);
@@ -21,8 +20,6 @@ Real SectionRing::scaleOf(const MeshSections& body, int first, int last) {
         note(body.width(k));
         note(bias * body.height(k));
         note((bias - 1) * body.height(k));
-        note(Real{body.pos(k)} - body.pos(from));
-        note(Real{body.elevation(k)} - body.elevation(from));
     }
     int exponent = 0;
     std::frexp(most, &exponent);

@@ -20,8 +20,8 @@ public:
         std::vector<double> z;
     };
 
-    /// A power of 2 of the size of the body: with lengths by it, products neither overflow nor
-    /// vanish.
+    /// A power of 2 of the size of the body's largest outline: with lengths by it, products neither
+    /// overflow nor vanish.
     static Real scaleOf(const MeshSections& body);
     /// The same for the sections in ordered places `first` to `last` alone.
     static Real scaleOf(const MeshSections& body, int first, int last);

@@ -84,6 +84,8 @@ TEST_F(HullFiguresTest, AShearedPrismKeepsItsVolume) {
     const double volume = *figures().volume;
     setSections({{0, 60, 40, 0}, {100, 60, 40, 0}, {200, 60, 40, 0}}, 8);
     EXPECT_NEAR(volume, *figures().volume, 1e-10);
+    setSections({{0, 60, 40, 0}, {100, 60, 40, 1e14}, {200, 60, 40, -1e250}}, 8);
+    EXPECT_NEAR(volume, *figures().volume, 1e-10);
 }
 
 TEST_F(HullFiguresTest, WarpedBaysAreCutAsTheModelIs) {

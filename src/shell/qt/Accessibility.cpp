@@ -5,6 +5,7 @@
 
 #include "shell/qt/Bar.h"
 #include "shell/qt/DrawArea.h"
+#include "shell/qt/FiguresWindow.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/MainWindow.h"
 #include "shell/qt/OutlinePicture.h"
@@ -30,7 +31,8 @@ private:
 };
 
 QAccessible::Role roleOf(const QWidget& widget) {
-    if (dynamic_cast<const MainWindow*>(&widget) || dynamic_cast<const HelpWindow*>(&widget))
+    if (dynamic_cast<const MainWindow*>(&widget) || dynamic_cast<const HelpWindow*>(&widget) ||
+        dynamic_cast<const FiguresWindow*>(&widget))
         return QAccessible::Window;
     if (dynamic_cast<const SurfaceWidget*>(&widget)) return QAccessible::Canvas;
     if (dynamic_cast<const OutlinePicture*>(&widget)) return QAccessible::Graphic;
