@@ -38,6 +38,7 @@ ROWS = [
     ("history", "historyNoStep", "compareAlone", 1.2),
     ("output", "vrmlExport/1000000/process_time", "vrmlBareLoop/process_time", 1.3),
     ("output", "dxfFrontExport/1000000/process_time", "dxfBareLoop/process_time", 1.3),
+    ("solid", "stlWrite/process_time", "stlBareLoop/process_time", 1.7),
     ("plan", "planFront/400000/process_time", "planBare/400000/process_time", 1.2),
     ("plan", "planWatched/400000/process_time", "planFront/400000/process_time", 1.05),
     ("output", "vrmlWatched/400000/process_time", "vrmlExport/400000/process_time", 1.05),
@@ -73,7 +74,7 @@ HELD_UP = {
 }
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "figures", "growth", "views", "scene", "live", "picture", "history", "output", "plan", "project", "recovery", "raster"]
+PROGRAMS = ["mesh", "figures", "growth", "views", "scene", "live", "picture", "history", "output", "solid", "plan", "project", "recovery", "raster"]
 
 
 def run(build, program):

@@ -144,6 +144,14 @@ void ReplacedFile::append(std::string_view text) {
     write(text);
 }
 
+void ReplacedFile::overwrite(std::size_t at, std::string_view bytes) {
+    flush();
+    if (!error_.empty()) return;
+    const bool there = ::lseek(descriptor_, static_cast<off_t>(at), SEEK_SET) >= 0;
+    if (there) write(bytes);
+    if (!there || ::lseek(descriptor_, 0, SEEK_END) < 0) fail();
+}
+
 void ReplacedFile::sweepFolderOf(const std::string& target) {
     const std::string folder = folderOf(target);
     if (swept_ == folder) return;

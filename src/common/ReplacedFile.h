@@ -28,6 +28,10 @@ public:
     /// Appends `text`; what is large goes into the file at once.
     void append(std::string_view text);
 
+    /// Puts `bytes` in the place of as many from byte `at` on, which have been appended before: a
+    /// count that is known only at the end.
+    void overwrite(std::size_t at, std::string_view bytes);
+
     /// Writes a further new file of these bytes, to take the place of `target` (a link there is
     /// replaced) together with this one; the same target given again gets the later bytes. A
     /// failure is this file's failure.

@@ -11,6 +11,10 @@ struct PictureStore;
 struct Project;
 struct Solids;
 
+/// How a model is spelt: as it always was, where a box's size stands without a blank behind its
+/// word, or with that blank, which some readers ask for.
+enum class VrmlSpelling { Usual, Strict };
+
 /// Files for other programs. Each is cancelled where `watcher` says so, or failed with a reason; in
 /// both cases the old file stands whole.
 namespace Plane {
@@ -19,7 +23,8 @@ namespace Plane {
 /// shown has none. The last fuselage is current afterwards. Failed too where only a picture could
 /// not be put beside it.
 Outcome exportVRML(Project& project, const Solids& solids, const std::string& file,
-                   PictureStore& pictures, Progress* watcher = nullptr);
+                   PictureStore& pictures, Progress* watcher = nullptr,
+                   VrmlSpelling spelling = VrmlSpelling::Usual);
 
 /// The drawings of the four views, in the project's unit.
 Outcome exportDXFVTop(const Project& project, const std::string& file, Progress* watcher = nullptr);

@@ -349,6 +349,7 @@ void writeVrmlFuselage(Target& target, const MeshSections& fuselage, const BodyS
 void writeVrmlBox(Target& target, const Point3D& size) {
     lines(target, {"        geometry  Box ", "        {"});
     target.file.append("          size");
+    if (target.spelling == VrmlSpelling::Strict) target.file.append(" ");
     coordinates(target, size);
     lines(target, {"", "        }"});
 }

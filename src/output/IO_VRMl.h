@@ -6,6 +6,7 @@
 
 #include "common/Point.h"
 #include "common/ReplacedFile.h"
+#include "output/Exports.h"
 #include "output/Progress.h"
 #include "output/Rows.h"
 
@@ -31,6 +32,7 @@ struct Target {
     ReplacedFile& file;
     Rows& rows;
     Work& work;
+    VrmlSpelling spelling = VrmlSpelling::Usual;
 };
 
 /// The sides of a wing, whose texture coordinates have opposite signs.

@@ -161,13 +161,13 @@ Expected expected(const Project& project, const Solids& solids) {
 }  // namespace
 
 Outcome exportVRML(Project& project, const Solids& solids, const std::string& file,
-                   PictureStore& store, Progress* watcher) {
+                   PictureStore& store, Progress* watcher, VrmlSpelling spelling) {
     ReplacedFile output(file);
     if (!output.error().empty()) return Outcome::failed(output.error());
     const Expected size = expected(project, solids);
     Work work(watcher, size.lines);
     Rows rows(output, size.points);
-    Target target{output, rows, work};
+    Target target{output, rows, work, spelling};
     PictureCopies pictures(output, file, IO_VRMl::picturesIn, project, store);
 
     IO_VRMl::writeVrmlHeader(target);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editor/Window.h"
+#include "output/SolidExport.h"
 
 namespace velna {
 
@@ -40,6 +41,8 @@ public:
     /// Appends the chosen kind's extension to a name that ends in none of the kinds'; asks before
     /// overwriting.
     virtual FileAnswer saveFile(const std::string& filter) = 0;
+    /// What is wished of a file of solids; nothing when cancelled.
+    virtual std::optional<SolidOptions> askSolidOptions(const SolidOptions& preset) = 0;
     /// Nothing when cancelled. A colour is a 24-bit value with red in the low byte.
     virtual std::optional<std::uint32_t> pickColour(std::uint32_t preset) = 0;
     virtual bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) = 0;

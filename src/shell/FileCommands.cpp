@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -11,7 +12,6 @@
 #include "editor/HistoryStep.h"
 #include "editor/ModelChange.h"
 #include "model/Plane.h"
-#include "output/Exports.h"
 #include "persistence/AirfoilFiles.h"
 #include "persistence/ProjectFile.h"
 #include "shell/DroppedFiles.h"
@@ -26,13 +26,15 @@ constexpr const char* openFilter =
     "Velna Project (*.vln)|*.vln|Airfoil (*.xy)|*.xy|Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|"
     "Airfoil in any order (*.dat)|*.dat;*.txt;*.cor|";
 constexpr const char* saveFilter =
-    "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf";
+    "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf"
+    "|STL for printing (*.stl)|*.stl|3MF for printing (*.3mf)|*.3mf|OBJ Model (*.obj)|*.obj"
+    "|glTF Model (*.glb)|*.glb|VRML2.0 for strict readers (*.wrl)|*.wrl";
 
 /// The kinds of file in the order of each filter, counted from 1.
 constexpr std::array openKinds{OpenedKind::Project, OpenedKind::Airfoil, OpenedKind::Picture,
                                OpenedKind::AnyAirfoil};
 namespace Saved {
-enum { project = 1, model, drawing };
+enum { project = 1, model, drawing, stl, threeMf, obj, glb, strictModel };
 }
 
 void updateList(Project& project) {
@@ -129,18 +131,38 @@ void FileCommands::saveProjectAs(const std::string& file) {
 /// The model. That the export shows hidden fuselages is no work of the user's to be saved, and it
 /// leaves the last fuselage current: the panel must not edit it under the numbers of another. What
 /// was hidden has no outline of this view yet: the view is drawn again.
-Outcome FileCommands::exportModel(const std::string& file) {
+Outcome FileCommands::exportModel(const std::string& file, VrmlSpelling spelling) {
     const bool saved = main.savedProject;
     // A hidden fuselage has no solid. All are built anew, so that the file holds the aircraft as it
     // is now, and whole.
     main.showAll();
     solids.createAll(main.project);
-    const Outcome outcome = Plane::exportVRML(main.project, solids, file, pictures, ports.progress);
+    const Outcome outcome =
+        Plane::exportVRML(main.project, solids, file, pictures, ports.progress, spelling);
     main.history.amend(main.project);
     main.updateFuselageInterface();
     main.redrawAtSameScale();
     main.savedProject = saved;
     return outcome;
+}
+
+/// The solids to print or to look at; of a file for each part those that would be replaced are
+/// asked about.
+Outcome FileCommands::exportSolids(const std::string& file, SolidFormat format) {
+    const auto wished = ports.dialogs->askSolidOptions(solidOptions);
+    if (!wished) return Outcome::cancelled();
+    solidOptions = *wished;
+    std::string replaced;
+    if (wished->each) {
+        for (const std::string& part : Plane::solidFiles(main.project, format, *wished, file))
+            if (std::filesystem::exists(std::filesystem::symlink_status(part)))
+                replaced += titleOf(part) + "\n";
+    }
+    if (!replaced.empty() && !ports.dialogs->askYesNo("These files will be replaced:\n" + replaced +
+                                                          "Do you want to proceed ?",
+                                                      BoxIcon::Exclamation, false))
+        return Outcome::cancelled();
+    return Plane::exportSolids(main.project, format, *wished, file, pictures, ports.progress);
 }
 
 /// The drawing of the view on screen, which is drawn again.
@@ -246,6 +268,26 @@ void FileCommands::saveAgain() {
     main.projectName.empty() ? save() : saveProjectAs(main.projectName);
 }
 
+/// `kind` is one of the save dialog's, and no project.
+Outcome FileCommands::exportAs(int kind, const std::string& file) {
+    switch (kind) {
+        case Saved::model:
+            return exportModel(file, VrmlSpelling::Usual);
+        case Saved::strictModel:
+            return exportModel(file, VrmlSpelling::Strict);
+        case Saved::stl:
+            return exportSolids(file, SolidFormat::Stl);
+        case Saved::threeMf:
+            return exportSolids(file, SolidFormat::ThreeMf);
+        case Saved::obj:
+            return exportSolids(file, SolidFormat::Obj);
+        case Saved::glb:
+            return exportSolids(file, SolidFormat::Glb);
+        default:
+            return exportView(file);
+    }
+}
+
 void FileCommands::save() {
     const FileAnswer answer = ports.dialogs->saveFile(saveFilter);
     if (answer.file.empty()) return;
@@ -253,14 +295,14 @@ void FileCommands::save() {
         saveProjectAs(answer.file);
         return;
     }
-    const bool model = answer.filterIndex == Saved::model;
-    const Outcome outcome = model ? exportModel(answer.file) : exportView(answer.file);
+    const Outcome outcome = exportAs(answer.filterIndex, answer.file);
     if (!outcome.hasFailed()) return;
     // A model stands without the pictures that could not be read.
-    reportFailure(
-        *ports.dialogs,
-        model ? titleOf(answer.file) + " could not be exported completely." : "The export failed.",
-        outcome.reason());
+    reportFailure(*ports.dialogs,
+                  answer.filterIndex == Saved::drawing
+                      ? "The export failed."
+                      : titleOf(answer.file) + " could not be exported completely.",
+                  outcome.reason());
 }
 
 }  // namespace velna

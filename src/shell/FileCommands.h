@@ -5,6 +5,8 @@
 
 #include "common/Outcome.h"
 #include "editor/Main.h"
+#include "output/Exports.h"
+#include "output/SolidExport.h"
 #include "preview/PictureCopies.h"
 #include "preview/Rendering.h"
 #include "shell/AirfoilCommands.h"
@@ -27,6 +29,7 @@ struct FileCommands {
     RecentFiles& recent;
     AirfoilCommands& airfoils;
     const ShellPorts& ports;
+    SolidOptions solidOptions = {};  ///< as they were last wished
 
     /// Resets to the default aircraft, after a question.
     void newProject();
@@ -63,7 +66,9 @@ private:
     void openWingAirfoil(const std::string& file);
     void openTexture(const std::string& file);
     void saveProjectAs(const std::string& file);
-    Outcome exportModel(const std::string& file);
+    Outcome exportModel(const std::string& file, VrmlSpelling spelling);
+    Outcome exportSolids(const std::string& file, SolidFormat format);
+    Outcome exportAs(int kind, const std::string& file);
     Outcome exportView(const std::string& file);
     void showModel();
 };

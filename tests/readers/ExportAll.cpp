@@ -1,5 +1,5 @@
-// Exports projects as the program does, without a window: the model and the drawings of the four
-// views.
+// Exports projects as the program does, without a window: the model, the drawings of the four
+// views, and the solids to print.
 //   velna_export_all FOLDER PROJECT...
 
 #include <algorithm>
@@ -16,6 +16,7 @@
 #include "model/Plane.h"
 #include "model/Solids.h"
 #include "output/Exports.h"
+#include "output/SolidExport.h"
 #include "persistence/ProjectFile.h"
 #include "preview/Bitmap.h"
 #include "preview/PictureCopies.h"
@@ -114,6 +115,11 @@ bool exportProject(const std::string& file, const std::string& folder, PictureSt
                                    Plane::exportDXFHTop(project, stem + ".HTop.dxf"),
                                    Plane::exportVRML(project, solids, stem + ".wrl", pictures)})
         if (failure.empty()) failure = outcome.reason();
+    for (const char* kind : {".stl", ".3mf", ".obj", ".glb"}) {
+        const Outcome outcome =
+            Plane::exportSolids(project, *solidFormatOf(kind), {}, stem + kind, pictures);
+        if (failure.empty()) failure = outcome.reason();
+    }
     if (!failure.empty()) std::cerr << file << ": " << failure << '\n';
     return failure.empty();
 }

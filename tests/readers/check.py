@@ -17,6 +17,8 @@ import shutil
 import subprocess
 import sys
 
+import solids
+
 LIMIT = 60  # seconds for one call of a reader
 HERE = os.path.dirname(os.path.abspath(__file__))
 
@@ -256,7 +258,10 @@ def main(build, expected, projects):
         copy = readable_copy(path, copies)
         read_by_coin(copy, os.path.join(build, "velna_coin_reader"), counts)
         read_by_tovrmlx3d(copy, counts)
-    read_by_three(models, install_three(build), counts_of)
+    modules = install_three(build)
+    read_by_three(models, modules, counts_of)
+    bodies = solids.read_all(finding, call, build, exports, modules, os.path.join(HERE, "solids.js"))
+    expect_equal(exports, "the folder", bodies, len(solids.WRITTEN) * len(projects))
     for path in drawings:
         layers = written_drawing(path)
         read_by_ezdxf(path, layers)
@@ -264,7 +269,7 @@ def main(build, expected, projects):
         read_by_gdal(path, layers)
 
     total = sum(counts_of.values(), collections.Counter())
-    print(f"{len(models)} models: {dict(total)}; {len(drawings)} drawings; {len(findings)} findings")
+    print(f"{len(models)} models: {dict(total)}; {len(drawings)} drawings; {bodies} files of solids; {len(findings)} findings")
     print("\n".join(findings))
     return 1 if findings or not models or not drawings else 0
 

@@ -363,8 +363,8 @@ TEST_F(FileCommands, TheDialogsOfferTheKindsInTheirOrder) {
               "Texture Image (*.bmp;*.jpg)|*.bmp;*.jpg|"
               "Airfoil in any order (*.dat)|*.dat;*.txt;*.cor|");
     program.toolbar.click(Key::Save);
-    EXPECT_EQ(dialogs.asked.back().text,
-              "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf");
+    EXPECT_TRUE(dialogs.asked.back().text.starts_with(
+        "Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|DXF Format (*.dxf)|*.dxf|"));
 }
 
 TEST_F(FileCommands, AnExportThatShowsAHiddenFuselageIsNoChangeToBeSaved) {

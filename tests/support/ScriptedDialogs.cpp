@@ -34,6 +34,12 @@ FileAnswer ScriptedDialogs::saveFile(const std::string& filter) {
     return next(files, "save dialog", FileAnswer{});
 }
 
+std::optional<SolidOptions> ScriptedDialogs::askSolidOptions(const SolidOptions& preset) {
+    const std::string ticked = std::string(preset.each ? "each" : "") + (preset.cut ? "cut" : "");
+    asked.push_back({"solids", ticked, {}});
+    return next(solidOptions, "options of solids", std::optional<SolidOptions>{});
+}
+
 std::optional<std::uint32_t> ScriptedDialogs::pickColour(std::uint32_t preset) {
     asked.push_back({"colour", {}, {}, BoxIcon::Information, false, preset});
     return next(colours, "colour dialog", std::optional<std::uint32_t>{});

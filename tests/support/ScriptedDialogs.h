@@ -14,8 +14,8 @@ namespace velna::test {
 class ScriptedDialogs : public Dialogs {
 public:
     struct Asked {
-        std::string kind;  ///< "open", "save", "colour", "yesno", "leftwork", "message", "text",
-                           ///< "naca", "printer", a form's name
+        std::string kind;  ///< "open", "save", "solids", "colour", "yesno", "leftwork", "message",
+                           ///< "text", "naca", "printer", a form's name
         std::string text;  ///< filter, question, prompt
         std::string title;
         BoxIcon icon = BoxIcon::Information;
@@ -27,6 +27,7 @@ public:
 
     // the script, used from the front
     std::deque<FileAnswer> files;
+    std::deque<std::optional<SolidOptions>> solidOptions;
     std::deque<std::optional<std::uint32_t>> colours;
     std::deque<bool> yesNo;
     std::deque<LeftWorkAnswer> leftWork;
@@ -40,6 +41,7 @@ public:
 
     FileAnswer openFile(const std::string& filter) override;
     FileAnswer saveFile(const std::string& filter) override;
+    std::optional<SolidOptions> askSolidOptions(const SolidOptions& preset) override;
     std::optional<std::uint32_t> pickColour(std::uint32_t preset) override;
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     LeftWorkAnswer askLeftWork(const std::string& text) override;

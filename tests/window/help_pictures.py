@@ -92,6 +92,12 @@ def take(camera):
         camera.dialog(name, title)
         program.click(end)
         program.no_dialog()
+    program.click("Save")
+    program.choose_file(camera.raw.parent / "glider.3mf", "3MF")
+    program.dialog("Solids")
+    camera.dialog("solids", "Solids")
+    program.click("CancelCommand")
+    program.no_dialog()
     print_plans(program, ["CheckSide"], camera.raw.parent / "plan.pdf")
     program.no_dialog()
     plan = camera.raw.parent / "plan-side.pdf"

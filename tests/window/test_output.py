@@ -54,6 +54,30 @@ class Output(base.WindowTest):
                 self.program.save(file, "DXF")
                 self.assertEqual(file.read_bytes(), expected(f"{view}.dxf"))
 
+    def test_solids_are_written_in_one_file_or_a_file_a_part(self):
+        file = self.program.folder / "plane.stl"
+        self.program.save(file, "STL", settle=False)
+        self.program.dialog("Solids")
+        self.take("solids", self.program.dialog())
+        self.program.click("SaveCommand")
+        self.program.no_dialog()
+        wait_for(file.exists, "the solids")
+        self.assertEqual(file.stat().st_size, 84 + 50 * int.from_bytes(file.read_bytes()[80:84], "little"))
+        parts = self.program.folder / "parts.glb"
+        self.program.save(parts, "glTF", settle=False)
+        self.program.dialog("Solids")
+        self.program.click("CheckEach")
+        self.program.click("SaveCommand")
+        self.program.no_dialog()
+        wait_for((self.program.folder / "parts-servo-1.glb").exists, "the last part")
+        self.assertFalse(parts.exists())
+        self.assertEqual((self.program.folder / "parts-wing-1-left.glb").read_bytes()[:4], b"glTF")
+
+    def test_the_model_for_strict_readers_has_its_blank(self):
+        file = self.program.folder / "plane.wrl"
+        self.program.save(file, "VRML2.0 for strict")
+        self.assertEqual(file.read_bytes(), expected("wrl").replace(b"          size30", b"          size 30"))
+
     def test_a_cancel_prints_nothing_and_leaves_the_view(self):
         self.program.click("Side")
         self.program.click("Print")

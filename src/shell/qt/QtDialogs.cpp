@@ -23,6 +23,7 @@
 #include "shell/qt/PrintSelectForm.h"
 #include "shell/qt/QtPrinterSurface.h"
 #include "shell/qt/SaveDialog.h"
+#include "shell/qt/SolidOptionsForm.h"
 
 namespace velna {
 namespace {
@@ -166,6 +167,12 @@ FileAnswer QtDialogs::ask(QFileDialog& dialog, SaveDialog* saving, const std::st
     answer.file = file.toStdString();
     folders_.remember(purposeNow(), QFileInfo(file).absolutePath().toStdString());
     return answer;
+}
+
+std::optional<SolidOptions> QtDialogs::askSolidOptions(const SolidOptions& preset) {
+    SolidOptionsForm form(preset, &owner_);
+    if (form.exec() != QDialog::Accepted) return std::nullopt;
+    return form.options();
 }
 
 std::optional<std::uint32_t> QtDialogs::pickColour(std::uint32_t preset) {

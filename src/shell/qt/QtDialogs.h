@@ -28,6 +28,7 @@ public:
 
     FileAnswer openFile(const std::string& filter) override;
     FileAnswer saveFile(const std::string& filter) override;
+    std::optional<SolidOptions> askSolidOptions(const SolidOptions& preset) override;
     std::optional<std::uint32_t> pickColour(std::uint32_t preset) override;
     bool askYesNo(const std::string& text, BoxIcon icon, bool defaultYes) override;
     LeftWorkAnswer askLeftWork(const std::string& text) override;
