@@ -56,6 +56,7 @@ def take(camera):
     screen, program = camera.screen, camera.program
     area = program.get("DrawArea")
     strip_and_tracing(camera, area)
+    take_figures(camera)
     camera.open("trainer.vln")
     pane = program.picture()
     x, y = pane.middle
@@ -78,12 +79,6 @@ def take(camera):
     screen.key("Escape")
     bar, redo = program.get("Bar"), program.get("Redo")
     camera.keep("undo", (bar.left, bar.top, redo.left + redo.width + 8, bar.height))
-    program.click("Figures")
-    window = program.get("FiguresWindow")
-    program.enter("FiguresMass", "1800")
-    program.enter("FiguresSpeed", "54")
-    camera.keep("figures", (window.left - 1, window.top - FRAME, window.width + 2, window.height + FRAME + 3), 32)
-    program.click("Figures")
     for button, name, title, end in (("Prefs", "preferences", "Preferences", "CancelCommand"),
                                      ("Manager", "manager", "Fuselage Manager", "CloseCommand"),
                                      ("Print", "print", "Select Views", "CancelCommand")):
@@ -148,6 +143,19 @@ def strip_and_tracing(camera, area):
     camera.keep("tracing", below, 32)
     screen.key("Escape")
     program.popup("ClearBitmap")
+
+
+def take_figures(camera):
+    """The window of figures of the aircraft of the start, with a mass and a speed."""
+    screen, program = camera.screen, camera.program
+    program.click("Figures")
+    window = program.get("FiguresWindow")
+    for name, text in (("FiguresMass", "1800"), ("FiguresSpeed", "54")):
+        screen.click(*program.get(name).middle)
+        wait_for(lambda: program.get(name).active, f"the focus in {name}")
+        screen.type(text)
+    camera.keep("figures", (window.left - 1, window.top - FRAME, window.width + 2, window.height + FRAME + 3), 32)
+    screen.key("Escape")
 
 
 def menu_beside(camera, key, arrow, name):
