@@ -43,7 +43,8 @@ void writeAll(const std::string& source, const test::TemporaryFolder& folder) {
     EXPECT_EQ(Plane::exportDXFSide(aircraft, folder / "a.Side.dxf"), Outcome());
     EXPECT_EQ(Plane::exportDXFHTop(aircraft, folder / "a.HTop.dxf"), Outcome());
     QtPrinterSurface printer(pdfPrinter(folder / "plan.pdf"));
-    const PrintSelectRecord all{true, true, true, true, true, false, false};
+    PrintSelectRecord all;
+    all.Side = all.htop = all.frontSections = all.vtop = all.front = true;
     EXPECT_EQ(Plans::printPlans(aircraft, all, {printer, {900, 500}}), Outcome());
 }
 
