@@ -41,7 +41,7 @@ Outcome takeKind(ExportRequest& request, bool told) {
 Outcome takePlans(ExportRequest& request) {
     for (const PlanName& plan : request.planNames) {
         const bool onPaper = request.kind == ExportKind::Plans;
-        if (onPaper ? !plan.tick : !plan.cut)
+        if (!onPaper && !plan.cut)
             return Outcome::failed("--plan " + std::string(plan.name) + " makes no sense for " +
                                    ending(request));
         if (!onPaper && request.cut)

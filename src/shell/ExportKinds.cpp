@@ -32,7 +32,7 @@ Outcome writeModel(const ExportJob& job) {
 
 Outcome writeCutPlan(const ExportJob& job, CutFormat format) {
     const ExportRequest& request = job.request;
-    return saveCutPlan(job.project, *request.cut, format, request.wishes, job.file, job.words,
+    return saveCutPlan(job.project, *request.cut, format, request.plans.wishes, job.file, job.words,
                        job.tools.watcher());
 }
 
@@ -44,7 +44,10 @@ Outcome writeDrawing(const ExportJob& job) {
 Outcome writePlans(const ExportJob& job) {
     const auto printer = job.tools.printer(job.file, job.request);
     return Plans::printPlans(job.project, job.request.plans,
-                             {*printer, job.request.size, job.tools.watcher()});
+                             {.printer = *printer,
+                              .area = job.request.size,
+                              .watcher = job.tools.watcher(),
+                              .words = &job.words});
 }
 
 Outcome writeBytes(const std::string& file, const std::string& bytes) {

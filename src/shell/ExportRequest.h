@@ -22,11 +22,11 @@ struct PaperSize {
     bool named = true;  ///< upright, and can be turned; else it lies as it was typed
 };
 
-/// A plan by its name on the command line: on paper, to be cut, or both.
+/// A plan by its name on the command line.
 struct PlanName {
     std::string_view name;
-    bool PrintSelectRecord::*tick;  ///< null where it is for no paper
-    std::optional<CutPlan> cut;
+    bool PrintSelectRecord::*tick;  ///< on paper
+    std::optional<CutPlan> cut;     ///< where it can be cut, too
 };
 
 /// What `velna --export` is asked for.
@@ -38,9 +38,8 @@ struct ExportRequest {
     int fuselage = 1;                 ///< the current one
     SurfaceSize size{};               ///< of the drawing surface
     std::vector<PlanName> planNames;  ///< as they were typed
-    PrintSelectRecord plans;          ///< for paper: those plans, and whether they are to be taped
+    PrintSelectRecord plans;          ///< for paper: those plans; and how ribs are to be, anywhere
     std::optional<CutPlan> cut;       ///< for a drawing: that plan in place of a view
-    RibWishes wishes;                 ///< of what is cut
     PaperSize paper;
     bool landscape = false;  ///< the sheet is turned
 };

@@ -27,11 +27,13 @@ constexpr NamedView views[] = {{"top", ViewMode::VTop},
                                {"side", ViewMode::Side},
                                {"htop", ViewMode::HTop}};
 
-constexpr PlanName plans[] = {
-    {"side", &PrintSelectRecord::Side, {}}, {"sections", &PrintSelectRecord::frontSections, {}},
-    {"top", &PrintSelectRecord::vtop, {}},  {"front", &PrintSelectRecord::front, {}},
-    {"htop", &PrintSelectRecord::htop, {}}, {"wing", nullptr, CutPlan::wing},
-    {"ribs", nullptr, CutPlan::ribs}};
+constexpr PlanName plans[] = {{"side", &PrintSelectRecord::Side, {}},
+                              {"sections", &PrintSelectRecord::frontSections, {}},
+                              {"top", &PrintSelectRecord::vtop, {}},
+                              {"front", &PrintSelectRecord::front, {}},
+                              {"htop", &PrintSelectRecord::htop, {}},
+                              {"wing", &PrintSelectRecord::wing, CutPlan::wing},
+                              {"ribs", &PrintSelectRecord::ribs, CutPlan::ribs}};
 
 struct NamedPaper {
     std::string_view name;
@@ -171,13 +173,13 @@ Outcome takeTape(Arguments& arguments, const OptionRow& /*option*/, std::string_
 
 Outcome takeRibWish(Arguments& arguments, const OptionRow& option, std::string_view word) {
     const std::string_view name = std::string_view(option.name).substr(2);
-    const Outcome taken = velna::takeRibWish(arguments.exports.wishes, name, word);
+    const Outcome taken = velna::takeRibWish(arguments.exports.plans.wishes, name, word);
     if (taken.isDone()) return {};
     return Outcome::failed(std::string(option.name) + ": " + taken.reason());
 }
 
 Outcome takeEach(Arguments& arguments, const OptionRow& /*option*/, std::string_view /*word*/) {
-    arguments.exports.wishes.each = true;
+    arguments.exports.plans.wishes.each = true;
     return {};
 }
 

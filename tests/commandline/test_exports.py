@@ -136,6 +136,8 @@ class Exports(CommandLine):
         self.export("ribs.dxf", "--plan", "ribs", "--stations", "4", "--skin", "1.5", "--slot", "30,6,4,top", DEFAULT)
         self.export("wing.svg", "--plan", "wing", DEFAULT)
         self.assertEqual(self.names(), ["ribs.dxf", "wing.svg"])
+        self.done("--export", self.folder / "o.pdf", "--plan", "wing", "--plan", "ribs", "--skin", "1.5", DEFAULT)
+        self.assertEqual(self.names(), ["o-ribs.pdf", "o-wing.pdf", "ribs.dxf", "wing.svg"])
         self.export("each.dxf", "--plan", "ribs", "--stations", "4", "--each", DEFAULT)
         self.assertGreater(len(self.names()), 6)
 

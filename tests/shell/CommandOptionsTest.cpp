@@ -127,18 +127,24 @@ TEST(CommandOptions, PlansToBeCutAreKept) {
         wanted("o.dxf", {"--plan", "ribs", "--spacing", "75.5", "--skin", "1.5", "--slot",
                          "30,6,4,top", "--slot=65,3,3,bottom", "--each"});
     EXPECT_EQ(ribs.cut, CutPlan::ribs);
-    EXPECT_EQ(ribs.wishes.stations.spacing, 75.5);
-    EXPECT_EQ(ribs.wishes.skin, 1.5);
-    EXPECT_EQ(ribs.wishes.slots.size(), 2U);
-    EXPECT_TRUE(ribs.wishes.each);
+    EXPECT_EQ(ribs.plans.wishes.stations.spacing, 75.5);
+    EXPECT_EQ(ribs.plans.wishes.skin, 1.5);
+    EXPECT_EQ(ribs.plans.wishes.slots.size(), 2U);
+    EXPECT_TRUE(ribs.plans.wishes.each);
     EXPECT_EQ(wanted("o.svg", {"--plan", "wing", "--stations", "5"}).cut, CutPlan::wing);
     EXPECT_EQ(wanted("o.svg", {}).cut, std::nullopt);
+    const ExportRequest paper = wanted("o.pdf", {"--plan=wing", "--plan=sections", "--skin=2"});
+    EXPECT_EQ(Plans::tickedNames(paper.plans), (std::vector<std::string>{"sections", "wing"}));
+    EXPECT_EQ(paper.plans.wishes.skin, 2);
 }
 
 TEST(CommandOptions, PlansToBeCutAreRefusedWhereNothingIsCut) {
     EXPECT_EQ(refusal("o.dxf", {"--plan", "side"}), "--plan side makes no sense for .dxf");
     EXPECT_EQ(refusal("o.dxf", {"--plan=wing", "--plan=ribs"}), "one --plan is enough for .dxf");
     EXPECT_EQ(refusal("o.dxf", {"--skin", "1"}), "--skin needs --plan wing or --plan ribs");
+    EXPECT_EQ(refusal("o.pdf", {"--plan=side", "--skin", "1"}),
+              "--skin needs --plan wing or --plan ribs");
+    EXPECT_EQ(refusal("o.pdf", {"--plan=ribs", "--each"}), "--each makes no sense for .pdf");
     EXPECT_EQ(refusal("o.svg", {"--each"}), "--each needs --plan wing or --plan ribs");
     EXPECT_EQ(refusal("o.svg", {"--plan=ribs", "--view=top"}),
               "--view makes no sense with such a --plan");

@@ -126,9 +126,14 @@ private:
     QGuiApplication application_;
 };
 
+/// Marks for taping have words, and so have parts to be cut.
+bool writesWords(const PrintSelectRecord& plans) {
+    return plans.overlap || plans.wing || plans.ribs;
+}
+
 int runExports(const ExportRequest& request) {
     std::unique_ptr<FontsWithoutScreen> fonts;
-    if (request.kind == ExportKind::Plans && request.plans.overlap)
+    if (request.kind == ExportKind::Plans && writesWords(request.plans))
         fonts = std::make_unique<FontsWithoutScreen>();
     // The toolkit writes a PNG by itself; the plugins that it would ask first take longer than
     // that.
