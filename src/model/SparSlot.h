@@ -37,7 +37,7 @@ struct SlotCut {
 
 /// Cuts slots into what the skin has left of a rib of this chord, each by itself: a refused one
 /// leaves the rib as it was. One row a slot, in their order.
-std::vector<SlotCut> cutSlots(Region& rib, double chord, std::span<const SparSlot> slots);
+std::vector<SlotCut> cutSlots(Region& rib, double chord, std::span<const SparSlot> spars);
 
 /// The band between the top edge and the bottom edge below it: how low the one comes and how high
 /// the other.

@@ -27,7 +27,7 @@ std::string ribName(const CutRib& rib) {
 /// Takes skin and slots off the rib's outline.
 void cutOne(CutRib& rib, const RibWishes& wishes, std::vector<std::string>& words) {
     rib.borders = {rib.rib.outline};
-    if (wishes.skin == 0 && wishes.slots.empty()) return;
+    if (wishes.skin == 0 && wishes.spars.empty()) return;
     Region region(rib.rib.outline);
     region.erode(wishes.skin);
     if (region.empty()) {
@@ -35,7 +35,7 @@ void cutOne(CutRib& rib, const RibWishes& wishes, std::vector<std::string>& word
         words.push_back(ribName(rib) + ": no rib, skin thicker than the rib.");
         return;
     }
-    const std::vector<SlotCut> slots = cutSlots(region, rib.rib.chord, wishes.slots);
+    const std::vector<SlotCut> slots = cutSlots(region, rib.rib.chord, wishes.spars);
     bool touched = wishes.skin > 0;
     for (std::size_t n = 0; n < slots.size(); ++n) {
         touched = touched || slots[n].why.empty();

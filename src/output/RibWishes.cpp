@@ -71,7 +71,7 @@ Outcome takeSkin(RibWishes& wishes, std::string_view text) {
 Outcome takeSlot(RibWishes& wishes, std::string_view text) {
     SparSlot slot;
     Outcome outcome = readSlot(text, 1, slot);
-    if (outcome.isDone()) wishes.slots.push_back(slot);
+    if (outcome.isDone()) wishes.spars.push_back(slot);
     return outcome;
 }
 
@@ -93,6 +93,15 @@ Outcome takeRibWish(RibWishes& wishes, std::string_view name, std::string_view t
     for (const WishRow& row : wishTable)
         if (row.name == name) return row.take(wishes, trimmed(text));
     return refuse(name, "no wish about ribs");
+}
+
+std::vector<RibWishText> ribWishTexts(const RibWishes& wishes) {
+    std::vector<RibWishText> texts{{"stations", std::to_string(wishes.stations.count)}};
+    if (wishes.stations.spacing != 0)
+        texts.push_back({"spacing", numberText(wishes.stations.spacing)});
+    texts.push_back({"skin", numberText(wishes.skin)});
+    for (const SparSlot& slot : wishes.spars) texts.push_back({"slot", slotsText({slot}, 1)});
+    return texts;
 }
 
 Outcome readSlots(std::string_view text, double mm, std::vector<SparSlot>& slots) {

@@ -11,6 +11,7 @@
 namespace velna {
 
 class PrinterSurface;
+struct RibWishes;
 
 /// What a dialog remembers its folder by.
 enum class FilePurpose { Project, Airfoil, Texture, Export, Background };
@@ -58,6 +59,9 @@ public:
     /// The system's printer dialog for the named jobs; with files as the target it asks once before
     /// replacing any. Null when cancelled; the printer is valid until the next call.
     virtual PrinterSurface* askPrinter(const std::vector<std::string>& jobs) = 0;
+    /// The question what ribs and sections to be cut shall be like, with lengths in `units`. False,
+    /// with `wishes` as they were, when cancelled.
+    virtual bool askRibWishes(RibWishes& wishes, int units) = 0;
     /// The modal forms. Each works on its own record and returns when it closes.
     virtual void showPreferences() = 0;
     virtual void showManager() = 0;

@@ -14,6 +14,7 @@
 #include "model/Plane.h"
 #include "persistence/AirfoilFiles.h"
 #include "persistence/ProjectFile.h"
+#include "shell/CutCommand.h"
 #include "shell/DroppedFiles.h"
 #include "shell/EditedPart.h"
 #include "shell/ExportKinds.h"
@@ -34,7 +35,7 @@ constexpr const char* saveFilter =
 constexpr std::array openKinds{OpenedKind::Project, OpenedKind::Airfoil, OpenedKind::Picture,
                                OpenedKind::AnyAirfoil};
 namespace Saved {
-enum { project = 1, model, drawing, stl, threeMf, obj, glb, strictModel };
+enum { project = 1, model, drawing, stl, threeMf, obj, glb, strictModel, firstCut };
 }
 
 void updateList(Project& project) {
@@ -289,10 +290,15 @@ Outcome FileCommands::exportAs(int kind, const std::string& file) {
 }
 
 void FileCommands::save() {
-    const FileAnswer answer = ports.dialogs->saveFile(saveFilter);
+    const FileAnswer answer = ports.dialogs->saveFile(saveFilter + CutCommand::filter());
     if (answer.file.empty()) return;
     if (answer.filterIndex == Saved::project) {
         saveProjectAs(answer.file);
+        return;
+    }
+    if (answer.filterIndex >= Saved::firstCut) {
+        CutCommand{main.project, preferences.settings, ports}.save(
+            answer.filterIndex - Saved::firstCut, answer.file);
         return;
     }
     const Outcome outcome = exportAs(answer.filterIndex, answer.file);

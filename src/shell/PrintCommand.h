@@ -18,7 +18,8 @@ struct PrintCommand {
 
     /// Asks which plans, then for the printer, and prints each chosen plan as a job of its own.
     /// Whatever happens after the choice, the top view stands afterwards; Cancel in the choice
-    /// changes nothing. What the form has beside the plans comes back at the next start.
+    /// changes nothing. What the form has beside the plans comes back at the next start. What could
+    /// not be printed as it was wished is told in one message.
     void run();
 };
 

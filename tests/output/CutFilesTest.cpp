@@ -176,7 +176,7 @@ TEST_F(CutFiles, WrongStationsWriteNothing) {
 TEST_F(CutFiles, WordsNamePanelAndStation) {
     wishes.stations.count = 3;
     wishes.skin = 5.5;
-    wishes.slots = {{30, 6, 4, SlotSide::top}};
+    wishes.spars = {{30, 6, 4, SlotSide::top}};
     Wings(1).length2 = 0;
     EXPECT_EQ(save(CutPlan::ribs, CutFormat::dxf), Outcome());
     for (const char* word : {"wing 1, rib 3 at 700.00 mm: no rib, no chord.",

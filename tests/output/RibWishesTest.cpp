@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "output/PrinterCorrection.h"
+#include "output/RibTexts.h"
 #include "output/RibWishes.h"
 
 namespace velna::test {
@@ -18,7 +20,7 @@ TEST(RibWishesTest, TextsOfTheCommandLineAreTaken) {
     EXPECT_TRUE(taken(wishes, "slot", " 65 , 3 , 2.5 , bottom "));
     EXPECT_TRUE(taken(wishes, "stations", "12"));
     EXPECT_EQ(wishes.skin, 1.5);
-    EXPECT_EQ(wishes.slots,
+    EXPECT_EQ(wishes.spars,
               (std::vector<SparSlot>{{30, 6, 4, SlotSide::top}, {65, 3, 2.5, SlotSide::bottom}}));
     EXPECT_EQ(wishes.stations.count, 12);
     EXPECT_EQ(wishes.stations.spacing, 0);
@@ -44,7 +46,7 @@ TEST(RibWishesTest, TextsThatAreNoneAreRefused) {
                              "30,,4,top", "30;6;4;top", "30,6,4,Top", "1e999,6,4,top"})
         EXPECT_FALSE(taken(wishes, "slot", text)) << text;
     EXPECT_FALSE(taken(wishes, "colour", "red"));
-    EXPECT_TRUE(wishes.slots.empty());
+    EXPECT_TRUE(wishes.spars.empty());
     EXPECT_EQ(wishes.stations.count, RibWishes().stations.count);
     EXPECT_EQ(wishes.skin, 0);
 }
@@ -66,6 +68,81 @@ TEST(RibWishesTest, SlotsStandInOneText) {
     EXPECT_TRUE(readSlots("  ", 1, slots).isDone());
     EXPECT_TRUE(slots.empty());
     EXPECT_EQ(slotsText(slots, 1), "");
+}
+
+TEST(RibWishesTest, TextsGiveTheSameWishesAgain) {
+    RibWishes wishes;
+    wishes.stations = {7, 33.5};
+    wishes.skin = 0.8;
+    wishes.spars = {{30, 6, 4, SlotSide::top}, {65, 3, 2.5, SlotSide::bottom}};
+    RibWishes again;
+    for (const RibWishText& wish : ribWishTexts(wishes))
+        EXPECT_EQ(takeRibWish(again, wish.name, wish.text), Outcome()) << wish.text;
+    EXPECT_EQ(again.stations.count, 7);
+    EXPECT_EQ(again.stations.spacing, 33.5);
+    EXPECT_EQ(again.skin, 0.8);
+    EXPECT_EQ(again.spars, wishes.spars);
+}
+
+TEST(RibTextsTest, AreInTheProjectsUnit) {
+    RibWishes wishes;
+    RibTexts texts = ribTexts(wishes, 25.4);
+    EXPECT_EQ(texts.stations, "8");
+    EXPECT_EQ(texts.skin, "0");
+    EXPECT_EQ(texts.spars, "");
+    texts.skin = "0.0625";
+    texts.spars = "30,0.25,0.125,top";
+    texts.bySpacing = true;
+    texts.spacing = "2.5";
+    EXPECT_EQ(readRibTexts(texts, 25.4, wishes), Outcome());
+    EXPECT_DOUBLE_EQ(wishes.skin, 1.5875);
+    EXPECT_DOUBLE_EQ(wishes.stations.spacing, 63.5);
+    EXPECT_DOUBLE_EQ(wishes.spars.at(0).width, 6.35);
+    const RibTexts again = ribTexts(wishes, 25.4);
+    EXPECT_TRUE(again.bySpacing);
+    EXPECT_EQ(again.spacing, "2.5");
+    EXPECT_EQ(again.skin, "0.0625");
+    EXPECT_EQ(again.spars, texts.spars);
+}
+
+TEST(RibTextsTest, OnlyTheChosenOneOfStationsAndSpacingCounts) {
+    RibWishes wishes;
+    RibTexts texts = ribTexts(wishes, 1);
+    texts.spacing = "none";
+    EXPECT_EQ(readRibTexts(texts, 1, wishes), Outcome());
+    texts.bySpacing = true;
+    EXPECT_TRUE(readRibTexts(texts, 1, wishes).hasFailed());
+    texts.spacing = "20";
+    texts.stations = "0";
+    EXPECT_EQ(readRibTexts(texts, 1, wishes), Outcome());
+}
+
+TEST(RibTextsTest, OneThatIsNoneChangesNothing) {
+    RibWishes wishes;
+    RibTexts texts = ribTexts(wishes, 1);
+    texts.stations = "5";
+    texts.skin = "-1";
+    EXPECT_TRUE(readRibTexts(texts, 1, wishes).hasFailed());
+    texts.skin = "1";
+    texts.spars = "x";
+    EXPECT_TRUE(readRibTexts(texts, 1, wishes).hasFailed());
+    EXPECT_EQ(wishes.stations.count, 8);
+    EXPECT_EQ(wishes.skin, 0);
+}
+
+TEST(PrinterCorrectionTest, TakesFactorsNearOne) {
+    PrinterCorrection correction;
+    EXPECT_EQ(readCorrection("1.01", "0.995", correction), Outcome());
+    EXPECT_EQ(correction, (PrinterCorrection{1.01, 0.995}));
+}
+
+TEST(PrinterCorrectionTest, RefusesNonsense) {
+    PrinterCorrection correction{1.01, 1};
+    for (const char* text : {"", "0", "-1", "x", "0.79", "1.26", "100", "1,01", "nan", "1e999"}) {
+        EXPECT_TRUE(readCorrection(text, "1", correction).hasFailed()) << text;
+        EXPECT_TRUE(readCorrection("1", text, correction).hasFailed()) << text;
+    }
+    EXPECT_EQ(correction, (PrinterCorrection{1.01, 1})) << "as it was";
 }
 
 }  // namespace

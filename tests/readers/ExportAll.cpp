@@ -1,5 +1,5 @@
 // Exports projects as the program does, without a window: the model, the drawings of the four
-// views, and the solids to print.
+// views, and the solids to print; and in its folder "cut" the plans for machines that cut.
 //   velna_export_all FOLDER PROJECT...
 
 #include <algorithm>
@@ -11,10 +11,12 @@
 #include <iterator>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "common/ReplacedFile.h"
 #include "model/Plane.h"
 #include "model/Solids.h"
+#include "output/CutFiles.h"
 #include "output/Exports.h"
 #include "output/SolidExport.h"
 #include "persistence/ProjectFile.h"
@@ -96,6 +98,24 @@ void takeInPictures(Imaging& imaging, const Project& project, Solids& solids) {
     picture.texture_loaded = true;
 }
 
+/// The plans for machines that cut, both kinds of file of each, with skin and a slot.
+std::string saveCutPlans(const Project& project, const std::string& stem) {
+    RibWishes wishes;
+    wishes.skin = 1.5;
+    wishes.spars = {{30, 5, 3, SlotSide::top}};
+    std::vector<std::string> words;
+    for (const auto& [plan, name] : {std::pair{CutPlan::wing, ".wing"},
+                                     {CutPlan::ribs, ".ribs"},
+                                     {CutPlan::sections, ".sections"}})
+        for (const auto& [format, ending] :
+             {std::pair{CutFormat::dxf, ".dxf"}, {CutFormat::svg, ".svg"}}) {
+            const Outcome outcome =
+                saveCutPlan(project, plan, format, wishes, stem + name + ending, words);
+            if (!outcome.isDone()) return outcome.reason();
+        }
+    return {};
+}
+
 /// The drawings come first: the model's export makes the last fuselage current.
 bool exportProject(const std::string& file, const std::string& folder, PictureStore& pictures) {
     Project project;
@@ -109,6 +129,8 @@ bool exportProject(const std::string& file, const std::string& folder, PictureSt
     const std::string title = titleOf(file);
     const std::string stem = folder + title.substr(0, title.rfind('.'));
     std::string failure = read.reason();
+    if (failure.empty())
+        failure = saveCutPlans(project, folder + "cut/" + title.substr(0, title.rfind('.')));
     for (const Outcome& outcome : {Plane::exportDXFVTop(project, stem + ".VTop.dxf"),
                                    Plane::exportDXFFront(project, stem + ".Front.dxf"),
                                    Plane::exportDXFSide(project, stem + ".Side.dxf"),

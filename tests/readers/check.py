@@ -17,6 +17,7 @@ import shutil
 import subprocess
 import sys
 
+import cut
 import solids
 
 LIMIT = 60  # seconds for one call of a reader
@@ -241,7 +242,8 @@ def install_three(build):
 def main(build, expected, projects):
     exports = os.path.join(build, "exports")
     shutil.rmtree(exports, ignore_errors=True)
-    os.makedirs(exports)
+    plans = os.path.join(exports, "cut")
+    os.makedirs(plans)
     subprocess.run([os.path.join(build, "velna_export_all"), exports, *projects], check=True, timeout=5 * LIMIT)
     models, drawings = (
         sorted(glob.glob(os.path.join(exports, kind)) + glob.glob(os.path.join(expected, kind)))
@@ -268,8 +270,13 @@ def main(build, expected, projects):
         read_by_dxflib(path, os.path.join(build, "velna_dxflib_reader"), layers)
         read_by_gdal(path, layers)
 
+    cut_plans = cut.run(sys.modules[__name__], plans, projects)
+
     total = sum(counts_of.values(), collections.Counter())
-    print(f"{len(models)} models: {dict(total)}; {len(drawings)} drawings; {bodies} files of solids; {len(findings)} findings")
+    print(
+        f"{len(models)} models: {dict(total)}; {len(drawings)} drawings; {cut_plans} plans to cut; "
+        f"{bodies} files of solids; {len(findings)} findings"
+    )
     print("\n".join(findings))
     return 1 if findings or not models or not drawings else 0
 

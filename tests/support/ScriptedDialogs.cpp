@@ -83,6 +83,12 @@ PrinterSurface* ScriptedDialogs::askPrinter(const std::vector<std::string>& jobs
     return next(printers, "printer dialog", static_cast<PrinterSurface*>(nullptr));
 }
 
+bool ScriptedDialogs::askRibWishes(RibWishes& wishes, int units) {
+    asked.push_back({"ribs", units == 0 ? "mm" : "in", {}});
+    const auto answer = next(ribWishes, "rib wishes", std::function<bool(RibWishes&)>{});
+    return answer && answer(wishes);
+}
+
 void ScriptedDialogs::showPreferences() {
     asked.push_back({"preferences", {}, {}});
     act(inPreferences);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "output/RibWishes.h"
 #include "shell/Dialogs.h"
 
 namespace velna::test {
@@ -36,6 +37,8 @@ public:
     std::deque<std::optional<NacaAnswer>> nacas;
     /// What the user does in a form while it is open.
     std::function<void()> inPreferences, inManager, inPrintSelect, inMessage;
+    /// The answers about ribs: what is done to the wishes, and whether they are taken.
+    std::deque<std::function<bool(RibWishes&)>> ribWishes;
     /// What a message box returns; false stands for Escape.
     std::deque<bool> dismissals;
 
@@ -50,6 +53,7 @@ public:
                                        const std::string& preset) override;
     std::optional<NacaAnswer> askNaca(const NacaAnswer& preset) override;
     PrinterSurface* askPrinter(const std::vector<std::string>& jobs) override;
+    bool askRibWishes(RibWishes& wishes, int units) override;
     void showPreferences() override;
     void showManager() override;
     void showPrintSelect() override;

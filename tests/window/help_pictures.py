@@ -16,7 +16,7 @@ import time
 import views
 from program import Program
 from screen import Screen, wait_for
-from test_output import print_plans
+from test_output import choose_printer_file, print_plans
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TARGET = ROOT / "docs" / "help" / "pictures"
@@ -99,6 +99,7 @@ def take(camera):
     wait_for(plan.exists, "the plan")
     subprocess.run(["pdftoppm", "-png", "-r", "60", "-singlefile", str(plan), str(plan.with_suffix(""))], check=True)
     camera.shrink(plan.with_suffix(".png"), "plan-side", 8)
+    ribs(camera)
     camera.open("glider.vln")
     screen.click(x, y, button=5, times=6)
     screen.drag((x, y), (x - 200, y + 60))
@@ -114,6 +115,41 @@ def take(camera):
     camera.keep("flight", colours=64)
     screen.key("Escape")
     wait_for(lambda: program.picture().width < screen.size[0] - 2, "the end of the flight")
+
+
+def type_ribs(program):
+    for name, text in (("SpacingText", "60"), ("SkinText", "1.5"), ("SlotsText", "30,6,4,top; 30,6,4,bottom")):
+        program.enter(name, text, commit=None)
+
+
+def ribs(camera):
+    """The rib set of the trainer: the form, its first sheet, and the same as a file for a cutter."""
+    program, folder = camera.program, camera.raw.parent
+    camera.open("trainer.vln")
+    program.click("Print")
+    program.dialog("Select Views")
+    for name in ("CheckWing", "CheckRibs", "CheckOverlap"):
+        if not program.get(name).checked:
+            program.click(name)
+    type_ribs(program)
+    camera.dialog("ribs-print", "Select Views")
+    program.click("PrintCommand")
+    choose_printer_file(program, folder / "set.pdf")
+    program.push("OK")  # some slots have no room
+    program.no_dialog()
+    plan = folder / "set-ribs.pdf"
+    subprocess.run(["pdftoppm", "-png", "-r", "60", "-singlefile", str(plan), str(plan.with_suffix(""))], check=True)
+    camera.shrink(plan.with_suffix(".png"), "ribs-sheet", 8)
+    program.click("Save")
+    program.choose_file(folder / "set.svg", kind="Ribs SVG")
+    program.dialog("Parts to Cut")
+    camera.dialog("ribs-form", "Parts to Cut")
+    program.click("OkCommand")
+    program.push("OK")
+    program.no_dialog()
+    subprocess.run(["rsvg-convert", "-b", "white", "-w", "1100", "-o", str(folder / "set.png"), str(folder / "set.svg")],
+                   check=True)
+    camera.shrink(folder / "set.png", "ribs-svg", 16)
 
 
 def strip_and_tracing(camera, area):

@@ -31,7 +31,8 @@ def print_plans(program, boxes, file):
     """The Print command with just these boxes ticked."""
     program.click("Print")
     program.dialog("Select Views")
-    for name in ("CheckSide", "CheckHtop", "CheckSections", "CheckVtop", "CheckFront", "CheckOverlap"):
+    for name in ("CheckSide", "CheckHtop", "CheckSections", "CheckVtop", "CheckFront", "CheckWing", "CheckRibs",
+                 "CheckOverlap"):
         if program.get(name).checked != (name in boxes):
             program.click(name)
             wait_for(lambda: program.get(name).checked == (name in boxes), name)
@@ -113,6 +114,39 @@ class Output(base.WindowTest):
         self.program.push("No")
         self.program.no_dialog()
         self.assertEqual((self.program.folder / "plan-side.pdf").stat().st_mtime_ns, before)
+
+    def test_ribs_are_printed_and_saved_with_what_was_typed(self):
+        self.program.click("Print")
+        self.program.dialog("Select Views")
+        for name, text in (("StationsText", "3"), ("SkinText", "1")):
+            self.program.enter(name, text, commit=None)
+        self.program.click("CancelCommand")
+        self.program.no_dialog()
+        self.program.click("Print")
+        self.program.dialog("Select Views")
+        self.assertEqual(self.program.text("SkinText"), "0", "Cancel remembers nothing")
+        for name in ("CheckWing", "CheckRibs"):
+            self.program.click(name)
+        for name, text in (("StationsText", "3"), ("SkinText", "many")):
+            self.program.enter(name, text, commit=None)
+        self.program.click("PrintCommand")
+        self.program.push("OK")  # what was typed is no number
+        self.program.enter("SkinText", "1", commit=None)
+        self.take("print-ribs", self.program.dialog("Select Views"))
+        self.program.click("PrintCommand")
+        choose_printer_file(self.program, self.program.folder / "plan.pdf")
+        self.program.no_dialog()
+        self.assertEqual((self.pages("wing"), self.pages("ribs")), (6, 1))
+
+        file = self.program.folder / "set.dxf"
+        self.program.click("Save")
+        self.program.choose_file(file, kind="Ribs DXF")
+        self.program.dialog("Parts to Cut")
+        self.assertEqual((self.program.text("StationsText"), self.program.text("SkinText")), ("3", "1"))
+        self.program.click("OkCommand")
+        wait_for(file.exists, f"{file}")
+        self.program.no_dialog()
+        self.assertEqual(file.read_text().count("POLYLINE"), 6)
 
     def pages(self, name):
         file = self.program.folder / f"plan-{name}.pdf"

@@ -43,17 +43,22 @@ void PagedSurface::setScaleMode(int mode) {
     unit_ = mode == inchMode ? Plane::millimetresPerInch : 1;
 }
 
+// How much of a plan a sheet holds, in millimetres.
+QSizeF PagedSurface::holds() const {
+    return {printable_.width() / correction_.x, printable_.height() / correction_.y};
+}
+
 double PagedSurface::ScaleWidth() const {
-    return printable_.width() / unit_;
+    return holds().width() / unit_;
 }
 
 double PagedSurface::ScaleHeight() const {
-    return printable_.height() / unit_;
+    return holds().height() / unit_;
 }
 
 QPointF PagedSurface::onPaper(double x, double y) const {
-    return {std::round((x + margins_.left()) * perMillimetre),
-            std::round((y + margins_.top()) * perMillimetre)};
+    return {std::round((x * correction_.x + margins_.left()) * perMillimetre),
+            std::round((y * correction_.y + margins_.top()) * perMillimetre)};
 }
 
 // Lines are painted in micrometres.
@@ -121,7 +126,7 @@ void PagedSurface::Line(double x1, double y1, double x2, double y2, Rgb colour) 
         !std::isfinite(to.y))
         return;
     // What does not lie on this sheet never reaches the device.
-    if (!clipLine(from, to, {0, printable_.width()}, {0, printable_.height()})) return;
+    if (!clipLine(from, to, {0, holds().width()}, {0, holds().height()})) return;
     const QPointF a = onPaper(from.x, from.y), b = onPaper(to.x, to.y);
     if (path_.empty() || path_.back() != a || colour_ != colour || path_.size() == longestPath) {
         endPath();
@@ -153,7 +158,8 @@ void PagedSurface::Text(double x, double y, const std::string& text) {
     painter_.resetTransform();
     painter_.setFont(font);
     painter_.setPen(Qt::black);
-    const QPointF place(x * unit_ + margins_.left(), y * unit_ + margins_.top());
+    const QPointF place(x * unit_ * correction_.x + margins_.left(),
+                        y * unit_ * correction_.y + margins_.top());
     painter_.drawText(place * dots_, QString::fromStdString(text));
     paintLines();
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "output/PrinterCorrection.h"
 #include "output/PrinterSurface.h"
 
 class QPageLayout;
@@ -24,6 +25,10 @@ public:
     void Text(double x, double y, const std::string& text) override;
     void NewPage() override;
     std::string error() const override { return error_; }
+
+    /// Whatever is painted from now on is longer by these factors, and less of the plan has room on
+    /// a sheet, so that a printer that is off its scale keeps to it.
+    void setCorrection(const PrinterCorrection& correction) { correction_ = correction; }
 
 protected:
     /// Takes the paper and its margins from `paper`, to be painted in `resolution` dots an inch.
@@ -49,13 +54,15 @@ private:
     template <class End>
     bool endPage(End end);
     QPointF onPaper(double x, double y) const;
+    QSizeF holds() const;
     void paintLines();
     void endPath();
 
     QPainter painter_;
-    double unit_ = 1;            // millimetres
-    QMarginsF margins_;          // millimetres
-    QSizeF printable_;           // millimetres
+    double unit_ = 1;    // millimetres
+    QMarginsF margins_;  // millimetres
+    QSizeF printable_;   // millimetres
+    PrinterCorrection correction_;
     double dots_ = 1;            // device units of a millimetre
     std::vector<QPointF> path_;  // lines that go on from each other, not yet painted
     Rgb colour_{};               // theirs

@@ -2,14 +2,20 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <memory>
 
+#include "common/NumberText.h"
 #include "shell/PrintCommand.h"
 #include "shell/qt/QtPrinterSurface.h"
+#include "shell/qt/RibBox.h"
 
 namespace velna {
 namespace {
@@ -33,6 +39,10 @@ constexpr BoxRow boxes[] = {
      &PrintSelectRecord::vtop, PlanJob::vtop},
     {"CheckFront", "Whole aircraft from the front, fitted to the sheet", "Aircraft from the front",
      &PrintSelectRecord::front, PlanJob::front},
+    {"CheckWing", "Wing panels and stabiliser as they lie on the board, true scale", "Wing panels",
+     &PrintSelectRecord::wing, PlanJob::wing},
+    {"CheckRibs", "Ribs, true scale; marks the sections of the fuselage too", "Ribs",
+     &PrintSelectRecord::ribs, PlanJob::ribs},
 };
 
 constexpr const char* overlapName = "CheckOverlap";
@@ -60,6 +70,28 @@ void PrintSelectForm::addBoxes() {
     for (const BoxRow& row : boxes) add(row.name, row.caption, record_.*row.field);
     static_cast<QVBoxLayout*>(layout())->addSpacing(8);
     add(overlapName, "Sheets to tape together: 10 mm overlap, marks and a ruler", record_.overlap);
+    ribs_ = new RibBox(record_.wishes, command_.main.project.units, this);
+    layout()->addWidget(ribs_);
+    addCorrection();
+}
+
+void PrintSelectForm::addCorrection() {
+    auto* frame = new QGroupBox("Printer correction", this);
+    frame->setToolTip("What 100 mm of the printed ruler should be, divided by what it measures");
+    auto* row = new QHBoxLayout(frame);
+    const auto add = [&](const char* name, const char* text, double factor) {
+        auto* caption = new QLabel(text, frame);
+        auto* field = new QLineEdit(QString::fromStdString(numberText(factor)), frame);
+        field->setObjectName(name);
+        field->setAccessibleName(caption->text());
+        caption->setBuddy(field);
+        row->addWidget(caption);
+        row->addWidget(field);
+        return field;
+    };
+    across_ = add("CorrectionXText", "Across", record_.correction.x);
+    down_ = add("CorrectionYText", "Down", record_.correction.y);
+    layout()->addWidget(frame);
 }
 
 void PrintSelectForm::addButtons() {
@@ -76,14 +108,27 @@ void PrintSelectForm::addButtons() {
     layout()->addWidget(buttons);
 }
 
-void PrintSelectForm::keepBoxes() {
+bool PrintSelectForm::keepBoxes() {
+    RibWishes wishes = record_.wishes;
+    PrinterCorrection correction;
+    Outcome outcome = ribs_->read(wishes);
+    if (outcome.isDone())
+        outcome =
+            readCorrection(across_->text().toStdString(), down_->text().toStdString(), correction);
+    if (outcome.hasFailed()) {
+        command_.ports.dialogs->message(applicationTitle, outcome.reason(), BoxIcon::Exclamation);
+        return false;
+    }
+    record_.wishes = wishes;
+    record_.correction = correction;
     for (const BoxRow& row : boxes)
         record_.*row.field = findChild<QCheckBox*>(row.name)->isChecked();
     record_.overlap = findChild<QCheckBox*>(overlapName)->isChecked();
+    return true;
 }
 
 void PrintSelectForm::print() {
-    keepBoxes();
+    if (!keepBoxes()) return;
     record_.cancel = false;
     accept();
 }
@@ -96,7 +141,7 @@ void PrintSelectForm::reject() {
 void PrintSelectForm::preview() {
     // A look is no choice: Cancel afterwards leaves the record as it was.
     const PrintSelectRecord before = record_;
-    keepBoxes();
+    if (!keepBoxes()) return;
     QPrinter printer(QPrinter::HighResolution);
     printer.setFullPage(true);
     for (const BoxRow& row : boxes) {

@@ -22,6 +22,7 @@
 #include "shell/qt/PrefsForm.h"
 #include "shell/qt/PrintSelectForm.h"
 #include "shell/qt/QtPrinterSurface.h"
+#include "shell/qt/RibForm.h"
 #include "shell/qt/SaveDialog.h"
 #include "shell/qt/SolidOptionsForm.h"
 
@@ -244,7 +245,12 @@ PrinterSurface* QtDialogs::askPrinter(const std::vector<std::string>& jobs) {
                                          BoxIcon::Exclamation, false))
         return nullptr;
     printer_ = std::make_unique<QtPrinterSurface>(std::move(printer));
+    printer_->setCorrection(print_.PrintSelect.correction);
     return printer_.get();
+}
+
+bool QtDialogs::askRibWishes(RibWishes& wishes, int units) {
+    return RibForm(*this, wishes, units, &owner_).exec() == QDialog::Accepted;
 }
 
 void QtDialogs::showPreferences() {

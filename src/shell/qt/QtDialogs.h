@@ -37,6 +37,7 @@ public:
                                        const std::string& preset) override;
     std::optional<NacaAnswer> askNaca(const NacaAnswer& preset) override;
     PrinterSurface* askPrinter(const std::vector<std::string>& jobs) override;
+    bool askRibWishes(RibWishes& wishes, int units) override;
     void showPreferences() override;
     void showManager() override;
     void showPrintSelect() override;
