@@ -262,10 +262,10 @@ TEST_F(BatchExport, PlansToBeCutAreWrittenWithAWordOnWhatIsNotAsWished) {
     EXPECT_EQ(complaint, "");
     EXPECT_EQ(run(folder / "o.svg", "svg", {current + "default.vln"}), 0);
     EXPECT_NE(bytesOf(folder / "o.svg").find("mm\""), std::string::npos);
-    request.plans.wishes.slots.push_back({150, 5, 5, SlotSide::top});
+    request.plans.wishes.spars.push_back({150, 5, 5, SlotSide::top});
     EXPECT_EQ(run(folder / "o.dxf", "dxf", {current + "default.vln"}), 0);
     EXPECT_EQ(complaint.rfind("velna: " + (folder / "o.dxf: "), 0), 0U) << complaint;
-    request.plans.wishes.slots.clear();
+    request.plans.wishes.spars.clear();
     request.plans.wishes.skin = 500;
     EXPECT_EQ(run(folder / "p.dxf", "dxf", {current + "default.vln"}), 1);
     EXPECT_NE(complaint.find("There is no rib to cut."), std::string::npos) << complaint;

@@ -129,7 +129,7 @@ TEST(CommandOptions, PlansToBeCutAreKept) {
     EXPECT_EQ(ribs.cut, CutPlan::ribs);
     EXPECT_EQ(ribs.plans.wishes.stations.spacing, 75.5);
     EXPECT_EQ(ribs.plans.wishes.skin, 1.5);
-    EXPECT_EQ(ribs.plans.wishes.slots.size(), 2U);
+    EXPECT_EQ(ribs.plans.wishes.spars.size(), 2U);
     EXPECT_TRUE(ribs.plans.wishes.each);
     EXPECT_EQ(wanted("o.svg", {"--plan", "wing", "--stations", "5"}).cut, CutPlan::wing);
     EXPECT_EQ(wanted("o.svg", {}).cut, std::nullopt);
