@@ -24,7 +24,7 @@ protected:
         auto* field = form.findChild<QLineEdit*>(name);
         field->clear();
         field->insert(text);
-        emit field->textEdited(text);
+        Q_EMIT field->textEdited(text);
     }
     static void press(QDialog& form, const char* name) {
         form.findChild<QPushButton*>(name)->click();
