@@ -16,16 +16,16 @@ class Progress;
 
 /// What the dialog of the Print command was left with.
 struct PrintSelectRecord {
-    bool Side = false;             ///< true-scale side view, on as many sheets as needed
-    bool htop = false;             ///< true-scale plan of the current fuselage, likewise
-    bool frontSections = false;    ///< a sheet for each section of the current fuselage, true scale
-    bool vtop = false;             ///< the aircraft from above, fitted to the sheet
-    bool front = false;            ///< the aircraft from the front, fitted to the sheet
-    bool overlap = false;          ///< sheets to be taped: overlap, marks, places and a ruler
-    bool cancel = true;            ///< the dialog was left by Cancel or its window button
-    bool wing = false;             ///< the wing's panels as they lie on the board, true scale
-    bool ribs = false;             ///< their ribs; marks the fuselage's sections too
-    RibWishes wishes{};              ///< what ribs, stations and sections are to be like
+    bool Side = false;           ///< true-scale side view, on as many sheets as needed
+    bool htop = false;           ///< true-scale plan of the current fuselage, likewise
+    bool frontSections = false;  ///< a sheet for each section of the current fuselage, true scale
+    bool vtop = false;           ///< the aircraft from above, fitted to the sheet
+    bool front = false;          ///< the aircraft from the front, fitted to the sheet
+    bool overlap = false;        ///< sheets to be taped: overlap, marks, places and a ruler
+    bool cancel = true;          ///< the dialog was left by Cancel or its window button
+    bool wing = false;           ///< the wing's panels as they lie on the board, true scale
+    bool ribs = false;           ///< their ribs; marks the fuselage's sections too
+    RibWishes wishes{};          ///< what ribs, stations and sections are to be like
     PrinterCorrection correction{};  ///< for the printer that is asked for, and for nothing else
 };
 
