@@ -10,6 +10,7 @@
 #include "output/Exports.h"
 #include "output/PrinterSurface.h"
 #include "persistence/ProjectFile.h"
+#include "preview/Textures.h"
 #include "shell/SvgSurface.h"
 #include "shell/ViewDrawing.h"
 
@@ -21,11 +22,14 @@ Outcome writeProject(const ExportJob& job) {
     return Plane::saveProject(job.project, job.file, job.pictures);
 }
 
-/// All fuselages are in it, the hidden ones too.
+/// All fuselages are in it, the hidden ones too. Where a picture lies on a wing depends on its
+/// size, which a window has learned when it showed the aircraft.
 Outcome writeModel(const ExportJob& job) {
     Project& project = job.project;
-    for (int i = 1; i <= project.nbFuselages; ++i) project.ObjectList.setShown(i, true);
     Solids solids;
+    solids.createAll(project);
+    Textures::convertPictures(project, solids, job.pictures.imaging);
+    for (int i = 1; i <= project.nbFuselages; ++i) project.ObjectList.setShown(i, true);
     solids.createAll(project);
     return Plane::exportVRML(project, solids, job.file, job.pictures, job.tools.watcher());
 }

@@ -6,7 +6,6 @@
 #include <QTransform>
 #include <exception>
 
-#include "common/Complaint.h"
 #include "shell/qt/PictureReading.h"
 
 namespace velna {
@@ -102,10 +101,6 @@ bool QtPictures::encode(PictureFormat format, std::string& bytes, std::string& r
         reason = noMemory;
     }
     return false;
-}
-
-void QtPictures::showError(const std::string& text) {
-    complain(text);
 }
 
 }  // namespace velna

@@ -22,8 +22,8 @@ public:
     bool encode(PictureFormat format, std::string& bytes, std::string& reason) override;
     void showProgress(int /*percent*/) override {}
     void hideProgress() override { image_ = {}; }
-    /// On standard error.
-    void showError(const std::string& text) override;
+    /// What cannot be read is told by the command that asked for it.
+    void showError(const std::string& /*text*/) override {}
 
 protected:
     const QImage& image() const { return image_; }
