@@ -4,6 +4,7 @@
 usage: test_exports.py VELNA ROOT
 """
 
+import contextlib
 import json
 import os
 import pty
@@ -180,12 +181,21 @@ class Exports(CommandLine):
         self.assertEqual(told[-1], f"velna: {out}: interrupted")
         self.assertEqual(self.names(out), ["default.dxf"])
 
+    @staticmethod
+    def all_of(terminal):
+        """What a terminal was told by programs that have all ended: it comes in pieces."""
+        told = b""
+        with contextlib.suppress(OSError):
+            while piece := os.read(terminal, 4096):
+                told += piece
+        return told.decode()
+
     def test_a_terminal_is_told_how_far_the_work_is(self):
         terminal, end = pty.openpty()
         words = [PROGRAM, "--export", self.folder, "--as", "svg", *EXAMPLES[:3]]
         done = subprocess.run(words, env=ENVIRONMENT, stderr=end, check=True)
         os.close(end)
-        told = os.read(terminal, 4096).decode()
+        told = self.all_of(terminal)
         os.close(terminal)
         self.assertEqual(done.returncode, 0)
         self.assertIn(f"\r\x1b[K1 of 3: {EXAMPLES[0]}", told)

@@ -40,8 +40,7 @@ TEST_F(KeptPlaceTest, AWindowThatWasMovedComesBackThere) {
         Start first(settings);
         EXPECT_FALSE(first.kept->restore());
         first.open();
-        first.window.move(left.topLeft());
-        first.window.resize(left.size());
+        first.window.setGeometry(left);
         first.window.hide();
     }
     Start second(settings);
@@ -68,11 +67,11 @@ TEST_F(KeptPlaceTest, TheEndOfTheProgramCountsAsAClose) {
     {
         auto start = std::make_unique<Start>(settings);
         start->open();
-        start->window.move(70, 80);
+        start->window.setGeometry(70, 80, 200, 150);
     }
     Start next(settings);
     EXPECT_TRUE(next.kept->restore());
-    EXPECT_EQ(next.window.pos(), QPoint(70, 80));
+    EXPECT_EQ(next.place(), QRect(70, 80, 200, 150));
 }
 
 TEST_F(KeptPlaceTest, APlaceThatNoScreenShowsDoesNotCount) {

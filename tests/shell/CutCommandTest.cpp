@@ -16,6 +16,10 @@ enum { wingDxf = 9, wingSvg, ribsDxf, ribsSvg, sectionsDxf, sectionsSvg };
 
 class CutCommands : public FileCommandsFixture {
 protected:
+    void SetUp() override {
+        FileCommandsFixture::SetUp();
+        program.settings.load(desktop.configuration);
+    }
     /// What is answered to the question about ribs.
     void answerRibs(std::function<void(RibWishes&)> change = [](RibWishes&) {}) {
         dialogs.ribWishes.emplace_back([change](RibWishes& wishes) {
@@ -27,7 +31,8 @@ protected:
 };
 
 TEST_F(CutCommands, KindsStandBehindTheOthers) {
-    saveAs("", wingDxf);
+    answerFile("", wingDxf);
+    program.toolbar.click(Toolbar::Key::Save);
     const std::string& filter = dialogs.asked.at(0).text;
     EXPECT_TRUE(
         filter.starts_with("Velna Project (*.vln)|*.vln|VRML2.0 Format (*.wrl)|*.wrl|"

@@ -58,6 +58,7 @@ TEST_F(FigureSheetTest, ALookFindsEveryChangeOnce) {
     Wings(1).span = 800;
     EXPECT_TRUE(sheet().update());
     EXPECT_EQ(shown("Span"), "1600.0|mm");
+    dialogs.yesNo = {true};
     program.toolbar.click(Key::New);
     EXPECT_EQ(shown("Span"), "1400.0|mm");
     Plane::switchAllToInches(project);

@@ -38,6 +38,7 @@ QRect placeIn(const QString& told) {
         numbers[i] = words[i].toInt();
         if (std::abs(numbers[i]) > mostPixels) return {};
     }
+    if (numbers[2] <= 0 || numbers[3] <= 0) return {};
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
