@@ -37,11 +37,13 @@ std::uint32_t SectionPoints::find(const std::vector<Point2D>& points, std::uint3
     const Point2D& point = points[place];
     const auto xs = cells(point.x);
     const auto ys = cells(point.y);
-    for (const std::int64_t x : xs)
-        for (const std::int64_t y : ys)
+    for (const std::int64_t x : xs) {
+        for (const std::int64_t y : ys) {
             for (std::uint32_t other = buckets_[bucket(x, y)]; other != none;
                  other = nextInBucket_[other])
                 if (near(points[other], point)) return other;
+        }
+    }
     std::uint32_t& first = buckets_[bucket(xs[0], ys[0])];
     nextInBucket_[place] = first;
     first = place;

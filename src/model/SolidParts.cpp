@@ -153,10 +153,11 @@ bool Parts::addGroup(std::vector<Panel>& group) {
                    {},
                    {}};
     Loft loft = panels.front().loft;
-    for (std::size_t i = 1; i < panels.size(); ++i)
+    for (std::size_t i = 1; i < panels.size(); ++i) {
         loft.points.insert(loft.points.end(),
                            panels[i].loft.points.begin() + static_cast<std::ptrdiff_t>(n),
                            panels[i].loft.points.end());
+    }
     const Outcome built = buildSolid(loft, order_.solid, part.solid);
     if (built.isCancelled()) return false;
     if (built.hasFailed())

@@ -181,9 +181,10 @@ private:
     /// Triangles on the part's own points.
     std::string plain(const SolidPart& part, const PartSkin& skin, std::size_t points) {
         std::vector<std::uint32_t> indices;
-        for (std::size_t i = skin.first; i < skin.end; ++i)
+        for (std::size_t i = skin.first; i < skin.end; ++i) {
             indices.insert(indices.end(), part.solid.triangles[i].begin(),
                            part.solid.triangles[i].end());
+        }
         return primitive(number("POSITION", points), indices, materialOf(skin));
     }
 

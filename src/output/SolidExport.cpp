@@ -114,9 +114,10 @@ public:
             project_, order, [this](const SolidPart& part) { return take(part); }, refused);
         if (file_ && !file_->error().empty()) return Outcome::failed(file_->error());
         if (work_.cancelled() || outcome.isCancelled()) return Outcome::cancelled();
-        if (parts_ == 0)
+        if (parts_ == 0) {
             return Outcome::failed("No part of the aircraft gives a solid: " + listed(refused) +
                                    ".");
+        }
         return finish(refused);
     }
 

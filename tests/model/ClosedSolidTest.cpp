@@ -146,9 +146,10 @@ TEST(ClosedSolid, CoordinatesAreWhatTheFileHolds) {
     EXPECT_FALSE(std::signbit(heldCoordinate(-0.0, CoordinateForm::Single)));
     const Built result =
         built(along({{0.1, square(0.3)}, {7.7, square(0.7)}}), CoordinateForm::Single);
-    for (const Point3D& p : result.solid.points)
+    for (const Point3D& p : result.solid.points) {
         for (const double value : {p.x, p.y, p.z})
             EXPECT_EQ(value, static_cast<double>(static_cast<float>(value)));
+    }
 }
 
 TEST(ClosedSolid, AMirroredSolidIsOrientedOutward) {

@@ -138,9 +138,10 @@ TEST(PlaneOutline, TheSweepFindsWhatPairsFind) {
         const int n = 3 + static_cast<int>(random() % 7);
         const auto grid = 3 + random() % 6;
         Points outline;
-        for (int i = 0; i < n; ++i)
+        for (int i = 0; i < n; ++i) {
             outline.push_back(
                 {static_cast<double>(random() % grid), static_cast<double>(random() % grid)});
+        }
         const bool expected = simpleByPairs(outline);
         ASSERT_EQ(isSimple(outline), expected) << round;
         if (!expected) continue;

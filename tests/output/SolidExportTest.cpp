@@ -64,9 +64,10 @@ TEST_P(SolidExport, LengthsAreMillimetres) {
     load("inches");
     ASSERT_EQ(write({false, true}), Outcome());
     double sum = 0;
-    for (const FileBody& body : readSolids(file))
+    for (const FileBody& body : readSolids(file)) {
         if (GetParam().format == SolidFormat::Stl || body.name.starts_with("fuselage"))
             sum += volumeOf(body) / 1000;
+    }
     constexpr double hulls = 2 * 2266.537779303987;
     constexpr double others = 2 * (2373.6110416666647 + 281.59114543269254 + 32.49198474879808 +
                                    259.94635416666654 + 145.3129807692307);

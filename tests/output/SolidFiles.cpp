@@ -132,14 +132,16 @@ std::vector<FileBody> readThreeMf(const std::string& bytes) {
             bodies.emplace_back().name = attribute(element, "name");
             bodies.back().unit = unit;
         }
-        if (is("<vertex "))
+        if (is("<vertex ")) {
             bodies.back().points.push_back({std::stod(attribute(element, "x")),
                                             std::stod(attribute(element, "y")),
                                             std::stod(attribute(element, "z"))});
-        if (is("<triangle "))
+        }
+        if (is("<triangle ")) {
             bodies.back().faces.push_back({std::stoul(attribute(element, "v1")),
                                            std::stoul(attribute(element, "v2")),
                                            std::stoul(attribute(element, "v3"))});
+        }
     }
     EXPECT_EQ(items, bodies.size());
     return bodies;
@@ -169,10 +171,11 @@ std::vector<FileBody> readGlb(const std::string& bytes) {
              json.at("meshes").at(node.at("mesh").get<std::size_t>()).at("primitives")) {
             const std::size_t first = body.points.size();
             const auto [points, count] = bytesOfAccessor(primitive.at("attributes").at("POSITION"));
-            for (std::size_t n = 0; n < count; ++n)
+            for (std::size_t n = 0; n < count; ++n) {
                 body.points.push_back({at<float>(bytes, points + 12 * n),
                                        at<float>(bytes, points + 12 * n + 4),
                                        at<float>(bytes, points + 12 * n + 8)});
+            }
             const auto [indices, corners] = bytesOfAccessor(primitive.at("indices"));
             for (std::size_t n = 0; n + 2 < corners; n += 3) {
                 auto& face = body.faces.emplace_back();

@@ -95,9 +95,10 @@ TEST(SolidVolumes, OfJoinedPanelsAreTheSumOfTheirs) {
     for (const auto& [name, parts] : {std::pair{"wings3", 2u}, {"inches", 2u}, {"tex_all", 4u}}) {
         SCOPED_TRACE(name);
         double sum = 0;
-        for (const auto& part : figures.at(name).at("solids"))
+        for (const auto& part : figures.at(name).at("solids")) {
             if (part.at("part").get<std::string>().starts_with("wing"))
                 sum += part.at("volume_cm3").get<double>();
+        }
         double joined = 0;
         std::size_t count = 0;
         for (const auto& [part, found] : partsOf(readProject(name), {{CoordinateForm::Decimal}})) {
