@@ -71,7 +71,7 @@ TEST_F(Manager, ItsSignsFollowTheDesktopsInk) {
         for (int y = 0; y < sign.height(); ++y) {
             for (int x = 0; x < sign.width(); ++x) {
                 const QColor pixel = sign.pixelColor(x, y);
-                if (pixel.alpha() < 128 || pixel.saturation() > 0) continue;
+                if (pixel.alpha() < 200 || pixel.saturation() > 0) continue;
                 ++grey;
                 lightest = std::max(lightest, pixel.lightness());
             }
@@ -83,7 +83,7 @@ TEST_F(Manager, ItsSignsFollowTheDesktopsInk) {
     QPalette dark = before;
     dark.setColor(QPalette::ButtonText, Qt::white);
     QApplication::setPalette(dark);
-    EXPECT_EQ(ink(), 255);
+    EXPECT_GT(ink(), 250);  // a pixel of an edge is rounded
     QApplication::setPalette(before);
 }
 
