@@ -61,7 +61,6 @@ TEST_F(Manager, NoneSelectedLeavesTheCurrentOne) {
 TEST_F(Manager, ItsSignsFollowTheDesktopsInk) {
     ManagerForm form(Main, nullptr);
     form.show();
-    const QPalette before = QApplication::palette();
     const auto ink = [&form] {
         const auto* button = form.findChild<QPushButton*>("ShowCommand");
         const QImage sign = button->icon().pixmap(24, 24).toImage();
@@ -80,11 +79,10 @@ TEST_F(Manager, ItsSignsFollowTheDesktopsInk) {
         return lightest;
     };
     EXPECT_LT(ink(), 64);
-    QPalette dark = before;
+    QPalette dark = form.palette();
     dark.setColor(QPalette::ButtonText, Qt::white);
-    QApplication::setPalette(dark);
+    form.setPalette(dark);
     EXPECT_GT(ink(), 250);  // a pixel of an edge is rounded
-    QApplication::setPalette(before);
 }
 
 }  // namespace
