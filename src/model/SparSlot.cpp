@@ -36,9 +36,10 @@ std::vector<Edge> edgesBetween(const std::vector<Loop>& borders, double left, do
 /// Between two of these columns no edge begins or ends.
 std::vector<double> columnsOf(const std::vector<Edge>& edges, double left, double right) {
     std::vector<double> columns{left, right};
-    for (const Edge& edge : edges)
+    for (const Edge& edge : edges) {
         for (const double x : {edge.from.x, edge.to.x})
             if (x > left && x < right) columns.push_back(x);
+    }
     std::sort(columns.begin(), columns.end());
     columns.erase(std::unique(columns.begin(), columns.end()), columns.end());
     return columns;
@@ -107,10 +108,12 @@ constexpr double beyond = 1;
 
 void take(Region& rib, const std::vector<Loop>& borders, const SlotCut& cut, SlotSide side) {
     double outside = cut.floor;
-    for (const Loop& loop : borders)
-        for (const Point2D& point : loop)
+    for (const Loop& loop : borders) {
+        for (const Point2D& point : loop) {
             outside = side == SlotSide::top ? std::max(outside, point.y + beyond)
                                             : std::min(outside, point.y - beyond);
+        }
+    }
     rib.remove({cut.left, cut.floor}, {cut.right, outside});
 }
 
@@ -144,9 +147,10 @@ std::vector<SlotCut> cutSlots(Region& rib, double chord, std::span<const SparSlo
         const bool fromTop = slot.side == SlotSide::top;
         SlotCut cut = place(fromTop ? borders : upsideDown, chord, slot);
         if (!fromTop) cut.floor = -cut.floor;
-        for (std::size_t other = 0; other < n && cut.why.empty(); ++other)
+        for (std::size_t other = 0; other < n && cut.why.empty(); ++other) {
             if (meet(cut, slot.side, cuts[other], slots[other].side))
                 cut.why = "it reaches slot " + std::to_string(other + 1);
+        }
         if (cut.why.empty()) take(rib, borders, cut, slot.side);
         cuts.push_back(std::move(cut));
     }

@@ -39,9 +39,10 @@ void cutOne(CutRib& rib, const RibWishes& wishes, std::vector<std::string>& word
     bool touched = wishes.skin > 0;
     for (std::size_t n = 0; n < slots.size(); ++n) {
         touched = touched || slots[n].why.empty();
-        if (!slots[n].why.empty())
+        if (!slots[n].why.empty()) {
             words.push_back(ribName(rib) + ": no slot " + std::to_string(n + 1) + ", " +
                             slots[n].why + '.');
+        }
     }
     // Without skin and slots the outline stands as it is, crossings too.
     if (!touched) return;
@@ -93,10 +94,11 @@ Outcome collectRibs(const Project& project, const RibWishes& wishes, Progress* w
             if (!work.did(1)) return Outcome::cancelled();
             CutRib rib{
                 panels[p].name, ++number, ribAt(panels[p].panel, project.units, station), {}};
-            if (rib.rib.why.empty())
+            if (rib.rib.why.empty()) {
                 cutOne(rib, wishes, words);
-            else
+            } else {
                 words.push_back(ribName(rib) + ": no rib, " + rib.rib.why + '.');
+            }
             if (!rib.borders.empty()) ribs.push_back(std::move(rib));
         }
     }

@@ -47,9 +47,10 @@ Outcome readSlot(std::string_view text, double mm, SparSlot& slot) {
 
 Outcome takeStations(RibWishes& wishes, std::string_view text) {
     const auto number = wholeNumber(text);
-    if (!number || *number < 2 || *number > mostStations || std::floor(*number) != *number)
+    if (!number || *number < 2 || *number > mostStations || std::floor(*number) != *number) {
         return refuse(text, "no number of stations: a whole number from 2 to " +
                                 std::to_string(mostStations));
+    }
     wishes.stations = {static_cast<int>(*number), 0};
     return {};
 }

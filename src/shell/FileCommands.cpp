@@ -155,9 +155,10 @@ Outcome FileCommands::exportSolids(const std::string& file, SolidFormat format) 
     solidOptions = *wished;
     std::string replaced;
     if (wished->each) {
-        for (const std::string& part : Plane::solidFiles(main.project, format, *wished, file))
+        for (const std::string& part : Plane::solidFiles(main.project, format, *wished, file)) {
             if (std::filesystem::exists(std::filesystem::symlink_status(part)))
                 replaced += titleOf(part) + "\n";
+        }
     }
     if (!replaced.empty() && !ports.dialogs->askYesNo("These files will be replaced:\n" + replaced +
                                                           "Do you want to proceed ?",

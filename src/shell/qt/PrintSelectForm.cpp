@@ -112,9 +112,10 @@ bool PrintSelectForm::keepBoxes() {
     RibWishes wishes = record_.wishes;
     PrinterCorrection correction;
     Outcome outcome = ribs_->read(wishes);
-    if (outcome.isDone())
+    if (outcome.isDone()) {
         outcome =
             readCorrection(across_->text().toStdString(), down_->text().toStdString(), correction);
+    }
     if (outcome.hasFailed()) {
         command_.ports.dialogs->message(applicationTitle, outcome.reason(), BoxIcon::Exclamation);
         return false;
