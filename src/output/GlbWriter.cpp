@@ -1,6 +1,6 @@
 // glTF 2.0 in its binary form: a head, a description in JSON, and one block of numbers and
 // pictures. Lengths are metres and y is up; the numbers stay the model's, and the root turns and
-// scales them. (Khronos Group, "glTF 2.0 Specification".)
+// scales them. (Khronos Group, glTF 2.0; ISO/IEC 12113.)
 
 #include <algorithm>
 #include <array>

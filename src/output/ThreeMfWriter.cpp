@@ -1,5 +1,5 @@
-// 3MF: an archive with one description of all parts. ("3D Manufacturing Format, Core
-// Specification", 1.2.)
+// 3MF: an archive with one description of all parts. (3MF Consortium, 3D Manufacturing Format,
+// core part, 1.2.)
 
 #include <algorithm>
 #include <array>
