@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -34,22 +33,17 @@ inline double memoryOf(std::string_view name) {
     return 0;
 }
 
-/// The most memory that a piece of work takes on top of what stood before it.
-class MemoryAbove {
-public:
-    template <class Work>
-    void during(Work work) {
-        ::malloc_trim(0);
-        std::ofstream("/proc/self/clear_refs") << "5";
-        const double before = memoryOf("VmRSS:");
-        work();
-        most_ = std::max(most_, memoryOf("VmHWM:") - before);
-    }
-    double megabytes() const { return most_ / 1e6; }
-
-private:
-    double most_ = 0;
-};
+/// The megabytes that a piece of work takes on top of what stood before it, at most. It is worked
+/// once for them, outside of what is timed: to have the highest mark set back costs a walk over
+/// all pages.
+template <class Work>
+double megabytesAbove(Work work) {
+    ::malloc_trim(0);
+    std::ofstream("/proc/self/clear_refs") << "5";
+    const double before = memoryOf("VmRSS:");
+    work();
+    return (memoryOf("VmHWM:") - before) / 1e6;
+}
 
 /// A fuselage of this size as drags leave one: most numbers have all their digits.
 inline void shapeBody(MeshSections& body, std::int16_t sections, std::int16_t cross, double more) {

@@ -59,14 +59,13 @@ void buildModel(std::int64_t points) {
 void runExport(benchmark::State& state, Outcome (*write)(const std::string&),
                const std::string& file) {
     buildModel(state.range(0));
-    MemoryAbove memory;
-    for (auto _ : state) {
-        memory.during([&] {
-            if (!write(file).isDone()) state.SkipWithError("the export failed");
-        });
-    }
+    const auto work = [&] {
+        if (!write(file).isDone()) state.SkipWithError("the export failed");
+    };
+    const double above = megabytesAbove(work);
+    for (auto _ : state) work();
     const auto points = static_cast<double>(state.range(0));
-    state.counters["MB_above"] = memory.megabytes();
+    state.counters["MB_above"] = above;
     state.counters["MB_file"] = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
     state.counters["points"] = points;
 }

@@ -66,16 +66,15 @@ void printFront(benchmark::State& state, Progress* watcher) {
     const std::string target = scratchFile("plan.pdf");
     const std::string file = scratchFile("plan-front.pdf");
     const PrintSelectRecord select;
-    MemoryAbove memory;
-    for (auto _ : state) {
-        memory.during([&] {
-            QtPrinterSurface paper(printerTo(target));
-            const Plans::Paper on{paper, area, watcher};
-            if (!Plans::previewJob(project, select, PlanJob::front, on).isDone())
-                state.SkipWithError("not printed");
-        });
-    }
-    state.counters["MB_above"] = memory.megabytes();
+    const auto work = [&] {
+        QtPrinterSurface paper(printerTo(target));
+        const Plans::Paper on{paper, area, watcher};
+        if (!Plans::previewJob(project, select, PlanJob::front, on).isDone())
+            state.SkipWithError("not printed");
+    };
+    const double above = megabytesAbove(work);
+    for (auto _ : state) work();
+    state.counters["MB_above"] = above;
     state.counters["MB_file"] = static_cast<double>(std::filesystem::file_size(file)) / 1e6;
     state.counters["points"] = static_cast<double>(state.range(0));
     std::filesystem::remove(file);

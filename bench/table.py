@@ -76,7 +76,8 @@ HELD_UP = {
 }
 # Each of the editor's rows has its reference beside it.
 OWN, REFERENCE, REDRAW_BAR = "/editor", "/lines", 1.1
-PROGRAMS = ["mesh", "figures", "growth", "views", "scene", "live", "picture", "history", "output", "solid", "plan", "project", "recovery", "raster"]
+PROGRAMS = ["mesh", "figures", "growth", "views", "scene", "live", "picture", "history", "output", "solid", "plan", "rib",
+            "project", "recovery", "raster"]
 
 
 def run(build, program):
