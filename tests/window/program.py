@@ -149,7 +149,16 @@ class Program:
 
     def controls(self):
         """Every visible control; none while the program does not answer."""
-        return [Control(told) for told in self._ask().get("controls", [])]
+        return self.snapshot(self._ask())
+
+    @staticmethod
+    def snapshot(told):
+        """The visible controls of an answer."""
+        return [Control(control) for control in told.get("controls", [])]
+
+    def answer(self, seconds):
+        """All that it tells at once; empty when it has not answered in so many seconds."""
+        return self._ask(seconds)
 
     def seen(self):
         """What of mouse and keyboard has reached the program; empty while it does not answer."""
@@ -159,10 +168,10 @@ class Program:
         """The toolkit's name for what the program draws on."""
         return wait_for(self._ask, "the program")["platform"]
 
-    def _ask(self):
+    def _ask(self, seconds=PATIENCE):
         try:
             with socket.socket(socket.AF_UNIX) as link:
-                link.settimeout(60)
+                link.settimeout(seconds)
                 link.connect(str(self.socket))
                 parts = []
                 while part := link.recv(1 << 16):

@@ -40,8 +40,9 @@ void Probe::answer() {
     const QByteArray text = QJsonDocument(told).toJson(QJsonDocument::Compact);
     qsizetype sent = 0;
     while (sent < text.size()) {
-        const ssize_t part =
-            ::write(client, text.constData() + sent, static_cast<std::size_t>(text.size() - sent));
+        // Who has asked may have waited long enough and be gone.
+        const ssize_t part = ::send(client, text.constData() + sent,
+                                    static_cast<std::size_t>(text.size() - sent), MSG_NOSIGNAL);
         if (part <= 0) break;
         sent += part;
     }
