@@ -25,8 +25,8 @@
 
 #include "Measured.h"
 #include "common/NumberText.h"
+#include "common/Progress.h"
 #include "output/Exports.h"
-#include "output/Progress.h"
 #include "preview/PictureCopies.h"
 #include "support/InHand.h"
 

@@ -15,10 +15,10 @@
 #include <benchmark/benchmark.h>
 
 #include "Measured.h"
+#include "common/Progress.h"
 #include "model/Fits.h"
 #include "model/FrontOutline.h"
 #include "output/Plans.h"
-#include "output/Progress.h"
 #include "shell/qt/QtPrinterSurface.h"
 #include "support/InHand.h"
 

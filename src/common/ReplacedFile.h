@@ -56,12 +56,14 @@ public:
     /// it could not be opened.
     const std::string& temporary() const { return temporary_; }
 
+protected:
+    void flush() override;
+
 private:
     ReplacedFile() = default;
 
     void open(Links links);
     void write(std::string_view bytes);
-    void flush() override;
     void complete();
     void fail();
     void failFor(const ReplacedFile& file);

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include "common/NumberText.h"
+#include "common/Progress.h"
 
 namespace velna {
 namespace {
@@ -109,6 +110,14 @@ std::string readWholeFile(const std::string& path) {
 std::string readFileStart(const std::string& path, std::size_t most) {
     const OpenFile file(path);
     return readBytes(file, path, std::min(sizeOf(file, path), static_cast<off_t>(most)));
+}
+
+void ValueReader::ask() {
+    constexpr std::size_t betweenLooks = 65536;
+    const std::size_t behind = size_ - rest_.size();
+    nextLook_ = behind + betweenLooks;
+    if (!watcher_->step(static_cast<long long>(behind), static_cast<long long>(size_)))
+        throw WorkCancelled();
 }
 
 std::string_view ValueReader::line() {

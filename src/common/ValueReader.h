@@ -8,6 +8,8 @@
 
 namespace velna {
 
+class Progress;
+
 /// A read that failed: end of file, a value that does not parse, an integer out of its type's
 /// range, or a count that no project can have. The reader of the file stops there.
 class ReadFailure : public std::runtime_error {
@@ -28,10 +30,18 @@ std::string readFileStart(const std::string& path, std::size_t most);
 /// ReadFailure at the end of the file and on a value that does not fit.
 class ValueReader {
 public:
-    /// Reads from `bytes`, which must outlive the reader.
-    explicit ValueReader(std::string_view bytes) : rest_(bytes) {}
+    /// Reads from `bytes`, which must outlive the reader. `watcher` sees how far it is; null when
+    /// nobody watches.
+    explicit ValueReader(std::string_view bytes, Progress* watcher = nullptr)
+        : rest_(bytes), size_(bytes.size()), watcher_(watcher) {}
 
     bool atEnd() const { return rest_.empty(); }
+
+    /// To be called now and then, after each object or section: asks the watcher whenever another
+    /// 64 KiB are behind it. Throws WorkCancelled once the user has cancelled.
+    void lookUp() {
+        if (watcher_ && size_ - rest_.size() >= nextLook_) ask();
+    }
 
     /// The rest of the current line without its end.
     std::string_view line();
@@ -53,8 +63,12 @@ public:
 
 private:
     std::string_view value();
+    void ask();
 
     std::string_view rest_;
+    std::size_t size_;
+    std::size_t nextLook_ = 0;
+    Progress* watcher_;
 };
 
 }  // namespace velna

@@ -8,6 +8,10 @@ MeshSections newFuselage(const Project& project) {
     return MeshSections(project.units, project.defaultColor);
 }
 
+long long meshSize(const MeshSections& fuselage) {
+    return static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
+}
+
 }  // namespace
 
 void initFuselages(Project& project) {
@@ -27,15 +31,16 @@ void addFuselage(Project& project, bool copyCurrent) {
                                                    : newFuselage(project));
 }
 
+long long meshPoints(const Project& project) {
+    long long points = 0;
+    for (int i = 1; i <= project.nbFuselages; ++i) points += meshSize(project.Fuselages(i));
+    return points;
+}
+
 bool meshFits(const Project& project, const MeshSections* grown, long long sections,
               long long cross) {
-    long long points = sections * cross;
-    for (int i = 1; i <= project.nbFuselages; ++i) {
-        const MeshSections& fuselage = project.Fuselages(i);
-        if (&fuselage != grown)
-            points += static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
-    }
-    return points <= Plane::largestMesh;
+    const long long others = meshPoints(project) - (grown ? meshSize(*grown) : 0);
+    return others + sections * cross <= Plane::largestMesh;
 }
 
 void zeroElevationOffsets(Project& project) {

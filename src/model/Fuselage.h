@@ -17,6 +17,9 @@ void initFuselages(Project& project);
 void resizeFuselages(Project& project);
 /// A new fuselage in slot `nbFuselages`; with `copyCurrent` the shape of the current one.
 void addFuselage(Project& project, bool copyCurrent = false);
+/// The mesh points of all fuselages together.
+long long meshPoints(const Project& project);
+
 /// Whether all fuselages together stay within `Plane::largestMesh` when `grown` has `sections`
 /// times `cross` points: what the panel or the pointer makes must load again. `grown` may be null
 /// for a fuselage that is still to come.

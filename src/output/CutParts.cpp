@@ -4,11 +4,11 @@
 #include <cmath>
 
 #include "common/NumberText.h"
+#include "common/Progress.h"
 #include "model/FrontOutline.h"
 #include "model/Fuselage.h"
 #include "model/Panels.h"
 #include "model/Region.h"
-#include "output/Progress.h"
 
 namespace velna {
 

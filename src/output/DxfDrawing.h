@@ -8,8 +8,8 @@
 
 #include "common/Outcome.h"
 #include "common/Point.h"
+#include "common/Progress.h"
 #include "common/ReplacedFile.h"
-#include "output/Progress.h"
 #include "output/Rows.h"
 
 namespace velna {

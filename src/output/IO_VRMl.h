@@ -5,9 +5,9 @@
 #include <string_view>
 
 #include "common/Point.h"
+#include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "output/Exports.h"
-#include "output/Progress.h"
 #include "output/Rows.h"
 
 namespace velna {

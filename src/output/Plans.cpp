@@ -3,13 +3,13 @@
 #include <cmath>
 #include <utility>
 
+#include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "model/FigureMarks.h"
 #include "model/Fuselage.h"
 #include "output/CutParts.h"
 #include "output/FuselagePlans.h"
 #include "output/PartPlans.h"
-#include "output/Progress.h"
 #include "output/SheetMarks.h"
 #include "output/TailPlans.h"
 #include "output/WingPlans.h"

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "common/Progress.h"
 #include "model/SolidParts.h"
-#include "output/Progress.h"
 
 namespace velna {
 

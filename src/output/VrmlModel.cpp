@@ -1,12 +1,12 @@
 #include <cstdint>
 #include <string>
 
+#include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "model/MeshSections.h"
 #include "model/Solids.h"
 #include "output/Exports.h"
 #include "output/IO_VRMl.h"
-#include "output/Progress.h"
 #include "preview/PictureCopies.h"
 
 namespace velna::Plane {

@@ -96,6 +96,7 @@ void readBody(ValueReader& file, Body& body, const BodyRecord& record,
     readFixedLines(file, body, record, room);
     const double formerCurvature = std::exchange(body.curv, 0);
     for (int i = 1; i <= body.nb_sections; ++i) {
+        file.lookUp();
         for (const auto array : record.arrays) (body.*array)(i) = file.number();
         if (record.oneCurvature) body.curvature(i) = formerCurvature;
     }

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "common/Complaint.h"
+#include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
 #include "common/Version.h"
@@ -38,6 +39,47 @@ void readBlocks(ValueReader& file, Project& project, const ProjectFormat& format
     if (format.lastBlock >= LastBlock::textures) PictureFiles::readTextureNames(file, project);
 }
 
+/// An estimate: the numbers of all sections and airfoils, with twelve characters each.
+long long expectedBytes(const Project& project) {
+    constexpr long long number = 12;
+    long long numbers = 0;
+    for (int i = 1; i <= project.nbWings; ++i) numbers += 2LL * project.Wings(i).pointCount();
+    for (int i = 1; i <= project.nbFuselages; ++i)
+        numbers += 7LL * project.Fuselages(i).nb_sections;
+    return number * numbers;
+}
+
+/// The new file of a save, which asks the watcher at each block that it has written.
+class WatchedFile : public ReplacedFile {
+public:
+    WatchedFile(const std::string& file, const Project& project, Progress* watcher)
+        : ReplacedFile(file), work_(watcher, expectedBytes(project)) {}
+
+private:
+    void flush() override {
+        const auto size = static_cast<long long>(buffer().size());
+        ReplacedFile::flush();
+        if (!work_.did(size)) throw WorkCancelled();
+    }
+
+    Work work_;
+};
+
+Outcome save(WatchedFile& target, const std::string& file, Project& project,
+             PictureStore& pictures) {
+    saveBlocks(target, project);
+    PictureCopies copies(target, file, PictureFiles::namesIn, project, pictures);
+    const auto titles = PictureFiles::saveTextureNames(target, project, copies);
+    target.commit();
+    if (!target.inPlace()) return Outcome::failed(target.error());
+    copies.madeHere();
+    PictureFiles::keepTitles(project, titles);
+    if (!target.error().empty()) return Outcome::failed(target.error());
+    // A picture that cannot be read is told of, but must not keep the aircraft from being saved.
+    const std::string missing = copies.missing(" could not be put beside the project");
+    return missing.empty() ? Outcome() : Outcome::failed(missing + " All else has been saved.");
+}
+
 }  // namespace
 
 void saveBlocks(TextSink& target, const Project& project) {
@@ -52,20 +94,15 @@ void saveBlocks(TextSink& target, const Project& project) {
     MainWing::saveWingAirfoils(target, project);
 }
 
-Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures) {
-    ReplacedFile target(file);
+Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures,
+                    Progress* watcher) {
+    WatchedFile target(file, project, watcher);
     if (!target.error().empty()) return Outcome::failed(target.error());
-    saveBlocks(target, project);
-    PictureCopies copies(target, file, PictureFiles::namesIn, project, pictures);
-    const auto titles = PictureFiles::saveTextureNames(target, project, copies);
-    target.commit();
-    if (!target.inPlace()) return Outcome::failed(target.error());
-    copies.madeHere();
-    PictureFiles::keepTitles(project, titles);
-    if (!target.error().empty()) return Outcome::failed(target.error());
-    // A picture that cannot be read is told of, but must not keep the aircraft from being saved.
-    const std::string missing = copies.missing(" could not be put beside the project");
-    return missing.empty() ? Outcome() : Outcome::failed(missing + " All else has been saved.");
+    try {
+        return save(target, file, project, pictures);
+    } catch (const WorkCancelled&) {
+        return Outcome::cancelled();
+    }
 }
 
 Outcome checkProject(const std::string& file) {
@@ -79,23 +116,26 @@ Outcome checkProject(const std::string& file) {
     return Outcome::failed(file + ": no Velna project");
 }
 
-bool readProjectBytes(Project& project, std::string_view bytes) {
-    ValueReader file(bytes);
+bool readProjectBytes(Project& project, std::string_view bytes, Progress* watcher) {
+    ValueReader file(bytes, watcher);
     const ProjectFormat& format = formatOf(file.line());
     if (!format.readWings) return false;
     readBlocks(file, project, format);
     return true;
 }
 
-Outcome readProject(Project& project, const std::string& file, bool* whole) {
+Outcome readProject(Project& project, const std::string& file, bool* whole, Progress* watcher) {
     project.projectDirectory = folderOf(file);
     if (whole) *whole = false;
     try {
-        if (!readProjectBytes(project, readWholeFile(file))) return Outcome::failed(refusedVersion);
+        if (!readProjectBytes(project, readWholeFile(file), watcher))
+            return Outcome::failed(refusedVersion);
         if (whole) *whole = true;
     } catch (const ReadFailure& failure) {
         // No matter for a message box: what was read so far stands.
         complain(file, failure.what());
+    } catch (const WorkCancelled&) {
+        return Outcome::cancelled();
     }
     return {};
 }

@@ -83,6 +83,7 @@ void readAirfoil(ValueReader& file, Wing& wing) {
     wing.nb = file.count(0);
     wing.allocate();
     for (int i = 1; i <= wing.nb; ++i) {
+        file.lookUp();
         wing.airfoilPoint(i).x = file.number();
         wing.airfoilPoint(i).z = file.number();
     }
@@ -98,7 +99,10 @@ void saveWings(TextSink& file, const Project& project) {
 void readWings(ValueReader& file, Project& project) {
     project.nbWings = file.count(1);
     allocateWings(project);
-    for (int i = 1; i <= project.nbWings; ++i) readWing(file, project.Wings(i));
+    for (int i = 1; i <= project.nbWings; ++i) {
+        file.lookUp();
+        readWing(file, project.Wings(i));
+    }
 }
 
 void readWingsV120(ValueReader& file, Project& project) {

@@ -24,6 +24,9 @@ public:
 
     virtual void swapBuffers() = 0;
 
+    /// The pointer tells that the program is at work, until it is told that it is not any more.
+    virtual void setBusy(bool on) = 0;
+
     /// Size of `Render` in its own units, and the device pixels of one such unit.
     virtual double width() const = 0;
     virtual double height() const = 0;

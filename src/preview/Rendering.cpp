@@ -6,6 +6,7 @@
 #include <GL/gl.h>
 
 #include "common/NumberText.h"
+#include "model/Fuselage.h"
 #include "preview/Textures.h"
 
 namespace velna {
@@ -35,6 +36,26 @@ void setLightAndMaterial() {
     glMaterialfv(GL_FRONT_AND_BACK, GL_EMISSION, none);
     glLightModelfv(GL_LIGHT_MODEL_AMBIENT, ambient);
 }
+
+/// So many points take a driver that draws by the processor a second and more.
+constexpr long long pointsOfALongPicture = 500'000;
+
+/// For as long as it stands the pointer tells that a picture is being drawn, where that is needed.
+class BusyWhileDrawn {
+public:
+    BusyWhileDrawn(RenderContext& context, bool needed) : context_(context), needed_(needed) {
+        if (needed_) context_.setBusy(true);
+    }
+    ~BusyWhileDrawn() {
+        if (needed_) context_.setBusy(false);
+    }
+    BusyWhileDrawn(const BusyWhileDrawn&) = delete;
+    BusyWhileDrawn& operator=(const BusyWhileDrawn&) = delete;
+
+private:
+    RenderContext& context_;
+    bool needed_;
+};
 
 /// Sets a flag for as long as it stands.
 struct Raised {
@@ -150,6 +171,7 @@ void Rendering::renderScene(bool rebuild) {
         if (rebuild) solids_.update(project_);
         return;
     }
+    const BusyWhileDrawn busy(*context, Fuselage::meshPoints(project_) > pointsOfALongPicture);
     const bool replay = !rebuild && renderListBuilt;
     if (!replay) prepareScene();
     if (!contextCreated) return;

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "common/Complaint.h"
+#include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "model/Project.h"
-#include "output/Progress.h"
 #include "persistence/WholeProject.h"
 #include "shell/ExportKinds.h"
 

@@ -19,7 +19,7 @@ namespace velna {
 namespace {
 
 Outcome writeProject(const ExportJob& job) {
-    return Plane::saveProject(job.project, job.file, job.pictures);
+    return Plane::saveProject(job.project, job.file, job.pictures, job.tools.watcher());
 }
 
 /// All fuselages are in it, the hidden ones too. Where a picture lies on a wing depends on its

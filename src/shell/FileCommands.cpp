@@ -42,12 +42,16 @@ void updateList(Project& project) {
     project.ObjectList.update(project.Fuselages, project.nbFuselages);
 }
 
+void setDefault(Project& project) {
+    project.ObjectList.clear();
+    Plane::setDefaultPlane(project);
+}
+
 }  // namespace
 
 /// A fresh list, all fuselages shown, on the model as it stands.
 void FileCommands::resetModel() {
-    main.project.ObjectList.clear();
-    Plane::setDefaultPlane(main.project);
+    setDefault(main.project);
     solids = {};
     main.views.startOver();
     // What a field has changed by is told within one aircraft.
@@ -61,6 +65,19 @@ void FileCommands::resetModel() {
 void FileCommands::tellNotOpened(const std::string& what, const std::string& reason) {
     reportFailure(*ports.dialogs, what + " could not be opened. The aircraft stays as it is.",
                   reason);
+}
+
+/// While a long file is read, windows are painted and the user may cancel: the aircraft in hand
+/// stands until the other is there.
+Outcome FileCommands::readInPlace(const std::string& file, bool& whole) {
+    Project other = main.project;
+    setDefault(other);
+    const Outcome read = Plane::readProject(other, file, &whole, ports.progress);
+    if (ports.progress) ports.progress->finish();
+    if (read.isCancelled()) return read;
+    resetModel();
+    main.project = std::move(other);
+    return read;
 }
 
 /// False when the user would rather keep the current project. A file that is no project is found
@@ -78,9 +95,9 @@ bool FileCommands::openProject(const std::string& file) {
         return false;
     const HistoryStep step(main, "Open");
     const FormerProject former{main.savedProject, main.projectName};
-    resetModel();
     bool whole = false;
-    const Outcome read = Plane::readProject(main.project, file, &whole);
+    const Outcome read = readInPlace(file, whole);
+    if (read.isCancelled()) return true;
     main.projectName = whole ? file : "";
     if (!read.hasFailed()) recent.add(file);
     if (read.hasFailed())
@@ -112,7 +129,7 @@ void FileCommands::openTexture(const std::string& file) {
 }
 
 void FileCommands::saveProjectAs(const std::string& file) {
-    const Outcome saved = Plane::saveProject(main.project, file, pictures);
+    const Outcome saved = Plane::saveProject(main.project, file, pictures, ports.progress);
     // A picture may have been stored under another name.
     main.history.amend(main.project);
     if (saved.isDone()) {
@@ -121,7 +138,7 @@ void FileCommands::saveProjectAs(const std::string& file) {
         main.projectName = file;
         recent.add(file);
         recovery.settle();
-    } else {
+    } else if (saved.hasFailed()) {
         // What has come of the other name is not known: the next save asks.
         if (file != main.projectName) main.projectName.clear();
         reportFailure(*ports.dialogs, titleOf(file) + " could not be saved completely.",

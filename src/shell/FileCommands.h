@@ -63,6 +63,7 @@ private:
     bool openAs(OpenedKind kind, const std::string& file);
     void showOpened();
     bool openProject(const std::string& file);
+    Outcome readInPlace(const std::string& file, bool& whole);
     void openWingAirfoil(const std::string& file);
     void openTexture(const std::string& file);
     void saveProjectAs(const std::string& file);

@@ -5,9 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "common/Progress.h"
 #include "output/Exports.h"
 #include "output/Plans.h"
-#include "output/Progress.h"
 #include "preview/PictureCopies.h"
 #include "support/InHand.h"
 #include "support/TemporaryFolder.h"

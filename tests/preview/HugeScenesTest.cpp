@@ -110,6 +110,20 @@ TEST_F(HugeScenes, OneHullOfFourMillionPoints) {
     expectShownWith(objects(), "8 outline points a section");
 }
 
+TEST_F(HugeScenes, ThePointerTellsOfAPictureThatTakesLong) {
+    const std::vector<bool> onAndOff{true, false};
+    shape(Fuselages(1), 5000, 101);
+    shown();
+    EXPECT_EQ(context.busy, onAndOff) << "505,000 points";
+    context.busy.clear();
+    rendering.renderScene(false);
+    EXPECT_EQ(context.busy, onAndOff) << "shown again";
+    context.busy.clear();
+    shape(Fuselages(1), 5000, 99);
+    shown();
+    EXPECT_EQ(context.busy, std::vector<bool>{}) << "495,000 points";
+}
+
 TEST_F(HugeScenes, AsManyWingsAsACountCanHold) {
     nbWings = 32767;
     MainWing::allocateWings(project);

@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "output/Progress.h"
+#include "common/Progress.h"
 #include "qt/PaperFile.h"
 
 namespace velna {

@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include "output/Progress.h"
+#include "common/Progress.h"
 #include "shell/BatchExport.h"
 #include "shell/ExportKinds.h"
 #include "shell/ExportTools.h"

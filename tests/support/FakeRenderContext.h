@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "preview/RenderContext.h"
 #include "support/GlTape.h"
@@ -21,6 +22,8 @@ public:
     bool creationWorks = true;
     /// The window events of a turn.
     std::function<void()> events = [] {};
+    /// What the pointer was told while pictures were drawn, in order.
+    std::vector<bool> busy;
     /// What happens when a frame is shown.
     std::function<void()> shown = [] {};
 
@@ -41,6 +44,7 @@ public:
         GlTape::add({"SwapBuffers"});
         shown();
     }
+    void setBusy(bool on) override { busy.push_back(on); }
     double width() const override { return full_ ? screenAreaWidth : areaWidth; }
     double height() const override { return full_ ? screenAreaHeight : areaHeight; }
     double devicePixelRatio() const override { return pixelRatio; }

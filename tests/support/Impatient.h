@@ -1,6 +1,6 @@
 #pragma once
 
-#include "output/Progress.h"
+#include "common/Progress.h"
 
 namespace velna::test {
 

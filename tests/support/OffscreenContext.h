@@ -22,6 +22,7 @@ public:
     bool create() override;
     void destroy() override {}
     void swapBuffers() override;
+    void setBusy(bool) override {}
     double width() const override { return width_; }
     double height() const override { return height_; }
     double devicePixelRatio() const override { return 1; }

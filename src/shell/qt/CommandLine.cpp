@@ -10,7 +10,7 @@
 
 #include <unistd.h>
 
-#include "output/Progress.h"
+#include "common/Progress.h"
 #include "shell/Arguments.h"
 #include "shell/BatchExport.h"
 #include "shell/ExportTools.h"

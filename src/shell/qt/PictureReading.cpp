@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "shell/qt/BusyPointer.h"
+
 namespace velna {
 namespace {
 
@@ -91,6 +93,7 @@ QImage read(const std::string& file, QSize largest, std::string& reason) {
     if (largest.isValid() && natural.width() > largest.width() &&
         natural.height() > largest.height())
         reader.setScaledSize(largest);
+    const BusyPointer busy(takesLong(natural));
     QImage image = hasTooManyPixels(natural) ? QImage() : reader.read();
     if (hasTooManyPixels(natural) || hasTooManyPixels(image.size())) {
         reason = tooLarge;
@@ -113,6 +116,11 @@ QSize readSize(const std::string& file) {
 }
 
 }  // namespace
+
+bool takesLong(QSize size) {
+    constexpr qint64 pixelsOfATenth = 5'000'000;  // of a second, with a slow decoder
+    return qint64{size.width()} * size.height() > pixelsOfATenth;
+}
 
 QImage readPicture(const std::string& file, QSize largest, std::string& reason) {
     try {

@@ -6,6 +6,7 @@
 #include <QTransform>
 #include <exception>
 
+#include "shell/qt/BusyPointer.h"
 #include "shell/qt/PictureReading.h"
 
 namespace velna {
@@ -18,6 +19,7 @@ constexpr const char* noMemory = "The picture needs more memory than there is";
 
 /// Runs a step on the picture; one that finds no memory leaves no picture.
 void QtPictures::whereMemoryHasRoom(const std::function<void()>& step) {
+    const BusyPointer busy(takesLong(image_.size()));
     try {
         step();
     } catch (const std::exception&) {

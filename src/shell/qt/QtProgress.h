@@ -3,7 +3,7 @@
 #include <QElapsedTimer>
 #include <QPointer>
 
-#include "output/Progress.h"
+#include "common/Progress.h"
 
 class QProgressDialog;
 

@@ -86,6 +86,11 @@ void QtRenderContext::destroy() {
     context_.reset();
 }
 
+void QtRenderContext::setBusy(bool on) {
+    busy_.reset();
+    if (on) busy_.emplace();
+}
+
 void QtRenderContext::swapBuffers() {
     if (context_ && window_.renderWindow().isExposed())
         context_->swapBuffers(&window_.renderWindow());

@@ -2,8 +2,10 @@
 
 #include <QSurfaceFormat>
 #include <memory>
+#include <optional>
 
 #include "preview/RenderContext.h"
+#include "shell/qt/BusyPointer.h"
 
 class QOpenGLContext;
 
@@ -22,6 +24,7 @@ public:
     bool create() override;
     void destroy() override;
     void swapBuffers() override;
+    void setBusy(bool on) override;
     double width() const override;
     double height() const override;
     double devicePixelRatio() const override;
@@ -37,6 +40,7 @@ private:
     Quit& quit_;
     QSurfaceFormat format_;
     std::unique_ptr<QOpenGLContext> context_;
+    std::optional<BusyPointer> busy_;
     bool unused_ = false;  // the context has only shown that its format can be had
 };
 

@@ -4,7 +4,7 @@
 #include <future>
 #include <system_error>
 
-#include "output/Progress.h"
+#include "common/Progress.h"
 
 namespace velna {
 

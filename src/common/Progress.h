@@ -2,7 +2,8 @@
 
 namespace velna {
 
-/// Who watches a long export or print job: it shows how far the work is, and may end it.
+/// Who watches a long reading, save, export or print job: it shows how far the work is, and may end
+/// it.
 class Progress {
 public:
     virtual ~Progress() = default;
@@ -18,6 +19,9 @@ public:
     /// The command is over: the next one starts anew.
     virtual void finish() {}
 };
+
+/// Thrown out of work whose steps give no outcome of their own, once the user has cancelled it.
+struct WorkCancelled {};
 
 /// Counts the units of one export or job and asks the watcher now and then, so that neither a small
 /// model pays for the question nor a large one runs on after a cancel.

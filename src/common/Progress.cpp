@@ -1,4 +1,4 @@
-#include "output/Progress.h"
+#include "common/Progress.h"
 
 #include <algorithm>
 
