@@ -39,6 +39,7 @@ ROWS = [
     ("output", "vrmlExport/1000000/process_time", "vrmlBareLoop/process_time", 1.3),
     ("output", "dxfFrontExport/1000000/process_time", "dxfBareLoop/process_time", 1.3),
     ("solid", "stlWrite/process_time", "stlBareLoop/process_time", 1.7),
+    ("solid", "solidExport/stl/process_time", "stlBareLoop/process_time", 1.7),
     ("plan", "planFront/400000/process_time", "planBare/400000/process_time", 1.2),
     ("plan", "planWatched/400000/process_time", "planFront/400000/process_time", 1.05),
     ("output", "vrmlWatched/400000/process_time", "vrmlExport/400000/process_time", 1.05),

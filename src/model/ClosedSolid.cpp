@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <numeric>
 #include <utility>
 
 #include "common/Turn.h"
@@ -61,7 +62,12 @@ public:
     }
 
     Outcome run() {
-        solid_ = {};
+        // What held another solid keeps its memory: fresh pages cost more than filling them.
+        solid_.points.clear();
+        solid_.triangles.clear();
+        solid_.bays.clear();
+        solid_.sources.clear();
+        solid_.points.reserve(loft_.points.size());
         if (loft_.sectionPoints < 3) return Outcome::failed(NoSolid::fewPoints);
         if (loft_.sections() < 2) return Outcome::failed(NoSolid::noLength);
         for (std::size_t section = 0; section < loft_.sections(); ++section) {
@@ -82,11 +88,13 @@ private:
     Outcome take(std::size_t section);
     bool hold(std::size_t section);
     void makeVertices(std::size_t section);
+    void makePlain(std::size_t section);
     void makeRing();
     std::uint32_t vertexAt(const Point3D& point);
     SectionShape shapeOfRing() const;
     void join();
     void joinBay(std::size_t section);
+    void joinPlain(std::size_t section);
     void closeEnd(std::size_t section, bool first);
     void add(const std::array<std::size_t, 3>& sources);
     Outcome finish();
@@ -98,8 +106,9 @@ private:
     double Point3D::*up_;
     std::vector<std::uint32_t> vertices_;  ///< of each point of the loft
     std::vector<double> planes_;           ///< where each section lies
-    std::vector<Point2D> flat_;            ///< the section in hand
-    std::vector<Point3D> held_;            ///< its points
+    std::vector<bool> plain_;  ///< whether its points are vertices of its own, one after the other
+    std::vector<Point2D> flat_;  ///< the section in hand
+    std::vector<Point3D> held_;  ///< its points
     SectionPoints alike_;
     Corners ring_;  ///< its corners, by their places in it
     /// What earlier sections of the same plane have put there: a point of the file is known by its
@@ -119,12 +128,13 @@ private:
 bool Joining::hold(std::size_t section) {
     held_.resize(loft_.sectionPoints);
     flat_.resize(loft_.sectionPoints);
+    const auto near = [](double value) { return std::abs(value) <= largestCoordinate; };
+    const CoordinateForm form = order_.form;
     for (std::size_t j = 0; j < held_.size(); ++j) {
         const Point3D& point = loft_.points[at(section, j)];
-        for (auto coordinate : {&Point3D::x, &Point3D::y, &Point3D::z}) {
-            if (!(std::abs(point.*coordinate) <= largestCoordinate)) return false;
-            held_[j].*coordinate = heldCoordinate(point.*coordinate, order_.form);
-        }
+        if (!near(point.x) || !near(point.y) || !near(point.z)) return false;
+        held_[j] = {heldCoordinate(point.x, form), heldCoordinate(point.y, form),
+                    heldCoordinate(point.z, form)};
         flat_[j] = {held_[j].*right_, held_[j].*up_};
     }
     return true;
@@ -138,6 +148,14 @@ std::uint32_t Joining::vertexAt(const Point3D& point) {
     }
     solid_.points.push_back(point);
     return vertex;
+}
+
+/// A vertex for each of the section's points.
+void Joining::makePlain(std::size_t section) {
+    const auto to = vertices_.begin() + static_cast<std::ptrdiff_t>(at(section, 0));
+    std::iota(to, to + static_cast<std::ptrdiff_t>(held_.size()),
+              static_cast<std::uint32_t>(solid_.points.size()));
+    solid_.points.insert(solid_.points.end(), held_.begin(), held_.end());
 }
 
 void Joining::makeVertices(std::size_t section) {
@@ -154,6 +172,8 @@ void Joining::makeVertices(std::size_t section) {
         }
     }
     const Corners& first = alike_.take(flat_);
+    plain_.push_back(!step && alike_.allDiffer());
+    if (plain_.back()) return makePlain(section);
     for (std::size_t j = 0; j < held_.size(); ++j) {
         vertices_[at(section, j)] =
             first[j] == j ? vertexAt(held_[j]) : vertices_[at(section, first[j])];
@@ -172,9 +192,11 @@ void Joining::makeRing() {
 SectionShape Joining::shapeOfRing() const {
     if (ring_.size() == 1) return SectionShape::Point;
     std::vector<Point2D> outline;
-    outline.reserve(ring_.size());
-    for (const std::uint32_t corner : ring_) outline.push_back(flat_[corner]);
-    if (isSimple(outline)) return SectionShape::Ring;
+    if (!alike_.allDiffer()) {
+        outline.reserve(ring_.size());
+        for (const std::uint32_t corner : ring_) outline.push_back(flat_[corner]);
+    }
+    if (isSimple(alike_.allDiffer() ? flat_ : outline)) return SectionShape::Ring;
     return isLine(ring_) ? SectionShape::Line : SectionShape::Touching;
 }
 
@@ -214,8 +236,28 @@ void Joining::add(const std::array<std::size_t, 3>& sources) {
     if (order_.keepSources) solid_.sources.push_back(from);
 }
 
+/// The band between two sections of vertices of their own: no triangle of it can be left out.
+void Joining::joinPlain(std::size_t section) {
+    const auto n = static_cast<std::uint32_t>(loft_.sectionPoints);
+    const auto append = [n](std::vector<Triangle>& triangles, std::uint32_t here,
+                            std::uint32_t far) {
+        triangles.resize(triangles.size() + 2 * std::size_t{n});
+        Triangle* to = &triangles.back() - 2 * std::size_t{n} + 1;
+        for (std::uint32_t j = 0; j < n; ++j) {
+            const std::uint32_t next = j + 1 == n ? 0 : j + 1;
+            *to++ = {here + j, here + next, far + next};
+            *to++ = {here + j, far + next, far + j};
+        }
+    };
+    append(solid_.triangles, vertices_[at(section, 0)], vertices_[at(section + 1, 0)]);
+    if (!order_.keepSources) return;
+    append(solid_.sources, static_cast<std::uint32_t>(at(section, 0)),
+           static_cast<std::uint32_t>(at(section + 1, 0)));
+}
+
 /// The band between a section and the next.
 void Joining::joinBay(std::size_t section) {
+    if (plain_[section] && plain_[section + 1]) return joinPlain(section);
     const std::size_t n = loft_.sectionPoints;
     inStep_ = planes_[section] == planes_[section + 1];
     for (std::size_t j = 0; j < n; ++j) {

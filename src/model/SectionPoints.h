@@ -15,6 +15,8 @@ public:
     const std::vector<std::uint32_t>& take(const std::vector<Point2D>& points);
     /// The same of the points taken last.
     const std::vector<std::uint32_t>& first() const { return first_; }
+    /// Whether none of them is one with another.
+    bool allDiffer() const { return allDiffer_; }
 
 private:
     std::uint32_t find(const std::vector<Point2D>& points, std::uint32_t place);
@@ -23,6 +25,7 @@ private:
     std::vector<std::uint32_t> buckets_;
     std::vector<std::uint32_t> nextInBucket_;
     std::vector<std::uint32_t> first_;
+    bool allDiffer_ = true;
 };
 
 }  // namespace velna

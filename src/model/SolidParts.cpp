@@ -85,6 +85,7 @@ private:
     const std::function<bool(const SolidPart&)>& visit_;
     std::vector<RefusedPart>& refused_;
     double unit_;
+    SolidPart single_;  ///< the last part of one loft
 };
 
 void Parts::refuse(const std::string& name, const std::string& why, const PairNames* pair) {
@@ -106,19 +107,19 @@ bool Parts::addPair(SolidPart& part, const PairNames* pair) {
 /// A part of one loft and one skin.
 template <class Part>
 bool Parts::single(const std::string& name, const Part& part, const PairNames* pair) {
-    SolidPart solid{name, {}, {}};
     Loft loft;
     Outcome built = loftOf(part, unit_, loft);
-    if (built.isDone()) built = buildSolid(loft, order_.solid, solid.solid);
+    if (built.isDone()) built = buildSolid(loft, order_.solid, single_.solid);
     if (built.isCancelled()) return false;
     if (built.hasFailed()) {
         refuse(name, built.reason(), pair);
         return true;
     }
     loft = {};
-    solid.skins.push_back(skinOf(part));
-    solid.skins.front().end = solid.solid.triangles.size();
-    return addPair(solid, pair);
+    single_.name = name;
+    single_.skins = {skinOf(part)};
+    single_.skins.front().end = single_.solid.triangles.size();
+    return addPair(single_, pair);
 }
 
 /// Whether the outer panel's root is the inner one's tip.

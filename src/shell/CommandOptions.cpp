@@ -21,6 +21,9 @@ constexpr unsigned pages = bit(ExportKind::Plans);
 constexpr unsigned pictures = bit(ExportKind::Picture) | bit(ExportKind::VectorPicture);
 constexpr unsigned views = pictures | bit(ExportKind::Drawing);
 constexpr unsigned cutters = bit(ExportKind::Drawing) | bit(ExportKind::VectorPicture);
+constexpr unsigned models = bit(ExportKind::Model);
+constexpr unsigned solids =
+    bit(ExportKind::Stl) | bit(ExportKind::ThreeMf) | bit(ExportKind::Obj) | bit(ExportKind::Glb);
 
 constexpr OptionUse exports = OptionUse::Export;
 constexpr OptionUse info = OptionUse::Info;
@@ -56,7 +59,12 @@ constexpr OptionRow optionTable[] = {
      Drawn::cutting, once, takeRibWish},
     {"--slot", "P,W,D,top|bottom", "a spar slot at P % of the chord, W mm wide and D mm deep",
      exports, cutters | pages, Drawn::cutting, often, takeRibWish},
-    {"--each", "", "a file for each part", exports, cutters, Drawn::cutting, once, takeEach},
+    {"--each", "", "a file for each part", exports, cutters | solids, Drawn::cutting | Drawn::solid,
+     once, takeEach},
+    {"--cut", "", "wings are cut at the borders of their panels", exports, solids, Drawn::anything,
+     once, takeCut},
+    {"--strict", "", "with the blank that strict readers ask for", exports, models, Drawn::anything,
+     once, takeStrict},
     {"--info", "", "tell the figures of PROJECT: areas, tail volumes, balance", info, everyKind,
      Drawn::anything, often, takeInfo},
     {"--json", "", "tell them as JSON, in mm, dm2, cm3 and degrees", info, everyKind,

@@ -16,7 +16,8 @@ namespace Drawn {
 inline constexpr unsigned view = 1;
 inline constexpr unsigned pages = 2;    ///< a plan on paper
 inline constexpr unsigned cutting = 4;  ///< a plan to be cut
-inline constexpr unsigned anything = 7;
+inline constexpr unsigned solid = 8;    ///< the aircraft as bodies
+inline constexpr unsigned anything = 15;
 }  // namespace Drawn
 
 /// One option of the command line.

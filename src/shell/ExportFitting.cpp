@@ -60,6 +60,7 @@ Outcome takePlans(ExportRequest& request) {
 /// What the wish draws, in the bits of `OptionRow::drawn`.
 unsigned drawn(const ExportRequest& request) {
     if (request.cut) return Drawn::cutting;
+    if (solidFormatOf(ending(request))) return Drawn::solid;
     if (request.kind != ExportKind::Plans) return Drawn::view;
     unsigned all = 0;
     for (const PlanName& plan : request.planNames) all |= plan.cut ? Drawn::cutting : Drawn::pages;
@@ -71,7 +72,7 @@ Outcome refuseFor(const OptionRow& option, const ExportRequest& request) {
     if (!fits(option, request.kind))
         return Outcome::failed(name + " makes no sense for " + ending(request));
     if ((option.drawn & drawn(request)) != 0) return {};
-    return Outcome::failed(option.drawn == Drawn::cutting
+    return Outcome::failed((option.drawn & Drawn::cutting) != 0
                                ? name + " needs --plan wing or --plan ribs"
                                : name + " makes no sense with such a --plan");
 }

@@ -31,7 +31,8 @@ Outcome writeModel(const ExportJob& job) {
     Textures::convertPictures(project, solids, job.pictures.imaging);
     for (int i = 1; i <= project.nbFuselages; ++i) project.ObjectList.setShown(i, true);
     solids.createAll(project);
-    return Plane::exportVRML(project, solids, job.file, job.pictures, job.tools.watcher());
+    return Plane::exportVRML(project, solids, job.file, job.pictures, job.tools.watcher(),
+                             job.request.spelling);
 }
 
 Outcome writeCutPlan(const ExportJob& job, CutFormat format) {
@@ -77,6 +78,12 @@ Outcome writeVectorPicture(const ExportJob& job) {
     return writeBytes(job.file, surface.text());
 }
 
+Outcome writeSolids(const ExportJob& job) {
+    const auto format = solidFormatOf(std::string(".") + rowOf(job.request.kind).ending);
+    return Plane::exportSolids(job.project, *format, job.request.solids, job.file, job.pictures,
+                               job.tools.watcher());
+}
+
 constexpr ExportKindRow kindTable[] = {
     {ExportKind::Project, "vln", "the project as this version writes it", writeProject},
     {ExportKind::Model, "wrl", "the model in three dimensions, VRML 2.0", writeModel},
@@ -85,6 +92,11 @@ constexpr ExportKindRow kindTable[] = {
     {ExportKind::Picture, "png", "a view as the window shows it", writePicture},
     {ExportKind::VectorPicture, "svg", "the same as lines, or a plan to be cut",
      writeVectorPicture},
+    {ExportKind::Stl, "stl", "closed solids in millimetres, to be printed", writeSolids},
+    {ExportKind::ThreeMf, "3mf", "the same with names and colours", writeSolids},
+    {ExportKind::Obj, "obj", "the same to be looked at, with pictures and electronics",
+     writeSolids},
+    {ExportKind::Glb, "glb", "the same as glTF, in one file", writeSolids},
 };
 
 bool sameIgnoringCase(char a, char b) {

@@ -8,12 +8,25 @@
 #include "editor/FormState.h"
 #include "model/Fits.h"
 #include "output/CutParts.h"
+#include "output/Exports.h"
 #include "output/Plans.h"
+#include "output/SolidExport.h"
 
 namespace velna {
 
 /// The kinds of file that the command line writes.
-enum class ExportKind { Project, Model, Drawing, Plans, Picture, VectorPicture };
+enum class ExportKind {
+    Project,
+    Model,
+    Drawing,
+    Plans,
+    Picture,
+    VectorPicture,
+    Stl,
+    ThreeMf,
+    Obj,
+    Glb
+};
 
 /// A sheet of paper, in millimetres.
 struct PaperSize {
@@ -42,6 +55,8 @@ struct ExportRequest {
     std::optional<CutPlan> cut;       ///< for a drawing: that plan in place of a view
     PaperSize paper;
     bool landscape = false;  ///< the sheet is turned
+    SolidOptions solids;     ///< for the files of solids
+    VrmlSpelling spelling = VrmlSpelling::Usual;
 };
 
 }  // namespace velna

@@ -170,16 +170,17 @@ Outcome FileCommands::exportSolids(const std::string& file, SolidFormat format) 
     const auto wished = ports.dialogs->askSolidOptions(solidOptions);
     if (!wished) return Outcome::cancelled();
     solidOptions = *wished;
-    std::string replaced;
+    std::vector<std::string> replaced;
     if (wished->each) {
         for (const std::string& part : Plane::solidFiles(main.project, format, *wished, file)) {
             if (std::filesystem::exists(std::filesystem::symlink_status(part)))
-                replaced += titleOf(part) + "\n";
+                replaced.push_back(titleOf(part));
         }
     }
-    if (!replaced.empty() && !ports.dialogs->askYesNo("These files will be replaced:\n" + replaced +
-                                                          "Do you want to proceed ?",
-                                                      BoxIcon::Exclamation, false))
+    if (!replaced.empty() &&
+        !ports.dialogs->askYesNo(
+            "These files will be replaced:\n" + firstLines(replaced) + "\nDo you want to proceed ?",
+            BoxIcon::Exclamation, false))
         return Outcome::cancelled();
     return Plane::exportSolids(main.project, format, *wished, file, pictures, ports.progress);
 }

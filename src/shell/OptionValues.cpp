@@ -180,6 +180,17 @@ Outcome takeRibWish(Arguments& arguments, const OptionRow& option, std::string_v
 
 Outcome takeEach(Arguments& arguments, const OptionRow& /*option*/, std::string_view /*word*/) {
     arguments.exports.plans.wishes.each = true;
+    arguments.exports.solids.each = true;
+    return {};
+}
+
+Outcome takeCut(Arguments& arguments, const OptionRow& /*option*/, std::string_view /*word*/) {
+    arguments.exports.solids.cut = true;
+    return {};
+}
+
+Outcome takeStrict(Arguments& arguments, const OptionRow& /*option*/, std::string_view /*word*/) {
+    arguments.exports.spelling = VrmlSpelling::Strict;
     return {};
 }
 

@@ -27,6 +27,8 @@ Outcome takeLandscape(Arguments& arguments, const OptionRow& option, std::string
 Outcome takeTape(Arguments& arguments, const OptionRow& option, std::string_view word);
 Outcome takeRibWish(Arguments& arguments, const OptionRow& option, std::string_view word);
 Outcome takeEach(Arguments& arguments, const OptionRow& option, std::string_view word);
+Outcome takeCut(Arguments& arguments, const OptionRow& option, std::string_view word);
+Outcome takeStrict(Arguments& arguments, const OptionRow& option, std::string_view word);
 
 Outcome takeInfo(Arguments& arguments, const OptionRow& option, std::string_view word);
 Outcome takeJson(Arguments& arguments, const OptionRow& option, std::string_view word);

@@ -13,10 +13,11 @@ import signal
 import subprocess
 import unittest
 
-from calling import CURRENT, DEFAULT, ENVIRONMENT, EXPORTS, PROGRAM, CommandLine, call, main
+from calling import CURRENT, DEFAULT, ENVIRONMENT, EXAMPLES, EXPORTS, PROGRAM, CommandLine, call, main
 
-KINDS = {"vln": [], "wrl": [], "dxf": [], "pdf": ["--plan", "side"], "png": [], "svg": []}
+KINDS = {"vln": [], "wrl": [], "dxf": [], "pdf": ["--plan", "side"], "png": [], "svg": [], "stl": [], "3mf": [], "obj": [], "glb": []}
 NOBODY = 65534
+GLIDER = EXAMPLES[0]
 
 
 class WrongCalls(CommandLine):
@@ -36,6 +37,11 @@ class WrongCalls(CommandLine):
         self.refuses("--view makes no sense with such a --plan", "--export", f"{out}.dxf", "--plan=ribs", "--view=top",
                      DEFAULT)
         self.refuses("--view makes no sense without --export", "--view", "top", DEFAULT)
+        self.refuses("--strict makes no sense for .dxf", "--export", f"{out}.dxf", "--strict", DEFAULT)
+        self.refuses("--cut makes no sense for .wrl", "--export", f"{out}.wrl", "--cut", DEFAULT)
+        self.refuses("--each makes no sense for .wrl", "--export", f"{out}.wrl", "--each", DEFAULT)
+        self.refuses("--skin makes no sense for .stl", "--export", f"{out}.stl", "--skin=1", DEFAULT)
+        self.refuses("--plan makes no sense for .glb", "--export", f"{out}.glb", "--plan=ribs", DEFAULT)
 
     def test_endings_and_kinds_that_are_unknown(self):
         for name in ("o", "o.", "o.doc", ".wrl/o", "o.wrl2"):
@@ -117,7 +123,7 @@ class Targets(CommandLine):
         for out, reason in {self.folder / "pipe": "Invalid argument", pathlib.Path("/dev/null"): "Invalid argument",
                             self.folder / "none" / "o": "No such file or directory",
                             DEFAULT / "o": "Not a directory"}.items():
-            for kind in ("vln", "wrl", "dxf", "png", "svg"):
+            for kind in KINDS.keys() - {"pdf"}:
                 self.assertEqual(self.fails(1, "--export", out, "--as", kind, DEFAULT), f"{out}: {reason}")
         self.assertEqual(self.names(), ["pipe"])
         self.assertTrue(pathlib.Path("/dev/null").is_char_device())
@@ -174,6 +180,18 @@ class Targets(CommandLine):
             self.assertEqual(out.read_bytes(), b"old")
         self.assertEqual(len(self.names()), len(KINDS))
 
+    def test_a_disk_that_fills_between_the_parts(self):
+        """Files of parts take their places together, or none does."""
+        def full():
+            signal.signal(signal.SIGXFSZ, signal.SIG_IGN)
+            resource.setrlimit(resource.RLIMIT_FSIZE, (20_000, 20_000))  # more than half the wing, less than the hull
+
+        (self.folder / "o-fin.stl").write_bytes(b"old")
+        told = self.fails(1, "--export", self.folder / "o.stl", "--each", GLIDER, preexec_fn=full)
+        self.assertIn("File too large", told)
+        self.assertEqual(self.names(), ["o-fin.stl"])
+        self.assertEqual((self.folder / "o-fin.stl").read_bytes(), b"old")
+
     def test_an_answer_that_cannot_be_written(self):
         for words in (["--help"], ["--version"], ["--info", DEFAULT]):
             with open("/dev/full", "w", encoding="utf-8") as full:
@@ -209,7 +227,7 @@ class Calls(CommandLine):
                 self.assertEqual([line for line in lines if "connect(" in line and "nscd" not in line], [])
 
     def test_a_drawing_asks_for_no_plugin(self):
-        for kind in ("dxf", "wrl", "vln", "svg", "png"):
+        for kind in KINDS.keys() - {"pdf"}:
             lines = self.traced("--export", self.folder / f"o.{kind}", DEFAULT)
             self.assertEqual([line for line in lines if "/plugins/" in line], [], kind)
 

@@ -140,6 +140,49 @@ class Exports(CommandLine):
         self.export("each.dxf", "--plan", "ribs", "--stations", "4", "--each", DEFAULT)
         self.assertGreater(len(self.names()), 6)
 
+    def test_a_model_for_strict_readers_has_its_blank(self):
+        model = self.export("o.wrl", "--strict", DEFAULT).read_bytes()
+        self.assertEqual(model, (EXPORTS / "default.wrl").read_bytes().replace(b"          size30", b"          size 30"))
+
+    def test_solids_of_every_stored_aircraft_are_whole(self):
+        for name, project in AIRCRAFT.items():
+            with self.subTest(name):
+                done = call("--export", self.folder / "o.stl", "--cut", project)
+                if name == "exponents":
+                    self.assertIn("No part of the aircraft gives a solid: wing 1 left (larger than 1000000 mm)", done.stderr)
+                    self.assertEqual((done.returncode, self.names()), (1, []))
+                    continue
+                # What encloses nothing is left out, which is told.
+                self.assertTrue(done.returncode == 0 or ": Left out: " in done.stderr, done.stderr)
+                solids = (self.folder / "o.stl").read_bytes()
+                self.assertEqual(len(solids), 84 + 50 * int.from_bytes(solids[80:84], "little"))
+                (self.folder / "o.stl").unlink()
+
+    def test_solids_have_their_pictures_and_materials_beside_them_or_in_them(self):
+        self.export("plane.obj", AIRCRAFT["tex_all"])
+        before = self.names()
+        self.assertIn("plane.mtl", before)
+        self.assertIn("tex_fin.jpg", before)
+        self.export("plane.obj", AIRCRAFT["tex_all"])
+        self.assertEqual(self.names(), before, "what is the export's own is replaced")
+        (self.folder / "tex_fin.jpg").write_bytes(b"mine")
+        self.export("other.obj", AIRCRAFT["tex_all"])
+        self.assertEqual((self.folder / "tex_fin.jpg").read_bytes(), b"mine")
+        there = self.names()
+        self.export("plane.glb", AIRCRAFT["tex_all"])
+        self.assertEqual(self.names(), sorted([*there, "plane.glb"]))
+
+    def test_each_part_is_a_file_named_after_its_project(self):
+        out = self.folder / "out"
+        out.mkdir()
+        self.done("--export", out, "--as", "stl", "--each", *EXAMPLES[:3])
+        for project in EXAMPLES[:3]:
+            self.assertTrue((out / f"{project.stem}-fuselage-1.stl").exists(), self.names(out))
+            self.assertFalse((out / f"{project.stem}.stl").exists())
+        whole = len(self.names(out))
+        self.done("--export", out, "--as", "stl", "--each", "--cut", *EXAMPLES[:3])
+        self.assertGreater(len(self.names(out)), whole)
+
     def test_figures_are_told(self):
         told = call("--info", DEFAULT)
         self.assertEqual((told.returncode, told.stderr), (0, ""))
@@ -162,7 +205,7 @@ class Exports(CommandLine):
         project = self.folder / "gl\udcfc\x01ck \"'.vln"
         shutil.copy(DEFAULT, project)
         os.mkdir(self.folder / "o")
-        for kind in ("vln", "wrl", "dxf", "png", "svg"):
+        for kind in ("vln", "wrl", "dxf", "png", "svg", "stl", "3mf", "obj", "glb"):
             self.done("--export", self.folder / "o", "--as", kind, project)
             self.assertTrue((self.folder / "o" / project.with_suffix(f".{kind}").name).exists())
         self.done("--export", self.folder / "o", "--as", "pdf", "--plan=side", project)

@@ -138,6 +138,36 @@ TEST(CommandOptions, PlansToBeCutAreKept) {
     EXPECT_EQ(paper.plans.wishes.skin, 2);
 }
 
+TEST(CommandOptions, WhatIsWishedOfSolidsAndModelsIsKept) {
+    const ExportRequest parts = wanted("o.STL", {"--each", "--cut"});
+    EXPECT_EQ(parts.kind, ExportKind::Stl);
+    EXPECT_EQ(parts.solids, (SolidOptions{true, true}));
+    EXPECT_EQ(wanted("o.3mf", {}).kind, ExportKind::ThreeMf);
+    EXPECT_EQ(wanted("o.obj", {"--cut"}).solids, (SolidOptions{false, true}));
+    EXPECT_EQ(wanted("out", {"--as", "glb", "--each"}).solids, (SolidOptions{true, false}));
+    EXPECT_EQ(wanted("o.wrl", {}).spelling, VrmlSpelling::Usual);
+    EXPECT_EQ(wanted("o.wrl", {"--strict"}).spelling, VrmlSpelling::Strict);
+}
+
+TEST(CommandOptions, WhatSolidsAndModelsKnowNothingOfIsRefused) {
+    for (const char* kind : {"stl", "3mf", "obj", "glb"}) {
+        const std::string file = std::string("o.") + kind;
+        const std::string end = std::string(" makes no sense for .") + kind;
+        for (const char* option : {"--skin=1", "--spacing=50", "--plan=ribs", "--view=top",
+                                   "--size=64", "--fuselage=1", "--strict", "--tape"}) {
+            const std::string word = option;
+            EXPECT_EQ(refusal(file, {word}), word.substr(0, word.find('=')) + end);
+        }
+    }
+    EXPECT_EQ(refusal("o.dxf", {"--strict"}), "--strict makes no sense for .dxf");
+    EXPECT_EQ(refusal("o.wrl", {"--cut"}), "--cut makes no sense for .wrl");
+    EXPECT_EQ(refusal("o.wrl", {"--each"}), "--each makes no sense for .wrl");
+    EXPECT_EQ(refusal("o.dxf", {"--plan=ribs", "--cut"}), "--cut makes no sense for .dxf");
+    EXPECT_EQ(refusal("o.stl", {"--cut", "--cut"}), "--cut is given twice");
+    EXPECT_EQ(refusal("o.stl", {"--cut=yes"}), "unknown option --cut=yes");
+    EXPECT_EQ(refusal("o.stl", {"--as", "obj"}), "--as obj contradicts the ending of \"o.stl\"");
+}
+
 TEST(CommandOptions, PlansToBeCutAreRefusedWhereNothingIsCut) {
     EXPECT_EQ(refusal("o.dxf", {"--plan", "side"}), "--plan side makes no sense for .dxf");
     EXPECT_EQ(refusal("o.dxf", {"--plan=wing", "--plan=ribs"}), "one --plan is enough for .dxf");

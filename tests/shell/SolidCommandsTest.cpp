@@ -69,6 +69,17 @@ TEST_F(SolidCommands, FilesOfPartsThatStandAreAskedAbout) {
     EXPECT_FALSE(std::filesystem::exists(file("a.stl")));
 }
 
+TEST_F(SolidCommands, OfManyFilesThatStandTheFirstAreNamed) {
+    nbFuselages = 300;
+    Fuselage::resizeFuselages(project);
+    for (int n = 1; n <= nbFuselages; ++n)
+        writeFile(file("a-fuselage-" + std::to_string(n) + ".stl"), "old");
+    dialogs.yesNo = {false};
+    saveSolids("a.stl", stl, {true, false});
+    const std::string& question = dialogs.asked.back().text;
+    EXPECT_NE(question.find("a-fuselage-11.stl\nand 289 more\n"), std::string::npos) << question;
+}
+
 TEST_F(SolidCommands, ChangeNothingThatIsToBeSaved) {
     ObjectList.setShown(1, false);
     const Project before = project;

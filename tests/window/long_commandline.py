@@ -13,6 +13,7 @@ DATA = base.HERE.parent / "data"
 KEYS = {"top": ["VTop"], "front": ["Front"], "side": ["Side"], "htop": ["Side", "HTop"]}
 PLANS = {"side": "CheckSide", "sections": "CheckSections", "top": "CheckVtop", "front": "CheckFront",
          "htop": "CheckHtop"}
+SOLIDS = {"stl": "STL", "3mf": "3MF", "obj": "OBJ", "glb": "glTF"}
 
 
 def aircraft():
@@ -74,11 +75,40 @@ class CommandLine(base.WindowTest):
             self.export(line / f"{view}.dxf", project, "--view", view)
         self.program.save(window / "model.wrl", "VRML")
         self.export(line / "model.wrl", project)
+        self.program.save(window / "strict.wrl", "VRML2.0 for strict")
+        self.export(line / "strict.wrl", project, "--strict")
         # The model's export has shown what was hidden, which a project tells.
         self.open(project)
         self.program.save(window / "copy.vln", "Velna")
         self.export(line / "copy.vln", project)
         self.same_files(window, line)
+
+    def solids_are_the_same(self, name, project):
+        self.open(project)
+        window, line = self.folders(f"{name}-solids")
+        for ending, kind in SOLIDS.items():
+            with self.subTest(kind):
+                left_out = self.save_solids(window / f"plane.{ending}", kind)
+                done = subprocess.run([base.BINARY, "--export", line / f"plane.{ending}", project], env=self.program.env,
+                                      capture_output=True, text=True, check=False)
+                # What the window tells in a message ends the command with 1.
+                self.assertEqual(done.returncode, int(left_out), done.stderr)
+                self.assertEqual("(" in done.stderr, left_out, done.stderr)
+        self.same_files(window, line)
+
+    def save_solids(self, file, kind):
+        """By the window; whether a message has told of parts that are left out."""
+        def message():
+            return [c for c in self.program.controls() if c.isWindow and c.modal and c.window != "Solids"]
+
+        self.program.save(file, kind, settle=False)
+        self.program.dialog("Solids")
+        self.program.click("SaveCommand")
+        wait_for(lambda: file.exists() or message(), "the solids")
+        if told := bool(message()):
+            self.program.push("OK")
+        self.program.no_dialog()
+        return told
 
     def views_are_the_same(self, name, project):
         self.open(project)
@@ -100,6 +130,7 @@ class CommandLine(base.WindowTest):
 
     def every_way(self, name, project):
         self.exports_are_the_same(name, project)
+        self.solids_are_the_same(name, project)
         self.views_are_the_same(name, project)
         self.plans_are_the_same(name, project)
 
