@@ -106,6 +106,16 @@ TEST(OwnedList, DistinctEntriesAreThoseThatAreWanted) {
     EXPECT_EQ(places, (std::vector<int>{5}));
 }
 
+TEST(OwnedList, ACopyHasItsOwnObjectToStandForWhatItPromises) {
+    OwnedList<int> list;
+    list.fill(3, 7);
+    EXPECT_EQ(list.alike(1), 7);
+    OwnedList<int> other;
+    other.fill(3, 9);
+    list = other;
+    EXPECT_EQ(list.alike(1), 9);
+}
+
 TEST(OwnedList, ANewPromiseHasAnotherObjectToStandForIt) {
     OwnedList<int> list;
     list.fill(3, 7);

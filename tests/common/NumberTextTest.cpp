@@ -186,6 +186,16 @@ TEST(TakeNumber, LeavesWhatFollows) {
     EXPECT_EQ(text, ",2");
 }
 
+TEST(TakeNumber, NeverLooksBeyondTheEndOfItsText) {
+    for (const std::string whole : {"12.75", "1.2345678901234567890125", "25e15", "-300000e3"}) {
+        for (std::size_t length = whole.starts_with('-') ? 2 : 1; length < whole.size(); ++length) {
+            std::string_view text(whole.data(), length);
+            const std::string alone(text);
+            EXPECT_EQ(takeNumber(text), std::strtod(alone.c_str(), nullptr)) << alone;
+        }
+    }
+}
+
 TEST(WholeNumber, TakesTheWholeTextOrNothing) {
     EXPECT_EQ(wholeNumber("  12.5"), 12.5);
     EXPECT_EQ(wholeNumber("12.5 "), std::nullopt);

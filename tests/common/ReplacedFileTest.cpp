@@ -6,6 +6,7 @@
 
 #include "common/ReplacedFile.h"
 #include "support/FileSizeLimit.h"
+#include "support/StruckCalls.h"
 #include "support/TemporaryFolder.h"
 
 namespace velna::test {
@@ -155,6 +156,25 @@ TEST(ReplacedFile, ADeviceIsNotReplaced) {
     EXPECT_NE(file.error(), "");
     EXPECT_FALSE(file.commit());
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
+}
+
+TEST(ReplacedFile, NoFileIsMadeBesideWhatCannotBeReplaced) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "file");
+    EXPECT_EQ(callsOf([&] { const ReplacedFile file(folder / "file"); }), 0);
+    EXPECT_GT(callsOf([&] { const ReplacedFile file(folder / "other"); }), 0);
+}
+
+TEST(ReplacedFile, IsWrittenWhereStandardInputIsClosed) {
+    const TemporaryFolder folder;
+    const int kept = ::dup(STDIN_FILENO);
+    ::close(STDIN_FILENO);  // the next file that is opened is number 0
+    ReplacedFile file(folder / "file");
+    file.line("new");
+    EXPECT_TRUE(file.commit()) << file.error();
+    EXPECT_EQ(bytesOf(folder / "file"), "new\r\n");
+    if (kept >= 0) ::dup2(kept, STDIN_FILENO);
+    ::close(kept);
 }
 
 TEST(ReplacedFile, AFullDiskLeavesTheOldFileAndTheFirstReason) {

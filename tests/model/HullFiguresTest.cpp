@@ -189,6 +189,13 @@ TEST_F(HullFiguresTest, AFoldedHullHasNoVolumeAndTheRest) {
     }
 }
 
+TEST_F(HullFiguresTest, TwoSectionsAtOnePlaceFoldNothing) {
+    setSections({{0, 50, 50}, {100, 50, 50}, {100, 80, 80}, {200, 80, 80}}, 8);
+    EXPECT_FALSE(figures().folded);
+    setSections({{200, 50, 50}, {100, 50, 50}, {100, 80, 80}, {0, 80, 80}}, 8);
+    EXPECT_FALSE(figures().folded);
+}
+
 TEST_F(HullFiguresTest, FromTailToNoseTheEndsChangePlaces) {
     setSections({{0, 10, 10}, {100, 60, 60}, {300, 30, 30}}, 8);
     const HullFigures ahead = figures();

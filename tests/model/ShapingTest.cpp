@@ -170,6 +170,19 @@ TEST_F(Shaping, TextureRunsAlongTheBodyAndRoundTheSection) {
     EXPECT_EQ(solid().texCoordAt(3, 2), (Point2D{240.0 / 840, 2.0 / 7}));
 }
 
+TEST_F(Shaping, APlaceBeyondAllNumbersForgetsTheBuildBefore) {
+    for (auto* curvature : {&body().curvature, &body().curvature2}) {
+        (*curvature)(2) = 1;
+        build();
+        const double exponent = -1e6;  // of a sine below 1 this is an infinity
+        (*curvature)(2) = exponent;
+        build();
+        const int half = curvature == &body().curvature ? 2 : 6;
+        EXPECT_EQ(solid().meshPoint(half, 2, false), (Point3D{200, 0, 0}));
+        (*curvature)(2) = 1;
+    }
+}
+
 TEST_F(Shaping, TextureOfABodyWithoutLengthIsZero) {
     for (int k = 1; k <= 3; ++k) body().pos(k) = 0;
     build();
@@ -196,6 +209,21 @@ TEST_F(Shaping, MeasuresStartFromTheirOwnBounds) {
     body().nb_sections = 0;
     EXPECT_EQ(body().lengthPoint(), -10000000);
     EXPECT_EQ(body().startpoint(), 10000000);
+}
+
+TEST_F(Shaping, MeasuresFarFromTheOriginAreThoseOfTheSectionsAlone) {
+    for (int k = 1; k <= 3; ++k) {
+        body().pos(k) -= 1000;
+        body().elevation(k) -= 500;
+    }
+    EXPECT_EQ(body().lengthPoint(), -200);
+    EXPECT_EQ(body().maxElevationPoint(), -390);
+    for (int k = 1; k <= 3; ++k) {
+        body().pos(k) += 2000;
+        body().elevation(k) += 1000;
+    }
+    EXPECT_EQ(body().startpoint(), 1000);
+    EXPECT_EQ(body().minElevationPoint(), 510);
 }
 
 TEST_F(Shaping, MeasuresReadStorageAndLeaveOutRemovedEntries) {
