@@ -52,9 +52,10 @@ mode_t creationMask() {
     constexpr std::string_view key = "Umask:";
     constexpr mode_t usual = 022;
     std::ifstream record("/proc/self/status");
-    for (std::string line; std::getline(record, line);)
+    for (std::string line; std::getline(record, line);) {
         if (line.starts_with(key))
             return static_cast<mode_t>(std::strtoul(line.c_str() + key.size(), nullptr, 8));
+    }
     return usual;
 }
 

@@ -85,9 +85,10 @@ private:
         Project project;
         const Outcome opened = Plane::openWholeProject(project, name);
         if (!opened.isDone()) return {"", opened};
-        if (request_.fuselage > project.nbFuselages)
+        if (request_.fuselage > project.nbFuselages) {
             return {name, Outcome::failed("no fuselage " + std::to_string(request_.fuselage) +
                                           ", it has " + std::to_string(project.nbFuselages))};
+        }
         project.currentFuselage = static_cast<std::int16_t>(request_.fuselage);
         pictures_.imaging = &tools_.imaging();
         std::vector<std::string> words;
