@@ -1,5 +1,6 @@
 #include "editor/Strip.h"
 
+#include <cmath>
 #include <cstdint>
 
 #include "common/NumberText.h"
@@ -57,6 +58,8 @@ std::string placeText(const MainForm& form) {
     const bool hull = view.mode == ViewMode::HTop && !form.equipmentTab();
     const double right = (form.strip.pointer->x - view.xoff) / view.zoom;
     const double other = (form.strip.pointer->y - view.yoff) / view.zoom * (hull ? 1 : axis.down);
+    // A view of next to nothing is so near that its pixels lie beyond all numbers.
+    if (!std::isfinite(right) || !std::isfinite(other)) return {};
     const auto named = [&](char name, double value) {
         return std::string(1, name) + ' ' + lengthDigits(value, form.project);
     };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "common/NumberText.h"
 #include "common/Progress.h"
@@ -77,6 +78,8 @@ Outcome stationsOfAll(const std::vector<NamedPanel>& panels, int units, const St
 }  // namespace
 
 std::string lengthWithUnit(double mm, int textUnits) {
+    constexpr double most = std::numeric_limits<double>::max();
+    mm = std::clamp(mm, -most, most);
     if (textUnits == inches) return fixedText(mm / Plane::millimetresPerInch, 3) + " in";
     return fixedText(mm, 2) + " mm";
 }

@@ -46,7 +46,8 @@ std::string sectionBorders(const Loop& outline, double skin, std::vector<Loop>& 
 Outcome cutParts(const Project& project, CutPlan plan, const RibWishes& wishes,
                  const Lettering& lettering, Progress* watcher, CutParts& parts);
 
-/// A length as it stands on a plan, "233.33 mm" or "9.186 in".
+/// A length as it stands on a plan, "233.33 mm" or "9.186 in"; one beyond all numbers as the
+/// largest.
 std::string lengthWithUnit(double mm, int textUnits);
 
 }  // namespace velna

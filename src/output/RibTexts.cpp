@@ -11,7 +11,9 @@ namespace {
 /// A length as it is typed and read again: inches that came from millimetres lose their last
 /// digits.
 std::string lengthIn(double length, double mm) {
-    return numberText(std::round(length / mm * 1e9) / 1e9);
+    const double typed = length / mm;
+    const double rounded = std::round(typed * 1e9) / 1e9;
+    return numberText(std::isfinite(rounded) && rounded != 0 ? rounded : typed);
 }
 
 /// Takes a length, typed in a unit of `mm` millimetres. A text that is no number is refused as it

@@ -41,7 +41,9 @@ Outcome readSlot(std::string_view text, double mm, SparSlot& slot) {
     const auto depth = wholeNumber(parts[2]);
     const bool top = parts[3] == "top";
     if (!percent || !width || !depth || (!top && parts[3] != "bottom")) return refused;
-    slot = {*percent, *width * mm, *depth * mm, top ? SlotSide::top : SlotSide::bottom};
+    const SparSlot read{*percent, *width * mm, *depth * mm, top ? SlotSide::top : SlotSide::bottom};
+    if (!std::isfinite(read.width) || !std::isfinite(read.depth)) return refused;
+    slot = read;
     return {};
 }
 

@@ -20,10 +20,14 @@ constexpr const char* boxHead = "ElectroBox";
 
 namespace Equipment {
 
+RecordFields<ElectroBox> boxFields() {
+    return boxRecord;
+}
+
 void saveEquipments(TextSink& file, const Project& project) {
     saveInteger(file, project.nbEquipments);
     for (int i = 1; i <= project.nbEquipments; ++i)
-        saveRecord<ElectroBox>(file, boxHead, project.Equipments(i), boxRecord);
+        saveRecord<ElectroBox>(file, boxHead, project.Equipments(i), boxFields());
 }
 
 void readEquipments(ValueReader& file, Project& project) {

@@ -130,7 +130,7 @@ namespace Fuselage {
 namespace {
 
 void saveBody(TextSink& file, const Body& body) {
-    saveRecord<Body>(file, bodyHead, body, currentBody);
+    saveRecord<Body>(file, bodyHead, body, bodyFields());
     for (int i = 1; i <= body.nb_sections; ++i) {
         const int k = body.storageIndex(i);
         char lines[allArrays.size() * longestNumberLine];
@@ -142,6 +142,10 @@ void saveBody(TextSink& file, const Body& body) {
 }
 
 }  // namespace
+
+RecordFields<Body> bodyFields() {
+    return currentBody;
+}
 
 void saveFuselages(TextSink& file, const Project& project) {
     saveInteger(file, project.nbFuselages);

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "persistence/RecordFields.h"
+
 namespace velna {
 
+class MeshSections;
 class TextSink;
 class ValueReader;
 struct Project;
@@ -9,6 +12,10 @@ struct Project;
 /// The fuselages' block. A read throws ReadFailure where the file fails, with arrays that fit the
 /// counts; all fuselages together never get more than `Plane::largestMesh` points.
 namespace Fuselage {
+
+/// The lines of a fuselage's record as this version writes it, behind its head word; for each
+/// section a line for each of its arrays follows them.
+RecordFields<MeshSections> bodyFields();
 
 /// The count and the fuselages, the sections in their order, nose to tail.
 void saveFuselages(TextSink& file, const Project& project);

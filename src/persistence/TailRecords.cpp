@@ -29,8 +29,12 @@ constexpr const char* finHead = "Rudder";
 
 }  // namespace
 
+RecordFields<Fin> finFields() {
+    return currentFin;
+}
+
 void saveFin(TextSink& file, const Fin& fin) {
-    saveRecord<Fin>(file, finHead, fin, currentFin);
+    saveRecord<Fin>(file, finHead, fin, finFields());
 }
 
 void readFin(ValueReader& file, Fin& fin) {

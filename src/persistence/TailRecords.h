@@ -1,5 +1,7 @@
 #pragma once
 
+#include "persistence/RecordFields.h"
+
 namespace velna {
 
 class TextSink;
@@ -8,6 +10,9 @@ class VertWingSection;
 
 // The record of the fin. A read throws ReadFailure where the file fails; the fields behind the
 // failure keep their values.
+
+/// The lines of the record as this version writes it, behind its head word.
+RecordFields<VertWingSection> finFields();
 
 void saveFin(TextSink& file, const VertWingSection& fin);
 void readFin(ValueReader& file, VertWingSection& fin);

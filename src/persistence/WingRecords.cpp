@@ -45,8 +45,12 @@ void readTwoWings(ValueReader& file, Project& project, void (*read)(ValueReader&
 
 }  // namespace
 
+RecordFields<Wing> wingFields() {
+    return currentWingRecord;
+}
+
 void saveWing(TextSink& file, const Wing& wing) {
-    saveRecord<Wing>(file, wingHead, wing, currentWingRecord);
+    saveRecord<Wing>(file, wingHead, wing, wingFields());
 }
 
 void readWing(ValueReader& file, Wing& wing) {

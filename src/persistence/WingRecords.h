@@ -1,5 +1,7 @@
 #pragma once
 
+#include "persistence/RecordFields.h"
+
 namespace velna {
 
 class TextSink;
@@ -9,6 +11,9 @@ struct Project;
 
 // The records of a wing panel, and of the stabiliser, which is stored alike. A read throws
 // ReadFailure where the file fails; the fields behind the failure keep their values.
+
+/// The lines of the record as this version writes it, behind its head word.
+RecordFields<SymWingSections> wingFields();
 
 void saveWing(TextSink& file, const SymWingSections& wing);
 void readWing(ValueReader& file, SymWingSections& wing);

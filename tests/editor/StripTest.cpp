@@ -68,6 +68,13 @@ TEST_F(Strip, TellsInchesToAThousandth) {
     EXPECT_EQ(value().substr(0, 18), "Tip chord 5.123 in");
 }
 
+TEST_F(Strip, APlaceBeyondAllNumbersIsNotTold) {
+    pointAt(10, 10);
+    Main.view.zoom = 1e-300;
+    Main.view.yoff = -1e10;
+    EXPECT_EQ(place(), "");
+}
+
 TEST_F(Strip, NothingIsMinusZero) {
     pointAt(-0.001, 0.001);
     EXPECT_EQ(place(), "x 0.00  y 0.00 mm");

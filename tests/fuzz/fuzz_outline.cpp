@@ -14,9 +14,7 @@ namespace {
 using velna::AirfoilOutline::Points;
 
 void expect(bool holds, const char* what) {
-    if (holds) return;
-    std::cerr << what << '\n';
-    std::abort();
+    if (!holds) velna::fuzz::broken(what);
 }
 
 void take(const Points& outline) {

@@ -7,7 +7,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace velna;
     fuzz::read(std::string(data, data + size));
-    if (!fuzz::small()) return 0;
+    if (!fuzz::isSmall(project)) return 0;
     solids.createAll(project);
     fuzz::expectRoundTrip();
     return 0;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "output/OutputTest.h"
 #include "output/PartPlans.h"
@@ -238,6 +239,16 @@ TEST_F(PartPlans, EndlessPanelsAreRefused) {
     EXPECT_EQ(printer.pages(), 0);
     Wings(1).span = 1e300;
     EXPECT_EQ(printJob(PlanJob::wing, printer), Outcome()) << "the stabiliser is left";
+}
+
+TEST_F(PartPlans, NoPlaceIsToldAsInfinite) {
+    constexpr double largest = std::numeric_limits<double>::max();
+    EXPECT_EQ(lengthWithUnit(largest * 2, millimetres), "1.79769313486232E+308 mm");
+    EXPECT_EQ(lengthWithUnit(-largest * 2, inches), "-7.07753202701699E+306 in");
+    PrintSelect.ribs = true;
+    Wings(1).span = largest;  // developed it is longer than any number
+    EXPECT_EQ(print(), Outcome());
+    for (const std::string& word : words) EXPECT_EQ(word.find("inf"), std::string::npos) << word;
 }
 
 TEST_F(PartPlans, PaperTooSmallToOverlapIsRefused) {

@@ -64,6 +64,8 @@ TEST(RibWishesTest, SlotsStandInOneText) {
     EXPECT_EQ(slots[0].percent, 30);
     EXPECT_EQ(slotsText(slots, 25.4), "30,0.25,0.125,top; 65,0.1,0.1,bottom");
     EXPECT_TRUE(readSlots("30,6,4,top;", 1, slots).hasFailed());
+    EXPECT_TRUE(readSlots("30,1e308,4,top", 25.4, slots).hasFailed()) << "no millimetres hold it";
+    EXPECT_TRUE(readSlots("30,6,1e308,top", 25.4, slots).hasFailed());
     EXPECT_EQ(slots.size(), 2U) << "what is refused changes nothing";
     EXPECT_TRUE(readSlots("  ", 1, slots).isDone());
     EXPECT_TRUE(slots.empty());
@@ -115,6 +117,14 @@ TEST(RibTextsTest, OnlyTheChosenOneOfStationsAndSpacingCounts) {
     texts.spacing = "20";
     texts.stations = "0";
     EXPECT_EQ(readRibTexts(texts, 1, wishes), Outcome());
+}
+
+TEST(RibTextsTest, AWishBeyondAllRibsIsShownAsANumber) {
+    RibWishes wishes;
+    wishes.skin = 1e300;
+    EXPECT_EQ(ribTexts(wishes, 1).skin, "1E+300");
+    wishes.skin = 1e-12;
+    EXPECT_EQ(ribTexts(wishes, 1).skin, "1E-12");
 }
 
 TEST(RibTextsTest, OneThatIsNoneChangesNothing) {
