@@ -53,6 +53,11 @@ TEST_F(Controls, AFreshFormHasForgottenEverything) {
     EXPECT_FALSE(Main.pictures[1].shown);
     EXPECT_FALSE(Main.controls[Control::MoveBitmap].enabled);
     EXPECT_EQ(Main.tab(), PanelTab::wing);
+    for (const Control bar : {Control::IndexWingsScroll, Control::FuselageScroll,
+                              Control::IndexFusScroll, Control::IndexServosScroll}) {
+        EXPECT_EQ(Main.controls[bar].value, 1);
+        EXPECT_EQ(Main.controls[bar].maximum, 1);
+    }
 }
 
 }  // namespace

@@ -208,6 +208,27 @@ TEST_F(HistoryTest, TheOldestStepsGoWhenTheStatesHoldTooMuch) {
     EXPECT_EQ(span(), 10);
 }
 
+TEST_F(HistoryTest, EveryPartCountsInTheRoomThatAStateTakes) {
+    const auto room = [&] {
+        history.begin(aircraft, true);
+        return history.bytes();
+    };
+    constexpr std::int16_t points = 10'000;
+    const std::size_t plain = room();
+    for (SymWingSections* wing : {&aircraft.Wings(1), &aircraft.Stabilizer}) {
+        const std::size_t before = room();
+        wing->nb = points;
+        wing->allocate();
+        EXPECT_GE(room(), before + (points - 100) * sizeof(Point3D));
+    }
+    const std::size_t winged = room();
+    aircraft.Fuselages(1).nb_sections = points;
+    aircraft.Fuselages(1).initArrays();
+    EXPECT_GE(room(), winged + (points - 100) * 7 * sizeof(double));
+    Plane::setDefaultPlane(aircraft);
+    EXPECT_LT(room(), plain + 1000);
+}
+
 TEST_F(HistoryTest, AnAircraftLargerThanAllRoomHasNoStepsAndLosesNothing) {
     History none(1);
     none.begin(aircraft, true);

@@ -147,6 +147,15 @@ TEST_F(TwoPoints, ADistanceWithWhichThePictureCouldNotBeSeenIsAskedForAgain) {
     EXPECT_FALSE(Main.checked(Control::LockZoom));
 }
 
+TEST_F(TwoPoints, ADistanceWithWhichThePictureIsAPixelHighIsTaken) {
+    Main.view.zoom = 0.5;
+    answer("2");
+    trace();
+    EXPECT_TRUE(window.textAnswers.empty());
+    EXPECT_FALSE(Main.tracing.active);
+    EXPECT_EQ(Main.shownPicture().size, (Point2D{2, 1}));
+}
+
 TEST_F(TwoPoints, ACancelledOrEmptyAnswerChangesNothing) {
     window.textAnswers = {std::nullopt};
     trace();
@@ -177,6 +186,16 @@ TEST_F(TwoPoints, BesideThePictureAreNotTaken) {
     click(251, 200);
     EXPECT_TRUE(Main.tracing.first.has_value());
     EXPECT_EQ(hint(), "Click the second point, far from the first");
+}
+
+TEST_F(TwoPoints, OnTheVeryEdgeOfThePictureAreTaken) {
+    for (const Point2D corner : {Point2D{250, 150}, Point2D{650, 350}}) {
+        Main.menuClicked(Control::TracePicture);
+        click(static_cast<float>(corner.x), static_cast<float>(corner.y));
+        EXPECT_TRUE(Main.tracing.first.has_value()) << corner.x;
+        Main.DrawArea_MouseDown(2, 0, 300, 200);
+        EXPECT_FALSE(Main.tracing.active);
+    }
 }
 
 TEST_F(TwoPoints, OnAPictureThatCannotBeReadThereAreNone) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "model/Plane.h"
+#include "support/Drag.h"
 #include "support/DrawnLines.h"
 #include "support/EditorBench.h"
 #include "support/EditorInHand.h"
@@ -204,6 +205,24 @@ TEST_F(WingViews, ErasesWithTheOldPointsAndDrawsWithTheNew) {
         EXPECT_EQ(second[i].colour, white);
         EXPECT_EQ(second[8 + i].y1, first[8 + i].y1 + 20);
     }
+}
+
+TEST_F(WingViews, PanelsThatAFileOnlyPromisesAreErasedWhereTheFirstOfThemWasDrawn) {
+    project.nbWings = 3;
+    const Wing pattern = wing;
+    Wings.fill(3, pattern);
+    Main.refreshDrawingArea();
+    const Point2D tip = Main.views.wings(1).vtopPoints[3];
+    bench.forget();
+    const auto x = static_cast<float>(tip.x);
+    const auto y = static_cast<float>(tip.y);
+    test::drag(Main).press(x, y).move(x, y + 10);
+    for (int i = 1; i <= 3; ++i) EXPECT_FALSE(Wings.promised(i)) << i;
+    std::size_t erased = 0;
+    for (const auto& drawn : drawnLines(area))
+        if (drawn.colour == white && (drawn.y1 == tip.y || drawn.y2 == tip.y)) ++erased;
+    EXPECT_EQ(erased % 3, 0U);
+    EXPECT_GE(erased, 6U) << "two lines of each panel meet at the tip's corner";
 }
 
 TEST_F(WingViews, OverAPictureJustPaintedNothingIsErased) {

@@ -15,6 +15,11 @@ const std::string truncated = projectData + "truncated/";
 
 }  // namespace
 
+TEST_F(CurrentProject, AManagerWithoutRowsIsRead) {
+    ObjectList.rows.clear();
+    EXPECT_TRUE(readBytes(savedBytes()));
+}
+
 TEST_F(CurrentProject, EveryCaseReadsToItsModelAndSavesToItsBytes) {
     const auto names = namesIn(current, ".vln");
     ASSERT_EQ(names.size(), 14u);

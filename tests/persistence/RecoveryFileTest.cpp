@@ -58,6 +58,15 @@ TEST_F(RecoveryFileOf, PicturesKeepTheirFullNamesAndTitlesWhateverBytesTheyHave)
     EXPECT_EQ(folder.count(), 1);
 }
 
+TEST_F(RecoveryFileOf, OneWithPicturesIsReadToItsLastLine) {
+    Wings(1).set_texture_filename("/wing.bmp");
+    Rudder.texture_filename = "/fin.png";
+    kept();
+    testing::internal::CaptureStderr();
+    RecoveryFile::read(path());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "") << "nothing was missing";
+}
+
 TEST_F(RecoveryFileOf, WritingLeavesTheProjectAsItIs) {
     const Project before = project;
     kept();
