@@ -84,6 +84,14 @@ bool counts(Point2D pair) {
     return whole(pair.x) && whole(pair.y);
 }
 
+/// Points whose sides are counted begin at the nose. Before others two whole numbers are a title,
+/// a section's number such as "63 415".
+bool beginsAtTail(std::span<const Point2D> points) {
+    if (points.empty()) return false;
+    const auto [least, most] = std::ranges::minmax(points, {}, &Point2D::x);
+    return points.front().x == most.x && least.x < most.x;
+}
+
 /// Parts the points from a line that counts them.
 Written withoutCounts(AirfoilOutline::Points pairs) {
     constexpr double farBehind = 1.5;  // no point lies so much behind all the others
@@ -93,6 +101,10 @@ Written withoutCounts(AirfoilOutline::Points pairs) {
     if (head.x + head.y != static_cast<double>(rest.size())) {
         for (const Point2D& point : rest)
             if (head.x <= farBehind * std::abs(point.x)) return {std::move(pairs), 0};
+        if (beginsAtTail(rest)) {
+            pairs.erase(pairs.begin());
+            return {std::move(pairs), 0};
+        }
         throw ReadFailure("it counts " + numberText(head.x + head.y) + " points and has " +
                           std::to_string(rest.size()));
     }

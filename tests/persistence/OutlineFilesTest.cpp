@@ -132,6 +132,17 @@ TEST_F(OutlineFile, InchesAndMillimetresBecomeOneChord) {
     }
 }
 
+TEST_F(OutlineFile, ATitleOfTwoNumbersIsNoCount) {
+    const Points plain = readOutlineBytes(lines(reversed(own), "title\n"));
+    for (const char* title : {"63 415\n", "  64  012 \n", "2 3\n", "NACA\n63 415\n"}) {
+        const Points titled = readOutlineBytes(lines(reversed(own), title));
+        ASSERT_EQ(titled.size(), plain.size()) << title;
+        for (std::size_t n = 0; n < plain.size(); ++n) EXPECT_TRUE(titled[n] == plain[n]);
+    }
+    // A file that counts and has been cut short begins at the nose.
+    EXPECT_EQ(reasonAgainst(lines(sideBySide(), "63 415\n")), "it counts 478 points and has 10");
+}
+
 TEST_F(OutlineFile, WhatIsNoSectionIsRefusedWithItsReason) {
     EXPECT_EQ(reasonAgainst(""), "an empty file");
     EXPECT_EQ(reasonAgainst(std::string(40, '\0')), "it is no text");

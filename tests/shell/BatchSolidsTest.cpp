@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "BatchExportFixture.h"
+#include "model/Fuselage.h"
 #include "model/Plane.h"
 #include "output/SolidExport.h"
 #include "persistence/ProjectFile.h"
@@ -62,6 +63,24 @@ TEST_F(BatchSolids, APartThatGivesNoSolidIsToldAndTheRestIsWritten) {
                              ": Left out: stabilizer left (no length), stabilizer right (no "
                              "length). All else has been exported.\n");
     EXPECT_EQ(folder.count(), 2);
+}
+
+TEST_F(BatchSolids, OfPartsThatAreNoneTheReasonIsTold) {
+    Project project;
+    Plane::setDefaultPlane(project);
+    project.nbFuselages = 3;
+    Fuselage::resizeFuselages(project);
+    MeshSections& folded = project.Fuselages(1);
+    folded.pos(folded.storageIndex(2)) = -50;
+    project.Fuselages(2).nb_cross = 0;
+    project.Wings(1).span = -300;
+    PictureStore store;
+    store.imaging = &tools.pictures;
+    ASSERT_TRUE(Plane::saveProject(project, folder / "odd.vln", store).isDone());
+    EXPECT_EQ(run(folder / "o.stl", "stl", {folder / "odd.vln"}), 1);
+    EXPECT_EQ(complaint, "velna: " + (folder / "o.stl") +
+                             ": Left out: fuselage 1 (folded), fuselage 2 (fewer than 3 outline "
+                             "points). All else has been exported.\n");
 }
 
 TEST_F(BatchSolids, AModelForStrictReadersDiffersInItsBlank) {
