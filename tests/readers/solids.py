@@ -112,6 +112,18 @@ def read_by_admesh(finding, call, path):
             finding(path, f"admesh, {what}: {counts}")
 
 
+def read_by_lib3mf(finding, call, build, path, written):
+    """Each body is manifold and oriented, the unit is the millimetre, and nothing is complained of."""
+    done = call(path, os.path.join(build, "velna_threemf_reader"), path)
+    if done is None or done.returncode != 0:
+        finding(path, f"lib3mf: {done.stderr.strip() if done else 'no answer'}")
+        return
+    found = json.loads(done.stdout)
+    compare(finding, path, "lib3mf", found, written)
+    if found["complaints"]:
+        finding(path, f"lib3mf: {found['complaints']} complaints")
+
+
 def read_all(finding, call, build, exports, modules, node_program):
     """How many files were read."""
     paths = sorted(path for kind in WRITTEN for path in glob.glob(os.path.join(exports, "*" + kind)))
@@ -124,6 +136,8 @@ def read_all(finding, call, build, exports, modules, node_program):
         compare(finding, path, "assimp", json.loads(done.stdout), written[path])
         if path.endswith(".stl"):
             read_by_admesh(finding, call, path)
+        if path.endswith(".3mf"):
+            read_by_lib3mf(finding, call, build, path, written[path])
     # Its reader of 3MF needs a browser's reader of XML.
     by_three = [path for path in paths if not path.endswith(".3mf")]
     done = call(exports, "node", node_program, modules, *by_three)
