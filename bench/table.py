@@ -43,7 +43,7 @@ ROWS = [
     ("plan", "planFront/400000/process_time", "planBare/400000/process_time", 1.2),
     ("plan", "planWatched/400000/process_time", "planFront/400000/process_time", 1.05),
     ("output", "vrmlWatched/400000/process_time", "vrmlExport/400000/process_time", 1.05),
-    ("rib", "packRibs/200", "packBare/200", 4.0),
+    ("rib", "packRibs/200", None, 1.0),
     ("rib", "cutRibs/200", "offsetBare/200", 1.5),
     ("project", "save/iterations:7", None, 1.3),
     ("project", "read/iterations:7", None, 1.5),

@@ -185,18 +185,19 @@ void strokeGroup(SvgShapes& svg, const Layer& layer) {
 CutDrawing layOut(std::vector<CutPart> parts, std::string title) {
     CutDrawing drawing{0, 0, std::move(title), std::move(parts)};
     std::vector<PartBox> boxes;
-    std::vector<PackedSize> sizes;
+    std::vector<PackedPart> sizes;
     double widest = boardWidth - 2 * gap;
     for (const CutPart& part : drawing.parts) {
         boxes.push_back(part.box());
-        sizes.push_back({boxes.back().width(), boxes.back().height()});
-        widest = std::max(widest, sizes.back().width);
+        // Nothing is turned: the grain of the board runs along the ribs.
+        sizes.push_back({{boxes.back().width(), boxes.back().height()}});
+        widest = std::max(widest, boxes.back().width());
     }
     const std::vector<PackedPlace> places =
         packParts(sizes, {widest, std::numeric_limits<double>::infinity()}, gap);
     for (std::size_t n = 0; n < places.size(); ++n) {
-        drawing.width = std::max(drawing.width, places[n].x + sizes[n].width);
-        drawing.height = std::max(drawing.height, places[n].y + sizes[n].height);
+        drawing.width = std::max(drawing.width, places[n].x + boxes[n].width());
+        drawing.height = std::max(drawing.height, places[n].y + boxes[n].height());
     }
     drawing.width += 2 * gap;
     drawing.height += 2 * gap;

@@ -1,7 +1,9 @@
 #include "output/CutPart.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
+#include <string_view>
 
 #include "model/SparSlot.h"
 
@@ -18,6 +20,7 @@ constexpr double descent = 0.25;
 constexpr double gap = 0.8;
 /// At how many places along the part a text is tried.
 constexpr int tries = 24;
+constexpr double anywhere = -std::numeric_limits<double>::infinity();
 
 PartBox boxOfLines(const CutPart& part) {
     PartBox box;
@@ -58,14 +61,16 @@ TextRows rowsOf(std::size_t lines, std::size_t under, double height, double axis
 }
 
 /// Of the places where rows of this width have room within the borders, the one with the most.
-std::optional<double> placeInside(const CutPart& part, double width, const TextRows& rows) {
+std::optional<double> placeInside(const CutPart& part, double width, const TextRows& rows,
+                                  double from) {
     const PartBox box = boxOfLines(part);
-    const double space = box.width() - 2 * gap - width;
+    const double first = std::max(box.left, from) + gap;
+    const double space = box.right - gap - width - first;
     if (space < 0) return {};
     std::optional<double> best;
     double most = 0;
     for (int n = 0; n <= tries; ++n) {
-        const double left = box.left + gap + space * n / tries;
+        const double left = first + space * n / tries;
         const auto clear = clearanceOf(part.cut, left - gap, left + width + gap);
         if (!clear || clear->lowestTop < rows.above || clear->highestBottom > rows.below) continue;
         const double room = clear->lowestTop - clear->highestBottom;
@@ -83,19 +88,46 @@ double widthOf(const std::vector<std::string>& lines, double height) {
     return width;
 }
 
-bool labelInside(CutPart& part, const std::vector<std::string>& lines, const TextRows& rows) {
-    const auto left = placeInside(part, widthOf(lines, rows.height), rows);
+bool labelInside(CutPart& part, const std::vector<std::string>& lines, const TextRows& rows,
+                 double from) {
+    const auto left = placeInside(part, widthOf(lines, rows.height), rows, from);
     if (!left) return false;
     for (std::size_t n = 0; n < lines.size(); ++n)
         part.texts.push_back({{*left, rows.bases[n]}, rows.height, lines[n]});
     return true;
 }
 
-void labelBelow(CutPart& part, const std::vector<std::string>& lines) {
+/// The pieces of a text, which end behind its commas.
+std::vector<std::string> piecesOf(const std::string& text) {
+    constexpr std::string_view comma = ", ";
+    std::vector<std::string> pieces;
+    std::size_t from = 0;
+    for (std::size_t at; (at = text.find(comma, from)) != std::string::npos;
+         from = at + comma.size())
+        pieces.push_back(text.substr(from, at + 1 - from));
+    pieces.push_back(text.substr(from));
+    return pieces;
+}
+
+/// The texts, broken where they are wider than the part and than what cannot be broken.
+std::vector<std::string> brokenLines(const std::vector<PartText>& texts, double width) {
+    for (const PartText& text : texts)
+        width = std::max(width, widthOf(piecesOf(text.text), partTextHeight));
+    std::vector<std::string> lines;
+    for (const PartText& text : texts) {
+        const bool fits = textWidth(text.text, partTextHeight) <= width;
+        for (const std::string& line : fits ? std::vector{text.text} : piecesOf(text.text))
+            lines.push_back(line);
+    }
+    return lines;
+}
+
+void labelBelow(CutPart& part, const std::vector<std::string>& lines, double from = anywhere) {
     const PartBox box = boxOfLines(part);
+    const double left = std::max(box.left, from + gap);
     double base = box.bottom - gap - partTextHeight;
     for (const std::string& line : lines) {
-        part.texts.push_back({{box.left, base}, partTextHeight, line});
+        part.texts.push_back({{left, base}, partTextHeight, line});
         base -= lineDistance * partTextHeight;
     }
 }
@@ -124,12 +156,17 @@ PartBox CutPart::box() const {
 
 void label(CutPart& part, const std::vector<std::string>& lines, const Lettering& lettering,
            double axis) {
+    labelBeside(part, lines, lettering, axis, anywhere);
+}
+
+void labelBeside(CutPart& part, const std::vector<std::string>& lines, const Lettering& lettering,
+                 double axis, double from) {
     for (const double height : {partTextHeight, 2.5, 1.8}) {
         if (lettering.onPaper && height != partTextHeight) break;
         for (const std::size_t under : {lines.size() / 2, std::size_t{0}})
-            if (labelInside(part, lines, rowsOf(lines.size(), under, height, axis))) return;
+            if (labelInside(part, lines, rowsOf(lines.size(), under, height, axis), from)) return;
     }
-    labelBelow(part, lines);
+    labelBelow(part, lines, from);
 }
 
 CutPart turned(const CutPart& part) {
@@ -138,9 +175,7 @@ CutPart turned(const CutPart& part) {
     for (Loop& loop : upright.cut) std::for_each(loop.begin(), loop.end(), turn);
     for (auto& line : upright.engrave) std::for_each(line.begin(), line.end(), turn);
     upright.texts.clear();
-    std::vector<std::string> lines;
-    for (const PartText& text : part.texts) lines.push_back(text.text);
-    labelBelow(upright, lines);
+    labelBelow(upright, brokenLines(part.texts, boxOfLines(upright).width()));
     return upright;
 }
 

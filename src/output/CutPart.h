@@ -58,8 +58,12 @@ struct Lettering {
 void label(CutPart& part, const std::vector<std::string>& lines, const Lettering& lettering,
            double axis = 0);
 
+/// The same, to the right of x = `from`, where another line stands.
+void labelBeside(CutPart& part, const std::vector<std::string>& lines, const Lettering& lettering,
+                 double axis, double from);
+
 /// The same part turned by a right angle, for a sheet that is higher than wide. Its texts stay
-/// upright, below it.
+/// upright, below it; those that are wider than the part are broken behind their commas.
 CutPart turned(const CutPart& part);
 
 }  // namespace velna

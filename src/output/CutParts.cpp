@@ -245,7 +245,8 @@ Outcome sectionParts(const Project& project, const RibWishes& wishes, const Lett
             continue;
         }
         engraveMiddle(part);
-        label(part, {name, "at " + lengthWithUnit(at, lettering.units)}, lettering, middleOf(part));
+        labelBeside(part, {name, "at " + lengthWithUnit(at, lettering.units)}, lettering,
+                    middleOf(part), 0);
         result.parts.push_back(std::move(part));
     }
     return {};

@@ -1,15 +1,22 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
 namespace velna {
 
-/// The size of something to be packed, or of the sheet to pack it on.
+/// A size on a sheet, or that of the sheet.
 struct PackedSize {
     double width = 0;
     double height = 0;
+};
+
+/// Something to be packed: its size, and the one that it has turned, where it may lie so.
+struct PackedPart {
+    PackedSize size;
+    std::optional<PackedSize> turned = {};
 };
 
 /// Where a part has come to lie: its upper left corner, y down, on a sheet counted from 0.
@@ -17,12 +24,14 @@ struct PackedPlace {
     std::size_t sheet = 0;
     double x = 0;
     double y = 0;
+    bool turned = false;
 };
 
-/// Packs parts on sheets so that `gap` lies between any two, in rows of falling height from the
-/// upper edge; a part goes into the first row that has room for it. A part larger than the sheet
-/// gets a row or a sheet of its own, and reaches beyond it. One place a part, in their order.
-std::vector<PackedPlace> packParts(std::span<const PackedSize> parts, const PackedSize& sheet,
+/// Packs parts on as few sheets as it finds, so that `gap` lies between any two: large ones first,
+/// each into the free rectangle that suits it best, and of several ways the one that needs least.
+/// One that no sheet holds lies alone on its own, in the corner, and reaches beyond it. One place a
+/// part, in their order. (J. Jylänki, "A Thousand Ways to Pack the Bin", 2010: maximal rectangles.)
+std::vector<PackedPlace> packParts(std::span<const PackedPart> parts, const PackedSize& sheet,
                                    double gap);
 
 }  // namespace velna

@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <utility>
 
 #include "common/Polyline.h"
 #include "model/Fuselage.h"
 #include "model/Panels.h"
-#include "output/PartPacking.h"
 
 namespace velna {
 
@@ -17,8 +18,22 @@ constexpr double inset = 1;   ///< from the edge of the printable area
 constexpr double gap = 4;     ///< between two parts
 constexpr double ruler = 25;  ///< the strip of the ruler at the upper edge
 
-bool holds(const SheetSize& room, const PartBox& box) {
-    return box.width() <= room.width && box.height() <= room.height;
+bool holds(const SheetSize& room, const PackedSize& size) {
+    return size.width <= room.width && size.height <= room.height;
+}
+
+PackedSize sizeOf(const CutPart& part) {
+    const PartBox box = part.box();
+    return {box.width(), box.height()};
+}
+
+/// How a part may lie on the sheet; not at all where it is larger.
+std::optional<PackedPart> waysOnto(const SheetSize& room, const CutPart& part) {
+    const PackedSize size = sizeOf(part);
+    PackedPart ways{size};
+    if (part.turns) ways.turned = sizeOf(turned(part));
+    if (ways.turned && !holds(room, *ways.turned)) ways.turned.reset();
+    return holds(room, size) || ways.turned ? std::optional(ways) : std::nullopt;
 }
 
 /// Plain tiles, edge to edge.
@@ -34,6 +49,15 @@ SheetGrid plainGrid(const PartBox& box, const SheetSize& sheet) {
     return grid;
 }
 
+/// Tiles to be taped together, of a part that begins `head` below their upper edge.
+SheetGrid overlappingGrid(const PartBox& box, double head, const SheetSize& sheet) {
+    const auto frame = [&](PrinterSurface& printer, double xoff, double yoff) {
+        printer.Line(xoff + inset, yoff + head, xoff + inset + box.width(),
+                     yoff + head + box.height(), black);
+    };
+    return SheetMarks::cut(frame, 0, sheet, millimetres);
+}
+
 }  // namespace
 
 PartSheets::PartSheets(std::vector<CutPart> parts, const Project& project, const SheetSize& sheet,
@@ -47,27 +71,24 @@ PartSheets::PartSheets(std::vector<CutPart> parts, const Project& project, const
     const SheetSize room{sheet_.width - 2 * inset, sheet_.height - head - inset};
     std::vector<std::size_t> fitting;
     std::vector<std::size_t> large;
+    std::vector<PackedPart> sizes;
     for (std::size_t n = 0; n < parts_.size(); ++n) {
-        if (parts_[n].turns && !holds(room, parts_[n].box())) {
-            CutPart upright = turned(parts_[n]);
-            if (holds(room, upright.box())) parts_[n] = std::move(upright);
-        }
-        (holds(room, parts_[n].box()) ? fitting : large).push_back(n);
+        const auto ways = waysOnto(room, parts_[n]);
+        (ways ? fitting : large).push_back(n);
+        if (ways) sizes.push_back(*ways);
     }
-    pack(fitting, room);
+    pack(fitting, sizes, room);
     for (const std::size_t n : large) tile(n);
 }
 
-void PartSheets::pack(const std::vector<std::size_t>& fitting, const SheetSize& room) {
-    std::vector<PackedSize> sizes;
-    for (const std::size_t n : fitting) {
-        const PartBox box = parts_[n].box();
-        sizes.push_back({box.width(), box.height()});
-    }
+void PartSheets::pack(const std::vector<std::size_t>& fitting, std::span<const PackedPart> sizes,
+                      const SheetSize& room) {
     const auto places = packParts(sizes, {room.width, room.height}, gap);
     const double head = overlap_ ? ruler : inset;
     for (std::size_t i = 0; i < places.size(); ++i) {
-        const PartBox box = parts_[fitting[i]].box();
+        CutPart& part = parts_[fitting[i]];
+        if (places[i].turned) part = turned(part);
+        const PartBox box = part.box();
         packed_.resize(std::max(packed_.size(), places[i].sheet + 1));
         packed_[places[i].sheet].push_back(
             {fitting[i], {inset + places[i].x - box.left, head + places[i].y + box.top}});
@@ -77,16 +98,17 @@ void PartSheets::pack(const std::vector<std::size_t>& fitting, const SheetSize& 
 
 void PartSheets::tile(std::size_t part) {
     const PartBox box = parts_[part].box();
-    Tiled tiled{{part, {inset - box.left, inset + box.top}}, {}, count_ + 1};
+    double head = inset;
+    SheetGrid grid = overlap_ ? overlappingGrid(box, head, sheet_) : plainGrid(box, sheet_);
     if (overlap_) {
-        const auto frame = [&](PrinterSurface& printer, double xoff, double yoff) {
-            printer.Line(xoff + inset, yoff + inset, xoff + inset + box.width(),
-                         yoff + inset + box.height(), black);
-        };
-        tiled.grid = SheetMarks::cut(frame, 0, sheet_, millimetres);
-    } else {
-        tiled.grid = plainGrid(box, sheet_);
+        // Below the ruler, where that needs no more sheets.
+        const SheetGrid lower = overlappingGrid(box, ruler, sheet_);
+        if (lower.rows == grid.rows) {
+            head = ruler;
+            grid = lower;
+        }
     }
+    const Tiled tiled{{part, {inset - box.left, head + box.top}}, grid, count_ + 1};
     tooSmall_ = tooSmall_ || tiled.grid.columns == 0;
     count_ += static_cast<double>(tiled.grid.columns) * static_cast<double>(tiled.grid.rows);
     tiled_.push_back(tiled);
@@ -158,8 +180,8 @@ void CutSectionPlans::print(PrinterSurface& printer, int i) {
         if (words_) words_->push_back(name + ' ' + place + ": not cut, " + why + '.');
         return;
     }
-    const PartBox box = part.box();
-    label(part, {name, place}, {project_.units, true}, (box.bottom + box.top) / 2);
+    // Clear of the cross through the origin, where there is room for it.
+    labelBeside(part, {name, place}, {project_.units, true}, 0, 0);
     printHalf(printer, part, false);
     if (body_.shift != 0) printHalf(printer, part, true);
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "model/FrontOutline.h"
 #include "model/Project.h"
 #include "output/CutParts.h"
+#include "output/PartPacking.h"
 #include "output/SheetMarks.h"
 
 namespace velna {
@@ -40,7 +42,8 @@ private:
         double first;
     };
 
-    void pack(const std::vector<std::size_t>& fitting, const SheetSize& room);
+    void pack(const std::vector<std::size_t>& fitting, std::span<const PackedPart> sizes,
+              const SheetSize& room);
     void tile(std::size_t part);
     void printPart(PrinterSurface& printer, const Placed& placed, const Point2D& moved) const;
     void printTile(PrinterSurface& printer, const Tiled& tiled, long long number) const;

@@ -192,6 +192,14 @@ class Targets(CommandLine):
         self.assertEqual(self.names(), ["o-fin.stl"])
         self.assertEqual((self.folder / "o-fin.stl").read_bytes(), b"old")
 
+    def test_thousands_of_parts_each_in_a_file(self):
+        """As many as there are wished, with few files open at once."""
+        def few():
+            resource.setrlimit(resource.RLIMIT_NOFILE, (64, 64))
+
+        self.done("--export", self.folder / "o.svg", "--plan", "ribs", "--stations", "1000", "--each", DEFAULT, preexec_fn=few)
+        self.assertEqual(len(self.names()), 2000)
+
     def test_an_answer_that_cannot_be_written(self):
         for words in (["--help"], ["--version"], ["--info", DEFAULT]):
             with open("/dev/full", "w", encoding="utf-8") as full:

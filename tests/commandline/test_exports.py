@@ -6,8 +6,10 @@ usage: test_exports.py VELNA ROOT
 
 import contextlib
 import json
+import math
 import os
 import pty
+import re
 import shutil
 import signal
 import subprocess
@@ -30,6 +32,44 @@ def told_of(pdf):
     lines = dict(line.split(":", 1) for line in told.splitlines())
     width, _, height = lines["Page size"].split()[:3]
     return int(lines["Pages"]), float(width), float(height)
+
+
+def polylines(dxf):
+    """The closed outlines of a drawing in millimetres."""
+    found, words = [], dxf.read_text(encoding="ascii").split("\n")
+    pairs = [(code.strip(), value.strip()) for code, value in zip(words[::2], words[1::2])]
+    for n, pair in enumerate(pairs):
+        if pair == ("0", "POLYLINE"):
+            found.append([])
+        elif pair == ("0", "VERTEX"):
+            place = dict(pairs[n + 1 : n + 5])
+            found[-1].append((float(place["10"]), float(place["20"])))
+    return found
+
+
+def paths(pdf):
+    """The black outlines on paper in millimetres, y down, as mutool traces them."""
+    told = subprocess.run(["mutool", "trace", pdf], capture_output=True, text=True, check=True).stdout
+    found = []
+    for transform, points in re.findall(r'<stroke_path [^>]*color="0 0 0"[^>]*transform="([^"]*)">(.*?)</stroke_path>', told,
+                                        re.DOTALL):
+        scale = float(transform.split()[0]) / POINT
+        places = [(float(x) * scale, float(y) * scale) for x, y in re.findall(r'to x="([^"]*)" y="([^"]*)"', points)]
+        if len(places) > 3:
+            found.append(places[:-1] if places[0] == places[-1] else places)
+    return found
+
+
+def shape_of(outline):
+    """How far each corner lies from the first, the second and the one in the middle: the same wherever and however it lies."""
+    # Paper is written in thousandths, where corners may fall on each other.
+    outline = [corner for corner, former in zip(outline, outline[-1:] + outline) if math.dist(corner, former) > 0.003]
+    marks = outline[0], outline[1], outline[len(outline) // 2]
+    return [math.dist(corner, mark) for corner in outline for mark in marks]
+
+
+def alike(one, other):
+    return len(one) == len(other) and all(abs(a - b) < 0.05 for a, b in zip(one, other))
 
 
 class Exports(CommandLine):
@@ -182,6 +222,20 @@ class Exports(CommandLine):
         whole = len(self.names(out))
         self.done("--export", out, "--as", "stl", "--each", "--cut", *EXAMPLES[:3])
         self.assertGreater(len(self.names(out)), whole)
+
+    def test_ribs_on_paper_have_the_size_of_the_drawing(self):
+        """To a twentieth of a millimetre, as another program reads the paper."""
+        wishes = "--plan", "ribs", "--stations", "5", "--skin", "1.5", "--slot", "30,6,4,top"
+        for project in (DEFAULT, *EXAMPLES):
+            with self.subTest(project.name):
+                call("--export", self.folder / "o.pdf", *wishes, "--paper", "A3", project)
+                call("--export", self.folder / "o.dxf", *wishes, project)
+                drawn = [shape_of(outline) for outline in polylines(self.folder / "o.dxf")]
+                printed = [shape_of(outline) for outline in paths(self.folder / "o-ribs.pdf")]
+                self.assertGreater(len(drawn), 8)
+                self.assertEqual(len(printed), len(drawn))
+                for shape in drawn:
+                    self.assertTrue(any(alike(shape, other) for other in printed), shape[:3])
 
     def test_figures_are_told(self):
         told = call("--info", DEFAULT)

@@ -136,7 +136,7 @@ class Output(base.WindowTest):
         self.program.click("PrintCommand")
         choose_printer_file(self.program, self.program.folder / "plan.pdf")
         self.program.no_dialog()
-        self.assertEqual((self.pages("wing"), self.pages("ribs")), (6, 2))
+        self.assertEqual((self.pages("wing"), self.pages("ribs")), (6, 1))
 
         file = self.program.folder / "set.dxf"
         self.program.click("Save")
