@@ -25,7 +25,7 @@ bool near(const Point2D& a, const Point2D& b) {
 /// The cells where what is near to a coordinate can lie: its own first, mostly alone.
 struct NearCells {
     std::array<std::int64_t, 2> cell;
-    int count = 1;
+    std::size_t count = 1;
 
     explicit NearCells(double value) : cell{} {
         const double place = value * cells;
@@ -80,8 +80,8 @@ std::uint32_t SectionPoints::find(const std::vector<Point2D>& points, std::uint3
     const NearCells xs(point.x);
     const NearCells ys(point.y);
     std::uint32_t first = place;
-    for (int x = 0; x < xs.count; ++x) {
-        for (int y = 0; y < ys.count; ++y) {
+    for (std::size_t x = 0; x < xs.count; ++x) {
+        for (std::size_t y = 0; y < ys.count; ++y) {
             for (std::uint32_t other = buckets_[bucket(xs.cell[x], ys.cell[y])]; other != none;
                  other = nextInBucket_[other])
                 if (other < first && near(points[other], point)) first = other;
