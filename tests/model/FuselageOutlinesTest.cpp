@@ -26,6 +26,18 @@ TEST_F(Outlines, SideBarsRunFromBottomToTop) {
     EXPECT_EQ(side.bottom(2), (Point2D{417, 374}));
 }
 
+TEST_F(Outlines, ASectionHasNoMorePointsThanWereComputed) {
+    setCross(8);
+    std::vector<Point2D> section;
+    Array1<Point2D> front;
+    front.allocate(4);
+    body().collectSection(front, section);
+    EXPECT_EQ(section.size(), 4U);
+    front.allocate(12);
+    body().collectSection(front, section);
+    EXPECT_EQ(section.size(), 8U);
+}
+
 TEST_F(Outlines, PlanBarsRunFromEdgeToEdge) {
     body().shift = 10;
     const HTopEdges plan = body().computeHTopPoints({2, 7, 400});

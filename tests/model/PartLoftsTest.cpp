@@ -1,6 +1,9 @@
-#include "model/FinSolid.h"
+#include <algorithm>
+#include <utility>
+
 #include "model/MeshSections.h"
 #include "model/PartLofts.h"
+#include "model/SolidParts.h"
 #include "model/WingSection.h"
 #include "support/FreshModel.h"
 
@@ -61,6 +64,22 @@ TEST_F(PartLofts, APlaceIsMeasuredFromTheLeadingEdgeOfTheRootInSpans) {
         EXPECT_NEAR(places[i].x, (loft.points[i].x - panel.pos1) / panel.span / 4, 1e-15) << i;
         const std::size_t tip = loft.sectionPoints + i;
         EXPECT_NEAR(places[tip].x, (loft.points[tip].x - panel.pos1) / panel.span / 4, 1e-15) << i;
+    }
+}
+
+TEST_F(PartLofts, SolidsAreInMillimetresWhateverTheUnit) {
+    for (const auto& [unit, factor] : {std::pair{millimetres, 1.0}, std::pair{inches, 25.4}}) {
+        project.units = unit;
+        std::vector<RefusedPart> refused;
+        double reach = 0;
+        const auto note = [&](const SolidPart& part) {
+            if (part.name.starts_with("fin"))
+                for (const Point3D& point : part.solid.points) reach = std::max(reach, point.z);
+            return true;
+        };
+        EXPECT_TRUE(forEachSolidPart(project, {}, note, refused).isDone());
+        const double wanted = (Rudder.shift + Rudder.span) * factor;
+        EXPECT_NEAR(reach, wanted, 1e-6 * wanted);
     }
 }
 

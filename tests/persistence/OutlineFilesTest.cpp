@@ -1,8 +1,11 @@
 // Airfoil files as other programs and collections write them.
 
+#include <cmath>
+#include <numbers>
 #include <numeric>
 
 #include "Projects.h"
+#include "common/NumberText.h"
 #include "persistence/AirfoilFiles.h"
 #include "persistence/OutlineFiles.h"
 #include "support/ModelJson.h"
@@ -161,6 +164,20 @@ TEST_F(OutlineFile, WhatIsNoSectionIsRefusedWithItsReason) {
               "its sides do not reach from the nose to the tail");
     EXPECT_EQ(reasonAgainst(lines(Rows(100'000, "0.5 0.1"))), "100000 points; a panel holds 32767");
     EXPECT_THROW(readOutline(folder / "missing.dat"), ReadFailure);
+}
+
+TEST_F(OutlineFile, AsManyPointsAsTheFirstOneLiesBehindAreNotCountedByIt) {
+    // In percent a hundred points follow the trailing edge at 100.
+    const auto ellipse = [](double chord) {
+        std::string text = "ellipse\n";
+        for (int i = 0; i <= 100; ++i) {
+            const double turn = 2 * std::numbers::pi * i / 100;
+            text += fixedText(chord * (0.5 + 0.5 * std::cos(turn)), 6) + ' ' +
+                    fixedText(chord * 0.06 * std::sin(turn), 6) + '\n';
+        }
+        return text;
+    };
+    EXPECT_EQ(readOutlineBytes(ellipse(100)).size(), readOutlineBytes(ellipse(1)).size());
 }
 
 TEST_F(OutlineFile, EveryCutAndEveryLineReplacedGivesASectionOrAReason) {

@@ -212,6 +212,11 @@ TEST_F(SceneTest, FuselageOfOneSectionOrNoneDrawsNothing) {
     }
 }
 
+TEST_F(SceneTest, FuselageOfTwoSectionsIsOneStrip) {
+    Fuselages(1).nb_sections = 2;
+    EXPECT_EQ(primitives(rebuild()).size(), 14u);
+}
+
 TEST_F(SceneTest, FuselageWhoseCountsPassItsArraysDrawsWhatThereIs) {
     Fuselages(1).nb_sections = 200;
     EXPECT_EQ(primitives(rebuild()).size(), 15u);
