@@ -21,7 +21,7 @@ function(velna_test name)
     target_link_libraries(velna_${name}_test PRIVATE velna_warnings velna_sanitizers ${ARG_LAYERS}
         ${ARG_LIBRARIES} GTest::gtest GTest::gtest_main nlohmann_json::nlohmann_json)
     if(ARG_STRIKES_FILES)
-        foreach(call mkostemp fchmod write fsync close link rename unlink)
+        foreach(call open mkostemp fchmod write fsync close link rename unlink)
             target_link_options(velna_${name}_test PRIVATE LINKER:--wrap=${call})
         endforeach()
     endif()

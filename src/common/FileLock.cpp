@@ -9,6 +9,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "common/Uninterrupted.h"
+
 namespace velna {
 
 namespace {
@@ -28,10 +30,11 @@ bool stillNamed(const std::string& path, int descriptor) {
 
 FileLock::FileLock(const std::string& path, Former former) : path_(path) {
     constexpr mode_t ownerOnly = 0600;
-    const int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW;
-    descriptor_ = ::open(path.c_str(), former == Former::none ? flags | O_EXCL : flags, ownerOnly);
-    const bool held = descriptor_ >= 0 && ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 &&
-                      stillNamed(path, descriptor_);
+    const int flags =
+        O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | (former == Former::none ? O_EXCL : 0);
+    descriptor_ = uninterrupted([&] { return ::open(path.c_str(), flags, ownerOnly); });
+    const auto take = [this] { return ::flock(descriptor_, LOCK_EX | LOCK_NB); };
+    const bool held = descriptor_ >= 0 && uninterrupted(take) == 0 && stillNamed(path, descriptor_);
     if (!held) refuse();
 }
 

@@ -9,12 +9,14 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
-#include <set>
 #include <system_error>
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "common/Uninterrupted.h"
 
 namespace velna {
 
@@ -30,6 +32,11 @@ constexpr std::time_t longestSave = 24 * 60 * 60;  // seconds
 
 std::string reasonOf(int number) {
     return std::generic_category().message(number);
+}
+
+/// Closes also what a signal interrupts: the system has given the descriptor back by then.
+bool closed(int descriptor) {
+    return ::close(descriptor) == 0 || errno == EINTR;
 }
 
 /// The file that `path` names in the end: a link stays a link, and what it points to is replaced.
@@ -66,11 +73,12 @@ mode_t modeFor(const struct stat* old) {
 
 /// Makes the new names durable: without it the renames may be lost with the power.
 bool syncFolder(const std::string& folder) {
+    const char* const name = folder.empty() ? "." : folder.c_str();
     const int descriptor =
-        ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        uninterrupted([&] { return ::open(name, O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
     // A folder that may be written but not read cannot be synced; the file itself stands.
     if (descriptor < 0) return errno == EACCES;
-    const bool synced = ::fsync(descriptor) == 0 || errno == EINVAL;
+    const bool synced = uninterrupted([&] { return ::fsync(descriptor); }) == 0 || errno == EINVAL;
     const int kept = errno;
     ::close(descriptor);
     errno = kept;
@@ -90,12 +98,16 @@ bool isTemporary(std::string_view title) {
 /// Removes what a killed run has left in `folder`. What is younger than a day may be another run's
 /// that is still at work.
 void sweep(const std::string& folder) {
-    std::error_code failure;
-    fs::directory_iterator entry(folder.empty() ? "." : folder, failure);
-    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
-        const std::string& path = entry->path().native();
+    // The library's own iterator ends the program where it gets no memory.
+    const std::unique_ptr<DIR, int (*)(DIR*)> entries(
+        ::opendir(folder.empty() ? "." : folder.c_str()), ::closedir);
+    if (!entries) return;
+    while (const dirent* const entry = ::readdir(entries.get())) {
+        const std::string_view title = entry->d_name;
+        if (!isTemporary(title)) continue;
+        const std::string path = folder + std::string(title);
         struct stat status {};
-        if (!isTemporary(titleOf(path)) || ::lstat(path.c_str(), &status) != 0) continue;
+        if (::lstat(path.c_str(), &status) != 0) continue;
         const bool ours =
             (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode)) && status.st_uid == ::geteuid();
         if (ours && status.st_mtime < std::time(nullptr) - longestSave) ::unlink(path.c_str());
@@ -104,8 +116,10 @@ void sweep(const std::string& folder) {
 
 }  // namespace
 
-ReplacedFile::ReplacedFile(std::string target, Links links)
-    : target_(links == Links::followed ? resolved(std::move(target)) : std::move(target)) {
+// What is half open when memory ends here goes by the destructor, for the first constructor is
+// done.
+ReplacedFile::ReplacedFile(std::string target, Links links) : ReplacedFile() {
+    target_ = links == Links::followed ? resolved(std::move(target)) : std::move(target);
     sweepFolderOf(target_);
     open(links);
 }
@@ -120,14 +134,19 @@ void ReplacedFile::open(Links links) {
         fail();
         return;
     }
-    std::string name = folderOf(target_).append(temporaryHead).append(temporaryTail);
-    descriptor_ = ::mkostemp(name.data(), O_CLOEXEC);
+    const std::string pattern = folderOf(target_).append(temporaryHead).append(temporaryTail);
+    std::string name;
+    descriptor_ = uninterrupted([&] {
+        name = pattern;
+        return ::mkostemp(name.data(), O_CLOEXEC);
+    });
     if (descriptor_ < 0) {
         fail();
         return;
     }
-    temporary_ = name;
-    if (::fchmod(descriptor_, modeFor(exists && !link ? &old : nullptr)) != 0) fail();
+    temporary_ = std::move(name);
+    const mode_t mode = modeFor(exists && !link ? &old : nullptr);
+    if (uninterrupted([&] { return ::fchmod(descriptor_, mode); }) != 0) fail();
 }
 
 ReplacedFile::~ReplacedFile() {
@@ -163,7 +182,7 @@ void ReplacedFile::sweepFolderOf(const std::string& target) {
 void ReplacedFile::beside(const std::string& target, std::string_view bytes) {
     sweepFolderOf(target);
     std::erase_if(beside_, [&](const auto& file) { return file->target_ == target; });
-    auto& file = *beside_.emplace_back(new ReplacedFile);
+    auto& file = *beside_.emplace_back(std::unique_ptr<ReplacedFile>(new ReplacedFile));
     file.target_ = target;
     file.open(Links::replaced);
     file.write(bytes);
@@ -181,12 +200,13 @@ void ReplacedFile::fail(const std::string& reason) {
 
 void ReplacedFile::write(std::string_view bytes) {
     while (error_.empty() && !bytes.empty()) {
-        const auto count = ::write(descriptor_, bytes.data(), bytes.size());
+        const auto count =
+            uninterrupted([&] { return ::write(descriptor_, bytes.data(), bytes.size()); });
         if (count > 0) {
             bytes.remove_prefix(static_cast<std::size_t>(count));
         } else if (count == 0) {
             fail(reasonOf(EIO));  // a device that takes nothing would be asked for ever
-        } else if (errno != EINTR) {
+        } else {
             fail();
         }
     }
@@ -200,8 +220,8 @@ void ReplacedFile::flush() {
 /// All bytes on disk, and the file closed.
 void ReplacedFile::complete() {
     flush();
-    if (error_.empty() && ::fsync(descriptor_) != 0) fail();
-    if (descriptor_ >= 0 && ::close(descriptor_) != 0) fail();
+    if (error_.empty() && uninterrupted([&] { return ::fsync(descriptor_); }) != 0) fail();
+    if (descriptor_ >= 0 && !closed(descriptor_)) fail();
     descriptor_ = -1;
 }
 
@@ -209,7 +229,11 @@ void ReplacedFile::complete() {
 /// second names gets a copy.
 bool ReplacedFile::keepOld() {
     struct stat old {};
-    if (::lstat(target_.c_str(), &old) != 0) return true;
+    if (::lstat(target_.c_str(), &old) != 0) {
+        // Who takes one that cannot be looked at for none would remove it to put things back.
+        if (errno != ENOENT) fail();
+        return error_.empty();
+    }
     old_ = std::string(temporary_).append(oldTail);
     if (::link(target_.c_str(), old_.c_str()) != 0) {
         std::error_code failure;
@@ -237,6 +261,14 @@ bool ReplacedFile::putBack() {
     return !inPlace_;
 }
 
+/// What stands in place though it could not be put back, and where that has left the old file.
+std::string ReplacedFile::standing() {
+    std::string words = " " + titleOf(target_);
+    if (!old_.empty()) words += " (for a day the former one is " + titleOf(old_) + ")";
+    old_.clear();
+    return words;
+}
+
 /// Takes over a failure of a file beside this one.
 void ReplacedFile::failFor(const ReplacedFile& file) {
     if (!file.error_.empty()) fail(titleOf(file.target_) + ": " + file.error_);
@@ -253,25 +285,54 @@ void ReplacedFile::placeAll() {
         if (!error_.empty()) break;
     }
     if (error_.empty() && place()) return;
-    std::string standing;
+    std::string left;
     for (auto file = beside_.rbegin(); file != beside_.rend(); ++file)
-        if ((*file)->inPlace_ && !(*file)->putBack()) standing += " " + titleOf((*file)->target_);
-    if (!standing.empty()) error_ += ". Beside the old file new ones stand now:" + standing;
+        if ((*file)->inPlace_ && !(*file)->putBack()) left += (*file)->standing();
+    if (!left.empty()) error_ += ". Beside the old file new ones stand now:" + left;
 }
 
-void ReplacedFile::syncFolders() {
-    std::set<std::string> folders{folderOf(target_)};
-    for (const auto& file : beside_) folders.insert(folderOf(file->target_));
-    for (const std::string& folder : folders)
-        if (!syncFolder(folder)) fail();
+std::set<std::string> ReplacedFile::folders() const {
+    std::set<std::string> names{folderOf(target_)};
+    for (const auto& file : beside_) names.insert(folderOf(file->target_));
+    return names;
+}
+
+/// Removes what has not taken its place, and what the new files have replaced; gives what could not
+/// be removed, and why.
+std::string ReplacedFile::tidied() {
+    std::string left;
+    for (std::string* const name : {&temporary_, &old_}) {
+        const bool gone = name->empty() ||
+                          uninterrupted([&] { return ::unlink(name->c_str()); }) == 0 ||
+                          errno == ENOENT;
+        if (!gone) left += " " + titleOf(*name) + " (" + reasonOf(errno) + ")";
+        name->clear();
+    }
+    return left;
+}
+
+void ReplacedFile::tidyAll() {
+    std::string left = tidied();
+    for (const auto& file : beside_) left += file->tidied();
+    if (!left.empty()) error_ += (error_.empty() ? "" : ". ") + ("Could not be removed:" + left);
 }
 
 bool ReplacedFile::commit() {
     complete();
-    if (!error_.empty()) return false;
-    placeAll();
-    if (inPlace_) syncFolders();
+    // What needs memory comes before the files take their places.
+    const std::set<std::string> names = folders();
+    if (error_.empty()) placeAll();
+    if (inPlace_) {
+        for (const std::string& folder : names)
+            if (!syncFolder(folder)) fail();
+    }
+    tidyAll();
     return error_.empty();
+}
+
+const std::string& ReplacedFile::giveUp() {
+    tidyAll();
+    return error_;
 }
 
 bool takesFiles(const std::string& folder) {

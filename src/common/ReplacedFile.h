@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -38,10 +39,16 @@ public:
     void beside(const std::string& target, std::string_view bytes);
 
     /// Writes out what is left, syncs, and puts the files in their places, this one last. Returns
-    /// false, with all targets as they were, if anything failed since the start. Two failures leave
-    /// new files in place all the same, and `error()` says so: a file that could not be put back
-    /// after another could not be put in place, and a folder that could not be synced.
+    /// false, with all targets as they were, if anything failed since the start. Three failures
+    /// leave new files in place all the same, and `error()` says so: a file that could not be put
+    /// back after another could not be put in place, a folder that could not be synced, and what
+    /// stood there before, which could not be removed. What is left beside the target for want of
+    /// a removal is named too.
     bool commit();
+
+    /// Removes what is unfinished. Returns the first failure, and with it what could not be
+    /// removed.
+    const std::string& giveUp();
 
     /// Whether this file stands in its target's place.
     bool inPlace() const { return inPlace_; }
@@ -71,8 +78,11 @@ private:
     bool keepOld();
     bool place();
     bool putBack();
+    std::string standing();
     void placeAll();
-    void syncFolders();
+    std::set<std::string> folders() const;
+    std::string tidied();
+    void tidyAll();
 
     std::string target_;
     std::string temporary_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "common/MemoryEnds.h"
 #include "common/ReplacedFile.h"
 #include "output/CutDrawing.h"
 
@@ -69,10 +70,8 @@ Outcome nothingToCut(CutPlan plan, const std::vector<std::string>& words) {
     return Outcome::failed(reason);
 }
 
-}  // namespace
-
-Outcome saveCutPlan(const Project& project, CutPlan plan, CutFormat format, const RibWishes& wishes,
-                    const std::string& file, std::vector<std::string>& words, Progress* watcher) {
+Outcome save(const Project& project, CutPlan plan, CutFormat format, const RibWishes& wishes,
+             const std::string& file, std::vector<std::string>& words, Progress* watcher) {
     CutParts made;
     Outcome outcome = cutParts(project, plan, wishes, {}, watcher, made);
     words.insert(words.end(), made.words.begin(), made.words.end());
@@ -82,6 +81,14 @@ Outcome saveCutPlan(const Project& project, CutPlan plan, CutFormat format, cons
     ReplacedFile written(file);
     write(written, layOut(std::move(made.parts), titleOf(file)), format);
     return written.commit() ? Outcome() : Outcome::failed(written.error());
+}
+
+}  // namespace
+
+Outcome saveCutPlan(const Project& project, CutPlan plan, CutFormat format, const RibWishes& wishes,
+                    const std::string& file, std::vector<std::string>& words, Progress* watcher) {
+    return failedIfMemoryEnds(
+        [&] { return save(project, plan, format, wishes, file, words, watcher); });
 }
 
 std::vector<std::string> cutPlanFiles(const Project& project, CutPlan plan, const RibWishes& wishes,

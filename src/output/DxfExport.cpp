@@ -1,5 +1,6 @@
 #include <string>
 
+#include "common/MemoryEnds.h"
 #include "model/Fuselage.h"
 #include "output/EquipmentDxf.h"
 #include "output/Exports.h"
@@ -34,45 +35,55 @@ void drawFuselages(DxfDrawing& drawing, const Project& project, SaveFuselage sav
 }  // namespace
 
 Outcome exportDXFVTop(const Project& project, const std::string& file, Progress* watcher) {
-    DxfDrawing drawing(file, expectedLines(project, 2), watcher);
-    drawing.dxfBegin();
-    for (int i = 1; i <= project.nbWings; ++i) saveDXF_vtop(drawing, project.Wings(i));
-    saveDXF_vtop(drawing, project.Stabilizer);
-    saveDXF_vtop(drawing, project.Rudder);
-    drawFuselages(drawing, project, saveDXF_vtop);
-    return drawing.dxfEnd();
+    return failedIfMemoryEnds([&] {
+        DxfDrawing drawing(file, expectedLines(project, 2), watcher);
+        drawing.dxfBegin();
+        for (int i = 1; i <= project.nbWings; ++i) saveDXF_vtop(drawing, project.Wings(i));
+        saveDXF_vtop(drawing, project.Stabilizer);
+        saveDXF_vtop(drawing, project.Rudder);
+        drawFuselages(drawing, project, saveDXF_vtop);
+        return drawing.dxfEnd();
+    });
 }
 
 Outcome exportDXFFront(const Project& project, const std::string& file, Progress* watcher) {
-    DxfDrawing drawing(file, expectedLines(project, 0), watcher);
-    drawing.dxfBegin();
-    for (int i = 1; i <= project.nbWings; ++i) saveDXF_front(drawing, project.Wings(i));
-    saveDXF_front(drawing, project.Stabilizer);
-    saveDXF_front(drawing, project.Rudder);
-    drawFuselages(drawing, project, saveDXF_front);
-    return drawing.dxfEnd();
+    return failedIfMemoryEnds([&] {
+        DxfDrawing drawing(file, expectedLines(project, 0), watcher);
+        drawing.dxfBegin();
+        for (int i = 1; i <= project.nbWings; ++i) saveDXF_front(drawing, project.Wings(i));
+        saveDXF_front(drawing, project.Stabilizer);
+        saveDXF_front(drawing, project.Rudder);
+        drawFuselages(drawing, project, saveDXF_front);
+        return drawing.dxfEnd();
+    });
 }
 
 /// Like the side view, the drawing has the first wing only: further panels would cover its root.
 Outcome exportDXFSide(const Project& project, const std::string& file, Progress* watcher) {
-    DxfDrawing drawing(file, expectedLines(project, 3), watcher);
-    drawing.dxfBegin();
-    saveDXF_side(drawing, project.Wings(1));
-    saveDXF_side(drawing, project.Stabilizer);
-    saveDXF_side(drawing, project.Rudder);
-    drawFuselages(drawing, project, saveDXF_side);
-    for (int i = 1; i <= project.nbEquipments; ++i) saveDXF_side(drawing, project.Equipments(i), i);
-    return drawing.dxfEnd();
+    return failedIfMemoryEnds([&] {
+        DxfDrawing drawing(file, expectedLines(project, 3), watcher);
+        drawing.dxfBegin();
+        saveDXF_side(drawing, project.Wings(1));
+        saveDXF_side(drawing, project.Stabilizer);
+        saveDXF_side(drawing, project.Rudder);
+        drawFuselages(drawing, project, saveDXF_side);
+        for (int i = 1; i <= project.nbEquipments; ++i)
+            saveDXF_side(drawing, project.Equipments(i), i);
+        return drawing.dxfEnd();
+    });
 }
 
 Outcome exportDXFHTop(const Project& project, const std::string& file, Progress* watcher) {
-    const MeshSections& fuselage = Fuselage::current(project);
-    const long long outlines = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
-    DxfDrawing drawing(file, 3LL * fuselage.nb_sections + outlines, watcher);
-    drawing.dxfBegin();
-    saveDXF_htop(drawing, fuselage);
-    for (int i = 1; i <= project.nbEquipments; ++i) saveDXF_htop(drawing, project.Equipments(i), i);
-    return drawing.dxfEnd();
+    return failedIfMemoryEnds([&] {
+        const MeshSections& fuselage = Fuselage::current(project);
+        const long long outlines = static_cast<long long>(fuselage.nb_sections) * fuselage.nb_cross;
+        DxfDrawing drawing(file, 3LL * fuselage.nb_sections + outlines, watcher);
+        drawing.dxfBegin();
+        saveDXF_htop(drawing, fuselage);
+        for (int i = 1; i <= project.nbEquipments; ++i)
+            saveDXF_htop(drawing, project.Equipments(i), i);
+        return drawing.dxfEnd();
+    });
 }
 
 }  // namespace velna::Plane

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "common/MemoryEnds.h"
 #include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "model/FigureMarks.h"
@@ -283,8 +284,15 @@ const JobRow& rowOf(PlanJob job) {
 
 Outcome printJob(PlanJob job, const Sheets& on) {
     if (!printable(on.printer)) return Outcome::failed("The sheet has no printable area.");
-    on.printer.StartDoc(rowOf(job).name, on.watcher());
-    return rowOf(job).print(on);
+    bool ended = false;
+    const Outcome outcome = failedIfMemoryEnds([&] {
+        on.printer.StartDoc(rowOf(job).name, on.watcher());
+        Outcome printed = rowOf(job).print(on);
+        ended = true;
+        return printed;
+    });
+    if (!ended) on.printer.KillDoc();
+    return outcome;
 }
 
 void setUnit(PrinterSurface& printer, int unit) {

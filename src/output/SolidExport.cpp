@@ -5,6 +5,7 @@
 #include <memory>
 #include <utility>
 
+#include "common/MemoryEnds.h"
 #include "common/ReplacedFile.h"
 #include "model/SolidParts.h"
 #include "output/SolidPictures.h"
@@ -106,13 +107,13 @@ public:
           pictures_(store.imaging) {}
 
     Outcome run() {
-        if (!options_.each && !begin(path_)) return Outcome::failed(file_->error());
+        if (!options_.each && !begin(path_)) return Outcome::failed(file_->giveUp());
         PartsOrder order = orderFor(row_, options_);
         order.solid.goesOn = [this](long long points) { return work_.did(points); };
         std::vector<RefusedPart> refused;
         const Outcome outcome = forEachSolidPart(
             project_, order, [this](const SolidPart& part) { return take(part); }, refused);
-        if (file_ && !file_->error().empty()) return Outcome::failed(file_->error());
+        if (file_ && !file_->error().empty()) return Outcome::failed(file_->giveUp());
         if (work_.cancelled() || outcome.isCancelled()) return Outcome::cancelled();
         if (parts_ == 0) {
             return Outcome::failed("No part of the aircraft gives a solid: " + listed(refused) +
@@ -191,7 +192,8 @@ namespace Plane {
 
 Outcome exportSolids(const Project& project, SolidFormat format, const SolidOptions& options,
                      const std::string& file, PictureStore& pictures, Progress* watcher) {
-    return SolidExport(project, format, options, file, pictures, watcher).run();
+    return failedIfMemoryEnds(
+        [&] { return SolidExport(project, format, options, file, pictures, watcher).run(); });
 }
 
 std::vector<std::string> solidFiles(const Project& project, SolidFormat format,

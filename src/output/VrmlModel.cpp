@@ -1,6 +1,7 @@
 #include <cstdint>
 #include <string>
 
+#include "common/MemoryEnds.h"
 #include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "model/MeshSections.h"
@@ -158,12 +159,10 @@ Expected expected(const Project& project, const Solids& solids) {
     return total;
 }
 
-}  // namespace
-
-Outcome exportVRML(Project& project, const Solids& solids, const std::string& file,
-                   PictureStore& store, Progress* watcher, VrmlSpelling spelling) {
+Outcome write(Project& project, const Solids& solids, const std::string& file, PictureStore& store,
+              Progress* watcher, VrmlSpelling spelling) {
     ReplacedFile output(file);
-    if (!output.error().empty()) return Outcome::failed(output.error());
+    if (!output.error().empty()) return Outcome::failed(output.giveUp());
     const Expected size = expected(project, solids);
     Work work(watcher, size.lines);
     Rows rows(output, size.points);
@@ -183,6 +182,14 @@ Outcome exportVRML(Project& project, const Solids& solids, const std::string& fi
     if (!output.error().empty()) return Outcome::failed(output.error());
     const std::string missing = pictures.missing(" could not be put beside the model");
     return missing.empty() ? Outcome() : Outcome::failed(missing + " All else has been exported.");
+}
+
+}  // namespace
+
+Outcome exportVRML(Project& project, const Solids& solids, const std::string& file,
+                   PictureStore& store, Progress* watcher, VrmlSpelling spelling) {
+    return failedIfMemoryEnds(
+        [&] { return write(project, solids, file, store, watcher, spelling); });
 }
 
 }  // namespace velna::Plane

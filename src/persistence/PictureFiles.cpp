@@ -111,6 +111,13 @@ void setPictures(Project& project, const std::vector<PictureName>& pictures) {
         project.Rudder, [&]() -> auto& { return project.Rudder; });
 }
 
+std::vector<std::string> titlesOf(const Project& project) {
+    std::vector<std::string> titles;
+    forEachObject(project,
+                  [&](const auto& object) { titles.push_back(object.qualified_texture_filename); });
+    return titles;
+}
+
 void keepTitles(Project& project, const std::vector<std::string>& titles) {
     std::vector<PictureName> pictures = picturesOf(project);
     for (std::size_t i = 0; i < pictures.size(); ++i) pictures[i].title = titles[i];

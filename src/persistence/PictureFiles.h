@@ -20,6 +20,9 @@ namespace PictureFiles {
 std::vector<std::string> saveTextureNames(TextSink& file, const Project& project,
                                           PictureCopies& copies);
 
+/// The titles of the objects' pictures, in that order.
+std::vector<std::string> titlesOf(const Project& project);
+
 /// Gives the objects the titles that a save has put into the file.
 void keepTitles(Project& project, const std::vector<std::string>& titles);
 

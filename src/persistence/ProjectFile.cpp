@@ -1,8 +1,11 @@
 #include "persistence/ProjectFile.h"
 
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "common/Complaint.h"
+#include "common/MemoryEnds.h"
 #include "common/Progress.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
@@ -65,15 +68,21 @@ private:
     Work work_;
 };
 
-Outcome save(WatchedFile& target, const std::string& file, Project& project,
-             PictureStore& pictures) {
+Outcome save(Project& project, const std::string& file, PictureStore& pictures,
+             Progress* watcher) {
+    WatchedFile target(file, project, watcher);
+    if (!target.error().empty()) return Outcome::failed(target.giveUp());
     saveBlocks(target, project);
     PictureCopies copies(target, file, PictureFiles::namesIn, project, pictures);
     const auto titles = PictureFiles::saveTextureNames(target, project, copies);
+    // What needs memory comes before the file takes its place.
+    std::optional<Project> renamed;
+    if (titles != PictureFiles::titlesOf(project))
+        PictureFiles::keepTitles(renamed.emplace(project), titles);
     target.commit();
     if (!target.inPlace()) return Outcome::failed(target.error());
+    if (renamed) project = std::move(*renamed);
     copies.madeHere();
-    PictureFiles::keepTitles(project, titles);
     if (!target.error().empty()) return Outcome::failed(target.error());
     // A picture that cannot be read is told of, but must not keep the aircraft from being saved.
     const std::string missing = copies.missing(" could not be put beside the project");
@@ -96,10 +105,8 @@ void saveBlocks(TextSink& target, const Project& project) {
 
 Outcome saveProject(Project& project, const std::string& file, PictureStore& pictures,
                     Progress* watcher) {
-    WatchedFile target(file, project, watcher);
-    if (!target.error().empty()) return Outcome::failed(target.error());
     try {
-        return save(target, file, project, pictures);
+        return failedIfMemoryEnds([&] { return save(project, file, pictures, watcher); });
     } catch (const WorkCancelled&) {
         return Outcome::cancelled();
     }

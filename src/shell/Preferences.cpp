@@ -53,19 +53,13 @@ bool Preferences::wroteToOwn() const {
     return bytes == ports.desktop->programFolder();
 }
 
-/// Notes whose settings lie in the user's folder. Without the note the program's folder decides
-/// alone, as it does where nothing of this kind ever happened.
-void Preferences::noteOwner() const {
-    ReplacedFile file(ownerFile());
-    file.buffer() = ports.desktop->programFolder();
-    file.commit();
-}
-
 Outcome Preferences::writeTo(const std::string& path) const {
     ReplacedFile file(path);
     file.line(demonstrationDue ? "\"DoIt\"" : "\"Done\"");
     file.line(record(main.Prefs.InchesOption));
     file.line(record(main.Prefs.MillimetersOption));
+    // Beside settings in the user's folder stands whose they are.
+    if (path == ownFile()) file.beside(ownerFile(), ports.desktop->programFolder());
     return file.commit() ? Outcome() : Outcome::failed(file.error());
 }
 
@@ -109,11 +103,7 @@ void Preferences::writeAll() const {
     }
     std::filesystem::create_directories(ports.desktop->configurationFolder(), ignored);
     const Outcome own = writeTo(ownFile());
-    if (own.isDone()) {
-        noteOwner();
-    } else {
-        complain("the settings could not be saved", own.reason());
-    }
+    if (own.hasFailed()) complain("the settings could not be saved", own.reason());
 }
 
 void Preferences::readSettings() {

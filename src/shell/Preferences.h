@@ -70,7 +70,6 @@ private:
     std::string ownFile() const;
     std::string ownerFile() const;
     bool wroteToOwn() const;
-    void noteOwner() const;
     Outcome writeTo(const std::string& path) const;
 };
 

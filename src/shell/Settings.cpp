@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 #include <string_view>
 
+#include "common/MemoryEnds.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
 
@@ -44,13 +46,15 @@ std::string unescaped(std::string_view line) {
     return text;
 }
 
-std::map<std::string, std::vector<std::string>> readEntries(const std::string& file) {
+/// Nothing where the file cannot be read.
+std::optional<std::map<std::string, std::vector<std::string>>> readEntries(
+    const std::string& file) {
     std::map<std::string, std::vector<std::string>> entries;
     std::string bytes;
     try {
         bytes = readFileStart(file, mostBytes);
     } catch (const ReadFailure&) {
-        return entries;
+        return {};
     }
     for (ValueReader lines(bytes); !lines.atEnd();) {
         const std::string_view line = lines.line();
@@ -65,7 +69,7 @@ std::map<std::string, std::vector<std::string>> readEntries(const std::string& f
 
 void Settings::load(const std::string& folder) {
     folder_ = folder;
-    entries_ = readEntries(folder_ + fileTitle);
+    entries_ = readEntries(folder_ + fileTitle).value_or(Entries());
 }
 
 std::vector<std::string> Settings::list(const std::string& key) const {
@@ -79,16 +83,21 @@ std::string Settings::text(const std::string& key) const {
 }
 
 void Settings::readAgain(const std::string& key) {
-    const Entries stored = readEntries(folder_ + fileTitle);
+    const Entries stored = readEntries(folder_ + fileTitle).value_or(Entries());
     if (const auto entry = stored.find(key); entry != stored.end()) entries_[key] = entry->second;
 }
 
 Outcome Settings::store(const std::string& key, const std::vector<std::string>& texts) {
+    return failedIfMemoryEnds([&] { return write(key, texts); });
+}
+
+Outcome Settings::write(const std::string& key, const std::vector<std::string>& texts) {
     entries_[key] = texts;
     if (folder_.empty()) return {};
     std::error_code ignored;
     std::filesystem::create_directories(folder_, ignored);
-    Entries stored = readEntries(folder_ + fileTitle);
+    // What cannot be read this time must not be lost with it.
+    Entries stored = readEntries(folder_ + fileTitle).value_or(entries_);
     stored[key] = texts;
     ReplacedFile file(folder_ + fileTitle);
     for (const auto& [name, values] : stored)

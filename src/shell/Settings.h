@@ -45,6 +45,8 @@ private:
     static constexpr const char* yes = "yes";
     static constexpr const char* no = "no";
 
+    Outcome write(const std::string& key, const std::vector<std::string>& texts);
+
     Entries entries_;
     std::string folder_;
 };

@@ -28,7 +28,7 @@ MAY_INCLUDE = {
 STANDARD = re.compile(r"^[a-z_0-9]+$")
 SYSTEM = {
     # a file put in place whole, synced, and locked
-    "common": {"fcntl.h", "unistd.h", "sys/file.h", "sys/stat.h", "sys/types.h"},
+    "common": {"dirent.h", "fcntl.h", "unistd.h", "sys/file.h", "sys/stat.h", "sys/types.h"},
     "model": {"polyclipping/clipper.hpp"},  # offsets and differences of outlines
     "output": {"zlib.h"},  # the archive of a 3MF file
     "preview": {"GL/gl.h", "sys/stat.h"},  # which file a picture's path names

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "CountedMemory.h"
+#include "support/CountedMemory.h"
 #include "editor/PanelTable.h"
 #include "support/ShellFixture.h"
 

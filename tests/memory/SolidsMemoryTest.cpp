@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include "CountedMemory.h"
+#include "support/CountedMemory.h"
 #include "common/TwoThreads.h"
 #include "support/ProgramInHand.h"
 

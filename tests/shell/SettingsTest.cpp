@@ -40,6 +40,15 @@ TEST_F(SettingsTest, WhatIsStoredComesBackInAnotherProgram) {
     EXPECT_TRUE(loaded().flag(SettingKey::ctrlZ));
 }
 
+TEST_F(SettingsTest, AFileThatCannotBeReadAgainCostsNothing) {
+    write("one=first\r\ntwo=second\r\n");
+    Settings settings = loaded();
+    std::filesystem::remove(path() + "settings.txt");
+    ASSERT_TRUE(settings.store("two", {"other"}).isDone());
+    EXPECT_EQ(loaded().text("one"), "first");
+    EXPECT_EQ(loaded().text("two"), "other");
+}
+
 TEST_F(SettingsTest, NothingIsWrittenBeforeTheFolderIsKnown) {
     Settings settings;
     ASSERT_TRUE(settings.storeFlag(SettingKey::ctrlZ, true).isDone());

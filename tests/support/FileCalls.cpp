@@ -1,5 +1,9 @@
 #include "support/FileCalls.h"
 
+#include <cstdarg>
+
+#include <fcntl.h>
+
 namespace velna::test {
 
 FileCalls fileCalls;
@@ -10,6 +14,16 @@ using velna::test::fileCalls;
 
 // The linker sends every call of the system's name here.
 extern "C" {
+int __wrap_open(const char* name, int flags, ...) {
+    mode_t mode = 0;
+    if ((flags & O_CREAT) != 0) {
+        va_list more;
+        va_start(more, flags);
+        mode = va_arg(more, mode_t);
+        va_end(more);
+    }
+    return fileCalls.open(name, flags, mode);
+}
 int __wrap_mkostemp(char* name, int flags) {
     return fileCalls.create(name, flags);
 }

@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 extern "C" {
+int __real_open(const char* name, int flags, ...);
 int __real_mkostemp(char* name, int flags);
 int __real_fchmod(int descriptor, mode_t mode);
 ssize_t __real_write(int descriptor, const void* bytes, std::size_t count);
@@ -22,6 +23,8 @@ namespace velna::test {
 /// so it sees what each failure leaves behind. A stand-in calls the system by `FileCalls{}`, for
 /// under the system's own names it would call itself.
 struct FileCalls {
+    int (*open)(const char* name, int flags, mode_t mode) =
+        [](const char* name, int flags, mode_t bits) { return __real_open(name, flags, bits); };
     int (*create)(char* name, int flags) = __real_mkostemp;
     int (*mode)(int descriptor, mode_t mode) = __real_fchmod;
     ssize_t (*write)(int descriptor, const void* bytes, std::size_t count) = __real_write;

@@ -60,7 +60,7 @@ void PdfSurface::StartDoc(const std::string& name, Progress* watcher) {
     writer_->setPageLayout(layout_);
     writer_->setTitle(QString("Velna %1").arg(QString::fromStdString(name)));
     if (!file_->error().empty()) {
-        fail(titleOf(finished_) + ": " + file_->error());
+        fail(titleOf(finished_) + ": " + file_->giveUp());
     } else if (!paintOn(*writer_)) {
         fail("The pages cannot be painted");
     }

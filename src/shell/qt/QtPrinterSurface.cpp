@@ -41,7 +41,7 @@ void QtPrinterSurface::StartDoc(const std::string& name, Progress* watcher) {
         file_ = std::make_unique<ReplacedFile>(QFile::encodeName(finished_).toStdString(),
                                                Links::replaced);
         if (!file_->error().empty()) {
-            fail(finished_.toStdString() + ": " + file_->error());
+            fail(finished_.toStdString() + ": " + file_->giveUp());
             file_.reset();
             return;
         }

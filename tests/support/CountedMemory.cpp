@@ -1,4 +1,4 @@
-#include "CountedMemory.h"
+#include "support/CountedMemory.h"
 
 #include <cstdlib>
 #include <new>
@@ -8,6 +8,7 @@ namespace velna::test {
 std::atomic<std::size_t> CountedMemory::now = 0;
 std::atomic<std::size_t> CountedMemory::most = 0;
 std::atomic<int> CountedMemory::blocksLeft = -1;
+std::atomic<bool> CountedMemory::refusesOne = false;
 
 std::size_t CountedMemory::begin() {
     most = now.load();
@@ -27,6 +28,7 @@ bool granted() {
     int left = CountedMemory::blocksLeft;
     while (left > 0 && !CountedMemory::blocksLeft.compare_exchange_weak(left, left - 1)) {
     }
+    if (left == 0 && CountedMemory::refusesOne) CountedMemory::blocksLeft = -1;
     return left != 0;
 }
 
@@ -42,6 +44,10 @@ void* operator new(std::size_t size) {
     while (most < inUse && !CountedMemory::most.compare_exchange_weak(most, inUse)) {
     }
     return block + headRoom;
+}
+
+void* operator new[](std::size_t size) {
+    return operator new(size);
 }
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
@@ -60,5 +66,13 @@ void operator delete(void* pointer) noexcept {
 }
 
 void operator delete(void* pointer, std::size_t) noexcept {
+    operator delete(pointer);
+}
+
+void operator delete[](void* pointer) noexcept {
+    operator delete(pointer);
+}
+
+void operator delete[](void* pointer, std::size_t) noexcept {
     operator delete(pointer);
 }
