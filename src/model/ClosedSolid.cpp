@@ -312,7 +312,8 @@ Outcome Joining::finish() {
 
 }  // namespace
 
-double heldCoordinate(double value, CoordinateForm form) {
+// Not inlined: GCC 12 works two coordinates at once then, and loses the rounding of one.
+[[gnu::noinline]] double heldCoordinate(double value, CoordinateForm form) {
     constexpr double decimals = 1e9;
     const double held = form == CoordinateForm::Single
                             ? static_cast<float>(value)
