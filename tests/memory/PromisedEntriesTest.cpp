@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CountedMemory.h"
 #include "editor/PanelTable.h"
+#include "support/CountedMemory.h"
 #include "support/ShellFixture.h"
 
 namespace velna::test {

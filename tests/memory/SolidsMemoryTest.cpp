@@ -5,8 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "support/CountedMemory.h"
 #include "common/TwoThreads.h"
+#include "support/CountedMemory.h"
 #include "support/ProgramInHand.h"
 
 namespace velna::test {
