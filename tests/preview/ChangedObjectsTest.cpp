@@ -59,16 +59,6 @@ TEST_F(ChangedObjects, AsManyListsAsObjects) {
     EXPECT_EQ(GlTape::objectListCount(), before);
 }
 
-/// A picture is handed over once, whatever changes beside it.
-TEST_F(ChangedObjects, APictureThatStaysIsNotHandedOverAgain) {
-    Wings(1).set_texture_filename("p");
-    shown();
-    EXPECT_GT(GlTape::count("glTexImage2D"), 0);
-    Rudder.span += 1;
-    shown();
-    EXPECT_EQ(GlTape::count("glTexImage2D"), 0);
-}
-
 /// Of twenty bodies the one that is dragged is built.
 TEST_F(ChangedObjects, OneOfManyIsBuiltAlone) {
     nbFuselages = 20;
