@@ -68,8 +68,7 @@ private:
     Work work_;
 };
 
-Outcome save(Project& project, const std::string& file, PictureStore& pictures,
-             Progress* watcher) {
+Outcome save(Project& project, const std::string& file, PictureStore& pictures, Progress* watcher) {
     WatchedFile target(file, project, watcher);
     if (!target.error().empty()) return Outcome::failed(target.giveUp());
     saveBlocks(target, project);
