@@ -44,6 +44,7 @@ class Camera:
         self.keep(name, (x - 1, y - FRAME, width + 2, height + FRAME + 3))
 
     def open(self, example):
+        """One of the examples, or another file by its whole name."""
         self.program.open(ROOT / "examples" / example)
         # What was clicked since the last one counts as a change; nobody wants it.
         time.sleep(1)
@@ -225,8 +226,7 @@ def take_files(camera):
     models.mkdir(exist_ok=True)
     for name in ("glider.vln", "sport_inches.vln", "twin_hull.vln"):
         shutil.copy(ROOT / "examples" / name, models)
-        program.open(models / name)
-        time.sleep(0.5)
+        camera.open(models / name)
     (models / "sport_inches.vln").unlink()
     menu_beside(camera, "Open", "RecentFiles", "recent")
     menu_beside(camera, "Save", "MoreSaves", "save-again")
