@@ -201,9 +201,10 @@ CutDrawing layOut(std::vector<CutPart> parts, std::string title) {
     }
     drawing.width += 2 * gap;
     drawing.height += 2 * gap;
-    for (std::size_t n = 0; n < places.size(); ++n)
+    for (std::size_t n = 0; n < places.size(); ++n) {
         move(drawing.parts[n], gap + places[n].x - boxes[n].left,
              drawing.height - gap - places[n].y - boxes[n].top);
+    }
     return drawing;
 }
 

@@ -50,9 +50,10 @@ struct TextRows {
 TextRows rowsOf(std::size_t lines, std::size_t under, double height, double axis) {
     TextRows rows{height, axis, axis, axis, {}};
     const std::size_t over = lines - under;
-    for (std::size_t n = 0; n < over; ++n)
+    for (std::size_t n = 0; n < over; ++n) {
         rows.bases.push_back(axis + gap + descent * height +
                              static_cast<double>(over - 1 - n) * lineDistance * height);
+    }
     for (std::size_t n = 0; n < under; ++n)
         rows.bases.push_back(axis - gap - height - static_cast<double>(n) * lineDistance * height);
     if (over > 0) rows.above = rows.bases.front() + height + gap;
@@ -102,9 +103,11 @@ std::vector<std::string> piecesOf(const std::string& text) {
     constexpr std::string_view comma = ", ";
     std::vector<std::string> pieces;
     std::size_t from = 0;
-    for (std::size_t at; (at = text.find(comma, from)) != std::string::npos;
-         from = at + comma.size())
+    std::size_t at = 0;
+    while ((at = text.find(comma, from)) != std::string::npos) {
         pieces.push_back(text.substr(from, at + 1 - from));
+        from = at + comma.size();
+    }
     pieces.push_back(text.substr(from));
     return pieces;
 }

@@ -102,9 +102,10 @@ private:
     bool isWithinOther(const std::vector<Area>& pieces, std::size_t n) const {
         const auto contains = [&](const Area& other) { return other.contains(pieces[n]); };
         if (std::ranges::any_of(free_, contains)) return true;
-        for (std::size_t i = 0; i < pieces.size(); ++i)
+        for (std::size_t i = 0; i < pieces.size(); ++i) {
             if (i != n && contains(pieces[i]) && (i > n || !pieces[n].contains(pieces[i])))
                 return true;
+        }
         return false;
     }
 

@@ -99,9 +99,10 @@ void setPictures(Project& project, const std::vector<PictureName>& pictures) {
         ++picture;
     };
     const auto setAll = [&](auto& list, int count) {
-        for (int i = 1; i <= count; ++i)
+        for (int i = 1; i <= count; ++i) {
             set(
                 std::as_const(list)(i), [&]() -> auto& { return list(i); });
+        }
     };
     setAll(project.Wings, project.nbWings);
     set(
