@@ -31,9 +31,10 @@ Outcome takeKind(ExportRequest& request, bool told) {
         point == std::string::npos ? nullptr : kindOfEnding(title.substr(point + 1));
     if (!kind && !told)
         return Outcome::failed(inQuotes(request.out) + " does not tell its kind; --as KIND does");
-    if (kind && told && kind->kind != request.kind)
+    if (kind && told && kind->kind != request.kind) {
         return Outcome::failed("--as " + ending(request).substr(1) + " contradicts the ending of " +
                                inQuotes(request.out));
+    }
     if (kind) request.kind = kind->kind;
     return {};
 }
@@ -41,9 +42,10 @@ Outcome takeKind(ExportRequest& request, bool told) {
 Outcome takePlans(ExportRequest& request) {
     for (const PlanName& plan : request.planNames) {
         const bool onPaper = request.kind == ExportKind::Plans;
-        if (!onPaper && !plan.cut)
+        if (!onPaper && !plan.cut) {
             return Outcome::failed("--plan " + std::string(plan.name) + " makes no sense for " +
                                    ending(request));
+        }
         if (!onPaper && request.cut)
             return Outcome::failed("one --plan is enough for " + ending(request));
         if (onPaper) {
