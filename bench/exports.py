@@ -14,6 +14,7 @@ import tempfile
 import time
 
 KINDS = {"vln": [], "wrl": [], "dxf": [], "pdf": ["--plan", "side"], "png": [], "svg": []}
+WITH_PICTURES = ("vln", "wrl")  # the kinds that copy the pictures of the parts beside the file
 THUMBNAIL = ["--as", "png", "--view", "top", "--size", "256"]
 EXAMPLES = sorted((pathlib.Path(__file__).resolve().parent.parent / "examples").glob("*.vln"))
 BAR = 1.3
@@ -33,11 +34,16 @@ def bare(command):
     return float(subprocess.run(command, env=ENVIRONMENT, check=True, capture_output=True, text=True).stdout)
 
 
-def measure(build, words, rounds):
+def has_pictures(example):
+    """Whether its parts carry pictures: then the toolkit loads its libraries for every kind of picture."""
+    return any(line.strip('"').lower().endswith(".bmp") for line in example.read_text().splitlines())
+
+
+def measure(build, words, rounds, empty_words):
     """Medians of the call, of an empty start and of the work alone."""
     program, empty, alone = (f"{build}/{path}" for path in
                              ("src/shell/qt/velna", "bench/velna_empty_program", "bench/velna_bare_exports"))
-    seen = [(run([program, *words]), run([empty]), bare([alone, *words])) for _ in range(rounds)]
+    seen = [(run([program, *words]), run([empty, *empty_words]), bare([alone, *words])) for _ in range(rounds)]
     return [statistics.median(column) for column in zip(*seen)]
 
 
@@ -49,7 +55,8 @@ def main():
         os.chdir(folder)
         for example in EXAMPLES:
             for name, words in calls.items():
-                whole, empty, work = measure(build, [*words, example], rounds)
+                empty_words = ["pictures"] if name in WITH_PICTURES and has_pictures(example) else []
+                whole, empty, work = measure(build, [*words, example], rounds, empty_words)
                 ratio = whole / (empty + work)
                 over = "  over" if ratio > BAR or (name == "thumbnail" and whole > THUMBNAIL_BAR) else ""
                 print(f"{example.stem:14} {name:10} {whole * 1000:7.1f} ms, empty start {empty * 1000:6.1f}, work alone "
