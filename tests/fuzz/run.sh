@@ -34,7 +34,7 @@ fuzz() {
     fuzz_pipeline | fuzz_editing) cheap=(-detect_leaks=0 -entropic=0) ;;
     esac
     [ -z "$minutes" ] || bounds=("-max_total_time=$((minutes * 60))")
-    if "$target" "${bounds[@]}" "${cheap[@]}" -seed="$seed" -timeout=20 -rss_limit_mb=2048 -max_len=65536 \
+    if "$target" "${bounds[@]}" "${cheap[@]}" -seed="$seed" -timeout=60 -rss_limit_mb=2048 -max_len=65536 \
         -artifact_prefix="$findings/$name-" "build/fuzz/corpus/$name" "$seeds" >"$log" 2>&1; then
         echo "$name, seed $seed: $(grep -a '^Done' "$log" || tail -n 1 "$log"), $(grep -ao 'cov: [0-9]* ft: [0-9]*' "$log" | tail -n 1)"
     else

@@ -13,6 +13,7 @@
 #include "model/Fuselage.h"
 #include "model/MeshSections.h"
 #include "model/Plane.h"
+#include "output/ZipFile.h"
 #include "support/Holds.h"
 #include "support/WorkThrough.h"
 
@@ -92,6 +93,41 @@ TEST(FinishedFile, OfBinaryGltfIsLookedThroughBehindItsDescription) {
     expectFinite("m.glb", glb(1.5F));
     EXPECT_DEATH(expectFinite("m.glb", glb(std::numeric_limits<float>::quiet_NaN())),
                  "broken: m.glb has a number");
+}
+
+/// The bytes of what a writer gives.
+struct Bytes : ByteSink {
+    void append(std::string_view more) override { bytes += more; }
+    void overwrite(std::size_t at, std::string_view other) override {
+        bytes.replace(at, other.size(), other);
+    }
+    void fail(const std::string& reason) override { ADD_FAILURE() << reason; }
+
+    std::string bytes;
+};
+
+std::string packed(const std::string& text) {
+    Bytes file;
+    ZipFile zip(file);
+    zip.begin("3D/3dmodel.model");
+    zip.append(text);
+    zip.endEntry();
+    zip.end();
+    return file.bytes;
+}
+
+TEST(FinishedFile, ThatIsPackedIsLookedThrough) {
+    expectFinite("m.3mf", packed("<vertex x=\"1\"/>"));
+    EXPECT_DEATH(expectFinite("m.3mf", packed("<vertex x=\"nan\"/>")),
+                 "broken: m.3mf/3D/3dmodel.model says nan");
+}
+
+TEST(FinishedFile, ThatIsPackedAndCutOrChangedEndsTheRun) {
+    std::string bytes = packed("<vertex x=\"1\"/>");
+    EXPECT_DEATH(expectFinite("m.3mf", bytes.substr(1)), "broken: m.3mf: ");
+    EXPECT_DEATH(expectFinite("m.3mf", bytes.substr(0, 10)), "broken: m.3mf: the archive is cut");
+    bytes[14] ^= 1;  // the sum
+    EXPECT_DEATH(expectFinite("m.3mf", bytes), "broken: m.3mf: an entry is told in two ways");
 }
 
 TEST(Word, IsWantedOfWhatFails) {

@@ -6,6 +6,7 @@
 #include "output/SolidExport.h"
 #include "output/SolidFiles.h"
 #include "support/StruckCalls.h"
+#include "support/Unzip.h"
 
 namespace velna::test {
 namespace {
@@ -263,19 +264,19 @@ TEST_F(SolidFile, ThreeMfTellsUnitNamesAndColours) {
     Fuselages(1).set_color({255, 0, 127.6});
     ASSERT_EQ(write(SolidFormat::ThreeMf, "m.3mf"), Outcome());
     const std::string bytes = bytesOf(folder / "m.3mf");
-    const std::string model = unzipped(bytes, "3D/3dmodel.model");
+    const std::string model = unzipped(bytes).at("3D/3dmodel.model");
     EXPECT_NE(model.find("unit=\"millimeter\""), std::string::npos);
     EXPECT_NE(model.find("<base name=\"fuselage 1\" displaycolor=\"#FF0080\"/>"),
               std::string::npos);
-    EXPECT_NE(unzipped(bytes, "_rels/.rels").find("/3D/3dmodel.model"), std::string::npos);
-    EXPECT_NE(unzipped(bytes, "[Content_Types].xml").find("3dmodel+xml"), std::string::npos);
+    EXPECT_NE(unzipped(bytes).at("_rels/.rels").find("/3D/3dmodel.model"), std::string::npos);
+    EXPECT_NE(unzipped(bytes).at("[Content_Types].xml").find("3dmodel+xml"), std::string::npos);
 }
 
 TEST_F(SolidFile, JoinedPanelsKeepTheirColours) {
     load("wings3");
     Wings(2).set_color({1, 2, 3});
     ASSERT_EQ(write(SolidFormat::ThreeMf, "m.3mf"), Outcome());
-    const std::string model = unzipped(bytesOf(folder / "m.3mf"), "3D/3dmodel.model");
+    const std::string model = unzipped(bytesOf(folder / "m.3mf")).at("3D/3dmodel.model");
     EXPECT_NE(model.find("name=\"wing 1-3 left\""), std::string::npos);
     EXPECT_NE(model.find("#010203"), std::string::npos);
     EXPECT_NE(model.find("p1=\"1\""), std::string::npos);

@@ -9,9 +9,9 @@
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <zlib.h>
 
 #include "support/TemporaryFolder.h"
+#include "support/Unzip.h"
 
 namespace velna::test {
 namespace {
@@ -25,21 +25,6 @@ T at(const std::string& bytes, std::size_t place) {
     }
     std::memcpy(&value, bytes.data() + place, sizeof(T));
     return value;
-}
-
-std::string inflated(const std::string& bytes, std::size_t from, std::size_t size,
-                     std::size_t whole) {
-    std::string result(whole, '\0');
-    z_stream stream{};
-    EXPECT_EQ(inflateInit2(&stream, -15), Z_OK);
-    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data() + from));
-    stream.avail_in = static_cast<uInt>(size);
-    stream.next_out = reinterpret_cast<Bytef*>(result.data());
-    stream.avail_out = static_cast<uInt>(whole);
-    EXPECT_EQ(inflate(&stream, Z_FINISH), Z_STREAM_END);
-    EXPECT_EQ(stream.total_out, whole);
-    inflateEnd(&stream);
-    return result;
 }
 
 /// The value of an attribute.
@@ -92,33 +77,8 @@ std::vector<FileBody> readObj(const std::string& bytes) {
     return bodies;
 }
 
-std::string unzipped(const std::string& bytes, const std::string& name) {
-    const std::size_t end = bytes.size() - 22;
-    EXPECT_EQ(at<std::uint32_t>(bytes, end), 0x06054b50u);
-    std::size_t entry = at<std::uint32_t>(bytes, end + 16);
-    for (int n = 0; n < at<std::uint16_t>(bytes, end + 10); ++n) {
-        EXPECT_EQ(at<std::uint32_t>(bytes, entry), 0x02014b50u);
-        const auto length = at<std::uint16_t>(bytes, entry + 28);
-        const auto local = at<std::uint32_t>(bytes, entry + 42);
-        EXPECT_EQ(at<std::uint32_t>(bytes, local), 0x04034b50u);
-        EXPECT_EQ(bytes.compare(local + 14, 12, bytes, entry + 16, 12), 0);
-        if (bytes.substr(entry + 46, length) == name) {
-            std::string text =
-                inflated(bytes, local + 30 + length, at<std::uint32_t>(bytes, entry + 20),
-                         at<std::uint32_t>(bytes, entry + 24));
-            const auto sum = crc32(0, reinterpret_cast<const Bytef*>(text.data()),
-                                   static_cast<uInt>(text.size()));
-            EXPECT_EQ(at<std::uint32_t>(bytes, entry + 16), sum);
-            return text;
-        }
-        entry += 46u + length;
-    }
-    ADD_FAILURE() << "no entry " << name;
-    return {};
-}
-
 std::vector<FileBody> readThreeMf(const std::string& bytes) {
-    const std::string model = unzipped(bytes, "3D/3dmodel.model");
+    const std::string model = unzipped(bytes).at("3D/3dmodel.model");
     std::vector<FileBody> bodies;
     std::string unit;
     std::size_t items = 0;

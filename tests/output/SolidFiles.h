@@ -22,8 +22,6 @@ std::vector<FileBody> readGlb(const std::string& bytes);
 /// The same for a file of any of the four, by its extension.
 std::vector<FileBody> readSolids(const std::string& file);
 
-/// The entry of a ZIP archive.
-std::string unzipped(const std::string& bytes, const std::string& name);
 /// The description in a binary glTF.
 std::string jsonOfGlb(const std::string& bytes);
 
