@@ -69,6 +69,36 @@ TEST_F(CutFiles, DxfNamesItsUnitAndHasALayerAKind) {
     EXPECT_TRUE(file.ends_with("EOF\r\n"));
 }
 
+/// The point of a variable in the head of a DXF file; NaN where it is not there.
+Point2D headPoint(const std::vector<DxfPair>& pairs, const std::string& name) {
+    for (std::size_t i = 0; i + 2 < pairs.size(); ++i) {
+        if (pairs[i].code != "9" || pairs[i].value != name || pairs[i + 1].code != "10") continue;
+        return {leadingNumber(pairs[i + 1].value), leadingNumber(pairs[i + 2].value)};
+    }
+    return {std::nan(""), std::nan("")};
+}
+
+TEST_F(CutFiles, DxfTellsHowFarItsLinesReach) {
+    wishes.stations.count = 4;
+    EXPECT_EQ(save(CutPlan::ribs, CutFormat::dxf), Outcome());
+    const auto pairs = pairsOf(bytes());
+    const Point2D least = headPoint(pairs, "$EXTMIN");
+    const Point2D most = headPoint(pairs, "$EXTMAX");
+    Point2D reached;
+    for (std::size_t i = 0; i + 3 < pairs.size(); ++i) {
+        if (pairs[i].value != "VERTEX") continue;
+        const double x = leadingNumber(pairs[i + 2].value);
+        const double y = leadingNumber(pairs[i + 3].value);
+        EXPECT_GE(x, least.x);
+        EXPECT_GE(y, least.y);
+        reached = {std::max(reached.x, x), std::max(reached.y, y)};
+    }
+    EXPECT_GT(reached.x, 0);
+    EXPECT_GE(most.x, reached.x);
+    EXPECT_GE(most.y, reached.y);
+    EXPECT_LT(most.x, reached.x + 10) << "and not farther";
+}
+
 TEST_F(CutFiles, RibsKeepTheirPointsInTheFile) {
     wishes.stations.count = 2;
     wishes.each = true;
@@ -226,6 +256,9 @@ TEST_F(CutFiles, TitleOfTheFileIsEscaped) {
     target = folder / "a<&b.svg";
     EXPECT_EQ(save(CutPlan::ribs, CutFormat::svg), Outcome());
     EXPECT_NE(bytes().find("<title>a&lt;&amp;b.svg</title>"), std::string::npos);
+    target = folder / "Fl\xc3\xbcgel.dxf";
+    EXPECT_EQ(save(CutPlan::ribs, CutFormat::dxf), Outcome());
+    EXPECT_TRUE(bytes().starts_with("999\r\nFl\\U+00FCgel.dxf\r\n")) << bytes().substr(0, 60);
 }
 
 TEST_F(CutFiles, LabelsOfLargeRibsStandInsideThem) {

@@ -145,6 +145,14 @@ TEST(PartPacking, SheetWithoutEndTakesAll) {
     EXPECT_LT(lowest, 1.15 * areaOf(parts) / board.width) << "the board is wasted";
 }
 
+TEST(PartPacking, TheWayThatNeedsLeastOfTheLastSheetIsTaken) {
+    const std::vector<PackedPart> parts{
+        {{100, 60}}, {{50, 10}}, {{30, 10}}, {{50, 10}}, {{70, 10}}};
+    const auto places = packParts(parts, {100, 60}, 0);
+    EXPECT_EQ(sheetsOf(places), 2U);
+    for (std::size_t n = 1; n < parts.size(); ++n) EXPECT_LE(places[n].y, 10) << "two full rows";
+}
+
 TEST(PartPacking, PartLargerThanTheSheetLiesAlone) {
     const std::vector<PackedPart> parts{{{500, 20}}, {{20, 500}}, {{30, 30}}};
     const auto places = packParts(parts, paper, gap);

@@ -90,6 +90,18 @@ TEST_F(PartPlans, RibTooWideForTheSheetIsTurned) {
     EXPECT_EQ(printer.pages(), 1);
 }
 
+TEST_F(PartPlans, PartsThatJustHaveRoomShareASheet) {
+    for (const auto& [width, height] : {std::pair{48.0, 50.0}, {100.0, 23.0}}) {
+        CutPart part;
+        part.cut = {{{0, 0}, {width, 0}, {width, height}, {0, height}}};
+        part.turns = false;
+        // A millimetre is left free at each edge, and four lie between the parts.
+        EXPECT_EQ(PartSheets({part, part}, project, {102, 52}, false).count(), 1);
+        EXPECT_GT(PartSheets({part, part}, project, {102, 51.5}, false).count(), 1);
+        EXPECT_GT(PartSheets({part, part}, project, {101.5, 52}, false).count(), 1);
+    }
+}
+
 TEST_F(PartPlans, RibLargerThanASheetIsCutIntoTiles) {
     Wings(1).length1 = 600;
     PrintSelect.wishes.stations.count = 2;

@@ -61,6 +61,18 @@ TEST_P(SolidExport, EachBodyIsClosed) {
     }
 }
 
+/// A file of many buffers is as whole as a small one.
+TEST_P(SolidExport, ABodyOfThousandsOfTrianglesIsClosed) {
+    shapeBody(Fuselages(1), 60, 100);
+    ASSERT_EQ(write(), Outcome());
+    std::size_t most = 0;
+    for (const FileBody& body : readSolids(file)) {
+        EXPECT_EQ(flawOf(body), "") << body.name;
+        most = std::max(most, body.faces.size());
+    }
+    EXPECT_GT(most, 11000u);
+}
+
 TEST_P(SolidExport, LengthsAreMillimetres) {
     load("inches");
     ASSERT_EQ(write({false, true}), Outcome());

@@ -35,6 +35,68 @@ std::string attribute(const std::string& element, const std::string& name) {
     return element.substr(begin, element.find('"', begin) - begin);
 }
 
+/// The elements of a 3MF model as a strict reader takes them: what is opened is closed, and what
+/// is referred to stands before.
+class ThreeMfElements {
+public:
+    /// "<vertex x="1" y="2" z="3"/", less the bracket at its end.
+    void take(const std::string& element) {
+        nest(element);
+        const auto is = [&](const char* name) { return element.starts_with(name); };
+        if (is("<model ")) unit_ = attribute(element, "unit");
+        if (is("<basematerials ")) colours_[lastColours_ = attribute(element, "id")] = 0;
+        if (is("<base ")) ++colours_[lastColours_];
+        if (is("<object ")) {
+            bodies_.emplace_back().name = attribute(element, "name");
+            bodies_.back().unit = unit_;
+            objects_.insert(attribute(element, "id"));
+            expectColour(element, "pindex");
+        }
+        if (is("<item ")) {
+            EXPECT_EQ(objects_.erase(attribute(element, "objectid")), 1u) << element;
+        }
+        if (is("<vertex ")) {
+            bodies_.back().points.push_back({std::stod(attribute(element, "x")),
+                                             std::stod(attribute(element, "y")),
+                                             std::stod(attribute(element, "z"))});
+        }
+        if (!is("<triangle ")) return;
+        bodies_.back().faces.push_back({std::stoul(attribute(element, "v1")),
+                                        std::stoul(attribute(element, "v2")),
+                                        std::stoul(attribute(element, "v3"))});
+        if (element.find(" pid=") != std::string::npos) expectColour(element, "p1");
+    }
+
+    std::vector<FileBody> whole() const {
+        EXPECT_TRUE(open_.empty()) << open_.back() << " is not closed";
+        EXPECT_TRUE(objects_.empty()) << "an object is not to be built";
+        return bodies_;
+    }
+
+private:
+    void nest(const std::string& element) {
+        const std::string name = element.substr(1, element.find_first_of(" \n", 1) - 1);
+        if (name.starts_with('?') || element.ends_with('/')) return;
+        if (!name.starts_with('/')) return open_.push_back(name);
+        const std::string last = open_.empty() ? std::string() : open_.back();
+        EXPECT_EQ(name, "/" + last);
+        if (name == "/" + last) open_.pop_back();
+    }
+
+    void expectColour(const std::string& element, const char* number) {
+        const auto colours = colours_.find(attribute(element, "pid"));
+        ASSERT_NE(colours, colours_.end()) << element;
+        EXPECT_LT(std::stoul(attribute(element, number)), colours->second) << element;
+    }
+
+    std::vector<std::string> open_;
+    std::string unit_;
+    std::string lastColours_;
+    std::map<std::string, std::size_t> colours_;  ///< how many a group of colours has
+    std::set<std::string> objects_;
+    std::vector<FileBody> bodies_;
+};
+
 }  // namespace
 
 std::vector<FileBody> readStl(const std::string& bytes) {
@@ -79,38 +141,24 @@ std::vector<FileBody> readObj(const std::string& bytes) {
 
 std::vector<FileBody> readThreeMf(const std::string& bytes) {
     const std::string model = unzipped(bytes).at("3D/3dmodel.model");
-    std::vector<FileBody> bodies;
-    std::string unit;
-    std::size_t items = 0;
+    ThreeMfElements elements;
     for (std::size_t from = model.find('<'); from != std::string::npos;
-         from = model.find('<', from + 1)) {
-        const std::string element = model.substr(from, model.find('>', from) - from);
-        const auto is = [&](const char* name) { return element.starts_with(name); };
-        if (is("<model ")) unit = attribute(element, "unit");
-        if (is("<item ")) ++items;
-        if (is("<object ")) {
-            bodies.emplace_back().name = attribute(element, "name");
-            bodies.back().unit = unit;
-        }
-        if (is("<vertex ")) {
-            bodies.back().points.push_back({std::stod(attribute(element, "x")),
-                                            std::stod(attribute(element, "y")),
-                                            std::stod(attribute(element, "z"))});
-        }
-        if (is("<triangle ")) {
-            bodies.back().faces.push_back({std::stoul(attribute(element, "v1")),
-                                           std::stoul(attribute(element, "v2")),
-                                           std::stoul(attribute(element, "v3"))});
-        }
-    }
-    EXPECT_EQ(items, bodies.size());
-    return bodies;
+         from = model.find('<', from + 1))
+        elements.take(model.substr(from, model.find('>', from) - from));
+    return elements.whole();
 }
 
 std::string jsonOfGlb(const std::string& bytes) {
     EXPECT_EQ(at<std::uint32_t>(bytes, 0), 0x46546C67u);
+    EXPECT_EQ(at<std::uint32_t>(bytes, 4), 2u) << "the version of the format";
     EXPECT_EQ(at<std::uint32_t>(bytes, 8), bytes.size());
-    return bytes.substr(20, at<std::uint32_t>(bytes, 12));
+    const auto length = at<std::uint32_t>(bytes, 12);
+    EXPECT_EQ(bytes.substr(16, 4), "JSON");
+    EXPECT_EQ(length % 4, 0u);
+    const std::size_t block = 20 + std::size_t{length};
+    EXPECT_EQ(bytes.substr(block + 4, 4), std::string("BIN\0", 4));
+    EXPECT_EQ(at<std::uint32_t>(bytes, block), bytes.size() - block - 8);
+    return bytes.substr(20, length);
 }
 
 std::vector<FileBody> readGlb(const std::string& bytes) {

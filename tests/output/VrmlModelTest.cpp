@@ -255,6 +255,14 @@ TEST_F(VrmlModel, FuselageTextureLinesEndInTheirNumber) {
     }
 }
 
+TEST_F(VrmlModel, FuselageWithoutOutlinePointsHasOneTextureLineForItsOnePoint) {
+    load("tex_all");
+    Fuselages(1).nb_cross = 0;
+    write();
+    EXPECT_EQ(list(node("Fuselage"), "          texCoord TextureCoordinate "),
+              std::vector<std::string>{"0 0"});
+}
+
 TEST_F(VrmlModel, PicturesAreWrittenOnceBesideIt) {
     load("tex_all");
     write();
