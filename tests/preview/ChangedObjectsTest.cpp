@@ -59,6 +59,22 @@ TEST_F(ChangedObjects, AsManyListsAsObjects) {
     EXPECT_EQ(GlTape::objectListCount(), before);
 }
 
+/// A large picture takes long on its way to OpenGL: it goes once, whatever changes beside it.
+TEST_F(ChangedObjects, APictureIsHandedOverAgainOnlyWithAChangeOfItsOwn) {
+    Wings(1).set_texture_filename("p");
+    GlTape::pictures().clear();
+    shown();
+    EXPECT_EQ(GlTape::pictures().size(), 1u);
+    Rudder.span += 1;
+    shown();
+    Fuselages(1).shift += 1;
+    shown();
+    EXPECT_EQ(GlTape::pictures().size(), 1u);
+    Rudder.texture_filename = "q";
+    shown();
+    EXPECT_EQ(GlTape::pictures().size(), 3u) << "those of a list are made together";
+}
+
 /// Of twenty bodies the one that is dragged is built.
 TEST_F(ChangedObjects, OneOfManyIsBuiltAlone) {
     nbFuselages = 20;

@@ -286,6 +286,17 @@ TEST_F(PictureCopiesTest, PicturesThatCannotBeReadAreCountedOnce) {
     EXPECT_EQ(save.done(), "");
 }
 
+TEST_F(PictureCopiesTest, AModelsMissingPictureIsToldByItsTitleAndCountedByItsFile) {
+    Writing model(folder / "p.wrl", store);
+    EXPECT_EQ(model.copies.convertJPG("/gone/x.bmp", "sub/x.bmp", true), "");
+    EXPECT_EQ(model.copies.convertJPG("/gone/x.bmp", "again.bmp", false), "");
+    EXPECT_EQ(model.copies.missing(" is gone"), "The picture sub/x.bmp is gone (cannot be read).");
+    EXPECT_EQ(model.copies.convertJPG("/gone/y.bmp", "sub/x.bmp", true), "");
+    EXPECT_EQ(model.copies.missing(" are gone"),
+              "The picture sub/x.bmp and 1 other one are gone (cannot be read).");
+    EXPECT_EQ(model.done(), "");
+}
+
 TEST_F(PictureCopiesTest, APictureThatCannotBeWrittenFailsTheWhole) {
     pictures.encodeFailure = "no memory";
     {

@@ -86,6 +86,15 @@ TEST_F(TexturesTest, AllPicturesTogetherAreBounded) {
     EXPECT_EQ(uploads(), (Sizes{{2, 2}, {4, 2}})) << "24 bytes are left";
 }
 
+// Turned is a second picture, which only a wing shows.
+TEST_F(TexturesTest, PictureThatNoWingCarriesTakesItsRoomOnce) {
+    fillRoom(96);
+    pictures.pictures["p"] = pictures.pictures["q"] = plainPicture(4, 4);
+    putOnFin("p");
+    putOnFuselage("q");
+    EXPECT_EQ(uploads(), (Sizes{{4, 4}, {4, 4}}));
+}
+
 TEST_F(TexturesTest, SharedPictureTakesItsRoomOnce) {
     fillRoom(48);
     pictures.pictures["p"] = plainPicture(4, 4);
