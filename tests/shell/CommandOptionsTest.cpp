@@ -89,6 +89,16 @@ TEST(CommandOptions, PlansAndPaperAreKept) {
     EXPECT_EQ(refusal("o.pdf", {}), "plans need --plan side|sections|top|front|htop|wing|ribs");
 }
 
+TEST(CommandOptions, TheSmallestAndTheLargestNumbersAreTaken) {
+    const ExportRequest picture = wanted("o.png", {"--size", "1x10000"});
+    EXPECT_EQ(picture.size.width, 1);
+    EXPECT_EQ(picture.size.height, 10000);
+    EXPECT_EQ(wanted("o.dxf", {"--fuselage", "32767"}).fuselage, 32767);
+    const ExportRequest page = wanted("o.pdf", {"--plan=side", "--paper", "1x5000"});
+    EXPECT_EQ(page.paper.width, 1);
+    EXPECT_EQ(page.paper.height, 5000);
+}
+
 TEST(CommandOptions, NonsenseIsRefusedWithWhatIsTaken) {
     for (const char* size :
          {"", "0", "0x100", "100x0", "x", "100x", "x100", "1e3", "-5", "+5", " 5", "5 ", "10x10x10",

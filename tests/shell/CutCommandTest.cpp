@@ -132,6 +132,14 @@ TEST_F(CutCommands, WhatIsNotAsWishedIsToldInOneMessage) {
     EXPECT_TRUE(dialogs.asked.back().text.ends_with("and 5 more"));
 }
 
+TEST(FirstLines, AreTwelveOrElevenAndTheNumberOfTheRest) {
+    const std::string eleven = "x\nx\nx\nx\nx\nx\nx\nx\nx\nx\nx";
+    EXPECT_EQ(firstLines({}), "");
+    EXPECT_EQ(firstLines({"x"}), "x");
+    EXPECT_EQ(firstLines(std::vector<std::string>(12, "x")), eleven + "\nx");
+    EXPECT_EQ(firstLines(std::vector<std::string>(13, "x")), eleven + "\nand 2 more");
+}
+
 TEST_F(CutCommands, FailureIsToldWithItsReason) {
     answerRibs([](RibWishes& wishes) { wishes.skin = 400; });
     saveAs("ribs.dxf", ribsDxf);

@@ -244,6 +244,7 @@ TEST_F(RecoveryOf, DiscardRemovesItAndKeepForLaterAsksAgain) {
     leave(650);
     dialogs.leftWork = {LeftWorkAnswer::Later};
     crashAndStart();
+    EXPECT_EQ(dialogs.asked.at(0).text.find("Older work"), std::string::npos) << "there is none";
     EXPECT_EQ(Wings(1).span, 700);
     EXPECT_TRUE(Main.savedProject);
     dialogs.leftWork = {LeftWorkAnswer::Discard};
@@ -266,6 +267,7 @@ TEST_F(RecoveryOf, OfSeveralTheNewestIsAskedAboutFirstWhateverTheClockSays) {
     EXPECT_NE(dialogs.asked[0].text.find("Older work that was not saved: 2 projects."),
               std::string::npos);
     EXPECT_NE(dialogs.asked[1].text.find("a new project"), std::string::npos);
+    EXPECT_TRUE(dialogs.asked[1].text.ends_with("Older work that was not saved: 1 project."));
     EXPECT_EQ(Wings(1).span, 620);
     EXPECT_EQ(keptSpan(1), 610);
     EXPECT_FALSE(fs::exists(work(3)));
