@@ -51,12 +51,19 @@ int drained(int value) {
     for (; value > 0; value -= 1) half(value);
     return value;
 }
+extern "C" int pause();
+int awaited(int value) {
+    if (value < 0) pause();
+    return value;
+}
 """,
     "tests/small/SmallTest.cpp": """#include <gtest/gtest.h>
 int half(int);
 int drained(int);
+int awaited(int);
 TEST(Small, Halves) { EXPECT_EQ(half(6), 3); }
 TEST(Small, Drains) { EXPECT_EQ(drained(3), 0); }
+TEST(Small, Awaits) { EXPECT_EQ(awaited(3), 3); }
 """,
     "tests/small/WholeTest.cpp": """#include <gtest/gtest.h>
 int half(int);
@@ -70,6 +77,7 @@ FATES = [
     (2, "value < 0", "value < nothing", mutate.REFUSED, ""),
     (2, "value < 0", "0 > value", mutate.SAME, ""),
     (6, "value -= 1", "value -= 0", mutate.KILLED, "hangs"),
+    (11, "value < 0", "value >= 0", mutate.KILLED, "hangs"),
 ]
 
 

@@ -23,7 +23,7 @@ FLAGS = ["-O1", "-w"]
 MEMORY = 8 << 30  # bytes that a test program may take
 # A test that takes longer, in seconds, runs only where all faster ones passed.
 FAST = 0.25
-# Seconds that each program may take above four times its own.
+# Seconds that each program may take above four times its own, and a third of those that it may stand still.
 SPARE = 10
 
 
@@ -175,8 +175,8 @@ class TestProgram:
         return "" if passed else told
 
     def run(self, path, *arguments):
-        """(whether it passes, what fails if not). A program that takes several times as long as it does unchanged is
-        one that hangs."""
+        """(whether it passes, what fails if not). A program that takes several times as long as it does unchanged, or
+        waits for what does not come, is one that hangs."""
         bound = 600 if self.seconds is None else int(4 * self.seconds) + self.tree.spare
         with self.home_of_its_own() as surroundings:
             started = time.monotonic()
@@ -186,9 +186,9 @@ class TestProgram:
                 start_new_session=True, preexec_fn=lambda: bound_process(bound))
             try:
                 # Other work may share the machine: the bound proper is on the processor's time.
-                told, _ = process.communicate(timeout=10 * bound)
-            except subprocess.TimeoutExpired:
-                return False, "hangs"
+                told = printed(process, 10 * bound, 3 * self.tree.spare)
+                if told is None:
+                    return False, "hangs"
             finally:
                 if process.poll() is None:
                     os.killpg(process.pid, signal.SIGKILL)
@@ -208,6 +208,36 @@ class TestProgram:
             yield os.environ | {name: str(path) for name, path in own.items()}
         finally:
             shutil.rmtree(home, ignore_errors=True)
+
+
+def printed(process, longest, still):
+    """All that the process prints to its end; None where it runs longer, or has long done nothing at all."""
+    began = moved = time.monotonic()
+    before = 0
+    while True:
+        try:
+            return process.communicate(timeout=1)[0]
+        except subprocess.TimeoutExpired:
+            now = time.monotonic()
+        taken, busy = work_of(process.pid)
+        if busy or taken != before:
+            moved, before = now, taken
+        if now - moved > still or now - began > longest:
+            return None
+
+
+def work_of(group):
+    """(what the processes of the group have taken of the processor, whether one of them runs or is about to)."""
+    taken, busy = 0, False
+    for stat in pathlib.Path("/proc").glob("[0-9]*/stat"):
+        try:
+            fields = stat.read_text().rpartition(")")[2].split()
+        except OSError:  # it has ended meanwhile
+            continue
+        if int(fields[2]) == group:
+            taken += sum(map(int, fields[11:15]))
+            busy = busy or fields[0] in "RD"
+    return taken, busy
 
 
 def bound_process(seconds):
