@@ -20,6 +20,8 @@ constexpr std::string_view titleHead = "unsaved-";
 constexpr const char* workEnding = ".work";
 constexpr const char* lockEnding = ".lock";
 constexpr const char* asideEnding = ".damaged";
+/// No program comes to it, and the next one is a number still.
+constexpr int largestNumber = 999'999'999;
 
 /// The number in a title of this folder, whatever its ending; nothing in any other.
 std::optional<int> numberIn(std::string_view title) {
@@ -28,7 +30,8 @@ std::optional<int> numberIn(std::string_view title) {
     int number = 0;
     const auto* const end = title.data() + title.size();
     const auto result = std::from_chars(title.data(), end, number);
-    if (result.ec != std::errc{} || number < 1 || result.ptr == end || *result.ptr != '.')
+    if (result.ec != std::errc{} || number < 1 || number > largestNumber || result.ptr == end ||
+        *result.ptr != '.')
         return {};
     return number;
 }

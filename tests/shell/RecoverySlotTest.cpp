@@ -1,3 +1,7 @@
+#include <barrier>
+#include <set>
+#include <thread>
+
 #include <gtest/gtest.h>
 
 #include "shell/RecoverySlot.h"
@@ -33,6 +37,31 @@ TEST_F(RecoverySlotOf, ARunningProgramKeepsItsPlaceAndADeadOneDoesNot) {
     ASSERT_TRUE(left);
     EXPECT_TRUE(left->holdsWork());
     EXPECT_FALSE(RecoverySlot::takeOver(path, 1)) << "who has taken it over holds it";
+}
+
+TEST_F(RecoverySlotOf, ProgramsThatStartAtTheSameMomentHaveAPlaceEach) {
+    constexpr int programs = 6;
+    for (int round = 0; round < 100; ++round) {
+        std::barrier start(programs);
+        std::vector<std::optional<RecoverySlot>> slots(programs);
+        std::vector<std::string> reasons(programs);
+        {
+            std::vector<std::jthread> running;
+            for (std::size_t n = 0; n < slots.size(); ++n) {
+                running.emplace_back([&, n] {
+                    start.arrive_and_wait();
+                    slots[n] = RecoverySlot::make(path, reasons[n]);
+                });
+            }
+        }
+        std::set<std::string> files;
+        for (std::size_t n = 0; n < slots.size(); ++n) {
+            ASSERT_TRUE(slots[n]) << reasons[n];
+            files.insert(slots[n]->file());
+            slots[n]->remove();
+        }
+        EXPECT_EQ(files.size(), slots.size());
+    }
 }
 
 TEST_F(RecoverySlotOf, TheFolderIsMadeForItsUserAlone) {
@@ -76,9 +105,11 @@ TEST_F(RecoverySlotOf, OtherFilesAreNoPlaces) {
     made();
     for (const std::string name :
          {"unsaved-.work", "unsaved-0.work", "unsaved--3.work", "unsaved-99999999999.work",
-          "unsaved-4", "unsaved-5.work~", "work", "unsaved-6x.work", ".velna-abcdef"})
+          "unsaved-2147483647.work", "unsaved-4", "unsaved-5.work~", "work", "unsaved-6x.work",
+          ".velna-abcdef"})
         writeBytes(path + name, "");
     EXPECT_EQ(RecoverySlot::numbersIn(path), std::vector{1});
+    EXPECT_EQ(made().file(), path + "unsaved-6.work") << "above the number with another ending";
     EXPECT_TRUE(RecoverySlot::numbersIn(folder / "missing/").empty());
 }
 
