@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Whether scripts/mutate tells what it must: `mutation.py --self-test`, on a small project of its own."""
 
+import dataclasses
 import pathlib
 import sys
 import tempfile
@@ -121,6 +122,16 @@ def wrong_fates(tree):
         yield "the table does not tell the survivor"
 
 
+def wrong_places(tree):
+    stands = planted(*FATES[1][:3])
+    moved = dataclasses.replace(stands, line=stands.line + 7)
+    gone = dataclasses.replace(stands, before="    if (value < -1) return 0;")
+    if mutate.found_again(tree, moved) != stands:
+        yield "a survivor whose line has moved is not found"
+    if mutate.found_again(tree, gone) is not None:
+        yield "a survivor whose line is gone is found"
+
+
 def wrong_sources(root, tree):
     try:
         with tree.changed("src/small/Small.cpp", "?"):
@@ -147,7 +158,7 @@ def self_test():
         place = pathlib.Path(folder) / "mutants"
         place.mkdir()
         tree = Tree(root, place, ["vector"], 2)
-        wrong += [*wrong_fates(tree), *wrong_sources(root, tree)]
+        wrong += [*wrong_fates(tree), *wrong_places(tree), *wrong_sources(root, tree)]
     sources.finish(wrong, "self-test of mutation")
 
 

@@ -106,10 +106,22 @@ def summary(layer, results):
             f"{number[SURVIVES]} survive; {number[REFUSED]} did not compile, {number[SAME]} were the same code")
 
 
-def kept(place, layer):
+def found_again(tree, mutation):
+    """The mutation where its line stands today, the nearest of those that read alike; None where it is gone."""
+    path = tree.sources / mutation.file
+    lines = path.read_text().split("\n") if path.is_file() else []
+    places = [number for number, line in enumerate(lines, 1) if line == mutation.before]
+    if not places:
+        print(f"gone: {mutation.file}:{mutation.line} {mutation.before.strip()}", flush=True)
+        return None
+    return dataclasses.replace(mutation, line=min(places, key=lambda number: abs(number - mutation.line)))
+
+
+def kept(tree, place, layer):
     """What survived the last run of the layer, and still finds its line."""
     last = json.loads((place / f"{layer}.json").read_text())
-    return [mutations.Mutation(**entry["mutation"]) for entry in last if entry["fate"] == SURVIVES]
+    survivors = [mutations.Mutation(**entry["mutation"]) for entry in last if entry["fate"] == SURVIVES]
+    return [again for mutation in survivors if (again := found_again(tree, mutation))]
 
 
 def main(arguments):
@@ -122,7 +134,7 @@ def main(arguments):
     tree.make(names)
     programs = [TestProgram(tree, name) for name in names]
     if told.again:
-        order = kept(place, told.layer)
+        order = kept(tree, place, told.layer)
         results = tried(tree, programs, order, len(order))
     else:
         found = candidates(tree, told.layer, told.only)
