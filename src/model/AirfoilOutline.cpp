@@ -26,6 +26,8 @@ constexpr double openEdge = 0.01;
 constexpr double mostBackward = 0.05;
 /// Sides that meet in a thin tail cross by the rounding of their decimals; that is no crossing.
 constexpr double roundedCrossing = 0.0005;
+/// Twice the area, in squares of the chord, below which two sides are one but for rounding.
+constexpr double leastArea = 1e-9;
 /// All panels together may get this many points by one command.
 constexpr std::size_t mostPoints = 4'000'000;
 
@@ -170,7 +172,7 @@ void lowerSideFirst(Points& points) {
         area += from.x * to.y - to.x * from.y;
         from = to;
     }
-    if (area == 0) throw ReadFailure("it has no height");
+    if (std::abs(area) < leastArea) throw ReadFailure("it has no height");
     if (area > 0) std::ranges::reverse(points);
 }
 

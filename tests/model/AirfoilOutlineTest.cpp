@@ -142,6 +142,11 @@ TEST(AirfoilOutline, WhatIsNoSectionIsRefusedWithItsReason) {
     EXPECT_EQ(reasonAgainst({{1, 0}, {0, 0}}), "too few points");
     EXPECT_EQ(reasonAgainst({{0.3, 0}, {0.3, 1}, {0.3, 2}}), "its points have no chord");
     EXPECT_EQ(reasonAgainst({{1, 0}, {0.5, 0}, {0, 0}, {0.5, 0}, {1, 0}}), "it has no height");
+    // Their area is none but for the rounding of its sum.
+    const Points side{{0, -4.125}, {75, -1.4}, {100, 0}};
+    Points twice = side;
+    twice.insert(twice.end(), side.begin(), side.end());
+    EXPECT_EQ(reasonAgainst(twice), "it has no height");
     EXPECT_EQ(reasonAgainst({{1, 0}, {0.5, 2}, {0, 0}, {0.5, -2}, {1, 0}}),
               "it is higher than it is long");
     EXPECT_EQ(reasonAgainst({{1, 0}, {0.6, 0.1}, {0.3, 0.1}, {0, 0}}),
