@@ -39,9 +39,11 @@ FileLock::FileLock(const std::string& path, Former former) : path_(path) {
 }
 
 void FileLock::refuse() {
-    others_ = errno == EWOULDBLOCK || errno == EEXIST;
-    reason_ = std::generic_category().message(errno);
+    const int number = errno;
+    others_ = number == EWOULDBLOCK || number == EEXIST;
+    // Before anything that may need memory: a constructor that throws has no end to do it.
     release();
+    reason_ = std::generic_category().message(number);
 }
 
 FileLock::FileLock(FileLock&& other) noexcept

@@ -41,14 +41,15 @@ class Array2 {
 public:
     /// Bounds 0 to `n` by 0 to `m`, all entries fresh.
     void allocate(int n, int m) {
-        rows_ = n;
-        columns_ = m;
+        // The memory first: bounds never promise what is not there.
         items_.assign((static_cast<std::size_t>(n) + 1) * (static_cast<std::size_t>(m) + 1), T{});
+        rows_.upper = n;
+        columns_.upper = m;
     }
 
-    /// Upper bounds; -1 before the first allocation.
-    int rows() const { return rows_; }
-    int columns() const { return columns_; }
+    /// Upper bounds; -1 before the first allocation, and where the entries have been moved away.
+    int rows() const { return rows_.upper; }
+    int columns() const { return columns_.upper; }
 
     T& operator()(int i, int j) { return row(i)[j]; }
     const T& operator()(int i, int j) const { return row(i)[j]; }
@@ -56,17 +57,31 @@ public:
     /// Row `i`, from its entry 0.
     T* row(int i) {
         return items_.data() +
-               static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns_) + 1);
+               static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns()) + 1);
     }
     const T* row(int i) const {
         return items_.data() +
-               static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns_) + 1);
+               static_cast<std::size_t>(i) * (static_cast<std::size_t>(columns()) + 1);
     }
 
 private:
+    /// A bound that goes where the entries go.
+    struct Bound {
+        Bound() = default;
+        Bound(const Bound&) = default;
+        Bound(Bound&& other) noexcept : upper(std::exchange(other.upper, -1)) {}
+        Bound& operator=(const Bound&) = default;
+        Bound& operator=(Bound&& other) noexcept {
+            upper = std::exchange(other.upper, -1);
+            return *this;
+        }
+        ~Bound() = default;
+        int upper = -1;
+    };
+
     std::vector<T> items_;
-    int rows_ = -1;
-    int columns_ = -1;
+    Bound rows_;
+    Bound columns_;
 };
 
 /// A 1-based list that owns its objects. Its capacity is apart from the counter of its user: an

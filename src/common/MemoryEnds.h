@@ -17,4 +17,14 @@ Outcome failedIfMemoryEnds(Work work) {
     }
 }
 
+/// Does as much of `work` as there is memory for, where it only shows what stands without it.
+template <class Work>
+void asFarAsMemoryGoes(Work work) {
+    try {
+        work();
+    } catch (const std::bad_alloc&) {
+        // The next showing is whole again.
+    }
+}
+
 }  // namespace velna

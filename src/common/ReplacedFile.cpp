@@ -11,11 +11,11 @@
 #include <fstream>
 #include <system_error>
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "common/FolderTitles.h"
 #include "common/Uninterrupted.h"
 
 namespace velna {
@@ -98,20 +98,15 @@ bool isTemporary(std::string_view title) {
 /// Removes what a killed run has left in `folder`. What is younger than a day may be another run's
 /// that is still at work.
 void sweep(const std::string& folder) {
-    // The library's own iterator ends the program where it gets no memory.
-    const std::unique_ptr<DIR, int (*)(DIR*)> entries(
-        ::opendir(folder.empty() ? "." : folder.c_str()), ::closedir);
-    if (!entries) return;
-    while (const dirent* const entry = ::readdir(entries.get())) {
-        const std::string_view title = entry->d_name;
-        if (!isTemporary(title)) continue;
+    forEachTitle(folder, [&](std::string_view title) {
+        if (!isTemporary(title)) return;
         const std::string path = folder + std::string(title);
         struct stat status {};
-        if (::lstat(path.c_str(), &status) != 0) continue;
+        if (::lstat(path.c_str(), &status) != 0) return;
         const bool ours =
             (S_ISREG(status.st_mode) || S_ISLNK(status.st_mode)) && status.st_uid == ::geteuid();
         if (ours && status.st_mtime < std::time(nullptr) - longestSave) ::unlink(path.c_str());
-    }
+    });
 }
 
 }  // namespace

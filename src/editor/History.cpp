@@ -65,6 +65,27 @@ Chosen chosenAfterUndo(const Project& undone, const Project& redone, const Chose
     return chosen;
 }
 
+/// A choice of a list of `before` entries in the list of `now` that takes its place.
+std::int16_t stillThere(std::int16_t choice, std::int16_t before, std::int16_t now) {
+    return before == now ? choice
+                         : std::clamp<std::int16_t>(choice, 1, std::max<std::int16_t>(now, 1));
+}
+
+/// Has `now` chosen what is chosen in `before`, as far as it is there. Takes no memory.
+void keepChoices(const Project& before, Project& now) {
+    now.currentWing = stillThere(before.currentWing, before.nbWings, now.nbWings);
+    now.currentFuselage = stillThere(before.currentFuselage, before.nbFuselages, now.nbFuselages);
+    now.currentEquipment =
+        stillThere(before.currentEquipment, before.nbEquipments, now.nbEquipments);
+    const int count = std::min(before.Fuselages.size(), now.Fuselages.size());
+    for (int i = 1; i <= count; ++i) {
+        if (before.Fuselages.promised(i) || now.Fuselages.promised(i)) continue;
+        const MeshSections& other = before.Fuselages(i);
+        MeshSections& body = now.Fuselages(i);
+        body.sel_sec = stillThere(other.sel_sec, other.nb_sections, body.nb_sections);
+    }
+}
+
 }  // namespace
 
 Chosen Chosen::in(const Project& project) {
@@ -98,6 +119,7 @@ void History::forget() {
 
 void History::begin(const Project& project, bool saved) {
     forget();
+    begun_ = true;
     try {
         states_.push_back({project, bytesOf(project)});
     } catch (const std::bad_alloc&) {
@@ -122,17 +144,41 @@ void History::replace(const std::string& name, const Project& project, bool save
 }
 
 void History::open(const Project& project) {
-    if (depth_++ > 0) return;
-    name_.clear();
-    before_ = Chosen::in(project);
+    if (depth_ == 0) {
+        // Where there was no memory for a state there may be some now.
+        if (begun_ && states_.empty()) begin(project, false);
+        before_ = Chosen::in(project);
+        name_.clear();
+    }
+    ++depth_;
 }
 
 void History::close(const Project& project, unsigned visit) {
     if (depth_ == 0 || --depth_ > 0) return;
+    if (states_.empty()) return begin(project, false);
+    while (!states_.empty()) {
+        try {
+            return record(project, visit);
+        } catch (const std::bad_alloc&) {
+            at_ > 0 ? dropOldest() : forget();
+        }
+    }
+}
+
+void History::leave() {
+    depth_ = std::max(depth_ - 1, 0);
+}
+
+void History::giveUp(Project& project) noexcept {
+    depth_ = 0;
+    if (states_.empty()) return;
     try {
-        if (states_.empty()) return begin(project, false);
-        record(project, visit);
+        Project state = states_[at_].project;
+        std::swap(project, state);
+        keepChoices(state, project);
     } catch (const std::bad_alloc&) {
+        std::swap(project, states_[at_].project);
+        keepChoices(states_[at_].project, project);
         forget();
     }
 }
@@ -140,9 +186,9 @@ void History::close(const Project& project, unsigned visit) {
 /// Compares with the same objects chosen on both sides: a state's own choice is never shown, for
 /// the steps beside it hold theirs.
 void History::record(const Project& project, unsigned visit) {
-    const Chosen now = Chosen::in(project);
-    now.putInto(states_[at_].project);
+    keepChoices(project, states_[at_].project);
     if (states_[at_].project == project) return;
+    const Chosen now = Chosen::in(project);
     forgetRedo();
     const bool sameVisit = visit != 0 && at_ > 0 && steps_.back().visit == visit && saved_ != at_;
     if (sameVisit) return mergeInto(project, now);
@@ -165,7 +211,12 @@ void History::store(std::size_t index, const Project& project) {
 
 void History::push(const Project& project, Step step) {
     states_.push_back({project, bytesOf(project)});
-    steps_.push_back(std::move(step));
+    try {
+        steps_.push_back(std::move(step));
+    } catch (const std::bad_alloc&) {
+        states_.pop_back();
+        throw;
+    }
     bytes_ += states_.back().bytes;
     at_ = steps_.size();
     while (bytes_ > most_ && states_.size() > 1) dropOldest();

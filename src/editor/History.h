@@ -5,6 +5,7 @@
 #include <deque>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "model/Project.h"
@@ -53,12 +54,19 @@ public:
     /// A gesture begins; the first of nested ones counts. `aircraft` is as it stands before.
     void open(const Project& aircraft);
     /// Names the gesture under way.
-    void name(const std::string& text) { name_ = text; }
+    void name(std::string text) { name_ = std::move(text); }
     const std::string& gestureName() const { return name_; }
     /// The gesture ends: where `aircraft` differs from the last state, that is a step. Steps of the
     /// same `visit`, unless that is 0, become one, as long as nothing else comes between. Where
-    /// there is no memory for it, the history begins anew with the next gesture.
+    /// there is no memory for it, the oldest states go; where that does not do, the history begins
+    /// anew with the next gesture.
     void close(const Project& aircraft, unsigned visit = 0);
+    /// The gesture ends in its middle, with no step made of it: `giveUp` follows.
+    void leave();
+    /// Gives every gesture under way up: puts the last state into `aircraft`, where the history has
+    /// one, with what is chosen as far as it is there. It needs no memory: where there is none, the
+    /// history gives that state away, and begins anew with the next gesture.
+    void giveUp(Project& aircraft) noexcept;
     bool isOpen() const { return depth_ > 0; }
     /// A number for `close` that was never given before.
     unsigned newVisit() { return ++lastVisit_; }
@@ -117,6 +125,7 @@ private:
     std::size_t at_ = 0;                // the state in hand
     std::optional<std::size_t> saved_;  // the state that was saved
     std::size_t bytes_ = 0;
+    bool begun_ = false;
     int depth_ = 0;
     std::string name_;
     Chosen before_;

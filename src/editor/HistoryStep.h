@@ -1,8 +1,11 @@
 #pragma once
 
+#include <exception>
 #include <string>
 #include <string_view>
+#include <utility>
 
+#include "common/MemoryEnds.h"
 #include "editor/Main.h"
 
 namespace velna {
@@ -15,12 +18,18 @@ public:
     HistoryStep(MainForm& form, std::string_view name, unsigned visit = 0)
         : form_(form), visit_(visit) {
         const bool outermost = !form.history.isOpen();
+        std::string text(name);
         form.history.open(form.project);
-        if (outermost) form.history.name(std::string(name));
+        if (outermost) form.history.name(std::move(text));
     }
+    /// What an exception leaves half done is no step.
     ~HistoryStep() {
+        if (std::uncaught_exceptions() > exceptions_) {
+            form_.history.leave();
+            return;
+        }
         form_.history.close(form_.project, visit_);
-        form_.showHistory();
+        asFarAsMemoryGoes([this] { form_.showHistory(); });
     }
     HistoryStep(const HistoryStep&) = delete;
     HistoryStep& operator=(const HistoryStep&) = delete;
@@ -28,6 +37,7 @@ public:
 private:
     MainForm& form_;
     unsigned visit_;
+    int exceptions_ = std::uncaught_exceptions();
 };
 
 }  // namespace velna

@@ -107,6 +107,11 @@ public:
     /// the caller's.
     bool undo();
     bool redo();
+    /// What is under way has failed in its middle: gives it up, and the aircraft is again what the
+    /// history holds. It needs no memory, and shows nothing yet.
+    void giveUpGesture();
+    /// Panel, views and section editor show what `giveUpGesture` has left.
+    void showGivenUp();
     /// Buttons and menu entries tell what undo and redo would do.
     void showHistory();
 

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "common/MemoryEnds.h"
 #include "editor/FieldNames.h"
 #include "editor/HistoryStep.h"
 #include "editor/Main.h"
@@ -18,7 +19,9 @@ void moveSlider(MainForm& form, Control slider, int value) {
 /// While one stands, the picture waits for its end.
 struct OnePicture {
     explicit OnePicture(Window& window) : window_(window) { window_.holdPicture(true); }
-    ~OnePicture() { window_.holdPicture(false); }
+    ~OnePicture() {
+        asFarAsMemoryGoes([this] { window_.holdPicture(false); });
+    }
     OnePicture(const OnePicture&) = delete;
     OnePicture& operator=(const OnePicture&) = delete;
 

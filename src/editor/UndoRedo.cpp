@@ -107,6 +107,25 @@ bool MainForm::stepHistory(bool (History::*step)(Project& project, std::string& 
     return true;
 }
 
+void MainForm::giveUpGesture() {
+    history.giveUp(project);
+    gestureOpen_ = false;
+    endVisit();
+    views.startOver();
+    pointer.releaseKeys();
+    pointer.ctrlkey_tab = false;
+    savedProject = savedProject && history.atSaved();
+    Prefs.selectUnit(project.units);
+}
+
+void MainForm::showGivenUp() {
+    setDrawMode(DrawMode::Copy);
+    fillCatalogues();
+    window->fuselageListChanged();
+    showRestored(false);
+    showHistory();
+}
+
 /// The panels follow, but the drawing stays where it is: another scale would take the change out of
 /// the user's sight. Between two units nothing would be left in sight.
 void MainForm::showRestored(bool otherUnit) {

@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "common/FolderTitles.h"
 #include "common/TextSink.h"
 #include "common/ValueReader.h"
 #include "model/MeshSections.h"
@@ -32,11 +33,9 @@ std::string titleAsItStands(const std::string& folder, const std::string& title)
     if (fs::exists(place / title, failure)) return title;
     // Of several the first by name, so that it does not depend on the order in the folder.
     std::string found;
-    fs::directory_iterator entry(place, failure);
-    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure)) {
-        const std::string name = entry->path().filename().string();
+    forEachTitle(folder, [&](std::string_view name) {
         if (equalIgnoringCase(name, title) && (found.empty() || name < found)) found = name;
-    }
+    });
     return found.empty() ? title : found;
 }
 

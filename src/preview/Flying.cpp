@@ -1,10 +1,13 @@
 #include "preview/Flying.h"
 
+#include <exception>
+#include <new>
 #include <utility>
 
 #include <GL/gl.h>
 
 #include "common/Finite.h"
+#include "common/Raised.h"
 #include "model/Plane.h"
 
 namespace velna {
@@ -83,14 +86,20 @@ void Flying::flyScaled() {
 
 void Flying::flyPreview() {
     if (underWay_ || !rendering_.contextCreated) return;
-    underWay_ = true;
-    rendering_.matrixIsSum = true;
+    // Multiplying and dividing back would leave other last digits.
+    Project kept = project_;
+    const Raised whileThisRuns(underWay_);
+    const Raised meanwhile(rendering_.matrixIsSum);
     rendering_.endDrags();
     initFlight();
     flying = true;
-    // Multiplying and dividing back would leave other last digits.
-    Project kept = project_;
-    flyScaled();
+    std::exception_ptr failure;
+    try {
+        flyScaled();
+    } catch (const std::bad_alloc&) {
+        // It lands as any other.
+        failure = std::current_exception();
+    }
 
     joystickEnabled = false;
     flying = false;
@@ -101,8 +110,7 @@ void Flying::flyPreview() {
     // Without a picture the solids still follow.
     if (!rendering_.contextCreated) rendering_.renderScene(true);
     rendering_.context->setFlyingInfo(false, "");
-    rendering_.matrixIsSum = false;
-    underWay_ = false;
+    if (failure) std::rethrow_exception(failure);
 }
 
 // Mouse steering: the middle of the screen means straight on. The pointer has no yaw.

@@ -5,7 +5,9 @@
 
 #include <GL/gl.h>
 
+#include "common/MemoryEnds.h"
 #include "common/NumberText.h"
+#include "common/Raised.h"
 #include "model/Fuselage.h"
 #include "preview/Textures.h"
 
@@ -47,7 +49,7 @@ public:
         if (needed_) context_.setBusy(true);
     }
     ~BusyWhileDrawn() {
-        if (needed_) context_.setBusy(false);
+        if (needed_) asFarAsMemoryGoes([this] { context_.setBusy(false); });
     }
     BusyWhileDrawn(const BusyWhileDrawn&) = delete;
     BusyWhileDrawn& operator=(const BusyWhileDrawn&) = delete;
@@ -55,17 +57,6 @@ public:
 private:
     RenderContext& context_;
     bool needed_;
-};
-
-/// Sets a flag for as long as it stands.
-struct Raised {
-    explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Raised() { flag_ = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& flag_;
 };
 
 }  // namespace
@@ -177,7 +168,8 @@ void Rendering::renderScene(bool rebuild) {
     if (!contextCreated) return;
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     if (!replay) {
-        if (!renderListBuilt) scene_.forget();
+        // Of what is built in part only nothing is relied upon.
+        if (!std::exchange(renderListBuilt, false)) scene_.forget();
         scene_.build(project_, solids_);
         renderListBuilt = true;
     }

@@ -12,6 +12,7 @@
 #include "shell/FileCommands.h"
 #include "shell/Helper.h"
 #include "shell/HistoryCommands.h"
+#include "shell/MemoryGuard.h"
 #include "shell/Ports.h"
 #include "shell/Preferences.h"
 #include "shell/PrintCommand.h"
@@ -52,6 +53,7 @@ struct Application {
     Startup startup{Main, rendering, helper, preferences, recovery, files, shell};
     PrintCommand print{Main, PrintSelect, settings, shell, figures};
     HistoryCommands history{Main, rendering, helper, flying};
+    MemoryGuard memory{Main, rendering, shell};
     ToolbarCommands toolbar{Main,    solids,      rendering, flying,   files, print,
                             history, preferences, quit,      recovery, shell};
 

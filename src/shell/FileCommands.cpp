@@ -3,10 +3,12 @@
 #include <array>
 #include <cstddef>
 #include <filesystem>
+#include <system_error>
 #include <tuple>
 #include <utility>
 #include <vector>
 
+#include "common/MemoryEnds.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
 #include "editor/HistoryStep.h"
@@ -68,12 +70,22 @@ void FileCommands::tellNotOpened(const std::string& what, const std::string& rea
 }
 
 /// While a long file is read, windows are painted and the user may cancel: the aircraft in hand
-/// stands until the other is there.
+/// stands until the other is there. So it does where there is no memory for the other.
 Outcome FileCommands::readInPlace(const std::string& file, bool& whole) {
-    Project other = main.project;
-    setDefault(other);
-    const Outcome read = Plane::readProject(other, file, &whole, ports.progress);
+    Project other;
+    Outcome read;
+    const Outcome room = failedIfMemoryEnds([&] {
+        other = main.project;
+        setDefault(other);
+        read = Plane::readProject(other, file, &whole, ports.progress);
+        updateList(other);
+        return Outcome();
+    });
     if (ports.progress) ports.progress->finish();
+    if (room.hasFailed()) {
+        tellNotOpened(titleOf(file), room.reason());
+        return Outcome::cancelled();
+    }
     if (read.isCancelled()) return read;
     resetModel();
     main.project = std::move(other);
@@ -83,7 +95,7 @@ Outcome FileCommands::readInPlace(const std::string& file, bool& whole) {
 /// False when the user would rather keep the current project. A file that is no project is found
 /// out before the aircraft in hand is touched, or asked about.
 bool FileCommands::openProject(const std::string& file) {
-    const Outcome project = Plane::checkProject(file);
+    const Outcome project = failedIfMemoryEnds([&] { return Plane::checkProject(file); });
     if (project.hasFailed()) {
         tellNotOpened(titleOf(file), project.reason());
         return true;
@@ -95,16 +107,18 @@ bool FileCommands::openProject(const std::string& file) {
         return false;
     const HistoryStep step(main, "Open");
     const FormerProject former{main.savedProject, main.projectName};
+    std::string name = file;
     bool whole = false;
     const Outcome read = readInPlace(file, whole);
     if (read.isCancelled()) return true;
-    main.projectName = whole ? file : "";
+    if (!whole) name.clear();
+    // From here to where the history has both, nothing needs memory: an aircraft and its name.
+    main.history.replace("Open", main.project, main.savedProject, former);
+    main.projectName.swap(name);
+    main.Prefs.selectUnit(main.project.units);
     if (!read.hasFailed()) recent.add(file);
     if (read.hasFailed())
         ports.dialogs->message(applicationTitle, read.reason(), BoxIcon::Information);
-    main.Prefs.selectUnit(main.project.units);
-    updateList(main.project);
-    main.history.replace("Open", main.project, main.savedProject, former);
     recovery.settle();
     return true;
 }
@@ -129,13 +143,14 @@ void FileCommands::openTexture(const std::string& file) {
 }
 
 void FileCommands::saveProjectAs(const std::string& file) {
+    std::string name = file;
     const Outcome saved = Plane::saveProject(main.project, file, pictures, ports.progress);
     // A picture may have been stored under another name.
     main.history.amend(main.project);
     if (saved.isDone()) {
         main.savedProject = true;
         main.history.noteSaved();
-        main.projectName = file;
+        main.projectName.swap(name);
         recent.add(file);
         recovery.settle();
     } else if (saved.hasFailed()) {
@@ -173,7 +188,8 @@ Outcome FileCommands::exportSolids(const std::string& file, SolidFormat format) 
     std::vector<std::string> replaced;
     if (wished->each) {
         for (const std::string& part : Plane::solidFiles(main.project, format, *wished, file)) {
-            if (std::filesystem::exists(std::filesystem::symlink_status(part)))
+            std::error_code ignored;
+            if (std::filesystem::exists(std::filesystem::symlink_status(part, ignored)))
                 replaced.push_back(titleOf(part));
         }
     }
@@ -221,12 +237,12 @@ void FileCommands::newProject() {
 }
 
 void FileCommands::restore(UnsavedWork work) {
+    updateList(work.project);
     resetModel();
     main.project = std::move(work.project);
     main.projectName = std::move(work.name);
     main.savedProject = false;
     main.Prefs.selectUnit(main.project.units);
-    updateList(main.project);
     main.beginHistory();
     showModel();
     rendering.renderScene(true);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "common/MemoryEnds.h"
 #include "common/ReplacedFile.h"
 #include "common/ValueReader.h"
 #include "model/MeshSections.h"
@@ -113,6 +114,14 @@ void Recovery::look(const std::string& name, Clock::time_point now) {
     const bool due = !looked_ || now - *looked_ >= period;
     if (!on_ || !due || main_.anyBusy() || flying_.running()) return;
     looked_ = now;
+    const Outcome kept = failedIfMemoryEnds([&] {
+        keepUnsaved(name);
+        return Outcome();
+    });
+    if (kept.hasFailed()) failure_ = kept.reason();
+}
+
+void Recovery::keepUnsaved(const std::string& name) {
     if (main_.savedProject) return settle();
     noteFailure();
     Project project = withoutChoices(main_.project);
@@ -131,8 +140,9 @@ void Recovery::noteFailure() {
 
 void Recovery::keep(Project project, const std::string& name) {
     if (!writer_) writer_ = std::make_unique<RecoveryWriter>(folder());
-    kept_ = {std::move(project), name};
-    writer_->keep(*kept_);
+    UnsavedWork work{std::move(project), name};
+    writer_->keep(work);
+    kept_ = std::move(work);
 }
 
 void Recovery::drop() {

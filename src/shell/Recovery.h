@@ -51,6 +51,7 @@ public:
 private:
     std::string folder() const { return ports_.desktop->stateFolder(); }
     std::optional<UnsavedWork> restore(RecoverySlot slot, UnsavedWork work);
+    void keepUnsaved(const std::string& name);
     void keep(Project project, const std::string& name);
     void noteFailure();
     void drop();

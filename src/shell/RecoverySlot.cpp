@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include "common/FolderTitles.h"
+
 namespace velna {
 
 namespace {
@@ -36,17 +38,9 @@ std::optional<int> numberIn(std::string_view title) {
     return number;
 }
 
-template <class Visit>
-void forEachTitle(const std::string& folder, Visit visit) {
-    std::error_code failure;
-    fs::directory_iterator entry(folder, failure);
-    for (; !failure && entry != fs::directory_iterator(); entry.increment(failure))
-        visit(entry->path().filename().string());
-}
-
 int nextNumber(const std::string& folder) {
     int highest = 0;
-    forEachTitle(folder, [&](const std::string& title) {
+    forEachTitle(folder, [&](std::string_view title) {
         highest = std::max(highest, numberIn(title).value_or(0));
     });
     return highest + 1;
@@ -67,7 +61,7 @@ void makeFolder(const std::string& folder) {
 
 std::vector<int> RecoverySlot::numbersIn(const std::string& folder) {
     std::vector<int> numbers;
-    forEachTitle(folder, [&](const std::string& title) {
+    forEachTitle(folder, [&](std::string_view title) {
         const auto number = numberIn(title);
         if (number && (title.ends_with(workEnding) || title.ends_with(lockEnding)))
             numbers.push_back(*number);
@@ -103,8 +97,9 @@ std::string RecoverySlot::file() const {
 }
 
 bool RecoverySlot::holdsWork() const {
+    // Work that cannot even be asked after may be there, and is not to be cleared away.
     std::error_code ignored;
-    return fs::exists(fs::symlink_status(file(), ignored));
+    return fs::symlink_status(file(), ignored).type() != fs::file_type::not_found;
 }
 
 std::string RecoverySlot::time() const {

@@ -1,7 +1,8 @@
 #include "shell/RecoveryWriter.h"
 
-#include <exception>
 #include <utility>
+
+#include "common/MemoryEnds.h"
 
 namespace velna {
 
@@ -60,22 +61,25 @@ void RecoveryWriter::run() {
     }
 }
 
+/// No memory is no reason to end a program that holds unsaved work: nothing is thrown.
 void RecoveryWriter::carryOut(const Order& order) {
-    if (!order) {
-        if (slot_) slot_->remove();
-        slot_.reset();
-        return;
-    }
-    Outcome outcome;
-    try {
-        outcome = write(*order);
-    } catch (const std::exception& failed) {
-        // No memory is no reason to end a program that holds unsaved work.
-        outcome = Outcome::failed(failed.what());
-    }
+    std::string reason;
+    const Outcome outcome = failedIfMemoryEnds([&] {
+        Outcome done = order ? write(*order) : remove();
+        reason = done.reason();
+        return done;
+    });
     if (!outcome.hasFailed()) return;
+    // Without memory the reason is so short that it needs none.
+    if (reason.empty()) reason = outcome.reason();
     const std::lock_guard lock(mutex_);
-    failure_ = outcome.reason();
+    failure_ = std::move(reason);
+}
+
+Outcome RecoveryWriter::remove() {
+    if (slot_) slot_->remove();
+    slot_.reset();
+    return {};
 }
 
 Outcome RecoveryWriter::write(const UnsavedWork& work) {

@@ -40,6 +40,7 @@ private:
     void run();
     void carryOut(const Order& order);
     Outcome write(const UnsavedWork& work);
+    Outcome remove();
 
     const std::string folder_;
     std::optional<RecoverySlot> slot_;  // of the thread alone

@@ -1,6 +1,11 @@
+#include <limits>
+#include <stdexcept>
+#include <utility>
+
 #include <gtest/gtest.h>
 
 #include "common/List.h"
+#include "common/Point.h"
 
 namespace velna {
 namespace {
@@ -168,6 +173,32 @@ TEST(NumberedList, AnObjectStaysWhereItIsWhenMoreAreAskedFor) {
     EXPECT_EQ(first, 0);
     list.clear();
     EXPECT_EQ(list.size(), 0);
+}
+
+TEST(Array2, HasNoBoundsWhereItsEntriesHaveBeenMovedAway) {
+    Array2<int> grid;
+    grid.allocate(2, 3);
+    grid(2, 3) = 5;
+    const Array2<int> copy = grid;
+    Array2<int> taken = std::move(grid);
+    EXPECT_EQ(copy.rows(), 2);
+    EXPECT_EQ(taken.rows(), 2);
+    EXPECT_EQ(taken.columns(), 3);
+    EXPECT_EQ(taken(2, 3), 5);
+    EXPECT_EQ(grid.rows(), -1);
+    EXPECT_EQ(grid.columns(), -1);
+    grid = std::move(taken);
+    EXPECT_EQ(grid.rows(), 2);
+    EXPECT_EQ(taken.rows(), -1);
+}
+
+TEST(Array2, KeepsItsBoundsWhereThereIsNoRoomForLargerOnes) {
+    Array2<Point3D> grid;
+    grid.allocate(2, 3);
+    constexpr int most = std::numeric_limits<int>::max();
+    EXPECT_THROW(grid.allocate(most, most), std::length_error);
+    EXPECT_EQ(grid.rows(), 2);
+    EXPECT_EQ(grid.columns(), 3);
 }
 
 }  // namespace

@@ -194,6 +194,41 @@ TEST_F(HistoryTest, AnotherAircraftForgetsOneThatWasSaved) {
     EXPECT_TRUE(history.atSaved());
 }
 
+TEST_F(HistoryTest, AGestureThatIsGivenUpLeavesTheAircraftOfTheLastStep) {
+    edit(100);
+    edit(200);
+    const Project last = aircraft;
+    history.open(aircraft);
+    history.open(aircraft);
+    aircraft.Wings(1).span = 300;
+    aircraft.nbEquipments = 7;
+    history.leave();
+    history.giveUp(aircraft);
+    EXPECT_EQ(aircraft, last);
+    EXPECT_FALSE(history.isOpen());
+    EXPECT_EQ(history.stepCount(), 2U);
+    ASSERT_TRUE(history.undo(aircraft, file));
+    EXPECT_EQ(span(), 100);
+}
+
+TEST_F(HistoryTest, WhatIsChosenStaysWhereItIsThereAfterAGestureIsGivenUp) {
+    history.open(aircraft);
+    aircraft.Fuselages(1).sel_sec = 2;
+    aircraft.nbWings = aircraft.currentWing = 5;
+    history.giveUp(aircraft);
+    EXPECT_EQ(aircraft.Fuselages(1).sel_sec, 2);
+    EXPECT_EQ(aircraft.currentWing, 1);
+}
+
+TEST_F(HistoryTest, WithoutStatesThereIsNothingToGoBackToWhenAGestureIsGivenUp) {
+    History none;
+    none.open(aircraft);
+    aircraft.Wings(1).span = 300;
+    none.giveUp(aircraft);
+    EXPECT_EQ(span(), 300);
+    EXPECT_FALSE(none.isOpen());
+}
+
 TEST_F(HistoryTest, TheOldestStepsGoWhenTheStatesHoldTooMuch) {
     const std::size_t one = history.bytes();
     History small(3 * one + one / 2);

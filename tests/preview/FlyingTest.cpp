@@ -1,6 +1,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <new>
 
 #include "PreviewFixture.h"
 #include "model/Equipment.h"
@@ -212,6 +213,22 @@ TEST_F(FlyingTest, LengthsComeBackExactly) {
             EXPECT_TRUE(project == before);
         }
     }
+}
+
+TEST_F(FlyingTest, WhereMemoryEndsTheFlightDoesAndTheAircraftIsAsItWas) {
+    const Project before = project;
+    EXPECT_THROW(fly(5,
+                     [](int frame) {
+                         if (frame == 2) throw std::bad_alloc();
+                     }),
+                 std::bad_alloc);
+    EXPECT_EQ(turn, 2);
+    EXPECT_EQ(project, before);
+    EXPECT_FALSE(flight.running());
+    EXPECT_FALSE(flight.flying);
+    EXPECT_FALSE(rendering.matrixIsSum);
+    fly(1);
+    EXPECT_EQ(turn, 1) << "another one can begin";
 }
 
 TEST_F(FlyingTest, LengthsOfEveryObjectComeBack) {

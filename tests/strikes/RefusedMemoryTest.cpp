@@ -1,30 +1,23 @@
 // Memory ends at any block that an operation takes: what is written is old or new, and its outcome
-// tells it. VELNA_BLOCKS=N tries the first N blocks each, and some of those behind.
+// tells it; so it is with unsaved work. VELNA_BLOCKS=N tries the first N blocks each, and some of
+// those behind.
 
-#include <algorithm>
-#include <cstdlib>
+#include <new>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
+#include "model/Plane.h"
+#include "persistence/RecoveryFile.h"
+#include "shell/RecoveryWriter.h"
+#include "strikes/Blocks.h"
 #include "strikes/Writing.h"
 
 namespace velna::test {
 namespace {
 
 using From = RefusedMemory::From;
-
-/// The numbers of blocks to be tried of `count`: the first `all`, and some spread over the rest.
-std::vector<int> blocksToTry(int count, int all) {
-    if (const char* wished = std::getenv("VELNA_BLOCKS")) all = std::atoi(wished);
-    constexpr int spread = 30;
-    std::vector<int> blocks;
-    const int seed = ::testing::UnitTest::GetInstance()->random_seed();
-    const int step = std::max(1, (count - all) / spread);
-    for (int i = 0; i < std::min(all, count); ++i) blocks.push_back(i);
-    for (int i = all + seed % step; i < count; i += step) blocks.push_back(i);
-    return blocks;
-}
 
 class RefusedBlocks : public ::testing::TestWithParam<Writing> {};
 
@@ -52,6 +45,57 @@ TEST(JudgeOfRefusedBlocks, FindsAnOutcomeThatDoesNotTellIt) {
                      return std::string(100, 'x').empty() ? bench.target("work") : std::string();
                  }});
     EXPECT_EQ(judge.blameWithout(0, From::one), "its outcome does not tell it");
+}
+
+// ---- unsaved work, which a thread keeps and a start looks for
+
+/// A folder of unsaved work with a piece that was kept before.
+class RefusedKeeping : public ::testing::Test {
+protected:
+    RefusedKeeping() {
+        Plane::setDefaultPlane(work_.project);
+        RecoveryWriter writer(folder_.path());
+        writer.keep(work_);
+    }
+    /// What there is to blame where memory ends behind so many blocks for who keeps another piece.
+    std::string blameForKeeping(int blocks, From from) {
+        UnsavedWork other = work_;
+        other.project.Wings(1).span += 1;
+        RecoveryWriter writer(folder_.path(), RecoverySlot::takeOver(folder_.path(), 1));
+        {
+            const RefusedMemory refused(blocks, from);
+            writer.keep(std::move(other));
+            writer.finish();
+        }
+        const bool told = writer.failure().has_value();
+        const double span = RecoveryFile::read(folder_ / "unsaved-1.work").project.Wings(1).span;
+        writer.keep(work_);
+        writer.finish();
+        return told || span != work_.project.Wings(1).span ? "" : "nobody is told";
+    }
+
+    UnsavedWork work_{{}, "/models/glider.vln"};
+    TemporaryFolder folder_;
+};
+
+TEST_F(RefusedKeeping, LeavesOneOfTheTwoWholeAndIsTold) {
+    for (int blocks = 0; blocks < 60; ++blocks) {
+        EXPECT_EQ(blameForKeeping(blocks, From::one), "") << blocks;
+        EXPECT_EQ(blameForKeeping(blocks, From::there), "") << "from " << blocks;
+    }
+}
+
+TEST_F(RefusedKeeping, AStartThatLooksForWorkComesThrough) {
+    const std::string folder = folder_.path();
+    for (int i = 2; i < 40; ++i)
+        writeBytes(folder_ / ("unsaved-" + std::to_string(i) + ".lock"), "");
+    const int count = blocksOf([&] { RecoverySlot::numbersIn(folder); });
+    EXPECT_GT(count, 3);
+    for (int blocks = 0; blocks < count; ++blocks) {
+        const RefusedMemory refused(blocks, From::one);
+        EXPECT_THROW(RecoverySlot::numbersIn(folder), std::bad_alloc) << blocks;
+    }
+    EXPECT_EQ(RecoverySlot::numbersIn(folder).size(), 39U);
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <QApplication>
-
 #include "shell/Application.h"
 #include "shell/Arguments.h"
 #include "shell/qt/Accessibility.h"
@@ -9,6 +7,7 @@
 #include "shell/qt/FileDrop.h"
 #include "shell/qt/FrameStyle.h"
 #include "shell/qt/GlideCursor.h"
+#include "shell/qt/GuardedApplication.h"
 #include "shell/qt/HelpWindow.h"
 #include "shell/qt/KeepingTimer.h"
 #include "shell/qt/LogOut.h"
@@ -27,7 +26,7 @@ int main(int argc, char** argv) {
     const Arguments arguments = Arguments::read({argv + 1, argv + argc});
     if (arguments.wish != Arguments::Wish::Run) return runWithoutWindow(arguments);
     DisplaySystem::choose();
-    const QApplication application(argc, argv);
+    GuardedApplication application(argc, argv);
     QApplication::setApplicationName("velna");
     QGuiApplication::setDesktopFileName("velna");
     QApplication::setStyle(new FrameStyle);
@@ -58,7 +57,8 @@ int main(int argc, char** argv) {
     const KeepingTimer keeping(program);
     const CommandKeys keys(mainWindow, program);
     const FileDrop drop(mainWindow, program.toolbar);
-    program.run(arguments.file);
+    application.whenMemoryEnds = [&program] { program.memory.takeBack(); };
+    application.guard([&] { program.run(arguments.file); });
     GlideCursor::hide();
     return mainWindow.isVisible() ? QApplication::exec() : 0;
 }
