@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
 # Builds the fuzz targets and calls each with inputs that grow from its seeds in tests/fuzz/seeds/<target>/: a
-# reader of projects and airfoils VELNA_FUZZ_RUNS times (200,000 if not told), any other target a thousand times or
+# reader of projects and airfoils VELNA_FUZZ_RUNS times (50,000 if not told), any other target a thousand times or
 # for a minute. With VELNA_FUZZ_MINUTES each runs so long instead. A crash, a hang, a sanitizer report or memory
 # beyond the bound fails, and the input that did it is kept in build/fuzz/findings/.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 
-runs=${VELNA_FUZZ_RUNS:-200000}
+runs=${VELNA_FUZZ_RUNS:-50000}
 minutes=${VELNA_FUZZ_MINUTES:-}
 seed=${GTEST_RANDOM_SEED:-$((RANDOM + 1))}
 cmake --preset fuzz >/dev/null
