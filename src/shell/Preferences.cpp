@@ -29,6 +29,12 @@ bool read(Statement statement) {
     }
 }
 
+/// What cannot even be asked after may be there.
+bool mayStand(const std::string& file) {
+    std::error_code ignored;
+    return std::filesystem::status(file, ignored).type() != std::filesystem::file_type::not_found;
+}
+
 const char* record(bool on) {
     return on ? "#TRUE#" : "#FALSE#";
 }
@@ -65,9 +71,8 @@ Outcome Preferences::writeTo(const std::string& path) const {
 
 // The file that the last quit has written: beside the program wherever that can be.
 std::string Preferences::fileToRead() const {
-    std::error_code ignored;
     const std::string own = ownFile();
-    if (!std::filesystem::exists(own, ignored)) return sharedFile();
+    if (!mayStand(own)) return sharedFile();
     const bool shared = keepsFiles(ports.desktop->programFolder()) && !wroteToOwn();
     return shared ? sharedFile() : own;
 }
@@ -77,9 +82,16 @@ std::string Preferences::settingsBytes(const std::string& file) {
 }
 
 void Preferences::readAll() {
-    known = true;
+    const std::string toRead = fileToRead();
     std::string bytes;
-    if (!read([&] { bytes = settingsBytes(fileToRead()); })) return;
+    try {
+        bytes = settingsBytes(toRead);
+    } catch (const ReadFailure& failure) {
+        known = !mayStand(toRead);
+        if (!known) complain("the settings stay as they are", failure.what());
+        return;
+    }
+    known = true;
     ValueReader file(bytes);
     bool inchesOn = main.Prefs.InchesOption;
     bool millimetresOn = main.Prefs.MillimetersOption;

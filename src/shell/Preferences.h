@@ -20,8 +20,8 @@ struct Preferences {
     std::string firstUseState{};
     /// The demonstration that was asked for waits for the next start.
     bool demonstrationDue = false;
-    /// The settings have been read. A start that fails before must not write the defaults over
-    /// them.
+    /// The settings have been read. A start that fails before, or finds a file that it cannot
+    /// read, must not write the defaults over them.
     bool known = false;
 
     /// The settings file that is read: the one beside the program where that folder keeps files,

@@ -44,6 +44,18 @@ TEST_F(PreferencesFile, AMissingFileChangesNothing) {
     EXPECT_TRUE(Main.Prefs.MillimetersOption);
 }
 
+TEST_F(PreferencesFile, WhatStandsAndCannotBeReadIsToldAndNotWrittenOver) {
+    std::filesystem::create_directory(programFile("prefs.txt"));
+    testing::internal::CaptureStderr();
+    program.preferences.readAll();
+    EXPECT_EQ(testing::internal::GetCapturedStderr().find("velna: the settings stay as they are: "),
+              0U);
+    EXPECT_FALSE(program.preferences.known);
+    std::filesystem::remove(programFile("prefs.txt"));
+    program.preferences.readAll();
+    EXPECT_TRUE(program.preferences.known) << "what is missing can be written";
+}
+
 TEST_F(PreferencesFile, GoesToTheUsersFolderWhereTheProgramsCannotBeWritten) {
     desktop.program = "/proc/velna-cannot-write-here/";
     Main.Prefs.selectUnit(inches);
