@@ -92,9 +92,10 @@ Chosen Chosen::in(const Project& project) {
     Chosen chosen{project.currentWing, project.currentFuselage, project.currentEquipment, {}};
     const int count = project.Fuselages.size();
     chosen.sections.assign(static_cast<std::size_t>(count), 0);
-    for (int i = 1; i <= count; ++i)
+    for (int i = 1; i <= count; ++i) {
         if (!project.Fuselages.promised(i))
             chosen.sections[static_cast<std::size_t>(i) - 1] = project.Fuselages(i).sel_sec;
+    }
     return chosen;
 }
 

@@ -56,9 +56,10 @@ std::string question(const LeftWork& left, std::size_t others) {
     const std::string name = left.work.name.empty() ? "a new project" : left.work.name;
     std::string text = "Velna did not end properly the last time.\n\nThe work on " + name +
                        " was not saved.\nIt is as of " + left.slot.time() + ".";
-    if (others > 0)
+    if (others > 0) {
         text += "\nOlder work that was not saved: " + std::to_string(others) +
                 (others == 1 ? " project." : " projects.");
+    }
     return text;
 }
 
@@ -75,9 +76,10 @@ void Recovery::begin() {
 std::optional<UnsavedWork> Recovery::offer() {
     std::string damaged;
     std::vector<LeftWork> all = leftIn(folder(), damaged);
-    if (!damaged.empty())
+    if (!damaged.empty()) {
         reportFailure(*ports_.dialogs,
                       "Work that was not saved cannot be restored. It is kept in:", damaged);
+    }
     for (std::size_t i = 0; i < all.size(); ++i) {
         switch (ports_.dialogs->askLeftWork(question(all[i], all.size() - i - 1))) {
             case LeftWorkAnswer::Restore:
